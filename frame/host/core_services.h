@@ -114,6 +114,10 @@ enum class BoxAnswer { kOk, kYes, kNo, kCancel };
 BREVAN_API BoxAnswer coreMessageBox(CWnd* owner, std::string_view text, std::string_view caption, BoxIcon icon,
                                     BoxButtons buttons);
 
+// A menu at the cursor; items separated by commas, "&" marking the mnemonic. Returns the item chosen from
+// 1, 0 for none.
+BREVAN_API int corePopupMenu(CWnd* owner, std::string_view items);
+
 // ---- The platform's help viewer -------------------------------------------------------------------------
 
 // The path of the host's own help file; the compiled help file lies beside it.

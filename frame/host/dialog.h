@@ -1,0 +1,453 @@
+#pragma once
+
+#include <cassert>
+#include <cctype>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "frame/host/dialog_controls.h"
+#include "frame/host/number_text.h"
+#include "frame/host/window.h"
+
+// A dialog is described once, as data and rules, and knows no toolkit. The desktop paints the
+// description, a script operates it; both go through the host's dialog session, which changes the data
+// first and then runs the rule, so that a rule behaves alike everywhere.
+namespace dialog {
+
+// A cell of the grid in which a group lays out its controls and groups.
+struct Place {
+  int row = 0;
+  int column = 0;
+  int columnSpan = 1;
+  int rowSpan = 1;
+};
+
+// A box of controls. Group 0 is the dialog itself; a group with a page lies on that page of the tabs.
+struct Group {
+  std::string caption;  // empty: without a frame
+  int parent = -1;
+  Place place;
+  int page = -1;
+  bool visible = true;
+};
+
+struct Control {
+  State state;
+  std::string caption;  // "&" marks the mnemonic
+  std::string name;     // its address where the caption does not tell it apart; else empty
+  std::string toolTip;
+  int group = 0;
+  Place place;
+  bool enabled = true;
+  bool visible = true;
+  // Rules. Each runs after the data has changed.
+  std::function<void()> onEdit;   // the user changed the contents: each key, choice, tick
+  std::function<void()> onLeave;  // the focus left it
+  std::function<void()> onFocus;  // the focus came to it
+  std::function<void()> onPress;  // a button was pressed
+};
+
+// What a running dialog tells whoever shows it.
+class Presenter {
+ public:
+  Presenter() = default;
+  Presenter(const Presenter&) = delete;
+  Presenter& operator=(const Presenter&) = delete;
+  virtual ~Presenter() = default;
+  virtual void controlChanged(int control) = 0;
+  virtual void groupChanged(int group) = 0;
+  // The rule moved the focus; with selectAll its whole text is selected.
+  virtual void focusMoved(int control, bool selectAll) = 0;
+  virtual void titleChanged() = 0;
+};
+
+class Dialog : public CWnd {
+ public:
+  explicit Dialog(std::string title) : title_(std::move(title)) { groups_.emplace_back(); }
+
+  // ---- Description -----------------------------------------------------------------------------------
+  int addGroup(Group group) {
+    if (group.parent < 0) { group.parent = 0; }
+    groups_.push_back(std::move(group));
+    return static_cast<int>(groups_.size()) - 1;
+  }
+  int add(Control control) {
+    controls_.push_back(std::move(control));
+    return static_cast<int>(controls_.size()) - 1;
+  }
+
+  std::function<void()> onOpen;
+  // OK closes the dialog when this returns true (or is not set); Cancel, Escape and the window's cross
+  // run onCancel and close it.
+  std::function<bool()> onOk;
+  std::function<void()> onCancel;
+  // F1, with the control in focus (-1: none).
+  std::function<void(int control)> onHelp;
+
+  // ---- Reading it ----------------------------------------------------------------------------------------
+  [[nodiscard]] const std::string& title() const { return title_; }
+  [[nodiscard]] std::vector<Group>& groups() { return groups_; }
+  [[nodiscard]] std::vector<Control>& controls() { return controls_; }
+  [[nodiscard]] Control& control(int index) { return controls_.at(static_cast<size_t>(index)); }
+  template <class Kind>
+  [[nodiscard]] Kind& state(int index) {
+    return std::get<Kind>(control(index).state);
+  }
+  [[nodiscard]] bool toolTipsShown() const { return toolTips_; }
+  [[nodiscard]] int focus() const { return focus_; }
+  [[nodiscard]] bool closed() const { return closed_; }
+  [[nodiscard]] bool accepted() const { return accepted_; }
+
+  // ---- Changes made by rules ---------------------------------------------------------------------------------
+  void setTitle(std::string title) {
+    title_ = std::move(title);
+    if (presenter_ != nullptr) { presenter_->titleChanged(); }
+  }
+  void enableToolTips(bool shown) { toolTips_ = shown; }
+  void changed(int index) {
+    if (presenter_ != nullptr) { presenter_->controlChanged(index); }
+  }
+  void setEnabled(int index, bool enabled) {
+    control(index).enabled = enabled;
+    changed(index);
+  }
+  void setVisible(int index, bool visible) {
+    control(index).visible = visible;
+    changed(index);
+  }
+  void setGroupVisible(int group, bool visible) {
+    groups_.at(static_cast<size_t>(group)).visible = visible;
+    if (presenter_ != nullptr) { presenter_->groupChanged(group); }
+  }
+  // Puts the focus on a control and selects its whole text.
+  void focusOn(int index, bool selectAll = true) {
+    focus_ = index;
+    if (presenter_ != nullptr) { presenter_->focusMoved(index, selectAll); }
+  }
+  void close(bool accepted) {
+    closed_ = true;
+    accepted_ = accepted;
+  }
+
+  // ---- For the host while it runs the dialog -------------------------------------------------------------------
+  void attach(Presenter* presenter) {
+    presenter_ = presenter;
+    if (presenter != nullptr) { closed_ = accepted_ = false; }
+  }
+  void noteFocus(int index) { focus_ = index; }
+
+  void SetFocus() override {}
+
+ private:
+  std::string title_;
+  std::vector<Group> groups_;
+  std::vector<Control> controls_;
+  Presenter* presenter_ = nullptr;
+  int focus_ = -1;
+  bool toolTips_ = false;
+  bool closed_ = false;
+  bool accepted_ = false;
+};
+
+// A control of a dialog as its rules see it.
+class Handle {
+ public:
+  Handle() = default;
+  Handle(Dialog& dialog, int index) : dialog_(&dialog), index_(index) {}
+  [[nodiscard]] int index() const { return index_; }
+  [[nodiscard]] Control& control() const { return dialog_->control(index_); }
+  void enable(bool enabled) const { dialog_->setEnabled(index_, enabled); }
+  void show(bool visible) const { dialog_->setVisible(index_, visible); }
+  void focus() const { dialog_->focusOn(index_); }
+  void onEdit(std::function<void()> rule) const { control().onEdit = std::move(rule); }
+  void onLeave(std::function<void()> rule) const { control().onLeave = std::move(rule); }
+  void onPress(std::function<void()> rule) const { control().onPress = std::move(rule); }
+
+ protected:
+  template <class Kind>
+  [[nodiscard]] Kind& as() const {
+    return dialog_->state<Kind>(index_);
+  }
+  void changed() const { dialog_->changed(index_); }
+  Dialog* dialog_ = nullptr;
+  int index_ = -1;
+};
+
+class LabelHandle : public Handle {
+ public:
+  using Handle::Handle;
+  void setText(std::string text) const {
+    as<Label>().text = std::move(text);
+    changed();
+  }
+};
+
+class ReadOnlyHandle : public Handle {
+ public:
+  using Handle::Handle;
+  void setText(std::string text) const {
+    as<ReadOnlyText>().text = std::move(text);
+    changed();
+  }
+};
+
+class TextHandle : public Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] const std::string& text() const { return as<TextEdit>().text; }
+  void setText(std::string text) const {
+    as<TextEdit>().text = std::move(text);
+    changed();
+  }
+};
+
+class CheckHandle : public Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] bool checked() const { return as<CheckBox>().checked; }
+  void setChecked(bool checked) const {
+    as<CheckBox>().checked = checked;
+    changed();
+  }
+};
+
+class RadioHandle : public Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] int chosen() const { return as<RadioGroup>().chosen; }
+  void choose(int item) const {
+    as<RadioGroup>().chosen = item;
+    changed();
+  }
+};
+
+class DropDownHandle : public Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] const std::vector<std::string>& items() const { return as<DropDown>().items; }
+  [[nodiscard]] int count() const { return static_cast<int>(items().size()); }
+  [[nodiscard]] int selected() const { return as<DropDown>().selected; }
+  // The text shown: the selected entry, or what was typed into an editable list.
+  [[nodiscard]] std::string text() const {
+    const DropDown& list = as<DropDown>();
+    if (list.editable) { return list.text; }
+    return list.selected >= 0 && list.selected < count() ? list.items[static_cast<size_t>(list.selected)]
+                                                         : std::string();
+  }
+  void setItems(std::vector<std::string> items) const {
+    as<DropDown>().items = std::move(items);
+    select(-1);
+  }
+  void addItem(std::string item) const {
+    as<DropDown>().items.push_back(std::move(item));
+    changed();
+  }
+  void removeItem(int item) const {
+    as<DropDown>().items.erase(as<DropDown>().items.begin() + item);
+    changed();
+  }
+  // Outside the list: nothing is selected.
+  void select(int item) const {
+    DropDown& list = as<DropDown>();
+    list.selected = item >= 0 && item < count() ? item : -1;
+    list.text = list.selected >= 0 ? list.items[static_cast<size_t>(list.selected)] : std::string();
+    changed();
+  }
+};
+
+class PictureHandle : public Handle {
+ public:
+  using Handle::Handle;
+  void setPicture(std::string name) const {
+    as<Picture>().name = std::move(name);
+    changed();
+  }
+};
+
+class ButtonHandle : public Handle {
+ public:
+  using Handle::Handle;
+};
+
+}  // namespace dialog
+
+// The host's own edit controls.
+class CNumberEdit : public dialog::Handle {
+ public:
+  using Handle::Handle;
+  void SetParameters(double minimum, double maximum, std::string displayFormat) const {
+    dialog::NumberEdit& edit = as<dialog::NumberEdit>();
+    edit.minimum = minimum;
+    edit.maximum = maximum;
+    edit.format = std::move(displayFormat);
+    changed();
+  }
+
+ protected:
+  [[nodiscard]] double number() const {
+    const dialog::NumberEdit& edit = as<dialog::NumberEdit>();
+    return numberText::parseTyped(edit.text).value_or(edit.value);
+  }
+  void show(double value, std::string text) const {
+    dialog::NumberEdit& edit = as<dialog::NumberEdit>();
+    edit.value = value;
+    edit.text = std::move(text);
+    edit.edited = false;
+    changed();
+  }
+};
+
+class CFloatEdit : public CNumberEdit {
+ public:
+  using CNumberEdit::CNumberEdit;
+  void SetValue(double value) const {
+    CNumberEdit::show(value, numberText::format(as<dialog::NumberEdit>().format, value));
+  }
+  // The number that the text shows; the last one accepted while the text is no number.
+  [[nodiscard]] double GetValue() const { return number(); }
+};
+
+class CIntEdit : public CNumberEdit {
+ public:
+  using CNumberEdit::CNumberEdit;
+  void SetValue(int value) const {
+    CNumberEdit::show(value, numberText::format(as<dialog::NumberEdit>().format, value));
+  }
+  [[nodiscard]] int GetValue() const { return static_cast<int>(number()); }
+};
+
+class CIntSpinCtrl : public CIntEdit {
+ public:
+  using CIntEdit::CIntEdit;
+};
+
+class CColourButton : public dialog::Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] int GetPen() const { return as<dialog::PenButton>().pen; }
+  void SetPen(int pen) const {
+    as<dialog::PenButton>().pen = pen;
+    changed();
+  }
+};
+
+// Entry i is line type i + 1.
+class CLineTypeCombo : public dialog::Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] int GetCurSel() const { return as<dialog::LineTypeList>().selected; }
+  void SetCurSel(int index) const {
+    as<dialog::LineTypeList>().selected = index;
+    changed();
+  }
+};
+
+namespace dialog {
+
+// ---- Adding controls ---------------------------------------------------------------------------------
+
+// What every control has besides its contents.
+struct Setting {
+  std::string caption;
+  std::string toolTip;
+  int group = 0;
+  Place place;
+  std::string name;
+};
+
+inline int addControl(Dialog& dialog, State state, Setting setting) {
+  Control control;
+  control.state = std::move(state);
+  control.caption = std::move(setting.caption);
+  control.toolTip = std::move(setting.toolTip);
+  control.group = setting.group;
+  control.place = setting.place;
+  control.name = std::move(setting.name);
+  return dialog.add(std::move(control));
+}
+
+inline CFloatEdit addFloat(Dialog& dialog, Setting setting, double minimum, double maximum, std::string format) {
+  NumberEdit edit;
+  edit.minimum = minimum;
+  edit.maximum = maximum;
+  edit.format = std::move(format);
+  CFloatEdit handle(dialog, addControl(dialog, edit, std::move(setting)));
+  handle.SetValue(0.0);
+  return handle;
+}
+
+inline CIntEdit addInteger(Dialog& dialog, Setting setting, int minimum, int maximum) {
+  NumberEdit edit;
+  edit.integer = true;
+  edit.minimum = minimum;
+  edit.maximum = maximum;
+  edit.format = "%d";
+  CIntEdit handle(dialog, addControl(dialog, edit, std::move(setting)));
+  handle.SetValue(minimum > 0 ? minimum : 0);
+  return handle;
+}
+
+inline TextHandle addText(Dialog& dialog, Setting setting, int limit = 255, bool multiline = false) {
+  return {dialog, addControl(dialog, TextEdit{"", limit, multiline}, std::move(setting))};
+}
+
+inline LabelHandle addLabel(Dialog& dialog, Setting setting, std::string text) {
+  return {dialog, addControl(dialog, Label{std::move(text)}, std::move(setting))};
+}
+
+inline ReadOnlyHandle addReadOnly(Dialog& dialog, Setting setting) {
+  return {dialog, addControl(dialog, ReadOnlyText{}, std::move(setting))};
+}
+
+inline CheckHandle addCheck(Dialog& dialog, Setting setting) {
+  return {dialog, addControl(dialog, CheckBox{}, std::move(setting))};
+}
+
+inline RadioHandle addRadio(Dialog& dialog, Setting setting, std::vector<RadioItem> items, int chosen = 0) {
+  return {dialog, addControl(dialog, RadioGroup{std::move(items), chosen}, std::move(setting))};
+}
+
+inline DropDownHandle addDropDown(Dialog& dialog, Setting setting, std::vector<std::string> items = {}) {
+  DropDown list;
+  list.items = std::move(items);
+  return {dialog, addControl(dialog, std::move(list), std::move(setting))};
+}
+
+inline PictureHandle addPicture(Dialog& dialog, Setting setting, Picture picture) {
+  return {dialog, addControl(dialog, std::move(picture), std::move(setting))};
+}
+
+inline CColourButton addPen(Dialog& dialog, Setting setting) {
+  return {dialog, addControl(dialog, PenButton{}, std::move(setting))};
+}
+
+inline CLineTypeCombo addLineType(Dialog& dialog, Setting setting) {
+  return {dialog, addControl(dialog, LineTypeList{}, std::move(setting))};
+}
+
+inline ButtonHandle addButton(Dialog& dialog, Setting setting, ButtonRole role = ButtonRole::kPlain) {
+  return {dialog, addControl(dialog, Button{role}, std::move(setting))};
+}
+
+// ---- Addresses -----------------------------------------------------------------------------------------
+
+// A caption without mnemonic marks, closing colon and outer blanks.
+inline std::string plainCaption(std::string_view caption) {
+  std::string plain;
+  for (const char c : caption) {
+    if (c != '&') { plain += c; }
+  }
+  const auto trim = [&plain] {
+    while (!plain.empty() && plain.back() == ' ') { plain.pop_back(); }
+  };
+  trim();
+  if (!plain.empty() && plain.back() == ':') { plain.pop_back(); }
+  trim();
+  plain.erase(0, plain.find_first_not_of(' ') == std::string::npos ? plain.size() : plain.find_first_not_of(' '));
+  return plain;
+}
+
+}  // namespace dialog
