@@ -1,0 +1,177 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/drawing/journal.h"
+#include "host/drawing/layer.h"
+#include "host/drawing/parameters.h"
+#include "host/drawing/primitive.h"
+#include "host/drawing/sheet.h"
+#include "host/drawing/spatial_index.h"
+
+namespace brevan {
+
+// A change that the drawing refuses; nothing of it was done.
+class RefusedChange : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// What a symbol is made of, in millimetres from its origin.
+struct SymbolDefinition {
+  std::string name;
+  std::vector<Primitive> parts;
+  bool paperSize = true;  // millimetres on paper, placed x drawing scale; else real size, converted by unit
+  bool upright = false;   // does not turn with the axes of a survey sheet
+};
+
+// A drawing: primitives in drawing order under stable ids, layers, groups, selection, parameters and sheet.
+// Every change goes through the functions here, which keep the spatial, layer and group indexes in step and
+// write the journal; nothing walks the whole drawing but forEach.
+class Drawing {
+ public:
+  Drawing();
+  ~Drawing();
+  Drawing(const Drawing&) = delete;
+  Drawing& operator=(const Drawing&) = delete;
+
+  // ---- Primitives ------------------------------------------------------------------------------------
+  // Throws RefusedChange for one that is not finite or lies on a layer that is not there.
+  PrimitiveId add(Primitive primitive);
+  void remove(PrimitiveId id);
+  void replace(PrimitiveId id, Primitive primitive);
+  // Null for an id that is not there (any more).
+  [[nodiscard]] const Primitive* find(PrimitiveId id) const;
+  [[nodiscard]] size_t count() const { return count_; }
+  [[nodiscard]] PrimitiveId lastId() const { return lastId_; }
+
+  // In drawing order.
+  template <class Function>
+  void forEach(const Function& function) const {
+    for (PrimitiveId id = 1; id <= lastId_; ++id) {
+      if (const Primitive* primitive = find(id)) { function(id, *primitive); }
+    }
+  }
+
+  // ---- Layers, counted from 0; layer 0 is "0" and always there ------------------------------------------
+  [[nodiscard]] int layerCount() const { return static_cast<int>(layers_.size()); }
+  // Null for an index whose layer was deleted.
+  [[nodiscard]] const Layer* layer(int index) const;
+  [[nodiscard]] int layerNamed(std::string_view name) const;  // -1: none
+  int addLayer(Layer layer);                                  // the index, of the existing one where there is one
+  void changeLayer(int index, Layer layer);
+  void removeLayer(int index);                                      // with what lies on it; layer 0 is emptied only
+  [[nodiscard]] std::vector<PrimitiveId> onLayer(int index) const;  // in drawing order
+  [[nodiscard]] int currentLayer() const { return currentLayer_; }
+  void setCurrentLayer(int index);
+
+  // ---- Groups --------------------------------------------------------------------------------------------
+  GroupId addGroup(std::string_view parent, std::string_view name);
+  void renameGroup(GroupId group, std::string_view parent, std::string_view name);
+  [[nodiscard]] GroupId lastGroup() const { return static_cast<GroupId>(groups_.size()); }
+  [[nodiscard]] const Group& group(GroupId id) const { return groups_[static_cast<size_t>(id) - 1]; }
+  // Calls function(const Group&) for each group that has members, in the order of their making.
+  template <class Function>
+  void forEachGroup(const Function& function) const {
+    for (const Group& group : groups_) {
+      if (!group.members.empty()) { function(group); }
+    }
+  }
+  // The newest group with members of this parent and name; the second form takes "PARENT NAME". 0: none.
+  [[nodiscard]] GroupId newestGroup(std::string_view parent, std::string_view name) const;
+  [[nodiscard]] GroupId newestGroup(std::string_view parentAndName) const;
+  [[nodiscard]] std::vector<PrimitiveId> membersOf(GroupId group) const;  // in drawing order
+
+  // ---- Selection (no part of the journal) ---------------------------------------------------------------------
+  void select(PrimitiveId id);
+  void deselect(PrimitiveId id);
+  void clearSelection();
+  [[nodiscard]] bool isSelected(PrimitiveId id) const;
+  [[nodiscard]] std::vector<PrimitiveId> selection() const;  // in drawing order
+  [[nodiscard]] bool hasSelection() const { return !selected_.empty(); }
+
+  // ---- Looking ---------------------------------------------------------------------------------------------------
+  [[nodiscard]] Box bounds(const Primitive& primitive) const;
+  [[nodiscard]] Box extents() const;
+  // Ids whose bounds meet the box, in drawing order.
+  [[nodiscard]] std::vector<PrimitiveId> inBox(const Box& box) const;
+  // The nearest primitive within reach that passes the filter; of equally near ones the newest.
+  using Filter = std::function<bool(PrimitiveId, const Primitive&)>;
+  [[nodiscard]] PrimitiveId nearest(Point p, double reach, const Filter& filter) const;
+  [[nodiscard]] double distanceTo(const Primitive& primitive, Point p) const;
+
+  // ---- Parameters, sheet, symbols
+  // ------------------------------------------------------------------------------------
+  [[nodiscard]] const Parameters& parameters() const { return parameters_; }
+  void setParameters(const Parameters& parameters);
+  [[nodiscard]] const std::optional<Sheet>& sheet() const { return sheet_; }
+  void setSheet(std::optional<Sheet> sheet);
+  [[nodiscard]] const SymbolDefinition* symbol(std::string_view name) const;
+  void addSymbol(SymbolDefinition symbol);
+  [[nodiscard]] const std::map<std::string, SymbolDefinition, std::less<>>& symbols() const { return symbols_; }
+
+  // ---- Journal
+  // ---------------------------------------------------------------------------------------------------------- Steps
+  // nest: changes belong to the outermost one open. Changes outside a step are steps of their own.
+  void beginStep(std::string name);
+  void endStep();
+  // Takes back what the outermost step changed so far, and ends it.
+  void rollBack();
+  [[nodiscard]] bool inStep() const { return stepDepth_ > 0; }
+  [[nodiscard]] const std::string* undoName() const;  // null: nothing to take back
+  [[nodiscard]] const std::string* redoName() const;
+  bool undo();
+  bool redo();
+  // Counts up with every change; what is saved and what is shown compare it.
+  [[nodiscard]] uint64_t revision() const { return revision_; }
+
+ private:
+  struct Slot;
+  class Store;
+
+  Slot& slot(PrimitiveId id) const;
+  void put(PrimitiveId id, Primitive primitive);
+  Primitive take(PrimitiveId id);
+  void note(Change change);
+  void swapState(Change& change);
+  void swapPrimitive(PrimitiveChange& change);
+  void swapLayer(LayerChange& change);
+  void swapGroup(GroupChange& change);
+  void swapPlain(PlainChange& change);
+  void flushIndex() const;
+  void unindex(PrimitiveId id, Slot& slot);
+  void nameGroup(GroupId id);
+  void unnameGroup(GroupId id);
+
+  std::unique_ptr<Store> store_;
+  size_t count_ = 0;
+  PrimitiveId lastId_ = 0;
+  std::vector<std::optional<Layer>> layers_;
+  std::vector<std::vector<PrimitiveId>> layerMembers_;
+  int currentLayer_ = 0;
+  std::vector<Group> groups_;
+  std::unordered_map<std::string, std::vector<GroupId>> groupsByName_;
+  std::vector<PrimitiveId> selected_;
+  mutable SpatialIndex index_;
+  mutable std::vector<PrimitiveId> unindexed_;
+  Parameters parameters_;
+  std::optional<Sheet> sheet_;
+  std::map<std::string, SymbolDefinition, std::less<>> symbols_;
+  std::vector<Step> done_;
+  std::vector<Step> undone_;
+  Step open_;
+  int stepDepth_ = 0;
+  uint64_t revision_ = 0;
+};
+
+}  // namespace brevan

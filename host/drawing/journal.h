@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "host/drawing/layer.h"
+#include "host/drawing/parameters.h"
+#include "host/drawing/primitive.h"
+#include "host/drawing/sheet.h"
+
+namespace brevan {
+
+// A change holds the other state of one thing: swapping it with the present one undoes it, swapping again
+// redoes it.
+struct PrimitiveChange {
+  PrimitiveId id = 0;
+  std::unique_ptr<Primitive> other;  // null: not there
+};
+
+struct LayerChange {
+  int index = 0;
+  std::optional<Layer> other;
+};
+
+struct GroupChange {
+  GroupId id = 0;
+  bool there = false;  // false: the other state is before the group was made
+  std::string parent;
+  std::string name;
+};
+
+// Parameters, sheet and current layer, which change seldom and together.
+struct PlainChange {
+  Parameters parameters;
+  std::optional<Sheet> sheet;
+  int currentLayer = 0;
+};
+
+using Change = std::variant<PrimitiveChange, LayerChange, GroupChange, PlainChange>;
+
+// What one undo takes back.
+struct Step {
+  std::string name;
+  std::vector<Change> changes;
+};
+
+}  // namespace brevan

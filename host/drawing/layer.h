@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/drawing/primitive.h"
+
+namespace brevan {
+
+// Hidden layers are never picked, cut, traced or selected; locked ones are seen and never changed.
+struct Layer {
+  std::string name;
+  bool visible = true;
+  bool locked = false;
+  int pen = 1;  // of primitives whose pen is by layer
+};
+
+// A named part of the drawing under a parent (its category). "_" is an unnamed group. Without members a
+// group counts as gone.
+struct Group {
+  GroupId id = 0;
+  std::string parent;
+  std::string name;
+  std::vector<PrimitiveId> members;  // unordered
+};
+
+}  // namespace brevan

@@ -1,0 +1,97 @@
+#include "host/drawing/primitive.h"
+
+namespace brevan {
+
+namespace {
+
+// What a transform does to a direction on paper, in degrees.
+double turnedBy(const Transform& transform, double degreesBefore) {
+  const Point direction = transform.direction(unitOfDegrees(degreesBefore));
+  return degrees(angleOf(direction));
+}
+
+double wrapped(double value, double period) {
+  const double turned = std::fmod(value, period);
+  return turned < 0.0 ? turned + period : turned;
+}
+
+// A text reads upright in a mirror image: its baseline follows, not its letters.
+double textAngle(const Text& text, const Transform& transform) {
+  const bool plainShift = transform.xx == 1.0 && transform.yx == 0.0;
+  if (plainShift) { return text.angle; }
+  return wrapped(turnedBy(transform, text.angle / 10.0) * 10.0, 3600.0);
+}
+
+Symbol transformedSymbol(Symbol symbol, const Transform& transform) {
+  symbol.at = transform(symbol.at);
+  const bool plainShift = transform.xx == 1.0 && transform.yx == 0.0 && transform.yy == 1.0;
+  if (plainShift) { return symbol; }
+  if (transform.mirrors()) {
+    // The image of the symbol's own y axis stays its y axis; the x axis is turned over.
+    const double yAxis = turnedBy(transform, symbol.rotation + 90.0);
+    symbol.rotation = wrapped(yAxis - 90.0, 360.0);
+    symbol.mirrored = !symbol.mirrored;
+  } else {
+    symbol.rotation = wrapped(turnedBy(transform, symbol.rotation), 360.0);
+  }
+  symbol.scale *= std::sqrt(std::abs(transform.xx * transform.yy - transform.xy * transform.yx));
+  return symbol;
+}
+
+struct Transformer {
+  const Transform& transform;
+  Geometry operator()(const Line& line) const { return Line{transform(line.a), transform(line.b)}; }
+  Geometry operator()(const Arc& arc) const {
+    return Arc{transform(arc.start), transform(arc.centre), transform(arc.end), arc.clockwise != transform.mirrors()};
+  }
+  Geometry operator()(Text text) const {
+    text.at = transform(text.at);
+    text.angle = textAngle(text, transform);
+    return text;
+  }
+  Geometry operator()(Arrow arrow) const {
+    arrow.p1 = transform(arrow.p1);
+    arrow.p2 = transform(arrow.p2);
+    return arrow;
+  }
+  Geometry operator()(const Symbol& symbol) const { return transformedSymbol(symbol, transform); }
+  Geometry operator()(Dimension dimension) const {
+    dimension.at = transform(dimension.at);
+    dimension.p1 = transform(dimension.p1);
+    dimension.p2 = transform(dimension.p2);
+    return dimension;
+  }
+};
+
+}  // namespace
+
+std::string_view kindName(const Geometry& geometry) {
+  constexpr std::array<std::string_view, std::variant_size_v<Geometry>> kNames = {"line",  "arc",    "text",
+                                                                                  "arrow", "symbol", "dimension"};
+  return kNames[geometry.index()];
+}
+
+Geometry transformed(const Geometry& geometry, const Transform& transform) {
+  return std::visit(Transformer{transform}, geometry);
+}
+
+bool canTransform(const Geometry& geometry, const Transform& transform) {
+  return !std::holds_alternative<Arc>(geometry) || transform.keepsShape();
+}
+
+bool isFinite(const Geometry& geometry) {
+  bool finite = true;
+  forEachPoint(geometry, [&finite](Point p) { finite = finite && isFinite(p); });
+  if (const Text* text = std::get_if<Text>(&geometry)) {
+    return finite && std::isfinite(text->height) && std::isfinite(text->angle) && std::isfinite(text->widthFactor);
+  }
+  if (const Arrow* arrow = std::get_if<Arrow>(&geometry)) {
+    return finite && std::isfinite(arrow->length) && std::isfinite(arrow->width);
+  }
+  if (const Symbol* symbol = std::get_if<Symbol>(&geometry)) {
+    return finite && std::isfinite(symbol->scale) && std::isfinite(symbol->rotation);
+  }
+  return finite;
+}
+
+}  // namespace brevan
