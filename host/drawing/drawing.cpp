@@ -1,0 +1,564 @@
+#include "host/drawing/drawing.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "host/drawing/text_layout.h"
+
+namespace brevan {
+
+// A primitive's place; ids index it, so a removed one leaves its place empty.
+struct Drawing::Slot {
+  Primitive primitive;
+  uint32_t layerPosition = 0;  // in the lists of its layer and its group
+  uint32_t groupPosition = 0;
+  bool there = false;
+  bool indexed = false;
+  bool selected = false;
+};
+
+// Places in blocks, so that growing moves nothing.
+class Drawing::Store {
+ public:
+  static constexpr size_t kBlock = 1024;
+  Slot& at(PrimitiveId id) {
+    const size_t place = static_cast<size_t>(id) - 1;
+    return (*blocks_[place / kBlock])[place % kBlock];
+  }
+  void reach(PrimitiveId id) {
+    while (blocks_.size() * kBlock < static_cast<size_t>(id)) { blocks_.push_back(std::make_unique<Block>()); }
+  }
+
+ private:
+  using Block = std::array<Slot, kBlock>;
+  std::vector<std::unique_ptr<Block>> blocks_;
+};
+
+namespace {
+
+std::string groupKey(std::string_view parent, std::string_view name) {
+  std::string key(parent);
+  key += ' ';
+  key += name;
+  return key;
+}
+
+// Swap-removal from a list whose items know their position.
+template <class Position>
+void removeAt(std::vector<PrimitiveId>& list, uint32_t position, const Position& positionOf) {
+  list[position] = list.back();
+  positionOf(list[position]) = position;
+  list.pop_back();
+}
+
+}  // namespace
+
+Drawing::Drawing() : store_(std::make_unique<Store>()) {
+  layers_.emplace_back(Layer{"0"});
+  layerMembers_.emplace_back();
+}
+
+Drawing::~Drawing() = default;
+
+Drawing::Slot& Drawing::slot(PrimitiveId id) const { return store_->at(id); }
+
+// ---- Primitives ----------------------------------------------------------------------------------------
+
+const Primitive* Drawing::find(PrimitiveId id) const {
+  if (id < 1 || id > lastId_) { return nullptr; }
+  const Slot& place = slot(id);
+  return place.there ? &place.primitive : nullptr;
+}
+
+PrimitiveId Drawing::add(Primitive primitive) {
+  if (!isFinite(primitive.geometry) || !std::isfinite(primitive.width)) {
+    throw RefusedChange("A " + std::string(kindName(primitive.geometry)) +
+                        " with a coordinate that is not a finite number cannot be drawn.");
+  }
+  if (layer(primitive.layer) == nullptr) {
+    throw RefusedChange("There is no layer with the number " + std::to_string(primitive.layer) + ".");
+  }
+  const PrimitiveId id = lastId_ + 1;
+  put(id, std::move(primitive));
+  note(PrimitiveChange{id, nullptr});
+  return id;
+}
+
+void Drawing::remove(PrimitiveId id) {
+  if (find(id) == nullptr) { return; }
+  note(PrimitiveChange{id, std::make_unique<Primitive>(take(id))});
+}
+
+void Drawing::replace(PrimitiveId id, Primitive primitive) {
+  if (!isFinite(primitive.geometry)) {
+    throw RefusedChange("A " + std::string(kindName(primitive.geometry)) +
+                        " cannot be changed so that a coordinate is not a finite number.");
+  }
+  const bool selected = slot(id).selected;
+  auto before = std::make_unique<Primitive>(take(id));
+  put(id, std::move(primitive));
+  if (selected) { select(id); }
+  note(PrimitiveChange{id, std::move(before)});
+}
+
+void Drawing::put(PrimitiveId id, Primitive primitive) {
+  store_->reach(id);
+  lastId_ = std::max(lastId_, id);
+  Slot& place = slot(id);
+  place.primitive = std::move(primitive);
+  place.there = true;
+  std::vector<PrimitiveId>& layerList = layerMembers_[static_cast<size_t>(place.primitive.layer)];
+  place.layerPosition = static_cast<uint32_t>(layerList.size());
+  layerList.push_back(id);
+  if (place.primitive.group != 0) {
+    std::vector<PrimitiveId>& members = groups_[static_cast<size_t>(place.primitive.group) - 1].members;
+    place.groupPosition = static_cast<uint32_t>(members.size());
+    members.push_back(id);
+  }
+  unindexed_.push_back(id);
+  ++count_;
+}
+
+Primitive Drawing::take(PrimitiveId id) {
+  Slot& place = slot(id);
+  unindex(id, place);
+  deselect(id);
+  removeAt(layerMembers_[static_cast<size_t>(place.primitive.layer)], place.layerPosition,
+           [this](PrimitiveId moved) -> uint32_t& { return slot(moved).layerPosition; });
+  if (place.primitive.group != 0) {
+    removeAt(groups_[static_cast<size_t>(place.primitive.group) - 1].members, place.groupPosition,
+             [this](PrimitiveId moved) -> uint32_t& { return slot(moved).groupPosition; });
+  }
+  place.there = false;
+  --count_;
+  return std::move(place.primitive);
+}
+
+// ---- Layers ----------------------------------------------------------------------------------------------
+
+const Layer* Drawing::layer(int index) const {
+  if (index < 0 || index >= layerCount()) { return nullptr; }
+  const std::optional<Layer>& found = layers_[static_cast<size_t>(index)];
+  return found ? &*found : nullptr;
+}
+
+int Drawing::layerNamed(std::string_view name) const {
+  for (int index = 0; index < layerCount(); ++index) {
+    const Layer* candidate = layer(index);
+    if (candidate != nullptr && candidate->name == name) { return index; }
+  }
+  return -1;
+}
+
+int Drawing::addLayer(Layer layer) {
+  const int existing = layerNamed(layer.name);
+  if (existing >= 0) { return existing; }
+  const auto freePlace = std::find(layers_.begin(), layers_.end(), std::nullopt);
+  const int index = static_cast<int>(freePlace - layers_.begin());
+  if (freePlace == layers_.end()) {
+    layers_.emplace_back();
+    layerMembers_.emplace_back();
+  }
+  layers_[static_cast<size_t>(index)] = std::move(layer);
+  note(LayerChange{index, std::nullopt});
+  return index;
+}
+
+void Drawing::changeLayer(int index, Layer layer) {
+  LayerChange change{index, std::move(layer)};
+  swapLayer(change);
+  note(std::move(change));
+}
+
+void Drawing::removeLayer(int index) {
+  if (layer(index) == nullptr) { return; }
+  beginStep("Delete layer");
+  for (const PrimitiveId id : onLayer(index)) { remove(id); }
+  if (currentLayer_ == index) { setCurrentLayer(0); }
+  if (index != 0) {
+    LayerChange change{index, std::nullopt};
+    swapLayer(change);
+    note(std::move(change));
+  }
+  endStep();
+}
+
+std::vector<PrimitiveId> Drawing::onLayer(int index) const {
+  std::vector<PrimitiveId> ids = layerMembers_.at(static_cast<size_t>(index));
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+void Drawing::setCurrentLayer(int index) {
+  if (layer(index) == nullptr || index == currentLayer_) { return; }
+  PlainChange change{parameters_, sheet_, index};
+  swapPlain(change);
+  note(std::move(change));
+}
+
+// ---- Groups ------------------------------------------------------------------------------------------------
+
+GroupId Drawing::addGroup(std::string_view parent, std::string_view name) {
+  const GroupId id = lastGroup() + 1;
+  groups_.push_back(Group{id, std::string(parent), std::string(name), {}});
+  nameGroup(id);
+  note(GroupChange{id, false, {}, {}});
+  return id;
+}
+
+void Drawing::renameGroup(GroupId group, std::string_view parent, std::string_view name) {
+  GroupChange change{group, true, std::string(parent), std::string(name)};
+  swapGroup(change);
+  note(std::move(change));
+}
+
+void Drawing::nameGroup(GroupId id) { groupsByName_[groupKey(group(id).parent, group(id).name)].push_back(id); }
+
+void Drawing::unnameGroup(GroupId id) {
+  const auto entry = groupsByName_.find(groupKey(group(id).parent, group(id).name));
+  std::erase(entry->second, id);
+  if (entry->second.empty()) { groupsByName_.erase(entry); }
+}
+
+GroupId Drawing::newestGroup(std::string_view parent, std::string_view name) const {
+  return newestGroup(groupKey(parent, name));
+}
+
+GroupId Drawing::newestGroup(std::string_view parentAndName) const {
+  const auto entry = groupsByName_.find(std::string(parentAndName));
+  if (entry == groupsByName_.end()) { return 0; }
+  GroupId newest = 0;
+  for (const GroupId id : entry->second) {
+    if (!group(id).members.empty()) { newest = std::max(newest, id); }
+  }
+  return newest;
+}
+
+std::vector<PrimitiveId> Drawing::membersOf(GroupId group) const {
+  std::vector<PrimitiveId> ids = this->group(group).members;
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+// ---- Selection -----------------------------------------------------------------------------------------------
+
+void Drawing::select(PrimitiveId id) {
+  if (find(id) == nullptr || slot(id).selected) { return; }
+  slot(id).selected = true;
+  selected_.push_back(id);
+}
+
+void Drawing::deselect(PrimitiveId id) {
+  if (find(id) == nullptr || !slot(id).selected) { return; }
+  slot(id).selected = false;
+  // The newest is usually the one: a part just drawn is what is taken back.
+  const auto at = std::find(selected_.rbegin(), selected_.rend(), id);
+  *at = selected_.back();
+  selected_.pop_back();
+}
+
+void Drawing::clearSelection() {
+  for (const PrimitiveId id : selected_) { slot(id).selected = false; }
+  selected_.clear();
+}
+
+bool Drawing::isSelected(PrimitiveId id) const { return find(id) != nullptr && slot(id).selected; }
+
+std::vector<PrimitiveId> Drawing::selection() const {
+  std::vector<PrimitiveId> ids = selected_;
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+// ---- Looking ---------------------------------------------------------------------------------------------------
+
+void Drawing::unindex(PrimitiveId id, Slot& place) {
+  if (!place.indexed) { return; }
+  index_.remove(bounds(place.primitive), id);
+  place.indexed = false;
+}
+
+// New and changed primitives enter the tree when something is looked for, so that drawing costs nothing
+// here; many at once are packed anew.
+void Drawing::flushIndex() const {
+  if (unindexed_.empty()) { return; }
+  if (unindexed_.size() > index_.size() / 2) {
+    std::vector<SpatialIndex::Entry> entries;
+    entries.reserve(count_);
+    forEach([&](PrimitiveId id, const Primitive& primitive) {
+      entries.emplace_back(bounds(primitive), id);
+      slot(id).indexed = true;
+    });
+    index_.rebuild(entries);
+  } else {
+    for (const PrimitiveId id : unindexed_) {
+      Slot& place = slot(id);
+      if (!place.there || place.indexed) { continue; }
+      index_.insert(bounds(place.primitive), id);
+      place.indexed = true;
+    }
+  }
+  unindexed_.clear();
+}
+
+std::vector<PrimitiveId> Drawing::inBox(const Box& box) const {
+  flushIndex();
+  std::vector<PrimitiveId> ids;
+  index_.query(box, [&ids](PrimitiveId id) { ids.push_back(id); });
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+PrimitiveId Drawing::nearest(Point p, double reach, const Filter& filter) const {
+  flushIndex();
+  Box around;
+  around.add(p);
+  PrimitiveId best = 0;
+  double bestDistance = reach;
+  index_.query(around.grownBy(reach), [&](PrimitiveId id) {
+    const Primitive& primitive = *find(id);
+    if (!filter(id, primitive)) { return; }
+    const double away = distanceTo(primitive, p);
+    if (away > bestDistance || (away == bestDistance && id < best)) { return; }
+    best = id;
+    bestDistance = away;
+  });
+  return best;
+}
+
+Box Drawing::extents() const {
+  Box box;
+  forEach([&](PrimitiveId, const Primitive& primitive) { box.add(bounds(primitive)); });
+  return box;
+}
+
+namespace {
+
+Transform symbolPlacing(const Symbol& symbol, const SymbolDefinition& definition, const Parameters& parameters) {
+  const double size = symbol.scale * (definition.paperSize ? parameters.paperMillimetre() : 1.0 / parameters.unit());
+  const Transform turned = Transform::rotation({}, radians(symbol.rotation));
+  const Transform sized = Transform::scaling({}, symbol.mirrored ? -size : size, size);
+  return Transform::shift(symbol.at) * turned * sized;
+}
+
+Box arrowBounds(const Arrow& arrow, const Parameters& parameters) {
+  Box box;
+  box.add(arrow.p1);
+  box.add(arrow.p2);
+  return box.grownBy(arrow.width / 20.0 * parameters.paperMillimetre());
+}
+
+}  // namespace
+
+Box Drawing::bounds(const Primitive& primitive) const {
+  struct Bounds {
+    const Drawing& drawing;
+    Box operator()(const Line& line) const {
+      Box box;
+      box.add(line.a);
+      box.add(line.b);
+      return box;
+    }
+    Box operator()(const Arc& arc) const {
+      Box box = arcBounds(arc);
+      box.add(arc.centre);  // a pick at the centre finds it
+      return box;
+    }
+    Box operator()(const Text& text) const { return textBounds(text, drawing.parameters_); }
+    Box operator()(const Arrow& arrow) const { return arrowBounds(arrow, drawing.parameters_); }
+    Box operator()(const Symbol& symbol) const {
+      Box box;
+      box.add(symbol.at);
+      const SymbolDefinition* definition = drawing.symbol(symbol.name);
+      if (definition == nullptr) { return box; }
+      const Transform placing = symbolPlacing(symbol, *definition, drawing.parameters_);
+      for (const Primitive& part : definition->parts) {
+        const Box inner = std::visit(*this, part.geometry);
+        for (const Point corner :
+             {inner.low, inner.high, Point{inner.low.x, inner.high.y}, Point{inner.high.x, inner.low.y}}) {
+          box.add(placing(corner));
+        }
+      }
+      return box;
+    }
+    Box operator()(const Dimension& dimension) const {
+      Box box;
+      forEachPoint(Geometry(dimension), [&box](Point p) { box.add(p); });
+      const bool level = dimension.kind == DimensionKind::kHorizontal;
+      for (const Point p : {dimension.p1, dimension.p2}) {
+        box.add(level ? Point{p.x, dimension.at.y} : Point{dimension.at.x, p.y});
+      }
+      return box.grownBy(5.0 * drawing.parameters_.paperMillimetre());  // text and arrows
+    }
+  };
+  return std::visit(Bounds{*this}, primitive.geometry);
+}
+
+double Drawing::distanceTo(const Primitive& primitive, Point p) const {
+  struct Distance {
+    const Drawing& drawing;
+    const Primitive& primitive;
+    Point p;
+    [[nodiscard]] double toBox() const {
+      const Box box = drawing.bounds(primitive);
+      return distance(p, {std::clamp(p.x, box.low.x, box.high.x), std::clamp(p.y, box.low.y, box.high.y)});
+    }
+    double operator()(const Line& line) const { return distance(p, nearestOnSegment(line, p)); }
+    double operator()(const Arc& arc) const {
+      return std::min(distance(p, nearestOnArc(arc, p)), distance(p, arc.centre));
+    }
+    double operator()(const Text&) const { return toBox(); }
+    double operator()(const Arrow& arrow) const { return distance(p, nearestOnSegment({arrow.p1, arrow.p2}, p)); }
+    double operator()(const Symbol&) const { return toBox(); }
+    double operator()(const Dimension&) const { return toBox(); }
+  };
+  return std::visit(Distance{*this, primitive, p}, primitive.geometry);
+}
+
+// ---- Parameters, sheet, symbols ------------------------------------------------------------------------------
+
+void Drawing::setParameters(const Parameters& parameters) {
+  if (parameters == parameters_) { return; }
+  PlainChange change{parameters, sheet_, currentLayer_};
+  swapPlain(change);
+  note(std::move(change));
+}
+
+void Drawing::setSheet(std::optional<Sheet> sheet) {
+  PlainChange change{parameters_, std::move(sheet), currentLayer_};
+  swapPlain(change);
+  note(std::move(change));
+}
+
+const SymbolDefinition* Drawing::symbol(std::string_view name) const {
+  const auto entry = symbols_.find(name);
+  return entry == symbols_.end() ? nullptr : &entry->second;
+}
+
+void Drawing::addSymbol(SymbolDefinition symbol) {
+  std::string name = symbol.name;
+  symbols_.insert_or_assign(std::move(name), std::move(symbol));
+  ++revision_;
+}
+
+// ---- Journal ---------------------------------------------------------------------------------------------------
+
+void Drawing::note(Change change) {
+  ++revision_;
+  undone_.clear();
+  if (stepDepth_ > 0) {
+    open_.changes.push_back(std::move(change));
+    return;
+  }
+  Step step;
+  step.changes.push_back(std::move(change));
+  done_.push_back(std::move(step));
+}
+
+void Drawing::beginStep(std::string name) {
+  if (stepDepth_++ == 0) { open_ = Step{std::move(name), {}}; }
+}
+
+void Drawing::endStep() {
+  if (--stepDepth_ > 0 || open_.changes.empty()) { return; }
+  done_.push_back(std::move(open_));
+}
+
+void Drawing::swapState(Change& change) {
+  struct Swapper {
+    Drawing& drawing;
+    void operator()(PrimitiveChange& change) const { drawing.swapPrimitive(change); }
+    void operator()(LayerChange& change) const { drawing.swapLayer(change); }
+    void operator()(GroupChange& change) const { drawing.swapGroup(change); }
+    void operator()(PlainChange& change) const { drawing.swapPlain(change); }
+  };
+  std::visit(Swapper{*this}, change);
+}
+
+void Drawing::swapPrimitive(PrimitiveChange& change) {
+  std::unique_ptr<Primitive> present;
+  if (find(change.id) != nullptr) { present = std::make_unique<Primitive>(take(change.id)); }
+  if (change.other != nullptr) { put(change.id, std::move(*change.other)); }
+  // What was taken back leaves no gap in the numbering.
+  while (lastId_ > 0 && !slot(lastId_).there && change.other == nullptr && change.id == lastId_) { --lastId_; }
+  change.other = std::move(present);
+}
+
+void Drawing::swapLayer(LayerChange& change) {
+  std::swap(layers_[static_cast<size_t>(change.index)], change.other);
+  while (layers_.size() > 1 && !layers_.back()) {
+    layers_.pop_back();
+    layerMembers_.pop_back();
+  }
+}
+
+void Drawing::swapGroup(GroupChange& change) {
+  if (change.id > lastGroup()) {  // made again
+    groups_.push_back(Group{change.id, std::move(change.parent), std::move(change.name), {}});
+    nameGroup(change.id);
+    change = GroupChange{change.id, false, {}, {}};
+    return;
+  }
+  Group& group = groups_[static_cast<size_t>(change.id) - 1];
+  unnameGroup(change.id);
+  if (!change.there) {
+    change = GroupChange{change.id, true, std::move(group.parent), std::move(group.name)};
+    groups_.pop_back();
+    return;
+  }
+  std::swap(group.parent, change.parent);
+  std::swap(group.name, change.name);
+  nameGroup(change.id);
+}
+
+void Drawing::swapPlain(PlainChange& change) {
+  const bool resized = !(change.parameters == parameters_);
+  std::swap(parameters_, change.parameters);
+  std::swap(sheet_, change.sheet);
+  std::swap(currentLayer_, change.currentLayer);
+  if (!resized) { return; }
+  // Texts and arrows keep their size on paper, so their bounds have changed.
+  index_.clear();
+  unindexed_.clear();
+  forEach([this](PrimitiveId id, const Primitive&) {
+    slot(id).indexed = false;
+    unindexed_.push_back(id);
+  });
+}
+
+void Drawing::rollBack() {
+  if (stepDepth_ == 0) { return; }
+  stepDepth_ = 0;
+  clearSelection();
+  for (auto change = open_.changes.rbegin(); change != open_.changes.rend(); ++change) { swapState(*change); }
+  open_ = Step{};
+  ++revision_;
+}
+
+const std::string* Drawing::undoName() const { return done_.empty() ? nullptr : &done_.back().name; }
+const std::string* Drawing::redoName() const { return undone_.empty() ? nullptr : &undone_.back().name; }
+
+bool Drawing::undo() {
+  if (done_.empty() || inStep()) { return false; }
+  clearSelection();
+  Step step = std::move(done_.back());
+  done_.pop_back();
+  for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change) { swapState(*change); }
+  undone_.push_back(std::move(step));
+  ++revision_;
+  return true;
+}
+
+bool Drawing::redo() {
+  if (undone_.empty() || inStep()) { return false; }
+  clearSelection();
+  Step step = std::move(undone_.back());
+  undone_.pop_back();
+  for (Change& change : step.changes) { swapState(change); }
+  done_.push_back(std::move(step));
+  ++revision_;
+  return true;
+}
+
+}  // namespace brevan

@@ -1,0 +1,49 @@
+#include "host/drawing/spatial_index.h"
+
+#include <boost/geometry/geometries/box.hpp>
+#include <boost/geometry/geometries/point.hpp>
+#include <boost/geometry/index/rtree.hpp>
+#include <iterator>
+
+namespace brevan {
+
+namespace {
+
+namespace bg = boost::geometry;
+using TreePoint = bg::model::point<double, 2, bg::cs::cartesian>;
+using TreeBox = bg::model::box<TreePoint>;
+using TreeEntry = std::pair<TreeBox, PrimitiveId>;
+
+TreeBox treeBox(const Box& box) { return {{box.low.x, box.low.y}, {box.high.x, box.high.y}}; }
+
+}  // namespace
+
+struct SpatialIndex::Tree {
+  bg::index::rtree<TreeEntry, bg::index::quadratic<16>> entries;
+};
+
+SpatialIndex::SpatialIndex() : tree_(std::make_unique<Tree>()) {}
+SpatialIndex::~SpatialIndex() = default;
+
+size_t SpatialIndex::size() const { return tree_->entries.size(); }
+
+void SpatialIndex::rebuild(const std::vector<Entry>& entries) {
+  std::vector<TreeEntry> packed;
+  packed.reserve(entries.size());
+  for (const Entry& entry : entries) { packed.emplace_back(treeBox(entry.first), entry.second); }
+  tree_->entries = decltype(tree_->entries)(packed.begin(), packed.end());
+}
+
+void SpatialIndex::insert(const Box& box, PrimitiveId id) { tree_->entries.insert({treeBox(box), id}); }
+
+void SpatialIndex::remove(const Box& box, PrimitiveId id) { tree_->entries.remove({treeBox(box), id}); }
+
+void SpatialIndex::clear() { tree_->entries.clear(); }
+
+void SpatialIndex::query(const Box& box, const std::function<void(PrimitiveId)>& found) const {
+  for (auto at = tree_->entries.qbegin(bg::index::intersects(treeBox(box))); at != tree_->entries.qend(); ++at) {
+    found(at->second);
+  }
+}
+
+}  // namespace brevan
