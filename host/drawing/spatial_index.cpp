@@ -1,7 +1,6 @@
 #include "host/drawing/spatial_index.h"
 
-#include <boost/geometry/geometries/box.hpp>
-#include <boost/geometry/geometries/point.hpp>
+#include <boost/geometry.hpp>
 #include <boost/geometry/index/rtree.hpp>
 #include <iterator>
 
