@@ -1,0 +1,135 @@
+#!/usr/bin/python3
+"""Runs clang-tidy over the tracked sources of a build, and only over what changed since it last passed.
+
+  run_clang_tidy.py BUILD_DIR [--no-cache]
+
+A file is known by the hash of what its verdict depends on: its bytes, the project's headers that the build
+saw it include, its compile command, the checks and clang-tidy itself. Files that passed leave a mark under
+BUILD_DIR/tidy; a mark is nothing but that hash, so a change anywhere makes a new one.
+"""
+import argparse
+import hashlib
+import json
+import os
+import re
+import shlex
+import subprocess
+import sys
+import time
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+from typing import NamedTuple
+
+ROOT = Path(__file__).resolve().parents[1]
+
+# What g++ knows and clang does not.
+GCC_ONLY = re.compile(r"-f(no-)?(sanitize|stack-clash)\S*|-Wno-maybe-uninitialized|-fconcepts\S*")
+
+
+class Unit(NamedTuple):
+    source: Path
+    object: str
+    command: str
+    directory: str
+
+
+def tracked_sources():
+    listed = subprocess.run(["git", "-C", ROOT, "ls-files", "-z", "*.cpp"], capture_output=True, text=True, check=True)
+    return {ROOT / name for name in listed.stdout.split("\0") if name}
+
+
+def units_of(build):
+    """One unit a tracked source; a source compiled for several targets counts once."""
+    tracked = tracked_sources()
+    units = {}
+    for entry in json.loads((build / "compile_commands.json").read_text()):
+        source = Path(entry["directory"], entry["file"]).resolve()
+        if source in tracked:
+            units.setdefault(source, Unit(source, entry.get("output", ""), entry["command"], entry["directory"]))
+    return [units[source] for source in sorted(units)]
+
+
+def headers_by_object(build):
+    """The project's headers that each object was last compiled with, as ninja noted them."""
+    listed = subprocess.run(["ninja", "-C", build, "-t", "deps"], capture_output=True, text=True, check=True)
+    headers, current = {}, []
+    for line in listed.stdout.splitlines():
+        if line and not line.startswith(" "):
+            current = headers.setdefault(line.partition(":")[0], [])
+        elif line.strip():
+            path = Path(os.path.normpath(build / line.strip()))
+            if path.is_relative_to(ROOT) and path.suffix == ".h":
+                current.append(path)
+    return headers
+
+
+def object_of(unit):
+    words = shlex.split(unit.command)
+    return unit.object or words[words.index("-o") + 1]
+
+
+def fingerprint(unit, headers, common):
+    """None where the build has not compiled the unit, so that nothing is known of its headers."""
+    known = headers.get(object_of(unit))
+    if known is None:
+        return None
+    digest = hashlib.sha256(common)
+    digest.update(unit.command.encode())
+    for path in sorted({unit.source, *known}):
+        digest.update(path.as_posix().encode() + b"\0" + (path.read_bytes() if path.exists() else b"") + b"\0")
+    return digest.hexdigest()
+
+
+def arguments_of(unit):
+    """The compile command without compiler, input and output, and without what only g++ takes."""
+    words = shlex.split(unit.command)[1:]
+    for flag in ("-o", "-c"):
+        at = words.index(flag)
+        del words[at:at + 2]
+    return [word for word in words if not GCC_ONLY.fullmatch(word)]
+
+
+def examine(unit):
+    """The complaints of clang-tidy about one source, "" where there are none, and the seconds taken."""
+    began = time.monotonic()
+    done = subprocess.run(["clang-tidy", "--quiet", unit.source, "--", *arguments_of(unit)],
+                          cwd=unit.directory, capture_output=True, text=True, stdin=subprocess.DEVNULL)
+    complaints = done.stdout.strip() or (done.stderr.strip() if done.returncode else "")
+    return complaints, time.monotonic() - began
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("build", type=Path)
+    parser.add_argument("--no-cache", action="store_true", help="examine every file")
+    options = parser.parse_args()
+    build = options.build.resolve()
+    marks = build / "tidy"
+    marks.mkdir(exist_ok=True)
+
+    version = subprocess.run(["clang-tidy", "--version"], capture_output=True, check=True).stdout
+    common = version + (ROOT / ".clang-tidy").read_bytes() + Path(__file__).read_bytes()
+    headers = headers_by_object(build)
+    units = units_of(build)
+    if not units:
+        sys.exit(f"clang-tidy: {build}/compile_commands.json names no tracked source")
+    prints = {unit: fingerprint(unit, headers, common) for unit in units}
+    passed = [] if options.no_cache else [unit for unit in units if prints[unit] and (marks / prints[unit]).exists()]
+    changed = [unit for unit in units if unit not in set(passed)]
+
+    failures, slowest = 0, (0.0, None)
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        for unit, (complaints, seconds) in zip(changed, pool.map(examine, changed)):
+            slowest = max(slowest, (seconds, str(unit.source.relative_to(ROOT))))
+            if complaints:
+                failures += 1
+                print(complaints, flush=True)
+            elif prints[unit]:
+                (marks / prints[unit]).touch()
+    print(f"clang-tidy: {len(changed)} files examined, {len(passed)} unchanged, {failures} with complaints"
+          + (f"; slowest {slowest[0]:.1f} s {slowest[1]}" if slowest[1] else ""))
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
