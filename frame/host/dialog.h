@@ -27,9 +27,9 @@ struct Place {
 
 // A box of controls. Group 0 is the dialog itself; a group with a page lies on that page of the tabs.
 struct Group {
-  std::string caption;  // empty: without a frame
+  std::string caption{};  // empty: without a frame
   int parent = -1;
-  Place place;
+  Place place{};
   int page = -1;
   bool visible = true;
 };
@@ -351,11 +351,11 @@ namespace dialog {
 
 // What every control has besides its contents.
 struct Setting {
-  std::string caption;
-  std::string toolTip;
+  std::string caption{};
+  std::string toolTip{};
   int group = 0;
-  Place place;
-  std::string name;
+  Place place{};
+  std::string name{};
 };
 
 inline int addControl(Dialog& dialog, State state, Setting setting) {

@@ -1,0 +1,45 @@
+#include "frame/host/commands.h"
+
+#include <iterator>
+
+#include "frame/entry/module_state.h"
+#include "frame/entry/toolset_lifetime.h"
+#include "frame/host/api.h"
+#include "frame/host/core_services.h"
+#include "mech/bolts.h"
+
+// One row a command: export, menu caption, operation. The rows give the exports and the command list.
+#define MECHANICAL_COMMANDS(ROW)                                    \
+  ROW(DisplayMechSetup, "Mechanical &Setup...", ardenix::displaySetup) \
+  ROW(MechDrawBolts, "Hex &Bolts...", ardenix::drawBolts)
+
+namespace {
+
+void runMechanical(void (*operation)(ardenix::MechToolset&)) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  state.currentView = cadGetCurrentView();
+  const auto make = [&state](CCadWindow* view) { return ardenix::makeMechToolset(view, state.services); };
+  operation(ardenix::toolsetOfView(state.mechanical, state.currentView, make));
+}
+
+#define COMMAND_ROW(name, caption, operation) {#name, CommandFamily::kMechanical, caption, false},
+constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(COMMAND_ROW)};
+#undef COMMAND_ROW
+
+}  // namespace
+
+#define COMMAND_EXPORT(name, caption, operation) \
+  ARDENIX_EXPORT void name() { runMechanical(operation); }
+MECHANICAL_COMMANDS(COMMAND_EXPORT)
+#undef COMMAND_EXPORT
+
+ARDENIX_EXPORT const CommandRow* ardenixCommands(int* count) {
+  *count = static_cast<int>(std::size(kCommands));
+  return kCommands;
+}
+
+ARDENIX_EXPORT void InitArdenixAPI(CMDIFrameWnd* mainFrame, COXShortcutBar* shortcutBar) {
+  ardenix::moduleState().initialise(mainFrame, shortcutBar);
+}
+
+ARDENIX_EXPORT const char* ardenixGetAppVersion() { return ardenix::moduleState().version(); }

@@ -1,0 +1,23 @@
+#include "mech/add_item_dialog.h"
+
+#include <algorithm>
+
+#include "frame/host/core_services.h"
+
+namespace ardenix {
+
+std::optional<std::string> askItemName(const Services& services, CWnd* owner, std::string_view prompt) {
+  dialog::Dialog box("Ardenix - Add New Item");
+  box.enableToolTips(services.toolTips);
+  const dialog::TextHandle field =
+      addText(box, {.caption = std::string(prompt), .toolTip = "The name under which the list shows the new item"});
+  addOkCancel(box, 1);
+  box.onOpen = [&field] { field.focus(); };
+  if (!services.mainFrame->RunDialog(box, owner)) { return std::nullopt; }
+  std::string name = field.text();
+  std::ranges::replace(name, ',', ' ');
+  coreTrimStr(name);
+  return name;
+}
+
+}  // namespace ardenix

@@ -1,0 +1,261 @@
+#include "mech/definition_dialog.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "frame/messages.h"
+#include "frame/names.h"
+#include "mech/add_item_dialog.h"
+#include "mech/save_changes_dialog.h"
+
+namespace ardenix {
+
+namespace {
+
+constexpr int kButtonRow = 9;
+
+// Titles end in the dialog's name in the table of help pages.
+std::string_view helpName(std::string_view title) { return title.substr(title.find(" - ") + 3); }
+
+// A question about a definition, its name in the place of "%s".
+std::string about(std::string_view question, std::string_view name) {
+  const bool named = question.find("%s") != std::string_view::npos;
+  return named ? numberText::format(question, name) : std::string(question);
+}
+
+// Calls for the control's own way of showing a number; fields without a control keep 0.
+struct Show {
+  double value;
+  void operator()(std::monostate) const {}
+  void operator()(const CFloatEdit& edit) const { edit.SetValue(value); }
+  void operator()(const CIntEdit& edit) const { edit.SetValue(static_cast<int>(value)); }
+  void operator()(const dialog::DropDownHandle& list) const { list.select(static_cast<int>(value)); }
+};
+
+struct Read {
+  double operator()(std::monostate) const { return 0.0; }
+  double operator()(const CFloatEdit& edit) const { return edit.GetValue(); }
+  double operator()(const CIntEdit& edit) const { return edit.GetValue(); }
+  double operator()(const dialog::DropDownHandle& list) const { return list.selected(); }
+};
+
+}  // namespace
+
+// ---- Description --------------------------------------------------------------------------------------------
+
+DefinitionDialog::DefinitionDialog(const Services& services, DefinitionStore& store, const DefinitionKind& kind,
+                                   std::span<const RecordField> fields)
+    : services_(services),
+      store_(store),
+      kind_(kind),
+      fields_(fields),
+      dialog_(std::string(kind.dialogTitle)),
+      controls_(fields.size()) {
+  equip(dialog_, services_, helpTopic(helpName(kind_.dialogTitle)));
+  describeList();
+  dialog_.onOpen = [this] { open(); };
+  dialog_.onOk = [this] { return confirm(); };
+}
+
+void DefinitionDialog::describeList() {
+  const int group = dialog_.addGroup({});
+  list_ = addDropDown(dialog_, {.toolTip = std::string(kind_.listTip), .group = group, .name = "Definition"});
+  list_.onEdit([this] { chooseOther(); });
+  addButton(dialog_,
+            {.caption = "Add", .toolTip = std::string(kind_.addTip), .group = group, .place = {.column = 1}})
+      .onPress([this] { add(); });
+  addButton(dialog_,
+            {.caption = "Delete", .toolTip = std::string(kind_.deleteTip), .group = group, .place = {.column = 2}})
+      .onPress([this] { remove(); });
+}
+
+dialog::Setting DefinitionDialog::labelled(size_t field, dialog::Setting setting) const {
+  if (setting.caption.empty() && setting.name.empty()) { setting.caption = fields_[field].label; }
+  return setting;
+}
+
+CFloatEdit DefinitionDialog::addNumberField(size_t field, dialog::Setting setting, double maximum) {
+  const CFloatEdit edit = addFloat(dialog_, labelled(field, std::move(setting)), 0.0, maximum, "%.3f");
+  bind(field, edit, edit);
+  return edit;
+}
+
+CIntEdit DefinitionDialog::addIntegerField(size_t field, dialog::Setting setting, int minimum, int maximum) {
+  const CIntEdit edit = addInteger(dialog_, labelled(field, std::move(setting)), minimum, maximum);
+  bind(field, edit, edit);
+  return edit;
+}
+
+dialog::DropDownHandle DefinitionDialog::addListField(size_t field, dialog::Setting setting,
+                                                      std::vector<std::string> items) {
+  const dialog::DropDownHandle list = addDropDown(dialog_, labelled(field, std::move(setting)), std::move(items));
+  bind(field, list, list);
+  return list;
+}
+
+void DefinitionDialog::bind(size_t field, const dialog::Handle& control, FieldControl shown) {
+  controls_.at(field) = shown;
+  editChangesDefinition(control);
+}
+
+void DefinitionDialog::editChangesDefinition(const dialog::Handle& control) {
+  control.onEdit([this] {
+    changed_ = true;
+    fieldsChanged();
+  });
+}
+
+bool DefinitionDialog::run() {
+  addOkCancel(dialog_, kButtonRow);
+  return services_.mainFrame->RunDialog(dialog_, services_.mainFrame);
+}
+
+// ---- The definition shown -----------------------------------------------------------------------------------
+
+void DefinitionDialog::open() {
+  list_.setItems(store_.names(kind_.section));
+  const int last = store_.current(kind_.section);
+  list_.select(last >= 0 && last < list_.count() ? last : 0);
+  readOptions();
+  loadSelected();
+}
+
+void DefinitionDialog::loadSelected() {
+  if (const auto record = store_.record(kind_.section, list_.selected() + 1)) { loadRecord(*record); }
+  noteSelection();
+  fieldsChanged();
+}
+
+void DefinitionDialog::noteSelection() {
+  currentIndex_ = list_.selected();
+  currentName_ = list_.text();
+  changed_ = false;
+}
+
+void DefinitionDialog::loadRecord(std::string_view record) { showValues(readRecord(record, fields_)); }
+
+std::string DefinitionDialog::recordText(std::string_view name) const {
+  return writeRecord(name.empty() ? list_.text() : name, values(), fields_);
+}
+
+void DefinitionDialog::showValues(std::span<const double> values) {
+  for (size_t i = 0; i < controls_.size(); ++i) { std::visit(Show{values[i]}, controls_[i]); }
+}
+
+std::vector<double> DefinitionDialog::values() const {
+  std::vector<double> values;
+  for (const FieldControl& control : controls_) { values.push_back(std::visit(Read{}, control)); }
+  return values;
+}
+
+void DefinitionDialog::chooseOther() {
+  if (settleEdits()) { return loadSelected(); }
+  list_.select(currentIndex_);
+}
+
+// ---- Edits that were not saved ------------------------------------------------------------------------------
+
+// Answers whether to go on; if not, the user stays with the edited values.
+bool DefinitionDialog::settleEdits() {
+  if (!changed_) { return true; }
+  if (kind_.family == DefinitionFamily::kChecked) { return settleByChoice(); }
+  settleByQuestion();
+  return true;
+}
+
+bool DefinitionDialog::settleByChoice() {
+  switch (askSaveChanges(services_, &dialog_, kind_.changedTitle, kind_.changedQuestion)) {
+    case SaveChoice::kSave: return validate() && saveCurrent();
+    case SaveChoice::kSaveAsNew: return addDefinition();
+    case SaveChoice::kDiscard: return true;
+  }
+  return true;
+}
+
+void DefinitionDialog::settleByQuestion() {
+  if (!kind_.placeholder.empty() && currentName_ == kind_.placeholder) { return; }
+  if (ask(&dialog_, about(kind_.changedQuestion, currentName_), kind_.changedTitle)) { saveCurrent(); }
+  changed_ = false;
+}
+
+// With no definition in the list there is none to overwrite: the values become a new one.
+bool DefinitionDialog::saveCurrent() {
+  if (currentIndex_ < 0) { return addDefinition(); }
+  if (!mayBeSaved()) { return false; }
+  store_.put(kind_.section, currentIndex_ + 1, recordText(currentName_));
+  changed_ = false;
+  return true;
+}
+
+// ---- Add and Delete -----------------------------------------------------------------------------------------
+
+void DefinitionDialog::add() {
+  settleEdits();
+  addDefinition();
+}
+
+bool DefinitionDialog::addDefinition() {
+  const std::optional<std::string> name = askNewName();
+  if (!name || !mayBeSaved()) { return false; }
+  const std::string record = recordText(*name);
+  store_.append(kind_.section, record);
+  list_.addItem(recordName(record));
+  list_.select(list_.count() - 1);
+  noteSelection();
+  return true;
+}
+
+std::optional<std::string> DefinitionDialog::askNewName() {
+  const bool checked = kind_.family == DefinitionFamily::kChecked;
+  while (auto typed = askItemName(services_, &dialog_, kind_.namePrompt)) {
+    if (checked && typed->empty()) {
+      warn(&dialog_, "Invalid name! Please try again.");
+      continue;
+    }
+    std::string name = nameWithinLimit(*typed, kind_.word, kNameLimit, &dialog_);
+    if (!checked || std::ranges::find(list_.items(), name) == list_.items().end()) { return name; }
+    warn(&dialog_, "This name already exists! Please enter a different name.");
+  }
+  return std::nullopt;
+}
+
+void DefinitionDialog::remove() {
+  const int index = list_.selected();
+  if (index < 0) { return; }
+  if (!removalWanted()) { return noteSelection(); }
+  store_.remove(kind_.section, index);
+  list_.removeItem(index);
+  list_.select(std::max(index - 1, 0));
+  loadSelected();
+}
+
+bool DefinitionDialog::removalWanted() {
+  return kind_.deleteQuestion.empty() || ask(&dialog_, about(kind_.deleteQuestion, shownName()), kind_.deleteTitle);
+}
+
+// ---- OK -----------------------------------------------------------------------------------------------------
+
+bool DefinitionDialog::confirm() {
+  if (!optionsComplete()) { return false; }
+  const bool passed =
+      kind_.checksEditsFirst ? settleEdits() && validate() : validate() && settleEdits();
+  if (!passed) { return false; }
+  accept();
+  writeOptions();
+  store_.setCurrent(kind_.section, std::max(list_.selected(), 0));
+  store_.flush();
+  return true;
+}
+
+bool DefinitionDialog::meets(std::initializer_list<Rule> rules) {
+  bool all = true;
+  for (const Rule& rule : rules) {
+    if (rule.met) { continue; }
+    warn(&dialog_, "%s", rule.message);
+    rule.field.focus();
+    all = false;
+  }
+  return all;
+}
+
+}  // namespace ardenix

@@ -1,0 +1,24 @@
+#include "mech/line_style.h"
+
+namespace ardenix {
+
+namespace {
+
+constexpr LineStyleRow kRows[] = {
+    {"Solid", "Solid Line Style", "solid", 1, 1, 0.2},
+    {"Hidden", "Hidden Line Style", "hidden", 21, 13, 0.0},
+    {"Center", "Center Line Style", "centrelines", 4, 3, 0.1},
+};
+
+}  // namespace
+
+std::span<const LineStyleRow> lineStyleRows() { return kRows; }
+
+LineStyle lineStyle(const DefinitionStore& store, LineKind kind) {
+  const std::string prefix(kRows[static_cast<size_t>(kind)].prefix);
+  const TINIFile& file = store.file();
+  return {file.ReadInt("Setup", prefix + "Pen", 1), file.ReadInt("Setup", prefix + "LT", 1),
+          file.ReadDouble("Setup", prefix + "LW", 0.0) * 10.0};
+}
+
+}  // namespace ardenix

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "mech/definition_store.h"
+
+namespace ardenix {
+
+// How a stroke is drawn.
+struct LineStyle {
+  int pen = 1;
+  int linetype = 1;
+  double width = 0.0;  // tenths of a millimetre on paper
+};
+
+// The three line styles of mechanical drawings, as the configuration file keeps them in section "Setup":
+// keys prefix + "LT", "Pen" and "LW" (millimetres). What the setup dialog offers for a missing key is
+// not what a drawing uses for it.
+struct LineStyleRow {
+  std::string_view prefix;   // of the keys
+  std::string_view caption;  // in the setup dialog
+  std::string_view word;     // in its tool tips
+  int offeredLinetype;
+  int offeredPen;
+  double offeredWidth;
+};
+
+enum class LineKind { kSolid, kHidden, kCentre };
+
+std::span<const LineStyleRow> lineStyleRows();
+
+// The style that drawings use: pen 1, line type 1, width 0 where keys are missing.
+LineStyle lineStyle(const DefinitionStore& store, LineKind kind);
+
+}  // namespace ardenix
