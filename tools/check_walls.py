@@ -30,7 +30,7 @@ HOST = HOST_BELOW_WINDOW + ("host/window", "host/scripts")
 ROOMS = (
     # The seam, and the module above it. The module knows its host through the seam alone.
     Room(("frame/host",), (), STANDARD_ONLY),
-    Room(("frame",), ("frame/host",), STANDARD_ONLY),
+    Room(("frame",), ("frame/host",), SYSTEM),  # its platform layer binds the help viewer at run time
     Room(("mech", "arch", "survey"), ("frame", "frame/host"), STANDARD_ONLY, shared=False),
     Room(("frame/entry",), ("mech", "arch", "survey", "frame", "frame/host"), STANDARD_ONLY),
     # The host. It knows the seam that it implements and no command.
@@ -120,7 +120,7 @@ def refusal(root, room, folder, quoted, header):
     if not quoted:
         return refusal_of_library(room, folder, header)
     if not (root / header).is_file():
-        return "own headers are included by their path from the project's root"
+        return "no such file; own headers are included by their path from the project's root"
     return refusal_of_own(room, folder, Path(header))
 
 
