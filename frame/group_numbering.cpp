@@ -45,7 +45,9 @@ void GroupCounter::see(std::string_view parent, std::string_view name) {
   if (value < kBeyondAnyName && value > largest_) { largest_ = value; }
 }
 
-std::string GroupCounter::nextName() const { return (prefix_ + std::to_string(largest_ + 1)).substr(0, kGroupNameLimit); }
+std::string GroupCounter::nextName() const {
+  return (prefix_ + std::to_string(largest_ + 1)).substr(0, kGroupNameLimit);
+}
 
 std::string startNumberedGroup(CCadWindow& view, std::string_view parent, std::string_view prefix) {
   GroupCounter counter(parent, prefix);

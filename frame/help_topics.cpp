@@ -10,7 +10,8 @@ namespace {
 // Page names as the help file spells them, slips included.
 constexpr HelpTopic kHelpTopics[] = {
     {"Architectural Setup", "Ardenix/Architectural_Tools/Dialogs/Architectural_Setup_Dialog.htm"},
-    {"Building Standards Setup", "Ardenix/Architectural_Tools/Dialogs/Architectural_Setup_Dialog.htm#Building_Standards_Setup"},
+    {"Building Standards Setup",
+     "Ardenix/Architectural_Tools/Dialogs/Architectural_Setup_Dialog.htm#Building_Standards_Setup"},
     {"Elevation Setup", "Ardenix/Architectural_Tools/Dialogs/Elevation_Setup_Dialog.htm"},
     {"Roof Line Setup", "Ardenix/Architectural_Tools/Dialogs/Roof_Line_Setup_Dialog.htm"},
     {"Roof Setup", "Ardenix/Architectural_Tools/Dialogs/Roof_Setup_Dialog.htm"},

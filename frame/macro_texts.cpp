@@ -26,9 +26,7 @@ std::string rotateOnto(Point centre, Point from, Point onto) {
                 onto.y);
 }
 
-std::string move(Point from, Point to) {
-  return format("#MOVE [%.8f,%.8f] [%.8f,%.8f]", from.x, from.y, to.x, to.y);
-}
+std::string move(Point from, Point to) { return format("#MOVE [%.8f,%.8f] [%.8f,%.8f]", from.x, from.y, to.x, to.y); }
 
 std::string repeatLinear(int copies, Point from, Point to) {
   return format("#REPEAT %d \"Y\" [%.8f,%.8f] [%.8f,%.8f] [#]", copies, from.x, from.y, to.x, to.y);

@@ -1,7 +1,8 @@
 #include "frame/version_resource.h"
 
 // The texts come from the build, which knows version and build number.
-#define ENTRY(name, text) {"\\StringFileInfo\\040904b0\\" name, sizeof(text) - 1, text}
+#define ENTRY(name, text) \
+  { "\\StringFileInfo\\040904b0\\" name, sizeof(text) - 1, text }
 
 namespace ardenix {
 

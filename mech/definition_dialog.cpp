@@ -61,8 +61,7 @@ void DefinitionDialog::describeList() {
   const int group = dialog_.addGroup({});
   list_ = addDropDown(dialog_, {.toolTip = std::string(kind_.listTip), .group = group, .name = "Definition"});
   list_.onEdit([this] { chooseOther(); });
-  addButton(dialog_,
-            {.caption = "Add", .toolTip = std::string(kind_.addTip), .group = group, .place = {.column = 1}})
+  addButton(dialog_, {.caption = "Add", .toolTip = std::string(kind_.addTip), .group = group, .place = {.column = 1}})
       .onPress([this] { add(); });
   addButton(dialog_,
             {.caption = "Delete", .toolTip = std::string(kind_.deleteTip), .group = group, .place = {.column = 2}})
@@ -237,8 +236,7 @@ bool DefinitionDialog::removalWanted() {
 
 bool DefinitionDialog::confirm() {
   if (!optionsComplete()) { return false; }
-  const bool passed =
-      kind_.checksEditsFirst ? settleEdits() && validate() : validate() && settleEdits();
+  const bool passed = kind_.checksEditsFirst ? settleEdits() && validate() : validate() && settleEdits();
   if (!passed) { return false; }
   accept();
   writeOptions();

@@ -27,7 +27,7 @@ constexpr RecordField kNutFields[] = {
 };
 
 constexpr RecordField kHoleFields[] = {
-    {"Hole diameter"},   {"Thread diameter"},  {"Hole length"},      {"Countersink depth"},
+    {"Hole diameter"},   {"Thread diameter"},  {"Hole length"},     {"Countersink depth"},
     {"Hole type", "%d"}, {"Hole range", "%d"}, {"Counterbore dia"}, {"Thread length"},
 };
 
@@ -56,9 +56,8 @@ std::vector<double> readRecord(std::string_view record, std::span<const RecordFi
   std::vector<double> values;
   int index = 2;
   for (const RecordField& field : fields) {
-    values.push_back(isInteger(field)
-                         ? coreGetFieldInt(record, static_cast<int>(field.fallback), index, kSeparator)
-                         : coreGetFieldDouble(record, field.fallback, index, kSeparator));
+    values.push_back(isInteger(field) ? coreGetFieldInt(record, static_cast<int>(field.fallback), index, kSeparator)
+                                      : coreGetFieldDouble(record, field.fallback, index, kSeparator));
     ++index;
   }
   return values;

@@ -19,8 +19,7 @@ SaveChoice askSaveChanges(const Services& services, CWnd* owner, std::string_vie
   dialog::Dialog box{std::string(title)};
   box.enableToolTips(services.toolTips);
   addLabel(box, {.name = "Question"}, std::string(question));
-  const dialog::RadioHandle choice =
-      addRadio(box, {.place = {.row = 1}, .name = "Choice"}, choices(), /*chosen=*/-1);
+  const dialog::RadioHandle choice = addRadio(box, {.place = {.row = 1}, .name = "Choice"}, choices(), /*chosen=*/-1);
   addOkCancel(box, 2);
   box.onOk = [&] {
     if (choice.chosen() >= 0) { return true; }

@@ -29,12 +29,11 @@ SetupDialog::SetupDialog(const Services& services, Configuration& configuration)
     : services_(services), configuration_(configuration) {
   equip(dialog_, services_, helpTopic("Mechanical Setup"));
   const int files = dialog_.addGroup({.place = {.row = 0}});
-  file_ = addText(
-      dialog_,
-      {.caption = "Configuration file:",
-       .toolTip = "This is the file currently being used for Mechanical Ardenix configuration settings",
-       .group = files},
-      kPathLimit);
+  file_ = addText(dialog_,
+                  {.caption = "Configuration file:",
+                   .toolTip = "This is the file currently being used for Mechanical Ardenix configuration settings",
+                   .group = files},
+                  kPathLimit);
   addButton(dialog_, {.caption = "...",
                       .toolTip = "Browse for a Mechanical Ardenix configuration file",
                       .group = files,

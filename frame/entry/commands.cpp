@@ -9,7 +9,7 @@
 #include "mech/bolts.h"
 
 // One row a command: export, menu caption, operation. The rows give the exports and the command list.
-#define MECHANICAL_COMMANDS(ROW)                                    \
+#define MECHANICAL_COMMANDS(ROW)                                       \
   ROW(DisplayMechSetup, "Mechanical &Setup...", ardenix::displaySetup) \
   ROW(MechDrawBolts, "Hex &Bolts...", ardenix::drawBolts)
 

@@ -9,8 +9,8 @@ namespace {
 
 // Unloading goes down the rows.
 constexpr void (*kUnloadOrder[])(ModuleState&) = {
-    [](ModuleState& state) { state.mechanical.reset(); },  [](ModuleState& state) { state.architectural.reset(); },
-    [](ModuleState& state) { state.surveyTrace.reset(); }, [](ModuleState& state) { state.surveySheet.reset(); },
+    [](ModuleState& state) { state.mechanical.reset(); },       [](ModuleState& state) { state.architectural.reset(); },
+    [](ModuleState& state) { state.surveyTrace.reset(); },      [](ModuleState& state) { state.surveySheet.reset(); },
     [](ModuleState& state) { state.sectionalPlanJob.reset(); },
 };
 

@@ -1,0 +1,216 @@
+#include "mech/fastener_placement.h"
+
+#include <cmath>
+#include <numbers>
+#include <string>
+
+#include "frame/group_numbering.h"
+#include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
+#include "frame/macro_texts.h"
+
+namespace ardenix {
+
+namespace {
+
+constexpr std::string_view kRotationMenu =
+    "&No Rotation, &Enter Rotation, Rotate &90\xB0, Rotate 1&80\xB0, Rotate 2&70\xB0";
+
+std::string lowerCased(std::string_view word) {
+  std::string lower(word);
+  for (char& c : lower) { c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+  return lower;
+}
+
+}  // namespace
+
+void endPart(CCadWindow& view) {
+  view.gsExecuteMacro(macroText::kRootParent);
+  view.gsExecuteMacro(macroText::kNextPattern);
+  view.gsExecuteMacro(macroText::kFreeAngle);
+  view.gsSetCursorHold(0);
+}
+
+std::optional<Point> FastenerPlacement::askPoint(std::string_view prompt) {
+  Point point;
+  if (view_.gsGetPointFromUser(prompt, point.x, point.y) != 0) { return std::nullopt; }
+  return point;
+}
+
+// ---- Side view ----------------------------------------------------------------------------------------------
+
+std::optional<SidePlacement> FastenerPlacement::askSideView(std::string_view word) {
+  view_.SetFocus();
+  const std::string_view ending = fastener_.autoAlign ? " (auto-align)" : "";
+  const auto picked = askPoint(numberText::format("Indicate the position of the %s side view%s", word, ending));
+  if (!picked) { return std::nullopt; }
+  SidePlacement placement{*picked, fastener_.autoAlign};
+  fastener_.position = placement.aligned ? alignedPoint(*picked) : *picked;
+  if (placement.aligned && nearlyEqual(fastener_.position, *picked)) {
+    placement.aligned = false;
+    view_.gsSetPrompt(numberText::format("No line found nearby to align this %s to. Please specify rotation manually.",
+                                         lowerCased(word)));
+  }
+  return placement;
+}
+
+// The foot of the perpendicular on the line nearest the picked point; that point where there is no line. The
+// crossing search answers the origin when it found none.
+Point FastenerPlacement::alignedPoint(Point picked) {
+  if (view_.gsNearestPrim(kLinePrimitive, picked.x, picked.y) != kLinePrimitive) { return picked; }
+  Point a;
+  Point b;
+  view_.gsGetLine(a.x, a.y, b.x, b.y);
+  double length = 0.0;
+  double direction = 0.0;
+  coreSurvJoin(a.y, a.x, b.y, b.x, length, direction);
+  Point aside;
+  coreSurvPolar(picked.y, picked.x, direction + std::numbers::pi / 2.0, 100.0, aside.y, aside.x);
+  int onFirst = 0;
+  int onSecond = 0;
+  const PNT_2D_record foot =
+      coreIntersectionLines(a.x, a.y, b.x, b.y, picked.x, picked.y, aside.x, aside.y, onFirst, onSecond);
+  const Point crossing{foot.x, foot.y};
+  return isOrigin(crossing) ? picked : crossing;
+}
+
+void FastenerPlacement::finishSideView(const SidePlacement& placement, Point reference, double axisLength) {
+  selectGroup();
+  if (placement.aligned) {
+    turnOnto(placement, reference);
+  } else {
+    turnByMenu(axisLength);
+  }
+  finish();
+}
+
+void FastenerPlacement::turnOnto(const SidePlacement& placement, Point reference) {
+  const Point base = fastener_.position;
+  const Point target = placement.picked;
+  view_.gsExecuteMacro(macroText::rotateOnto(base, reference, target));
+  fastener_.axisEnd = target;
+  fastener_.rotation = degrees(std::atan2(target.x - base.x, base.y - target.y));
+}
+
+void FastenerPlacement::turnByMenu(double axisLength) {
+  const Point base = fastener_.position;
+  const double angle = fastener_.rotation = askRotation();
+  if (angle != 0.0) { view_.gsExecuteMacro(macroText::rotate(base, angle)); }
+  fastener_.axisEnd = base + Point{axisLength * std::sin(radians(angle)), -axisLength * std::cos(radians(angle))};
+}
+
+double FastenerPlacement::askRotation() {
+  enum { kEnterRotation = 2, kQuarterTurn, kThreeQuarterTurn = 5 };
+  const int item = view_.gsSubMenu(kRotationMenu);
+  if (item == kEnterRotation) {
+    std::string typed;
+    view_.gsGetTextFromPromptBar("Enter rotation in degrees:", typed, 1);
+    return coreGetFieldDouble(typed, 0.0, 1, ' ');
+  }
+  return item >= kQuarterTurn && item <= kThreeQuarterTurn ? 90.0 * (item - kEnterRotation) : 0.0;
+}
+
+// ---- Plan view ----------------------------------------------------------------------------------------------
+
+std::optional<Point> FastenerPlacement::askPlanView(std::string_view word) {
+  view_.SetFocus();
+  return isOrigin(fastener_.axisEnd) ? askFreePlan(word) : askPlanOnAxis(word);
+}
+
+std::optional<Point> FastenerPlacement::askFreePlan(std::string_view word) {
+  const auto centre = askPoint(numberText::format("Indicate %s center for plan view", word));
+  if (!centre) { return std::nullopt; }
+  fastener_.position = *centre;
+  return askPoint(numberText::format("Indicate a point on the %s plan view center line for rotation", word));
+}
+
+// The plan lies on the axis of the side view just drawn. Where the user ends a prompt the cursor stays held
+// and locked until endPart.
+std::optional<Point> FastenerPlacement::askPlanOnAxis(std::string_view word) {
+  const Point axis{(fastener_.axisEnd.x + fastener_.position.x) / 2.0,
+                   (fastener_.axisEnd.y + fastener_.position.y) / 2.0};
+  view_.gsSetCurrCoord(axis.x, axis.y);
+  view_.gsExecuteMacro(macroText::lockOntoLine(axis));
+  view_.gsSetCursorHold(1);
+  const auto centre = askPoint(numberText::format(planPrompt(), word));
+  if (!centre) { return std::nullopt; }
+  fastener_.position = *centre;
+  const auto rotationPoint =
+      askPoint(numberText::format("Enter a point on the %s plan view center line for rotation", word));
+  if (!rotationPoint) { return std::nullopt; }
+  view_.gsSetCursorHold(0);
+  view_.gsExecuteMacro(macroText::kFreeAngle);
+  return rotationPoint;
+}
+
+std::string_view FastenerPlacement::planPrompt() const {
+  if (fastener_.repeat.number < 2) { return "Indicate %s center for plan view"; }
+  return fastener_.repeat.kind == RepeatKind::kLinear ? "Indicate start position of %s linear repeat for plan view"
+                                                      : "Indicate center of %s polar repeat for plan view";
+}
+
+void FastenerPlacement::finishPlanView(Point reference, Point rotationPoint) {
+  selectGroup();
+  const Point centre = fastener_.position;
+  if (!nearlyEqual(rotationPoint, centre)) {
+    view_.gsExecuteMacro(macroText::rotateOnto(centre, reference, rotationPoint));
+  }
+  finish();
+}
+
+// ---- Groups and repeats -------------------------------------------------------------------------------------
+
+void FastenerPlacement::startGroup(std::string_view base) {
+  view_.gsClearSelection();
+  view_.gsClearWorkSpace();
+  fastener_.group = startNumberedGroup(view_, fastener_.category, base);
+}
+
+void FastenerPlacement::selectGroup() {
+  view_.gsExecuteMacro(macroText::selectName(fastener_.category, fastener_.group));
+  view_.gsExecuteMacro(macroText::linkSelection(fastener_.group));
+}
+
+void FastenerPlacement::repeat() {
+  const Repeat& repeat = fastener_.repeat;
+  if (std::fabs(repeat.value) <= 1e-12 || repeat.number <= 1) { return; }
+  return repeat.kind == RepeatKind::kLinear ? repeatLinear() : repeatPolar();
+}
+
+// A part whose direction is not given stays single and counts as drawn; endPart then frees the cursor.
+void FastenerPlacement::repeatLinear() {
+  const Point base = fastener_.position;
+  view_.gsSetCurrCoord(base.x, base.y);
+  view_.gsExecuteMacro(macroText::lockAngle(fastener_.rotation));
+  view_.gsSetCursorHold(1);
+  const auto towards = askPoint("Indicate the direction in which to repeat");
+  if (!towards) { return; }
+  double distance = 0.0;
+  double direction = 0.0;
+  coreSurvJoin(base.y, base.x, towards->y, towards->x, distance, direction);
+  Point next;
+  coreSurvPolar(base.y, base.x, direction, fastener_.repeat.value, next.y, next.x);
+  view_.gsExecuteMacro(macroText::repeatLinear(fastener_.repeat.number - 1, base, next));
+  view_.gsSetCursorHold(0);
+  view_.gsExecuteMacro(macroText::kFreeAngle);
+  view_.gsClearSelection();
+}
+
+// The part moves left onto the pitch circle, whose centre is the point the user gave.
+void FastenerPlacement::repeatPolar() {
+  const Point centre = fastener_.position;
+  const int number = fastener_.repeat.number;
+  double radius = fastener_.repeat.value / 2.0;
+  if (fastener_.repeat.kind == RepeatKind::kSpacing) { radius /= std::sin(radians(360.0 / number) / 2.0); }
+  view_.gsExecuteMacro(macroText::move(centre, {centre.x - radius, centre.y}));
+  view_.gsExecuteMacro(macroText::repeatPolar(number - 1, centre, 360.0 / number));
+}
+
+void FastenerPlacement::finish() {
+  repeat();
+  view_.gsClearSelection();
+  view_.gsClearWorkSpace();
+  view_.gsExecuteMacro(macroText::kRootParent);
+}
+
+}  // namespace ardenix

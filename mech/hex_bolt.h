@@ -1,0 +1,65 @@
+#pragma once
+
+#include <span>
+
+#include "mech/fastener_drawer.h"
+#include "mech/fastener_placement.h"
+#include "mech/hexagon.h"
+
+namespace ardenix {
+
+// A hexagon bolt as its definition gives it, in drawing units.
+struct BoltRecord {
+  double headSize = 0.0;  // across the flats
+  double headHeight = 0.0;
+  double diameter = 0.0;  // nominal, of the thread
+  double length = 0.0;    // of the shaft under the head
+  double threadLength = 0.0;
+  double minorDiameter = 0.0;
+};
+
+// The fields of a bolt's record, in their order.
+enum BoltField : size_t { kHeadSize, kHeadHeight, kDiameter, kLength, kThreadLength, kMinorDiameter };
+
+BoltRecord boltOf(std::span<const double> fields);
+
+// A bolt of usual proportions for a diameter and a length.
+BoltRecord standardBolt(double diameter, double length);
+
+// What the drawing measures from. Depths count down from the underside of the head.
+struct BoltDimensions {
+  Hexagon head;
+  double radius = 0.0;
+  double minorRadius = 0.0;
+  double length = 0.0;
+  double chamferStart = 0.0;  // depth at which the end chamfer begins
+  double threadEnd = 0.0;     // depth at which the thread ends
+  double overhang = 0.0;      // of the centre line at both ends
+};
+
+BoltDimensions boltDimensions(const BoltRecord& record);
+
+class HexBolt : public FastenerDrawer {
+ public:
+  HexBolt(CCadWindow& view, const DefinitionStore& store);
+
+  [[nodiscard]] Fastener& fastener() { return fastener_; }
+  void take(const BoltRecord& record) { dimensions_ = boltDimensions(record); }
+
+  // The head stands above the position that the user gives, the shaft hangs below.
+  bool drawSideView() override;
+  bool drawPlanView() override;
+
+ private:
+  void drawHead();
+  void drawShaft();
+  void drawThread();
+  void drawAxis();
+
+  CCadWindow& view_;
+  Fastener fastener_;
+  FastenerPlacement placement_;
+  BoltDimensions dimensions_;
+};
+
+}  // namespace ardenix
