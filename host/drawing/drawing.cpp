@@ -457,7 +457,16 @@ void Drawing::note(Change change) {
 }
 
 void Drawing::beginStep(std::string name) {
-  if (stepDepth_++ == 0) { open_ = Step{std::move(name), {}}; }
+  if (stepDepth_++ > 0) { return; }
+  open_ = Step{std::move(name), {}};
+  openBase_ = done_.size();
+}
+
+void Drawing::splitStep() {
+  if (open_.changes.empty()) { return; }
+  Step goingOn{open_.name, {}};
+  done_.push_back(std::move(open_));
+  open_ = std::move(goingOn);
 }
 
 void Drawing::endStep() {
@@ -527,13 +536,20 @@ void Drawing::swapPlain(PlainChange& change) {
   });
 }
 
+void Drawing::rollBackTo(size_t mark) {
+  for (; open_.changes.size() > mark; open_.changes.pop_back()) { swapState(open_.changes.back()); }
+  ++revision_;
+}
+
 void Drawing::rollBack() {
   if (stepDepth_ == 0) { return; }
   stepDepth_ = 0;
   clearSelection();
-  for (auto change = open_.changes.rbegin(); change != open_.changes.rend(); ++change) { swapState(*change); }
-  open_ = Step{};
-  ++revision_;
+  rollBackTo(0);
+  for (; done_.size() > openBase_; done_.pop_back()) {
+    open_ = std::move(done_.back());
+    rollBackTo(0);
+  }
 }
 
 const std::string* Drawing::undoName() const { return done_.empty() ? nullptr : &done_.back().name; }

@@ -125,8 +125,13 @@ class Drawing {
   // nest: changes belong to the outermost one open. Changes outside a step are steps of their own.
   void beginStep(std::string name);
   void endStep();
-  // Takes back what the outermost step changed so far, and ends it.
+  // Within a step: what was changed so far becomes a step of its own, and the open one goes on anew.
+  void splitStep();
+  // Takes back what the outermost step changed so far, with what was split off it, and ends it.
   void rollBack();
+  // Within a step: takes back what changed since a mark.
+  [[nodiscard]] size_t mark() const { return open_.changes.size(); }
+  void rollBackTo(size_t mark);
   [[nodiscard]] bool inStep() const { return stepDepth_ > 0; }
   [[nodiscard]] const std::string* undoName() const;  // null: nothing to take back
   [[nodiscard]] const std::string* redoName() const;
@@ -170,6 +175,7 @@ class Drawing {
   std::vector<Step> done_;
   std::vector<Step> undone_;
   Step open_;
+  size_t openBase_ = 0;  // the steps done before the open one
   int stepDepth_ = 0;
   uint64_t revision_ = 0;
 };

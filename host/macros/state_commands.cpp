@@ -1,0 +1,52 @@
+#include "host/drawing/drawing.h"
+#include "host/macros/command.h"
+#include "host/macros/handlers.h"
+#include "host/window/drawing_window.h"
+
+namespace brevan::macroHandlers {
+
+namespace {
+
+constexpr double kMostPens = 256.0;
+
+void lockOntoLineNear(MacroRun& run, Point p) {
+  const Primitive* found = run.window.drawing().find(run.window.pick(p, kLinePrimitive));
+  if (found == nullptr) { throw MacroError(run.column(0), "no line lies at this point"); }
+  const Line& line = std::get<Line>(found->geometry);
+  if (line.a == line.b) { throw MacroError(run.column(0), "the line at this point has no length"); }
+  run.window.cursor().lockOntoLine(line);
+}
+
+}  // namespace
+
+void setLineType(MacroRun& run) {
+  if (run.number(0) < 1.0) { throw MacroError(run.column(0), "a line type is 1 or more"); }
+  if (run.number(1) < 1.0 || run.number(1) > kMostPens) { throw MacroError(run.column(1), "a pen is 1 to 256"); }
+  run.window.style().linetype = static_cast<int>(run.number(0));
+  run.window.style().pen = static_cast<int>(run.number(1));
+}
+
+void setWidth(MacroRun& run) {
+  if (run.number(0) < 0.0) { throw MacroError(run.column(0), "a line width is 0 or more"); }
+  run.window.style().width = run.number(0);
+}
+
+void unlockAngle(MacroRun& run) { run.window.cursor().unlock(); }
+
+void lockAngle(MacroRun& run) { run.window.cursor().lockAtAngle(run.number(0)); }
+
+void lockOntoLineAt(MacroRun& run) { lockOntoLineNear(run, run.point(0)); }
+
+void lockOntoLine(MacroRun& run) { lockOntoLineNear(run, run.window.cursor().position()); }
+
+void lockSquare(MacroRun& run) {
+  if (!run.window.cursor().lockSquare()) { throw MacroError(1, "YPERP expects the cursor locked onto a line"); }
+}
+
+void toggleHold(MacroRun& run) { run.window.cursor().hold(!run.window.cursor().held()); }
+
+void cursorMode(MacroRun& run) { run.window.cursor().snapToNear(run.text(0) == "A"); }
+
+void bracketUndo(MacroRun& run) { run.window.setUndoBracket(run.number(0) != 0.0); }
+
+}  // namespace brevan::macroHandlers

@@ -1,0 +1,99 @@
+#include "host/window/host.h"
+
+#include <utility>
+
+#include "frame/host/core_services.h"
+#include "frame/host/dialog.h"
+#include "host/macros/command.h"
+
+namespace brevan {
+
+bool MainFrame::RunDialog(dialog::Dialog& dialog, CWnd*) {
+  const bool accepted = host_.user().runDialog(dialog);
+  if (host_.events() != nullptr) { host_.events()->dialogClosed(dialog.title(), accepted); }
+  return accepted;
+}
+
+CCadWindow* MainFrame::SendUserMessage(unsigned message) {
+  if (message != kNewDrawingView) { return nullptr; }
+  return &host_.openWindow("Drawing" + std::to_string(host_.windows_.size() + 1));
+}
+
+int PlainShortcutBar::InsertGroup(const char* caption) {
+  groups_.emplace_back(caption);
+  return static_cast<int>(groups_.size()) - 1;
+}
+
+Host::Host(const HostParts& parts)
+    : parts_(parts),
+      paths_{&parts.settings},
+      context_{parts.files, parts.settings, parts.helpFile, nullptr, {}, this},
+      binding_(context_),
+      mainFrame_(*this) {
+  openWindow("Drawing1");
+}
+
+Host::~Host() = default;
+
+void Host::loadModule(const std::string& path) {
+  module_ = std::make_unique<Module>(path);
+  module_->initialise(mainFrame_, shortcutBar_);
+}
+
+DrawingWindow& Host::openWindow(std::string name) {
+  windows_.push_back(
+      std::make_unique<DrawingWindow>(std::move(name), WindowServices{parts_.user, variables_, parts_.events}));
+  current_ = windows_.size() - 1;
+  if (running_) { windows_.back()->beginCommand("New drawing"); }
+  if (parts_.events != nullptr) { parts_.events->windowOpened(windows_.back()->name()); }
+  return *windows_.back();
+}
+
+DrawingWindow* Host::goToWindow(std::string_view name) {
+  for (size_t index = 0; index < windows_.size(); ++index) {
+    if (windows_[index]->name() != name) { continue; }
+    current_ = index;
+    return windows_[index].get();
+  }
+  return nullptr;
+}
+
+std::vector<std::string> Host::windowNames() const {
+  std::vector<std::string> names;
+  for (const auto& window : windows_) { names.push_back(window->name()); }
+  return names;
+}
+
+// Closes the command's step in its own window and in those it opened; the latter go with a command that
+// did not end well.
+void Host::endCommand(size_t windowsBefore, DrawingWindow& window, bool well) {
+  running_ = false;
+  for (size_t opened = windowsBefore; opened < windows_.size(); ++opened) { windows_[opened]->endCommand(well); }
+  window.endCommand(well);
+  if (well) { return; }
+  windows_.resize(windowsBefore);
+  goToWindow(window.name());
+}
+
+void Host::runCommand(std::string_view name) {
+  const CommandRow* command = module_ != nullptr ? module_->command(name) : nullptr;
+  if (command == nullptr) { throw HostFailure("There is no command \"" + std::string(name) + "\"."); }
+  DrawingWindow& window = this->window();
+  const size_t windowsBefore = windows_.size();
+  window.beginCommand(std::string(name));
+  running_ = true;
+  try {
+    module_->call(*command, window);
+  } catch (...) {
+    endCommand(windowsBefore, window, false);
+    throw;
+  }
+  endCommand(windowsBefore, window, true);
+}
+
+void Host::runMacro(std::string_view text) {
+  if (parts_.events != nullptr) { parts_.events->macroSent(text); }
+  executeMacro(window(), variables_, text);
+}
+
+}  // namespace brevan

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/host/ini.h"
+#include "frame/host/main_frame.h"
+#include "host/core/core_context.h"
+#include "host/core/file_services.h"
+#include "host/macros/variables.h"
+#include "host/window/drawing_window.h"
+#include "host/window/module.h"
+
+namespace brevan {
+
+// The host's main window as the module sees it.
+class MainFrame : public CMDIFrameWnd {
+ public:
+  explicit MainFrame(class Host& host) : host_(host) {}
+  bool RunDialog(dialog::Dialog& dialog, CWnd* parent) override;
+  CCadWindow* SendUserMessage(unsigned message) override;
+  void SetFocus() override {}
+
+ private:
+  Host& host_;
+};
+
+// The side bar as far as a host without a desktop has one: it remembers its groups.
+class PlainShortcutBar : public COXShortcutBar {
+ public:
+  int InsertGroup(const char* caption) override;
+  void SetGroupMargin(int, int) override {}
+  void ExpandGroup(int group) override { expanded_ = group; }
+  void RedrawBar() override {}
+  void SetFocus() override {}
+  [[nodiscard]] const std::vector<std::string>& groups() const { return groups_; }
+  [[nodiscard]] int expanded() const { return expanded_; }
+
+ private:
+  std::vector<std::string> groups_;
+  int expanded_ = -1;
+};
+
+// What a host is built from; all of it outlives the host.
+struct HostParts {
+  User& user;
+  FileServices& files;
+  INI_LIST& settings;
+  EventSink* events = nullptr;
+  std::string helpFile;  // of the host, in Windows-1252
+};
+
+// Ties windows, settings, macro variables, user and module together, and runs commands. While it lives, the
+// free functions of the seam answer for it (for the newest, where several live).
+class Host {
+ public:
+  explicit Host(const HostParts& parts);
+  ~Host();
+  Host(const Host&) = delete;
+  Host& operator=(const Host&) = delete;
+
+  // Loads a module and initialises it. Throws HostFailure with the loader's reason.
+  void loadModule(const std::string& path);
+  [[nodiscard]] const Module* module() const { return module_.get(); }
+
+  // Runs one of the module's commands on the current window as one undo step. A command that throws leaves
+  // the drawing as it was; the exception goes on. Throws HostFailure for a name that is no command.
+  void runCommand(std::string_view name);
+  // Runs one macro command as typed by the user. Throws MacroError.
+  void runMacro(std::string_view text);
+
+  DrawingWindow& openWindow(std::string name);
+  [[nodiscard]] DrawingWindow& window() { return *windows_.at(current_); }
+  // Null for a name that no window bears.
+  DrawingWindow* goToWindow(std::string_view name);
+  [[nodiscard]] std::vector<std::string> windowNames() const;
+
+  [[nodiscard]] MacroVariables& variables() { return variables_; }
+  [[nodiscard]] User& user() { return parts_.user; }
+  [[nodiscard]] EventSink* events() { return parts_.events; }
+  [[nodiscard]] AllPaths& paths() { return paths_; }
+  [[nodiscard]] MainFrame& mainFrame() { return mainFrame_; }
+
+ private:
+  friend class MainFrame;
+  void endCommand(size_t windowsBefore, DrawingWindow& window, bool well);
+  HostParts parts_;
+  AllPaths paths_;
+  CoreContext context_;
+  CoreContextBinding binding_;
+  MacroVariables variables_;
+  MainFrame mainFrame_;
+  PlainShortcutBar shortcutBar_;
+  std::vector<std::unique_ptr<DrawingWindow>> windows_;
+  size_t current_ = 0;
+  bool running_ = false;  // a command; the windows that it opens belong to its step
+  std::unique_ptr<Module> module_;
+};
+
+}  // namespace brevan

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/host/core_services.h"
+#include "host/geometry/point.h"
+
+namespace dialog {
+class Dialog;
+}
+
+namespace brevan {
+
+// How the user left a prompt.
+enum class PromptEnd { kGiven, kSpace, kEscape };
+
+struct PointAnswer {
+  PromptEnd end = PromptEnd::kEscape;
+  Point at;
+};
+
+struct TextAnswer {
+  PromptEnd end = PromptEnd::kEscape;
+  std::string text;
+  bool acceptedDefault = false;
+};
+
+struct MessageBox {
+  std::string text;
+  std::string caption;
+  BoxIcon icon = BoxIcon::kInformation;
+  BoxButtons buttons = BoxButtons::kOk;
+};
+
+struct FileRequest {
+  bool open = true;
+  bool folder = false;
+  std::string title;
+  std::string filter;  // "Description|*.ext||"
+  std::string defaultExtension;
+  std::string initialName;
+};
+
+// Whoever sits before the host: a person at the desktop, or a script. Every question is answered; one that
+// cannot be is an error of its own (a script throws ScriptFailure). Texts are Windows-1252.
+class User {
+ public:
+  User() = default;
+  User(const User&) = delete;
+  User& operator=(const User&) = delete;
+  virtual ~User() = default;
+
+  virtual PointAnswer askPoint(const std::string& prompt) = 0;
+  virtual TextAnswer askText(const std::string& prompt, const std::string& fallback) = 0;
+  virtual BoxAnswer showMessage(const MessageBox& box) = 0;
+  // The item chosen from 0; nothing when the menu was left.
+  virtual std::optional<size_t> chooseFromMenu(const std::vector<std::string>& items) = 0;
+  // A path that names a file (or folder) as the host's file services take it.
+  virtual std::optional<std::string> chooseFile(const FileRequest& request) = 0;
+  virtual std::optional<int> choosePen(const std::string& title, int pen) = 0;
+  // Operates the dialog until it is closed; true for OK.
+  virtual bool runDialog(dialog::Dialog& dialog) = 0;
+  virtual void showStatus(const std::string& text) = 0;
+  virtual void showPrompt(const std::string& text) = 0;
+  // Called often on long work; may throw to cancel it.
+  virtual void showProgress(int done, int total, const std::string& text) = 0;
+};
+
+}  // namespace brevan

@@ -1,0 +1,154 @@
+#include <algorithm>
+
+#include "frame/host/core_services.h"
+#include "host/macros/command.h"
+#include "host/window/drawing_window.h"
+
+// What the view asks of the user, and the macro language.
+namespace brevan {
+
+namespace {
+
+constexpr size_t kPromptBarLimit = 255;
+
+// "&No Rotation, Rotate &90": items at commas, without marks and outer blanks.
+std::vector<std::string> menuItems(std::string_view items) {
+  std::vector<std::string> list;
+  for (size_t start = 0; start <= items.size();) {
+    const size_t end = std::min(items.find(',', start), items.size());
+    std::string item(items.substr(start, end - start));
+    std::erase(item, '&');
+    const size_t first = item.find_first_not_of(' ');
+    list.push_back(first == std::string::npos ? "" : item.substr(first, item.find_last_not_of(' ') - first + 1));
+    start = end + 1;
+  }
+  return list;
+}
+
+}  // namespace
+
+int DrawingWindow::gsGetPointFromUser(std::string_view prompt, double& x, double& y) {
+  const PointAnswer answer = services_.user.askPoint(std::string(prompt));
+  Point at = cursor_.position();
+  if (answer.end == PromptEnd::kGiven) {
+    if (!isFinite(answer.at)) { throw HostFailure("A point's coordinates must be finite numbers."); }
+    at = cursor_.give(answer.at, drawing_);
+    x = at.x;
+    y = at.y;
+  }
+  escaped_ = escaped_ || answer.end == PromptEnd::kEscape;
+  if (services_.events != nullptr) { services_.events->pointPrompted(prompt, answer.end, at); }
+  return answer.end == PromptEnd::kGiven ? 0 : 1;
+}
+
+void DrawingWindow::gsGetTextFromPromptBar(std::string_view prompt, std::string& text, int) {
+  TextAnswer answer = services_.user.askText(std::string(prompt), text);
+  escaped_ = escaped_ || answer.end == PromptEnd::kEscape;
+  if (answer.end != PromptEnd::kGiven) { answer.text.clear(); }
+  answer.text.resize(std::min(answer.text.size(), kPromptBarLimit));
+  text = answer.text;
+  if (services_.events != nullptr) { services_.events->textPrompted(prompt, answer); }
+}
+
+int DrawingWindow::gsReply(std::string_view question) {
+  const MessageBox box{std::string(question), "", BoxIcon::kQuestion, BoxButtons::kYesNo};
+  const BoxAnswer answer = services_.user.showMessage(box);
+  if (services_.events != nullptr) { services_.events->messageShown(box, answer); }
+  return answer == BoxAnswer::kYes ? 1 : 0;
+}
+
+int DrawingWindow::gsSubMenu(std::string_view items) {
+  const std::vector<std::string> list = menuItems(items);
+  const auto choice = services_.user.chooseFromMenu(list);
+  if (services_.events != nullptr) { services_.events->menuChosen(list, choice ? list.at(*choice) : ""); }
+  return choice ? static_cast<int>(*choice) + 1 : 0;
+}
+
+int DrawingWindow::gsEscapePressed() { return escaped_ ? 1 : 0; }
+
+void DrawingWindow::gsSetPrompt(std::string_view text) {
+  services_.user.showPrompt(std::string(text));
+  call("gsSetPrompt", {text});
+}
+
+void DrawingWindow::gsSetStatus(std::string_view text) {
+  services_.user.showStatus(std::string(text));
+  if (services_.events != nullptr) { services_.events->statusShown(text); }
+}
+
+void DrawingWindow::gsSetProgress(int done, int total, std::string_view text) {
+  services_.user.showProgress(done, total, std::string(text));
+}
+
+void DrawingWindow::gsCursorWait(int on) { call("gsCursorWait", {on}); }
+
+void DrawingWindow::gsSetCursorHold(int on) {
+  cursor_.hold(on != 0);
+  call("gsSetCursorHold", {on});
+}
+
+void DrawingWindow::gsSetRubberBand(int on) {
+  cursor_.setRubberBand(on != 0);
+  call("gsSetRubberBand", {on});
+}
+
+void DrawingWindow::gsSetSnapMode(int mode) {
+  cursor_.setSnapMode(mode);
+  call("gsSetSnapMode", {mode});
+}
+
+void DrawingWindow::gsCursorSnapPoint(int on) {
+  cursor_.snapToNear(on != 0);
+  call("gsCursorSnapPoint", {on});
+}
+
+void DrawingWindow::gsGetCurrCoord(double& x, double& y) {
+  x = cursor_.position().x;
+  y = cursor_.position().y;
+}
+
+void DrawingWindow::gsSetCurrCoord(double x, double y) {
+  if (!isFinite(Point{x, y})) { throw HostFailure("The cursor cannot go to a coordinate that is not finite."); }
+  cursor_.setPosition({x, y});
+  call("gsSetCurrCoord", {x, y});
+}
+
+int DrawingWindow::gsSetupPenDialog(std::string_view title, int& pen) {
+  const auto chosen = services_.user.choosePen(std::string(title), pen);
+  if (services_.events != nullptr) {
+    services_.events->chooserAnswered("pen", chosen ? std::to_string(*chosen) : "cancel");
+  }
+  if (!chosen) { return 0; }
+  pen = *chosen;
+  return 1;
+}
+
+int DrawingWindow::gsExecuteMacro(std::string_view text) {
+  if (services_.events != nullptr) { services_.events->macroSent(text); }
+  try {
+    executeMacro(*this, services_.variables, text);
+    return 1;
+  } catch (const MacroError& error) {
+    gsSetStatus(std::string(text) + ": column " + std::to_string(error.column()) + ": " + error.what());
+    return 0;
+  }
+}
+
+int DrawingWindow::gsGetMacVar(std::string_view name, double& value) {
+  const auto found = services_.variables.number(name);
+  value = found.value_or(0.0);
+  return found ? 1 : 0;
+}
+
+int DrawingWindow::gsGetMacStrVar(std::string_view name, char* buffer, int size) {
+  const std::string* found = services_.variables.text(name);
+  coreStrncpy(buffer, found != nullptr ? std::string_view(*found) : std::string_view(), size);
+  return found != nullptr ? 1 : 0;
+}
+
+void DrawingWindow::gsSetMacStrVar(std::string_view name, std::string_view text) {
+  services_.variables.setText(name, text);
+  call("gsSetMacStrVar", {name, text});
+}
+
+}  // namespace brevan

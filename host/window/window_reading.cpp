@@ -1,0 +1,140 @@
+#include <algorithm>
+
+#include "frame/host/core_services.h"
+#include "host/window/drawing_window.h"
+
+// Picks, scans and what they make current.
+namespace brevan {
+
+template <class Kind>
+const Kind* DrawingWindow::currentAs() const {
+  const Primitive* primitive = drawing_.find(current_);
+  return primitive == nullptr ? nullptr : std::get_if<Kind>(&primitive->geometry);
+}
+
+int DrawingWindow::gsNearestPrim(int type, double x, double y) {
+  if (!isFinite(Point{x, y})) { return 0; }
+  current_ = pick({x, y}, type);
+  const Primitive* primitive = drawing_.find(current_);
+  return primitive == nullptr ? 0 : typeNumber(primitive->geometry);
+}
+
+int DrawingWindow::gsGetLine(double& x1, double& y1, double& x2, double& y2) {
+  const Line* line = currentAs<Line>();
+  if (line == nullptr) { return 0; }
+  x1 = line->a.x;
+  y1 = line->a.y;
+  x2 = line->b.x;
+  y2 = line->b.y;
+  return 1;
+}
+
+int DrawingWindow::gsGetArc(double& startX, double& startY, double& centreX, double& centreY, double& endX,
+                            double& endY, int& direction) {
+  const Arc* arc = currentAs<Arc>();
+  if (arc == nullptr) { return 0; }
+  startX = arc->start.x;
+  startY = arc->start.y;
+  centreX = arc->centre.x;
+  centreY = arc->centre.y;
+  endX = arc->end.x;
+  endY = arc->end.y;
+  direction = arc->clockwise ? 1 : 0;
+  return 1;
+}
+
+int DrawingWindow::gsGetText(double& x, double& y, char* buffer, int size) {
+  const Text* text = currentAs<Text>();
+  if (text == nullptr) { return 0; }
+  x = text->at.x;
+  y = text->at.y;
+  coreStrncpy(buffer, text->text, size);
+  return 1;
+}
+
+int DrawingWindow::gsGetPrimHeader(PrimHeader& header) {
+  const Primitive* primitive = drawing_.find(current_);
+  if (primitive == nullptr) { return 0; }
+  header = {typeNumber(primitive->geometry), primitive->layer, primitive->pen, primitive->linetype, primitive->width};
+  return 1;
+}
+
+int DrawingWindow::gsGetListHandle(int type, int layer, int, double x1, double y1, double x2, double y2, int, int) {
+  Scan scan;
+  scan.type = type;
+  scan.layer = layer;
+  scan.everywhere = x1 == 0.0 && y1 == 0.0 && x2 == 0.0 && y2 == 0.0;
+  if (!scan.everywhere && type != kGroupPrimitive) {
+    Box box;
+    box.add(Point{x1, y1});
+    box.add(Point{x2, y2});
+    scan.ids = drawing_.inBox(box);
+  } else if (layer >= 0 && type != kGroupPrimitive && drawing_.layer(layer) != nullptr) {
+    scan.everywhere = false;
+    scan.ids = drawing_.onLayer(layer);
+  }
+  const auto freePlace = std::find(scans_.begin(), scans_.end(), std::nullopt);
+  const auto place = static_cast<size_t>(freePlace - scans_.begin());
+  if (freePlace == scans_.end()) { scans_.emplace_back(); }
+  scans_[place] = std::move(scan);
+  return static_cast<int>(place) + 1;
+}
+
+bool DrawingWindow::inScan(const Scan& scan, const Primitive& primitive) const {
+  return (scan.type == kAnyPrimitive || scan.type == typeNumber(primitive.geometry)) &&
+         (scan.layer < 0 || scan.layer == primitive.layer);
+}
+
+int DrawingWindow::gsGetNextPrim(int handle) {
+  if (handle < 1 || static_cast<size_t>(handle) > scans_.size() || !scans_[static_cast<size_t>(handle) - 1]) {
+    return 0;
+  }
+  Scan& scan = *scans_[static_cast<size_t>(handle) - 1];
+  if (scan.type == kGroupPrimitive) {
+    while (scan.next < static_cast<size_t>(drawing_.lastGroup())) {
+      currentGroup_ = static_cast<GroupId>(++scan.next);
+      if (!drawing_.group(currentGroup_).members.empty()) { return kGroupPrimitive; }
+    }
+    currentGroup_ = 0;
+    return 0;
+  }
+  const size_t end = scan.everywhere ? static_cast<size_t>(drawing_.lastId()) : scan.ids.size();
+  while (scan.next < end) {
+    const size_t place = scan.next++;
+    const PrimitiveId id = scan.everywhere ? static_cast<PrimitiveId>(place + 1) : scan.ids[place];
+    const Primitive* primitive = drawing_.find(id);
+    if (primitive == nullptr || !inScan(scan, *primitive)) { continue; }
+    current_ = id;
+    return typeNumber(primitive->geometry);
+  }
+  return 0;
+}
+
+void DrawingWindow::gsFreeListHandle(int handle) {
+  if (handle >= 1 && static_cast<size_t>(handle) <= scans_.size()) { scans_[static_cast<size_t>(handle) - 1].reset(); }
+}
+
+int DrawingWindow::gsGetObject(std::string_view& parent, std::string_view& name) {
+  if (currentGroup_ < 1 || currentGroup_ > drawing_.lastGroup()) { return 0; }
+  const Group& group = drawing_.group(currentGroup_);
+  parent = group.parent;
+  name = group.name;
+  return 1;
+}
+
+int DrawingWindow::gsCopyPrimHeader(CCadWindow& target) {
+  const Primitive* primitive = drawing_.find(current_);
+  auto* other = dynamic_cast<DrawingWindow*>(&target);
+  if (primitive == nullptr || other == nullptr) { return 0; }
+  other->newType_ = typeNumber(primitive->geometry);
+  other->newPrimitive_ = *primitive;
+  return 1;
+}
+
+int DrawingWindow::gsCopyPrim(CCadWindow& target) {
+  auto* other = dynamic_cast<DrawingWindow*>(&target);
+  if (gsCopyPrimHeader(target) == 0 || other == nullptr) { return 0; }
+  return other->gsAddPrim();
+}
+
+}  // namespace brevan
