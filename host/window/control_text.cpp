@@ -1,0 +1,174 @@
+#include "host/window/control_text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace brevan {
+
+namespace {
+
+using namespace dialog;
+
+template <class... Functions>
+struct Overloaded : Functions... {
+  using Functions::operator()...;
+};
+
+template <class Items, class Caption>
+std::vector<std::string> captions(const Items& items, const Caption& caption) {
+  std::vector<std::string> texts;
+  for (const auto& item : items) { texts.push_back(caption(item)); }
+  return texts;
+}
+
+std::string joined(const std::vector<std::string>& texts) {
+  std::string all;
+  for (const std::string& text : texts) { all += (all.empty() ? "" : ", ") + ('"' + text + '"'); }
+  return all;
+}
+
+std::string entry(const std::vector<std::string>& items, int index) {
+  return index >= 0 && index < static_cast<int>(items.size()) ? items[static_cast<size_t>(index)] : std::string();
+}
+
+}  // namespace
+
+bool sameIgnoringCase(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
+}
+
+std::string_view kindName(const State& state) {
+  if (const auto* edit = std::get_if<NumberEdit>(&state)) {
+    if (edit->spin) { return "spin"; }
+    return edit->integer ? "integer" : "number";
+  }
+  if (const auto* edit = std::get_if<TextEdit>(&state)) { return edit->multiline ? "multi-line text" : "text"; }
+  if (const auto* list = std::get_if<DropDown>(&state)) { return list->editable ? "editable list" : "drop-down list"; }
+  if (const auto* list = std::get_if<ListBox>(&state)) {
+    return list->multiple ? "list with several selections" : "list";
+  }
+  constexpr std::array<std::string_view, std::variant_size_v<State>> kNames = {
+      "label",       "read-only text", "number",         "text",        "check box",
+      "radio group", "drop-down list", "picture list",   "list",        "list with columns",
+      "tree",        "pen button",     "line-type list", "picture",     "pixel canvas",
+      "preview",     "button",         "menu bar",       "status line", "grid",
+      "tabs"};
+  return kNames[state.index()];
+}
+
+std::vector<std::string> itemTexts(const State& state) {
+  return std::visit(
+      Overloaded{
+          [](const RadioGroup& group) {
+            return captions(group.items, [](const auto& item) { return plainCaption(item.caption); });
+          },
+          [](const DropDown& list) { return list.items; },
+          [](const PictureList& list) { return captions(list.items, [](const auto& item) { return item.caption; }); },
+          [](const ListBox& list) { return list.items; },
+          [](const ColumnList& list) {
+            return captions(list.rows, [](const auto& row) { return row.empty() ? "" : row.front(); });
+          },
+          [](const Tabs& tabs) { return tabs.pages; }, [](const auto&) { return std::vector<std::string>(); }},
+      state);
+}
+
+std::string rangeText(const State& state) {
+  if (const auto* edit = std::get_if<NumberEdit>(&state)) {
+    return numberText::shortest(edit->minimum) + " to " + numberText::shortest(edit->maximum);
+  }
+  if (const auto* edit = std::get_if<TextEdit>(&state)) {
+    return "at most " + std::to_string(edit->limit) + " characters";
+  }
+  if (std::holds_alternative<PenButton>(state)) { return "1 to 256"; }
+  if (std::holds_alternative<LineTypeList>(state)) { return "1 to 32"; }
+  if (std::holds_alternative<CheckBox>(state)) { return "0 or 1"; }
+  return joined(itemTexts(state));
+}
+
+std::string valueText(const State& state) {
+  return std::visit(
+      Overloaded{[](const Label& label) { return label.text; }, [](const ReadOnlyText& text) { return text.text; },
+                 [](const NumberEdit& edit) { return edit.text; }, [](const TextEdit& edit) { return edit.text; },
+                 [](const CheckBox& box) { return std::string(box.checked ? "1" : "0"); },
+                 [&state](const RadioGroup& group) { return entry(itemTexts(state), group.chosen); },
+                 [](const DropDown& list) { return list.editable ? list.text : entry(list.items, list.selected); },
+                 [&state](const PictureList& list) { return entry(itemTexts(state), list.selected); },
+                 [](const ListBox& list) {
+                   std::string chosen;
+                   for (size_t i = 0; i < list.items.size() && i < list.selected.size(); ++i) {
+                     if (list.selected[i]) { chosen += (chosen.empty() ? "" : "\n") + list.items[i]; }
+                   }
+                   return chosen;
+                 },
+                 [&state](const ColumnList& list) { return entry(itemTexts(state), list.selected); },
+                 [](const PenButton& button) { return std::to_string(button.pen); },
+                 [](const LineTypeList& list) { return std::to_string(list.selected + 1); },
+                 [](const Picture& picture) { return picture.name; }, [](const StatusLine& line) { return line.text; },
+                 [](const Tabs& tabs) { return entry(tabs.pages, tabs.current); },
+                 [](const auto&) { return std::string(); }},
+      state);
+}
+
+bool takesFocus(const State& state) {
+  return !(std::holds_alternative<Label>(state) || std::holds_alternative<Picture>(state) ||
+           std::holds_alternative<PixelCanvas>(state) || std::holds_alternative<Preview>(state) ||
+           std::holds_alternative<StatusLine>(state) || std::holds_alternative<MenuBar>(state));
+}
+
+namespace {
+
+std::string ownName(const Control& control) {
+  return control.name.empty() ? plainCaption(control.caption) : control.name;
+}
+
+std::string groupPath(Dialog& dialog, int group) {
+  std::string path;
+  for (; group > 0; group = dialog.groups()[static_cast<size_t>(group)].parent) {
+    const std::string caption = plainCaption(dialog.groups()[static_cast<size_t>(group)].caption);
+    if (!caption.empty()) { return caption; }
+  }
+  return path;
+}
+
+}  // namespace
+
+std::string addressOf(Dialog& dialog, int control) {
+  const Control& wanted = dialog.control(control);
+  const std::string name = ownName(wanted);
+  const auto alike = std::count_if(dialog.controls().begin(), dialog.controls().end(), [&](const Control& other) {
+    return takesFocus(other.state) == takesFocus(wanted.state) && sameIgnoringCase(ownName(other), name);
+  });
+  const std::string group = groupPath(dialog, wanted.group);
+  return alike > 1 && !group.empty() ? group + '/' + name : name;
+}
+
+int controlAt(Dialog& dialog, std::string_view address) {
+  const std::string wanted = plainCaption(address);
+  int found = -1;
+  const auto search = [&](bool focusable) {
+    for (int index = 0; index < static_cast<int>(dialog.controls().size()); ++index) {
+      const Control& control = dialog.control(index);
+      if (takesFocus(control.state) != focusable || ownName(control).empty()) { continue; }
+      const bool byName = sameIgnoringCase(ownName(control), wanted);
+      const bool byGroup = sameIgnoringCase(groupPath(dialog, control.group) + '/' + ownName(control), wanted);
+      if (!byName && !byGroup) { continue; }
+      if (found >= 0) { return -2; }
+      found = index;
+    }
+    return found;
+  };
+  const int operable = search(true);
+  return operable == -1 ? search(false) : operable;
+}
+
+std::optional<std::string> refusalOf(std::string_view name, const NumberEdit& edit) {
+  const auto value = numberText::parseTyped(edit.text);
+  const bool whole = !edit.integer || (value && *value == std::floor(*value));
+  if (value && whole && *value >= edit.minimum && *value <= edit.maximum) { return std::nullopt; }
+  return '"' + std::string(name) + "\" takes " + (edit.integer ? "a whole number from " : "") +
+         numberText::shortest(edit.minimum) + " to " + numberText::shortest(edit.maximum) + ", got \"" + edit.text +
+         '"';
+}
+
+}  // namespace brevan

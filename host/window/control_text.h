@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/host/dialog.h"
+
+// What a control is called and what it shows, as text: for scripts, for descriptions, for messages.
+namespace brevan {
+
+// "number", "check box", "drop-down list", ...
+std::string_view kindName(const dialog::State& state);
+// "0 to 10000" for a number, the items of a list; empty where there is no range.
+std::string rangeText(const dialog::State& state);
+// What the control shows: a field's text, a list's selected entry, "1" or "0" of a check box.
+std::string valueText(const dialog::State& state);
+// The entries to choose from.
+std::vector<std::string> itemTexts(const dialog::State& state);
+// Whether the focus can come to it.
+bool takesFocus(const dialog::State& state);
+
+// A control's address: its fixed name, else its caption, with its group before it where the caption
+// occurs twice.
+std::string addressOf(dialog::Dialog& dialog, int control);
+// The control of an address (case counts for nothing); -1 where there is none, -2 where there are several.
+int controlAt(dialog::Dialog& dialog, std::string_view address);
+
+// Why a number field refuses its text; nothing where it takes it.
+std::optional<std::string> refusalOf(std::string_view name, const dialog::NumberEdit& edit);
+
+bool sameIgnoringCase(std::string_view a, std::string_view b);
+
+}  // namespace brevan

@@ -1,0 +1,384 @@
+#include "host/window/dialog_session.h"
+
+#include <algorithm>
+
+#include "host/window/control_text.h"
+
+namespace brevan {
+
+using namespace dialog;
+
+namespace {
+
+using Refusal = DialogSession::Refusal;
+
+std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+
+void run(const std::function<void()>& rule) {
+  if (rule) { rule(); }
+}
+
+int indexOf(const std::vector<std::string>& items, const std::string& item) {
+  const auto exact = std::find(items.begin(), items.end(), item);
+  const auto found =
+      exact != items.end() ? exact : std::find_if(items.begin(), items.end(), [&](const std::string& candidate) {
+        return sameIgnoringCase(candidate, item);
+      });
+  return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+}
+
+Refusal notThisKind(const std::string& name, const State& state, std::string_view what) {
+  return name + " is a " + std::string(kindName(state)) + " and " + std::string(what);
+}
+
+}  // namespace
+
+DialogSession::DialogSession(Dialog& dialog, User& user, EventSink* events)
+    : dialog_(dialog), user_(user), events_(events) {
+  dialog_.attach(this);
+}
+
+DialogSession::~DialogSession() { dialog_.attach(nullptr); }
+
+void DialogSession::open() {
+  run(dialog_.onOpen);
+  if (dialog_.focus() >= 0 || dialog_.closed()) { return; }
+  const auto& controls = dialog_.controls();
+  const auto first = std::find_if(controls.begin(), controls.end(), [](const Control& control) {
+    return takesFocus(control.state) && control.enabled && control.visible;
+  });
+  if (first != controls.end()) { dialog_.noteFocus(static_cast<int>(first - controls.begin())); }
+}
+
+std::string DialogSession::named(int control) { return quoted(addressOf(dialog_, control)); }
+
+void DialogSession::edited(int control) {
+  dialog_.changed(control);
+  run(dialog_.control(control).onEdit);
+}
+
+// ---- Focus -----------------------------------------------------------------------------------------------
+
+void DialogSession::focusMoved(int control, bool) {
+  if (events_ != nullptr) { events_->focusMoved(addressOf(dialog_, control)); }
+}
+
+Refusal DialogSession::leave() {
+  const int control = dialog_.focus();
+  if (control < 0) { return std::nullopt; }
+  if (auto* edit = std::get_if<NumberEdit>(&dialog_.control(control).state); edit != nullptr && edit->edited) {
+    if (auto refusal = refusalOf(addressOf(dialog_, control), *edit)) { return refusal; }
+    const double typed = *numberText::parseTyped(edit->text);
+    edit->text = edit->integer ? numberText::format(edit->format, static_cast<long long>(typed))
+                               : numberText::format(edit->format, typed);
+    edit->value = numberText::parseTyped(edit->text).value_or(typed);
+    edit->edited = false;
+    dialog_.changed(control);
+  }
+  dialog_.noteFocus(-1);
+  run(dialog_.control(control).onLeave);
+  return std::nullopt;
+}
+
+Refusal DialogSession::focus(int control) {
+  if (control == dialog_.focus()) { return std::nullopt; }
+  if (auto refusal = leave()) { return refusal; }
+  dialog_.noteFocus(control);
+  run(dialog_.control(control).onFocus);
+  return std::nullopt;
+}
+
+// What can be operated takes the focus first.
+Refusal DialogSession::prepare(int control) {
+  const Control& wanted = dialog_.control(control);
+  bool shown = wanted.visible;
+  for (int group = wanted.group; group > 0; group = dialog_.groups()[static_cast<size_t>(group)].parent) {
+    shown = shown && dialog_.groups()[static_cast<size_t>(group)].visible;
+  }
+  if (!shown) { return named(control) + " is hidden"; }
+  if (!wanted.enabled) { return named(control) + " is disabled"; }
+  return focus(control);
+}
+
+// ---- Text ------------------------------------------------------------------------------------------------
+
+Refusal DialogSession::replaceText(int control, const std::string& text) {
+  State& state = dialog_.control(control).state;
+  if (auto* edit = std::get_if<NumberEdit>(&state)) {
+    edit->text = text;
+    edit->edited = true;
+  } else if (auto* field = std::get_if<TextEdit>(&state)) {
+    if (text.size() > static_cast<size_t>(field->limit)) {
+      return named(control) + " takes at most " + std::to_string(field->limit) + " characters";
+    }
+    if (!field->multiline && text.find('\n') != std::string::npos) { return named(control) + " takes one line"; }
+    field->text = text;
+  } else if (auto* list = std::get_if<DropDown>(&state); list != nullptr && list->editable) {
+    list->text = text;
+    list->selected = indexOf(list->items, text);
+  } else {
+    return notThisKind(named(control), state, "takes no typed text");
+  }
+  edited(control);
+  return std::nullopt;
+}
+
+Refusal DialogSession::setText(int control, const std::string& text) {
+  if (auto refusal = prepare(control)) { return refusal; }
+  State& state = dialog_.control(control).state;
+  if (std::holds_alternative<CheckBox>(state) && (text == "0" || text == "1")) { return check(control, text == "1"); }
+  const auto* list = std::get_if<DropDown>(&state);
+  const bool chosen = (list != nullptr && !list->editable) || std::holds_alternative<RadioGroup>(state) ||
+                      std::holds_alternative<LineTypeList>(state) || std::holds_alternative<PictureList>(state);
+  if (chosen) { return chooseEntry(control, text); }
+  if (auto refusal = replaceText(control, text)) { return refusal; }
+  return leave();
+}
+
+Refusal DialogSession::typeText(int control, const std::string& text) {
+  if (auto refusal = prepare(control)) { return refusal; }
+  for (size_t keys = text.empty() ? 0 : 1; keys <= text.size(); ++keys) {
+    if (auto refusal = replaceText(control, text.substr(0, keys))) { return refusal; }
+  }
+  return std::nullopt;
+}
+
+Refusal DialogSession::spin(int control, bool up) {
+  if (auto refusal = prepare(control)) { return refusal; }
+  auto* edit = std::get_if<NumberEdit>(&dialog_.control(control).state);
+  if (edit == nullptr || !edit->spin) {
+    return notThisKind(named(control), dialog_.control(control).state, "has no arrows");
+  }
+  const double stepped = numberText::parseTyped(edit->text).value_or(edit->value) + (up ? 1.0 : -1.0);
+  const double kept = std::clamp(stepped, edit->minimum, edit->maximum);
+  return replaceText(control, edit->integer ? numberText::format(edit->format, static_cast<long long>(kept))
+                                            : numberText::format(edit->format, kept));
+}
+
+// ---- Choices ---------------------------------------------------------------------------------------------
+
+Refusal DialogSession::check(int control, bool checked) {
+  if (auto refusal = prepare(control)) { return refusal; }
+  auto* box = std::get_if<CheckBox>(&dialog_.control(control).state);
+  if (box == nullptr) { return notThisKind(named(control), dialog_.control(control).state, "cannot be checked"); }
+  if (box->checked == checked) { return std::nullopt; }
+  box->checked = checked;
+  edited(control);
+  return std::nullopt;
+}
+
+Refusal DialogSession::choose(int control, const std::string& item) {
+  if (auto refusal = prepare(control)) { return refusal; }
+  return chooseEntry(control, item);
+}
+
+Refusal DialogSession::chooseEntry(int control, const std::string& item) {
+  State& state = dialog_.control(control).state;
+  if (auto* types = std::get_if<LineTypeList>(&state)) {
+    const auto number = numberText::parseInteger(item);
+    if (!number || *number < 1 || *number > 32) {
+      return named(control) + " takes a line type from 1 to 32, got \"" + item + '"';
+    }
+    types->selected = static_cast<int>(*number) - 1;
+    edited(control);
+    return std::nullopt;
+  }
+  const int index = indexOf(itemTexts(state), item);
+  if (index < 0) { return named(control) + " has no entry " + quoted(item) + ", it has " + rangeText(state); }
+  if (auto* radio = std::get_if<RadioGroup>(&state)) {
+    if (!radio->items[static_cast<size_t>(index)].enabled) { return quoted(item) + " is disabled"; }
+    radio->chosen = index;
+  } else if (auto* list = std::get_if<DropDown>(&state)) {
+    list->selected = index;
+    list->text = list->items[static_cast<size_t>(index)];
+  } else if (auto* pictures = std::get_if<PictureList>(&state)) {
+    pictures->selected = index;
+  } else if (auto* columns = std::get_if<ColumnList>(&state)) {
+    columns->selected = index;
+  } else if (auto* tabs = std::get_if<Tabs>(&state)) {
+    tabs->current = index;
+  } else if (std::holds_alternative<ListBox>(state)) {
+    return chooseSeveral(control, {item});
+  }
+  edited(control);
+  return std::nullopt;
+}
+
+Refusal DialogSession::chooseSeveral(int control, const std::vector<std::string>& items) {
+  if (auto refusal = prepare(control)) { return refusal; }
+  auto* list = std::get_if<ListBox>(&dialog_.control(control).state);
+  if (list == nullptr || (items.size() > 1 && !list->multiple)) {
+    return notThisKind(named(control), dialog_.control(control).state, "takes one entry at a time");
+  }
+  std::vector<bool> selected(list->items.size(), false);
+  for (const std::string& item : items) {
+    const int index = indexOf(list->items, item);
+    if (index < 0) { return named(control) + " has no entry " + quoted(item); }
+    selected[static_cast<size_t>(index)] = true;
+  }
+  list->selected = std::move(selected);
+  edited(control);
+  return std::nullopt;
+}
+
+// ---- Buttons and menus -----------------------------------------------------------------------------------
+
+Refusal DialogSession::press(int control) {
+  const State& state = dialog_.control(control).state;
+  const auto* button = std::get_if<Button>(&state);
+  if (button != nullptr && button->role == ButtonRole::kCancel) {
+    cancel();  // without leaving the field: what it holds does not matter any more
+    return std::nullopt;
+  }
+  if (auto refusal = prepare(control)) { return refusal; }
+  if (std::holds_alternative<PenButton>(state)) {
+    auto& pen = std::get<PenButton>(dialog_.control(control).state);
+    const auto chosen = user_.choosePen(dialog_.control(control).caption, pen.pen);
+    if (events_ != nullptr) { events_->chooserAnswered("pen", chosen ? std::to_string(*chosen) : "cancel"); }
+    if (!chosen) { return std::nullopt; }
+    pen.pen = *chosen;
+    edited(control);
+    return std::nullopt;
+  }
+  if (button == nullptr) { return notThisKind(named(control), state, "cannot be pressed"); }
+  if (button->role == ButtonRole::kOk) { return accept(); }
+  if (button->role == ButtonRole::kHelp) {
+    help(control);
+    return std::nullopt;
+  }
+  run(dialog_.control(control).onPress);
+  return std::nullopt;
+}
+
+Refusal DialogSession::accept() {
+  if (auto refusal = leave()) { return refusal; }
+  if (!dialog_.onOk || dialog_.onOk()) { dialog_.close(true); }
+  return std::nullopt;
+}
+
+void DialogSession::cancel() {
+  run(dialog_.onCancel);
+  dialog_.close(false);
+}
+
+void DialogSession::help(int control) {
+  if (dialog_.onHelp) { dialog_.onHelp(control); }
+}
+
+Refusal DialogSession::chooseMenu(const std::string& path) {
+  const std::vector<MenuItem>* level = nullptr;
+  for (Control& control : dialog_.controls()) {
+    if (const auto* bar = std::get_if<MenuBar>(&control.state)) { level = &bar->menus; }
+  }
+  const MenuItem* chosen = nullptr;
+  for (size_t start = 0; level != nullptr && start <= path.size();) {
+    const size_t end = std::min(path.find('/', start), path.size());
+    const std::string name = path.substr(start, end - start);
+    const auto found = std::find_if(level->begin(), level->end(), [&name](const MenuItem& item) {
+      return sameIgnoringCase(plainCaption(item.caption), name);
+    });
+    if (found == level->end()) { return "the dialog's menu has no entry " + quoted(path); }
+    chosen = &*found;
+    level = &found->items;
+    start = end + 1;
+  }
+  if (chosen == nullptr || !chosen->action) { return "the dialog's menu has no entry " + quoted(path); }
+  if (!chosen->enabled) { return "the menu entry " + quoted(path) + " is disabled"; }
+  if (auto refusal = leave()) { return refusal; }
+  const auto action = chosen->action;
+  action();
+  return std::nullopt;
+}
+
+// ---- Grids -----------------------------------------------------------------------------------------------
+
+namespace {
+
+int columnOf(const Grid& grid, const std::string& title) {
+  for (size_t column = 0; column < grid.columns.size(); ++column) {
+    if (sameIgnoringCase(grid.columns[column].title, title)) { return static_cast<int>(column); }
+  }
+  return -1;
+}
+
+// Why a cell does not take a text; the text in the cell's own form where it does.
+Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& text) {
+  if (cell.readOnly) { return quoted(column) + " cannot be edited in this row"; }
+  const bool pen = cell.kind == CellKind::kPen;
+  if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger || pen || cell.kind == CellKind::kLineType) {
+    NumberEdit edit;
+    edit.integer = cell.kind != CellKind::kNumber;
+    edit.minimum = edit.integer && cell.kind != CellKind::kInteger ? 1.0 : cell.minimum;
+    edit.maximum = pen ? 256.0 : cell.kind == CellKind::kLineType ? 32.0 : cell.maximum;
+    edit.text = text;
+    if (auto refusal = refusalOf(column, edit)) { return refusal; }
+    const double value = *numberText::parseTyped(text);
+    if (!cell.format.empty()) {
+      text = edit.integer ? numberText::format(cell.format, static_cast<long long>(value))
+                          : numberText::format(cell.format, value);
+    }
+    return std::nullopt;
+  }
+  if (cell.kind == CellKind::kList && indexOf(cell.items, text) < 0) {
+    return quoted(column) + " has no entry " + quoted(text);
+  }
+  if (cell.kind == CellKind::kCheck && text != "0" && text != "1") { return quoted(column) + " takes 0 or 1"; }
+  return std::nullopt;
+}
+
+}  // namespace
+
+Refusal DialogSession::editCell(int control, int row, const std::string& column, const std::string& text) {
+  if (auto refusal = clickCell(control, row, column, Click::kSelect)) { return refusal; }
+  Grid& grid = dialog_.state<Grid>(control);
+  Cell& cell = grid.rows[static_cast<size_t>(grid.currentRow)][static_cast<size_t>(grid.currentColumn)];
+  std::string entered = text;
+  if (auto refusal = cellRefusal(cell, column, entered)) { return refusal; }
+  cell.text = std::move(entered);
+  dialog_.changed(control);
+  if (grid.onCellEdit) { grid.onCellEdit(grid.currentRow, grid.currentColumn); }
+  run(dialog_.control(control).onEdit);
+  return std::nullopt;
+}
+
+// Rows are counted from 1 as the user sees them; without a column the row's heading is meant.
+Refusal DialogSession::clickCell(int control, int row, const std::string& column, Click click) {
+  if (auto refusal = prepare(control)) { return refusal; }
+  auto* grid = std::get_if<Grid>(&dialog_.control(control).state);
+  if (grid == nullptr) { return notThisKind(named(control), dialog_.control(control).state, "has no cells"); }
+  if (row < 1 || row > static_cast<int>(grid->rows.size())) {
+    return named(control) + " has no row " + std::to_string(row) + ", it has " + std::to_string(grid->rows.size());
+  }
+  const int place = column.empty() ? -1 : columnOf(*grid, column);
+  if (place < 0 && !column.empty()) { return named(control) + " has no column " + quoted(column); }
+  grid->currentRow = row - 1;
+  grid->currentColumn = place;
+  const auto& rule = click == Click::kSelect  ? grid->onCellSelect
+                     : click == Click::kPress ? grid->onCellPress
+                                              : grid->onCellRightClick;
+  const auto action = rule;
+  if (action) { action(row - 1, place); }
+  return std::nullopt;
+}
+
+Refusal DialogSession::setColumnWidth(int control, const std::string& column, int pixels) {
+  if (auto* list = std::get_if<ColumnList>(&dialog_.control(control).state)) {
+    for (ListColumn& candidate : list->columns) {
+      if (!sameIgnoringCase(candidate.title, column)) { continue; }
+      candidate.width = pixels;
+      edited(control);
+      return std::nullopt;
+    }
+  }
+  if (auto* grid = std::get_if<Grid>(&dialog_.control(control).state)) {
+    const int place = columnOf(*grid, column);
+    if (place >= 0) {
+      grid->columns[static_cast<size_t>(place)].width = pixels;
+      edited(control);
+      return std::nullopt;
+    }
+  }
+  return named(control) + " has no column " + quoted(column);
+}
+
+}  // namespace brevan

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/host/dialog.h"
+#include "host/window/events.h"
+#include "host/window/user.h"
+
+namespace brevan {
+
+// A dialog in use. Every edit, by a person at the desktop or by a script, comes through here: the data
+// changes first, then the rule runs. An operation that the dialog does not take returns why and changes
+// nothing; a refused field keeps the focus.
+class DialogSession : public dialog::Presenter {
+ public:
+  using Refusal = std::optional<std::string>;
+
+  DialogSession(dialog::Dialog& dialog, User& user, EventSink* events);
+  ~DialogSession() override;
+
+  // Runs the opening rule and gives the first control the focus.
+  void open();
+  [[nodiscard]] bool closed() const { return dialog_.closed(); }
+  [[nodiscard]] bool accepted() const { return dialog_.accepted(); }
+
+  // Text fields, number fields, editable lists. `setText` replaces the contents at once and leaves the field;
+  // `typeText` replaces them key by key and stays in it.
+  Refusal setText(int control, const std::string& text);
+  Refusal typeText(int control, const std::string& text);
+  // One step of a number field's arrows; stays within the range.
+  Refusal spin(int control, bool up);
+  // A check box's mark; a radio group's, list's, tab's entry by its text; a line type by its number.
+  Refusal check(int control, bool checked);
+  Refusal choose(int control, const std::string& item);
+  Refusal chooseSeveral(int control, const std::vector<std::string>& items);
+  // A button, or a pen button, which opens the pen chooser.
+  Refusal press(int control);
+  // An entry of the dialog's menu bar, levels separated by "/".
+  Refusal chooseMenu(const std::string& path);
+  Refusal editCell(int grid, int row, const std::string& column, const std::string& text);
+  enum class Click { kSelect, kPress, kRight };
+  Refusal clickCell(int grid, int row, const std::string& column, Click click);
+  Refusal setColumnWidth(int list, const std::string& column, int pixels);
+
+  Refusal focus(int control);
+  // Leaves the field in focus; refused while its text is out of range.
+  Refusal leave();
+  Refusal accept();
+  void cancel();
+  void help(int control);
+
+  // ---- dialog::Presenter, for those who show nothing ------------------------------------------------------
+  void controlChanged(int) override {}
+  void groupChanged(int) override {}
+  void focusMoved(int control, bool selectAll) override;
+  void titleChanged() override {}
+
+ private:
+  Refusal prepare(int control);
+  Refusal replaceText(int control, const std::string& text);
+  void edited(int control);
+  Refusal chooseEntry(int control, const std::string& item);
+  [[nodiscard]] std::string named(int control);
+
+  dialog::Dialog& dialog_;
+  User& user_;
+  EventSink* events_;
+};
+
+}  // namespace brevan
