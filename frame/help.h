@@ -29,9 +29,10 @@ class Help {
 
   // Reports "Unable to open help file" on the dialog when the page cannot be shown.
   void open(CWnd& dialog, const HelpTopic& topic);
+  // As open, but answers instead of reporting.
+  bool show(CWnd& dialog, const HelpTopic& topic);
 
  private:
-  bool show(CWnd& dialog, const HelpTopic& topic);
   void bindViewer();
 
   Platform& platform_;

@@ -28,6 +28,8 @@ class FastenerOptions {
  public:
   // Lays them out in the dialog's grid from a row on.
   FastenerOptions(dialog::Dialog& dialog, const FastenerOptionTexts& texts, int row);
+  FastenerOptions(const FastenerOptions&) = delete;  // its controls refer back to it
+  FastenerOptions& operator=(const FastenerOptions&) = delete;
 
   void read(const DefinitionStore& store);
   void write(DefinitionStore& store) const;

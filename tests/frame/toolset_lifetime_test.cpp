@@ -1,0 +1,79 @@
+#include "frame/entry/toolset_lifetime.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "frame/entry/module_state.h"
+
+namespace ardenix {
+namespace {
+
+// Lifetimes only compare views.
+char views[2];
+CCadWindow* const kFirst = reinterpret_cast<CCadWindow*>(&views[0]);
+CCadWindow* const kSecond = reinterpret_cast<CCadWindow*>(&views[1]);
+
+std::vector<std::string> events;
+
+class StandIn : public Toolset {
+ public:
+  StandIn(CCadWindow* view, std::string name) : Toolset(view), name_(std::move(name)) { events.push_back("+" + name_); }
+  ~StandIn() override { events.push_back("-" + name_); }
+
+ private:
+  std::string name_;
+};
+
+auto maker(const std::string& name) {
+  return [name](CCadWindow* view) { return std::make_unique<StandIn>(view, name); };
+}
+
+class ToolsetLifetime : public ::testing::Test {
+ protected:
+  ToolsetLifetime() { events.clear(); }
+  std::unique_ptr<StandIn> slot;
+};
+
+TEST_F(ToolsetLifetime, OfAViewLastsUntilACommandRunsInAnother) {
+  StandIn& first = toolsetOfView(slot, kFirst, maker("a"));
+  EXPECT_EQ(&toolsetOfView(slot, kFirst, maker("b")), &first);
+  toolsetOfView(slot, kSecond, maker("c"));
+  EXPECT_EQ(events, (std::vector<std::string>{"+a", "-a", "+c"})) << "the old one goes before the new one loads";
+  EXPECT_TRUE(slot->worksIn(kSecond));
+  EXPECT_THROW(toolsetOfView(slot, kFirst, [](CCadWindow*) -> std::unique_ptr<StandIn> { throw std::bad_alloc(); }),
+               std::bad_alloc);
+  EXPECT_EQ(slot, nullptr) << "a toolset that failed is tried again by the next command";
+}
+
+TEST_F(ToolsetLifetime, OfACommandEndsWithItHoweverItEnds) {
+  const auto fail = [](StandIn&) { throw std::runtime_error("cancelled"); };
+  EXPECT_THROW(withToolsetOfCommand(slot, kFirst, maker("a"), fail), std::runtime_error);
+  EXPECT_EQ(slot, nullptr);
+  withToolsetOfCommand(slot, kFirst, maker("b"), [this](StandIn& tools) { EXPECT_EQ(&tools, slot.get()); });
+  EXPECT_EQ(events, (std::vector<std::string>{"+a", "-a", "+b", "-b"}));
+}
+
+TEST_F(ToolsetLifetime, UntilUnloadIsOnlyPointedAtTheView) {
+  StandIn& tools = toolsetUntilUnload(slot, kFirst, maker("a"));
+  EXPECT_EQ(&toolsetUntilUnload(slot, kSecond, maker("b")), &tools);
+  EXPECT_TRUE(tools.worksIn(kSecond));
+  EXPECT_EQ(events, std::vector<std::string>{"+a"});
+}
+
+TEST_F(ToolsetLifetime, UnloadingGoesInOrderWhateverWasMadeFirst) {
+  {
+    ModuleState state;
+    state.sectionalPlanJob = maker("job")(kFirst);
+    state.surveySheet = maker("sheet")(kFirst);
+    state.surveyTrace = maker("trace")(kFirst);
+    state.architectural = maker("arch")(kFirst);
+    events.clear();
+  }
+  EXPECT_EQ(events, (std::vector<std::string>{"-arch", "-trace", "-sheet", "-job"}));
+}
+
+}  // namespace
+}  // namespace ardenix
