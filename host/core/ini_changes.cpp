@@ -94,9 +94,7 @@ void IniFile::add(Section& section, std::string_view key, std::string_view value
   refuseLength(key, key.size() + 1 + value.size());
   Index& index = indexOf(section);
   Added& added = *index.added.emplace_back(std::make_unique<Added>(Added{std::string(key), std::string(value)}));
-  Entry entry;
-  entry.added = &added;
-  index.entries.emplace(added.key, entry);
+  index.addedKeys.emplace(added.key, &added);
 }
 
 IniFile::Section& IniFile::newSection(std::string_view name) {
@@ -104,7 +102,7 @@ IniFile::Section& IniFile::newSection(std::string_view name) {
   section.newName = std::make_unique<std::string>(name);
   section.name = *section.newName;
   section.begin = section.body = section.end = source_->text.size();
-  section.index = std::make_unique<Index>();
+  section.index = std::make_unique<Index>(0);
   firstOfName_.emplace(section.name, &section);
   return section;
 }
@@ -112,23 +110,26 @@ IniFile::Section& IniFile::newSection(std::string_view name) {
 void IniFile::deleteKey(std::string_view section, std::string_view key) {
   Section* const found = findSection(section);
   if (found == nullptr) { return; }
+  key = trimmed(key);
   Index& index = indexOf(*found);
-  const auto first = index.entries.find(trimmed(key));
-  if (first == index.entries.end()) { return; }
-  const auto [from, to] = index.doubles.equal_range(first->first);
-  for (auto twin = from; twin != to; ++twin) { removeEntry(twin->second); }
+  if (const auto added = index.addedKeys.find(key); added != index.addedKeys.end()) {
+    added->second->removed = true;
+    index.addedKeys.erase(added);
+  }
+  const auto same = [&](uint32_t line) { return hasKey(line, key); };
+  const uint32_t first = index.lines.find(keyHash(key), same);
+  if (first == LineIndex::kNowhere) { return; }
+  const auto [from, to] = index.doubles.equal_range(first);
+  for (auto further = from; further != to; ++further) { removeLine(further->second); }
   index.doubles.erase(from, to);
-  removeEntry(first->second);
-  index.entries.erase(first);
+  removeLine(first);
+  index.lines.remove(keyHash(key), same);
 }
 
-void IniFile::removeEntry(const Entry& entry) {
-  if (entry.added != nullptr) {
-    entry.added->removed = true;
-    return;
-  }
-  changes_.erase(entry.valueBegin);
-  removed_.emplace(entry.line.begin, entry.line.end);
+void IniFile::removeLine(uint32_t place) {
+  const LineSpan line = source_->lineAt(place);
+  changes_.erase(entryAt(line)->valueBegin);
+  removed_.emplace(line.begin, line.end);
 }
 
 void IniFile::eraseSection(std::string_view section) {

@@ -75,13 +75,25 @@ IniFile::Section* IniFile::findSection(std::string_view name) const {
   return found == firstOfName_.end() ? nullptr : found->second;
 }
 
+std::string_view IniFile::keyOf(const Entry& entry) const {
+  return std::string_view(source_->text).substr(entry.keyBegin, entry.keyEnd - entry.keyBegin);
+}
+
+bool IniFile::hasKey(uint32_t line, std::string_view key) const {
+  return equalWithoutCase(keyOf(*entryAt(source_->lineAt(line))), key);
+}
+
 std::optional<IniFile::Entry> IniFile::findEntry(Section& section, std::string_view key) const {
   key = trimmed(key);
   if (!section.index && section.searches++ < kSearchesBeforeIndex) { return searchEntry(section, key); }
   const Index& index = indexOf(section);
-  const auto found = index.entries.find(key);
-  if (found == index.entries.end()) { return std::nullopt; }
-  return found->second;
+  const uint32_t place = index.lines.find(keyHash(key), [&](uint32_t line) { return hasKey(line, key); });
+  if (place != LineIndex::kNowhere) { return entryAt(source_->lineAt(place)); }
+  const auto added = index.addedKeys.find(key);
+  if (added == index.addedKeys.end()) { return std::nullopt; }
+  Entry entry;
+  entry.added = added->second;
+  return entry;
 }
 
 // Most lines are passed over by one look at where the key's last letter would be.
@@ -95,25 +107,27 @@ std::optional<IniFile::Entry> IniFile::searchEntry(const Section& section, std::
     const bool indented = isBlank(text[line.begin]);
     if (!indented && lowered(text[line.begin + key.size() - 1]) != lowered(key.back())) { continue; }
     const std::optional<Entry> entry = entryAt(line);
-    if (entry && equalWithoutCase(text.substr(entry->keyBegin, entry->keyEnd - entry->keyBegin), key)) { return entry; }
+    if (entry && equalWithoutCase(keyOf(*entry), key)) { return entry; }
   }
   return std::nullopt;
 }
 
 IniFile::Index& IniFile::indexOf(Section& section) const {
+  constexpr size_t kUsualLine = 48;
   if (section.index) { return *section.index; }
-  section.index = std::make_unique<Index>();
+  section.index = std::make_unique<Index>((section.end - section.body) / kUsualLine);
   Index& index = *section.index;
   index.insertAt = section.body;
-  const std::string_view text = source_->text;
   for (size_t at = section.body; at < section.end;) {
     const LineSpan line = source_->lineAt(at);
     at = line.end;
     const std::optional<Entry> entry = entryAt(line);
     if (!entry) { continue; }
     index.insertAt = line.end;
-    const std::string_view key = text.substr(entry->keyBegin, entry->keyEnd - entry->keyBegin);
-    if (!index.entries.emplace(key, *entry).second) { index.doubles.emplace(key, *entry); }
+    const std::string_view key = keyOf(*entry);
+    const auto place = static_cast<uint32_t>(line.begin);
+    const uint32_t first = index.lines.insert(keyHash(key), place, [&](uint32_t other) { return hasKey(other, key); });
+    if (first != place) { index.doubles.emplace(first, place); }
   }
   return index;
 }

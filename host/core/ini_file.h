@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <optional>
@@ -9,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "host/core/line_index.h"
 #include "host/core/text_encoding.h"
 #include "host/core/text_lines.h"
 
@@ -84,8 +86,10 @@ class IniFile {
     Added* added = nullptr;
   };
   struct Index {
-    std::unordered_map<std::string_view, Entry, HashWithoutCase, EqualWithoutCase> entries;
-    std::unordered_multimap<std::string_view, Entry, HashWithoutCase, EqualWithoutCase> doubles;
+    explicit Index(size_t expected) : lines(expected) {}
+    LineIndex lines;
+    std::unordered_multimap<uint32_t, uint32_t> doubles;  // further lines of a key, by its first one
+    std::unordered_map<std::string_view, Added*, HashWithoutCase, EqualWithoutCase> addedKeys;
     std::vector<std::unique_ptr<Added>> added;
     size_t insertAt = 0;  // behind the last entry
   };
@@ -108,6 +112,8 @@ class IniFile {
 
   void findSections();
   [[nodiscard]] std::optional<Entry> entryAt(const LineSpan& line) const;
+  [[nodiscard]] std::string_view keyOf(const Entry& entry) const;
+  [[nodiscard]] bool hasKey(uint32_t line, std::string_view key) const;
   [[nodiscard]] Section* findSection(std::string_view name) const;
   [[nodiscard]] std::optional<Entry> findEntry(Section& section, std::string_view key) const;
   [[nodiscard]] std::optional<Entry> searchEntry(const Section& section, std::string_view key) const;
@@ -116,7 +122,7 @@ class IniFile {
   [[nodiscard]] size_t endBeforeComments(const Section& section) const;
   void change(const Entry& entry, std::string_view value);
   void add(Section& section, std::string_view key, std::string_view value);
-  void removeEntry(const Entry& entry);
+  void removeLine(uint32_t place);
   [[nodiscard]] Section& newSection(std::string_view name);
   void appendEntries(const Section& section, std::vector<IniEntry>& all) const;
   [[nodiscard]] std::vector<Operation> operations() const;

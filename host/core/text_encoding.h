@@ -36,6 +36,8 @@ struct HashWithoutCase {
   }
 };
 
+inline uint32_t keyHash(std::string_view text) { return static_cast<uint32_t>(HashWithoutCase{}(text)); }
+
 struct EqualWithoutCase {
   bool operator()(std::string_view a, std::string_view b) const { return equalWithoutCase(a, b); }
 };

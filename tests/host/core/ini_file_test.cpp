@@ -1,0 +1,265 @@
+#include "host/core/ini_file.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <map>
+#include <random>
+
+#include "frame/host/core_services.h"
+
+using namespace brevan;
+
+namespace {
+
+// Windows line ends with a stray one, comments, odd spacing, doubles, lines that are no entries, no last
+// line end.
+const std::string kNasty =
+    "\xA9 preface, key=before any section\r\n"
+    "; the house's bolts\r\n"
+    "[Setup]   ; with a remark\r\n"
+    "  SolidLT =  1  \r\n"
+    "HiddenLT\t=21\r\n"
+    "\r\n"
+    "[ Bolts ]\r\n"
+    "Current=0\n"
+    "Bolt1=M8, 13.000 ,5.300\r\n"
+    ";Bolt1=commented out\r\n"
+    "bolt2 = \"M 10\" \r\n"
+    "no entry at all\r\n"
+    "=no key\r\n"
+    "BOLT1=a double that nobody sees\r\n"
+    "Empty=\r\n"
+    "\r\n"
+    "\r\n"
+    "; nuts follow\r\n"
+    "[NUTS]\r\n"
+    "[bolts]\r\n"
+    "Bolt9=hidden by the first section of the name\r\n"
+    "[Last]\r\n"
+    "end = x";
+
+std::string edited(const std::function<void(IniFile&)>& edit) {
+  IniFile file = IniFile::parse(kNasty);
+  edit(file);
+  const std::string bytes = file.bytes();
+  EXPECT_EQ(IniFile::parse(bytes).entries(), file.entries());
+  return bytes;
+}
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+  const size_t at = text.find(from);
+  EXPECT_NE(at, std::string::npos) << from;
+  return text.replace(at, from.size(), to);
+}
+
+std::string valueIn(const std::string& bytes, const std::string& section, const std::string& key) {
+  return std::string(IniFile::parse(bytes).lookup(section, key).value_or("<missing>"));
+}
+
+}  // namespace
+
+TEST(IniFile, looksUpWithoutCaseAndTheFirstCounts) {
+  const IniFile file = IniFile::parse(kNasty);
+  const std::map<std::pair<std::string, std::string>, std::string> expected = {
+      {{"setup", "SOLIDLT"}, "1"},       {{"BOLTS", "bolt1"}, "M8, 13.000 ,5.300"}, {{"Bolts", "Bolt2"}, "\"M 10\""},
+      {{" Bolts ", " empty "}, ""},      {{"Bolts", "Bolt9"}, "<missing>"},         {{"Last", "End"}, "x"},
+      {{"NUTS", "Nut1"}, "<missing>"},   {{"", "\xA9 preface, key"}, "<missing>"},  {{"Bolts", ""}, "<missing>"},
+      {{"Bolts", ";Bolt1"}, "<missing>"}};
+  for (int round = 0; round < 4; ++round) {  // searched at first, indexed later
+    for (const auto& [name, value] : expected) {
+      EXPECT_EQ(file.lookup(name.first, name.second).value_or("<missing>"), value) << name.first << " " << name.second;
+    }
+  }
+}
+
+TEST(IniFile, editsTouchOnlyTheLinesThatHadToChange) {
+  EXPECT_EQ(edited([](IniFile&) {}), kNasty);
+  EXPECT_EQ(edited([](IniFile& f) { f.set("setup", "solidlt", "4"); }),
+            replaced(kNasty, "  SolidLT =  1  \r\n", "  SolidLT =  4  \r\n"));
+  EXPECT_EQ(edited([](IniFile& f) { f.set("Bolts", "Empty", "  now  "); }), replaced(kNasty, "Empty=", "Empty=now"));
+  EXPECT_EQ(edited([](IniFile& f) { f.set("Bolts", "Bolt2", ""); }), replaced(kNasty, "\"M 10\" \r\n", " \r\n"));
+  EXPECT_EQ(edited([](IniFile& f) { f.set("Last", "end", "y"); }), replaced(kNasty, "end = x", "end = y"));
+  EXPECT_EQ(edited([](IniFile& f) { f.set("Bolts", "Bolt3", "M12"); }),
+            replaced(kNasty, "Empty=\r\n", "Empty=\r\nBolt3=M12\r\n"));
+  EXPECT_EQ(edited([](IniFile& f) { f.set("nuts", "Nut1", "M8"); }),
+            replaced(kNasty, "[NUTS]\r\n", "[NUTS]\r\nNut1=M8\r\n"));
+  EXPECT_EQ(edited([](IniFile& f) { f.set("Last", "more", "1"); }), kNasty + "\r\nmore=1\r\n");
+  EXPECT_EQ(edited([](IniFile& f) { f.set("New", "a", "1"); }), kNasty + "\r\n\r\n[New]\r\na=1\r\n");
+  EXPECT_EQ(edited([](IniFile& f) { f.deleteKey("Bolts", "Bolt1"); }),
+            replaced(replaced(kNasty, "Bolt1=M8, 13.000 ,5.300\r\n", ""), "BOLT1=a double that nobody sees\r\n", ""));
+  EXPECT_EQ(edited([](IniFile& f) { f.eraseSection("NUTS"); }), replaced(kNasty, "[NUTS]\r\n", ""));
+  EXPECT_EQ(edited([](IniFile& f) {
+              f.deleteKey("Last", "end");
+              f.set("Last", "other", "2");
+            }),
+            replaced(kNasty, "end = x", "other=2\r\n"));
+}
+
+TEST(IniFile, erasedSectionLeavesNothingBehindButTheNextHeadingsRemarks) {
+  const std::string bytes = edited([](IniFile& f) {
+    f.set("Bolts", "Bolt1", "changed");
+    f.set("Bolts", "Bolt7", "added");
+    f.deleteKey("Bolts", "Current");
+    f.eraseSection("BOLTS");
+    EXPECT_EQ(f.lookup("Bolts", "Bolt1"), std::nullopt);
+    EXPECT_EQ(f.lookup("Bolts", "Bolt9"), std::nullopt);
+  });
+  const size_t first = kNasty.find("[ Bolts ]");
+  const size_t second = kNasty.find("[bolts]");
+  EXPECT_EQ(bytes,
+            kNasty.substr(0, first) + "; nuts follow\r\n[NUTS]\r\n" + kNasty.substr(kNasty.find("[Last]", second)));
+  EXPECT_EQ(valueIn(edited([](IniFile& f) {
+                      f.eraseSection("Bolts");
+                      f.set("Bolts", "Bolt1", "again");
+                    }),
+                    "bolts", "Bolt1"),
+            "again");
+}
+
+TEST(IniFile, changesThatAreTakenBackAreNone) {
+  IniFile file = IniFile::parse(kNasty);
+  file.set("Setup", "SolidLT", "9");
+  file.set("Setup", "SolidLT", "1");
+  file.set("Bolts", "Bolt44", "x");
+  file.deleteKey("bolts", "BOLT44");
+  file.deleteKey("bolts", "never there");
+  file.eraseSection("never there");
+  EXPECT_FALSE(file.changed());
+  EXPECT_EQ(file.bytes(), kNasty);
+}
+
+TEST(IniFile, keepsEveryKindOfLineEndAndTheByteOrderMark) {
+  for (const std::string lineEnd : {"\n", "\r", "\r\n"}) {
+    const std::string old = "[A]" + lineEnd + "x=1" + lineEnd + lineEnd + "[B]" + lineEnd;
+    IniFile file = IniFile::parse(old);
+    file.set("A", "y", "2");
+    EXPECT_EQ(file.bytes(), "[A]" + lineEnd + "x=1" + lineEnd + "y=2" + lineEnd + lineEnd + "[B]" + lineEnd);
+  }
+  IniFile marked = IniFile::parse("\xEF\xBB\xBF[Gr\xC3\xB6\xC3\x9F\x65]\nx=\xC3\xB6\n");
+  EXPECT_EQ(marked.lookup("GR\xD6\xDF\x45", "x"), "\xF6");
+  marked.set("Gr\xF6\xDF\x65", "x", "\x80");
+  EXPECT_EQ(marked.bytes(), "\xEF\xBB\xBF[Gr\xC3\xB6\xC3\x9F\x65]\nx=\xE2\x82\xAC\n");
+  IniFile empty;
+  empty.set("A", "x", "1");
+  EXPECT_EQ(empty.bytes(), "[A]\r\nx=1\r\n");
+}
+
+TEST(IniFile, refusesTextsThatWouldNotReadBack) {
+  IniFile file = IniFile::parse(kNasty);
+  const std::vector<std::array<std::string, 3>> bad = {
+      {"A", "k", "a\nb"},   {"A", "k", "a\rb"}, {"A", "k", std::string("a\0b", 3)},
+      {"A", "k=1", "x"},    {"A", "", "x"},     {"A", " ", "x"},
+      {"A", ";k", "x"},     {"A", "[k", "x]"},  {"A]", "k", "x"},
+      {"A\n[B]", "k", "x"}, {"A", "k\n", "x"},  {"A", "k", std::string(kMaxLineBytes, 'x')}};
+  for (const auto& [section, key, value] : bad) { EXPECT_THROW(file.set(section, key, value), HostFailure) << key; }
+  EXPECT_FALSE(file.changed());
+}
+
+TEST(IniFile, everyOtherTextReadsBack) {
+  const std::string texts[] = {"a,b;c", "\"", "\"q\"", "=", "[x]", ";", "%n%s", "\\n", std::string(65536, 'z'), "#"};
+  for (std::string text : texts) {
+    for (int code = 0x80; code < 0x100; ++code) { text += static_cast<char>(code); }
+    IniFile file = IniFile::parse(kNasty);
+    file.set("Bolts", "Bolt1", text);
+    file.set("Texts", "new", text);
+    EXPECT_EQ(valueIn(file.bytes(), "Bolts", "Bolt1"), text);
+    EXPECT_EQ(valueIn(file.bytes(), "Texts", "new"), text);
+  }
+}
+
+// A plain map of what the sections of one text hold stands beside the file through random edits.
+TEST(IniFile, agreesWithAMapThroughRandomEdits) {
+  std::mt19937 random(7);
+  const auto pick = [&](unsigned count) { return static_cast<unsigned>(random() % count); };
+  for (int round = 0; round < 60; ++round) {
+    IniFile file;
+    std::map<std::pair<unsigned, unsigned>, std::string> model;
+    for (int step = 0; step < 200; ++step) {
+      const unsigned section = pick(4);
+      const unsigned key = pick(6);
+      const std::string sectionName = (pick(2) != 0 ? "Part" : "PART") + std::to_string(section);
+      const std::string keyName = (pick(2) != 0 ? "Key" : "kEY") + std::to_string(key);
+      const unsigned action = pick(20);
+      if (action < 12) {
+        file.set(sectionName, keyName, model[{section, key}] = std::to_string(step));
+      } else if (action < 17) {
+        file.deleteKey(sectionName, keyName);
+        model.erase({section, key});
+      } else if (action == 17) {
+        file.eraseSection(sectionName);
+        std::erase_if(model, [&](const auto& row) { return row.first.first == section; });
+      } else {
+        const std::string bytes = file.bytes();
+        ASSERT_EQ(IniFile::parse(bytes).entries(), file.entries());
+        file = IniFile::parse(bytes);
+      }
+      ASSERT_EQ(file.entries().size(), model.size());
+      const auto found = model.find({section, key});
+      ASSERT_EQ(file.lookup(sectionName, keyName),
+                found == model.end() ? std::nullopt : std::optional<std::string_view>(found->second));
+    }
+  }
+}
+
+TEST(IniFile, survivesDamageAtEveryByte) {
+  const auto use = [](std::string bytes) {
+    try {
+      IniFile file = IniFile::parse(bytes);
+      EXPECT_EQ(file.bytes(), bytes);
+      file.set("Bolts", "Bolt1", "changed");
+      file.set("Bolts", "Bolt77", "added");
+      file.deleteKey("Setup", "HiddenLT");
+      file.eraseSection("NUTS");
+      EXPECT_EQ(IniFile::parse(file.bytes()).entries(), file.entries()) << bytes;
+    } catch (const HostFailure& failure) { EXPECT_NE(std::string_view(failure.what()).find("NUL"), std::string::npos); }
+  };
+  for (size_t at = 0; at < kNasty.size(); ++at) {
+    use(kNasty.substr(0, at));
+    use(std::string(kNasty).erase(at, 1));
+    use(std::string(kNasty).insert(at, 1, kNasty[at]));
+    for (const char byte : {'\0', '\r', '\n', '[', ']', '=', ';', ' '}) {
+      std::string damaged = kNasty;
+      damaged[at] = byte;
+      use(damaged);
+    }
+    for (int bit = 0; bit < 8; ++bit) {
+      std::string damaged = kNasty;
+      damaged[at] = static_cast<char>(damaged[at] ^ (1 << bit));
+      use(damaged);
+    }
+  }
+}
+
+// Equal keys, colliding work and shifting records must not make a long file slow: twice the records take
+// twice the time, with room for a busy machine.
+TEST(IniFile, longFilesTakeLinearTime) {
+  const auto seconds = [](int records, const std::function<std::string(int)>& keyOf) {
+    std::string text = "[BOLTS]\n";
+    for (int i = 0; i < records; ++i) { text += keyOf(i) + "=M10,17.000\n"; }
+    double best = 1e9;
+    for (int round = 0; round < 3; ++round) {
+      const auto start = std::chrono::steady_clock::now();
+      IniFile file = IniFile::parse(text);
+      for (int i = 0; i + 1 < records; ++i) {
+        file.set("BOLTS", keyOf(i), file.lookup("BOLTS", keyOf(i + 1)).value_or(""));
+      }
+      file.deleteKey("BOLTS", keyOf(records - 1));
+      EXPECT_LE(file.bytes().size(), text.size());
+      const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+      best = std::min(best, taken.count());
+    }
+    return best;
+  };
+  const std::function<std::string(int)> numbered = [](int i) { return "Bolt" + std::to_string(i); };
+  const std::function<std::string(int)> equal = [](int) { return std::string("Bolt"); };
+  const std::function<std::string(int)> sections = [](int i) { return "[S" + std::to_string(i) + "]\nx"; };
+  for (const auto& keyOf : {numbered, equal}) {
+    EXPECT_LT(seconds(80'000, keyOf), 4.0 * seconds(40'000, keyOf) + 0.02);
+  }
+  std::string headings;
+  for (int i = 0; i < 100'000; ++i) { headings += sections(i) + "=1\n"; }
+  EXPECT_EQ(valueIn(headings, "S99999", "x"), "1");
+}

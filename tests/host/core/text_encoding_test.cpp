@@ -1,0 +1,70 @@
+#include "host/core/text_encoding.h"
+
+#include <gtest/gtest.h>
+
+#include "frame/host/core_services.h"
+#include "host/core/text_lines.h"
+
+using namespace brevan;
+
+TEST(TextEncoding, everyByteGoesOutAndComesBack) {
+  std::string all;
+  for (int code = 0; code < 256; ++code) { all += static_cast<char>(code); }
+  EXPECT_EQ(toWindows1252(toUtf8(all)), all);
+}
+
+TEST(TextEncoding, knownCharacters) {
+  EXPECT_EQ(toUtf8("\x80 \xD8\x31\x30 \x99"), "€ Ø10 ™");
+  EXPECT_EQ(toWindows1252("Gr\xC3\xB6\xC3\x9F\x65 “A”"), "Gr\xF6\xDF\x65 \x93\x41\x94");
+  EXPECT_EQ(toUtf8("\x81"), "\xC2\x81");
+}
+
+TEST(TextEncoding, refusesWhatItCannotHold) {
+  const std::string kinds[] = {"中",       "\xC2\x80",         "\xFF", "\xC3",    "\xC0\x80", "\xED\xA0\x80",
+                               "\xE2\x82", "\xF4\x90\x80\x80", "\x80", "\xC3\x28"};
+  for (const std::string& text : kinds) { EXPECT_EQ(toWindows1252("a" + text), std::nullopt) << messageText(text); }
+  EXPECT_EQ(messageText("a中\xFF"), "a<U+4E2D><FF>");
+}
+
+TEST(TextEncoding, caseCountsForNothingWithAccents) {
+  EXPECT_TRUE(equalWithoutCase("\xC4pfel \x8A", "\xE4PFEL \x9A"));
+  EXPECT_FALSE(equalWithoutCase("\xD7", "\xF7"));  // the signs of multiplication and division
+  EXPECT_EQ(keyHash("\xC4"
+                    "B"),
+            keyHash("\xE4"
+                    "b"));
+}
+
+TEST(TextLines, allLineEndsGiveTheSameLines) {
+  for (const std::string lineEnd : {"\r\n", "\n", "\r"}) {
+    for (const std::string& last : {lineEnd, std::string()}) {
+      const PlainText text = decodeText("one" + lineEnd + lineEnd + "three is longer than sixteen bytes" + last, "t");
+      std::string seen;
+      for (size_t at = 0; at < text.text.size();) {
+        const LineSpan line = text.lineAt(at);
+        seen += text.text.substr(line.begin, line.textEnd - line.begin) + "|";
+        at = line.end;
+      }
+      EXPECT_EQ(seen, "one||three is longer than sixteen bytes|");
+      EXPECT_EQ(text.lineEnd(), lineEnd);
+    }
+  }
+}
+
+TEST(TextLines, refusalsNameFileAndLine) {
+  const auto reason = [](const std::string& bytes) -> std::string {
+    try {
+      decodeText(bytes, "f.ini");
+      return "";
+    } catch (const HostFailure& failure) { return failure.what(); }
+  };
+  EXPECT_TRUE(reason(std::string("a\r\nb\0c", 6)).starts_with("f.ini:2: ")) << reason(std::string("a\r\nb\0c", 6));
+  EXPECT_TRUE(reason("\xFF\xFE"
+                     "a")
+                  .find("UTF-16") != std::string::npos);
+  EXPECT_TRUE(reason("a\nb\n" + std::string(kMaxLineBytes + 1, 'x')).starts_with("f.ini:3: "));
+  EXPECT_EQ(reason("a\nb\n" + std::string(kMaxLineBytes, 'x') + "\r\n"), "");
+  EXPECT_TRUE(reason("\xEF\xBB\xBF"
+                     "a\n中\n")
+                  .starts_with("f.ini:2: "));
+}
