@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "host/core/text_encoding.h"
+
 namespace brevan {
 
 namespace {
@@ -32,11 +34,6 @@ std::string entry(const std::vector<std::string>& items, int index) {
 }
 
 }  // namespace
-
-bool sameIgnoringCase(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 std::string_view kindName(const State& state) {
   if (const auto* edit = std::get_if<NumberEdit>(&state)) {
@@ -137,7 +134,7 @@ std::string addressOf(Dialog& dialog, int control) {
   const Control& wanted = dialog.control(control);
   const std::string name = ownName(wanted);
   const auto alike = std::count_if(dialog.controls().begin(), dialog.controls().end(), [&](const Control& other) {
-    return takesFocus(other.state) == takesFocus(wanted.state) && sameIgnoringCase(ownName(other), name);
+    return takesFocus(other.state) == takesFocus(wanted.state) && equalWithoutCase(ownName(other), name);
   });
   const std::string group = groupPath(dialog, wanted.group);
   return alike > 1 && !group.empty() ? group + '/' + name : name;
@@ -150,8 +147,8 @@ int controlAt(Dialog& dialog, std::string_view address) {
     for (int index = 0; index < static_cast<int>(dialog.controls().size()); ++index) {
       const Control& control = dialog.control(index);
       if (takesFocus(control.state) != focusable || ownName(control).empty()) { continue; }
-      const bool byName = sameIgnoringCase(ownName(control), wanted);
-      const bool byGroup = sameIgnoringCase(groupPath(dialog, control.group) + '/' + ownName(control), wanted);
+      const bool byName = equalWithoutCase(ownName(control), wanted);
+      const bool byGroup = equalWithoutCase(groupPath(dialog, control.group) + '/' + ownName(control), wanted);
       if (!byName && !byGroup) { continue; }
       if (found >= 0) { return -2; }
       found = index;

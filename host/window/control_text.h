@@ -30,6 +30,4 @@ int controlAt(dialog::Dialog& dialog, std::string_view address);
 // Why a number field refuses its text; nothing where it takes it.
 std::optional<std::string> refusalOf(std::string_view name, const dialog::NumberEdit& edit);
 
-bool sameIgnoringCase(std::string_view a, std::string_view b);
-
 }  // namespace brevan

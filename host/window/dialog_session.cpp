@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/core/text_encoding.h"
 #include "host/window/control_text.h"
 
 namespace brevan {
@@ -22,7 +23,7 @@ int indexOf(const std::vector<std::string>& items, const std::string& item) {
   const auto exact = std::find(items.begin(), items.end(), item);
   const auto found =
       exact != items.end() ? exact : std::find_if(items.begin(), items.end(), [&](const std::string& candidate) {
-        return sameIgnoringCase(candidate, item);
+        return equalWithoutCase(candidate, item);
       });
   return found == items.end() ? -1 : static_cast<int>(found - items.begin());
 }
@@ -275,7 +276,7 @@ Refusal DialogSession::chooseMenu(const std::string& path) {
     const size_t end = std::min(path.find('/', start), path.size());
     const std::string name = path.substr(start, end - start);
     const auto found = std::find_if(level->begin(), level->end(), [&name](const MenuItem& item) {
-      return sameIgnoringCase(plainCaption(item.caption), name);
+      return equalWithoutCase(plainCaption(item.caption), name);
     });
     if (found == level->end()) { return "the dialog's menu has no entry " + quoted(path); }
     chosen = &*found;
@@ -296,7 +297,7 @@ namespace {
 
 int columnOf(const Grid& grid, const std::string& title) {
   for (size_t column = 0; column < grid.columns.size(); ++column) {
-    if (sameIgnoringCase(grid.columns[column].title, title)) { return static_cast<int>(column); }
+    if (equalWithoutCase(grid.columns[column].title, title)) { return static_cast<int>(column); }
   }
   return -1;
 }
@@ -364,7 +365,7 @@ Refusal DialogSession::clickCell(int control, int row, const std::string& column
 Refusal DialogSession::setColumnWidth(int control, const std::string& column, int pixels) {
   if (auto* list = std::get_if<ColumnList>(&dialog_.control(control).state)) {
     for (ListColumn& candidate : list->columns) {
-      if (!sameIgnoringCase(candidate.title, column)) { continue; }
+      if (!equalWithoutCase(candidate.title, column)) { continue; }
       candidate.width = pixels;
       edited(control);
       return std::nullopt;

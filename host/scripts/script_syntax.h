@@ -1,0 +1,42 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brevan {
+
+// A script that cannot go on: "FILE:LINE: what was asked, what the script gave". UTF-8.
+class ScriptFailure : public std::runtime_error {
+ public:
+  ScriptFailure(const std::string& file, int line, const std::string& what)
+      : std::runtime_error(file + ':' + std::to_string(line) + ": " + what) {}
+};
+
+struct ScriptWord {
+  std::string text;     // Windows-1252
+  bool quoted = false;  // a string; else a word or number
+};
+
+struct Statement {
+  int line = 0;
+  std::vector<ScriptWord> words;  // never empty; the first is the statement's name
+  std::string rest;               // what follows the first word as typed, without outer blanks
+
+  [[nodiscard]] const std::string& name() const { return words.front().text; }
+  // As it stands in the script, for messages; UTF-8.
+  [[nodiscard]] std::string shown() const;
+};
+
+struct Script {
+  std::string file;  // as named by the user
+  std::vector<Statement> statements;
+  int lastLine = 1;
+};
+
+// Reads a script's text: UTF-8, one statement a line, "#" starts a comment, strings in double quotes with
+// \" and \\. The text after `macro` is taken as typed. Throws ScriptFailure.
+Script readScript(std::string file, std::string_view utf8);
+
+}  // namespace brevan
