@@ -1,9 +1,7 @@
 #include "host/drawing/strokes.h"
 
-#include <cmath>
-
+#include "host/drawing/arrow_shape.h"
 #include "host/drawing/dimension_strokes.h"
-#include "host/drawing/pens.h"
 #include "host/drawing/text_layout.h"
 
 namespace brevan {
@@ -70,18 +68,13 @@ void StrokeWalk::text(StrokeStyle style, const Text& text) {
   }
 }
 
-// The shaft ends where the head begins, so that a wide line does not blunt the tip.
 void StrokeWalk::arrow(const StrokeStyle& style, const Arrow& arrow) {
-  const double reach = distance(arrow.p1, arrow.p2);
-  if (reach == 0.0) { return; }
-  const Point along = (arrow.p2 - arrow.p1) * (1.0 / reach);
-  const Point base = arrow.p2 - along * (arrow.length / 10.0);
-  const Point aside = Point{-along.y, along.x} * (arrow.width / 20.0);
-  if (reach > arrow.length / 10.0) { sink_.line(style, arrow.p1, base); }
+  const ArrowShape shape = arrowShape(arrow, 1.0);
+  if (!shape.drawn) { return; }
+  if (shape.hasShaft) { sink_.line(style, shape.shaft.a, shape.shaft.b); }
   StrokeStyle head = style;
-  if (arrow.style[2] != kPenByLayer && arrow.style[2] != 0) { head.pen = arrow.style[2]; }
-  const std::array<Point, 3> corners = {arrow.p2, base + aside, base - aside};
-  sink_.polygon(head, corners);
+  if (shape.headPen != kPenByLayer) { head.pen = shape.headPen; }
+  sink_.polygon(head, shape.head);
 }
 
 void StrokeWalk::dimension(const StrokeStyle& style, const Dimension& dimension) {
