@@ -23,7 +23,7 @@ from typing import NamedTuple
 ROOT = Path(__file__).resolve().parents[1]
 
 # What g++ knows and clang does not.
-GCC_ONLY = re.compile(r"-f(no-)?(sanitize|stack-clash)\S*|-Wno-maybe-uninitialized|-fconcepts\S*")
+GCC_ONLY = re.compile(r"-f(no-)?(sanitize|stack-clash)\S*|-Wno-maybe-uninitialized|-fconcepts\S*|-fno-gnu-unique")
 
 
 class Unit(NamedTuple):
