@@ -73,6 +73,10 @@ class StrokeWalk {
   SymbolExpansion symbols_;
 };
 
+// The width a stroke is drawn with on paper, millimetres.
+inline constexpr double kHairline = 0.13;
+inline double strokeWidth(const StrokeStyle& style) { return style.width > 0.0 ? style.width : kHairline; }
+
 // The sheet of a drawing: its own, else the smallest that holds it.
 Sheet sheetOf(const Drawing& drawing);
 
