@@ -63,12 +63,16 @@ void FastenerOptions::addViews(dialog::Dialog& dialog, int row) {
 
 void FastenerOptions::addStyles(dialog::Dialog& dialog, int row) {
   const int group = dialog.addGroup({.place = {.row = row}});
-  headStyle_ = addRadio(dialog, {.caption = std::string(texts_.headStyleCaption), .group = group, .name = "Head style"},
-                        styleItems(texts_.word, texts_.headPart));
-  shaftStyle_ = addRadio(
-      dialog,
-      {.caption = std::string(texts_.shaftStyleCaption), .group = group, .place = {.column = 1}, .name = "Shaft style"},
-      styleItems(texts_.word, texts_.shaftPart));
+  const auto setting = [&](std::string_view caption, const char* name, int column) {
+    return dialog::Setting{.caption = std::string(caption),
+                           .group = group,
+                           .place = {.column = column},
+                           .name = caption.empty() ? name : ""};
+  };
+  headStyle_ =
+      addRadio(dialog, setting(texts_.headStyleCaption, "Head style", 0), styleItems(texts_.word, texts_.headPart));
+  shaftStyle_ =
+      addRadio(dialog, setting(texts_.shaftStyleCaption, "Shaft style", 1), styleItems(texts_.word, texts_.shaftPart));
 }
 
 void FastenerOptions::addRepeat(dialog::Dialog& dialog, int row) {

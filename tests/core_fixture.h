@@ -16,6 +16,8 @@ class CoreFixture : public ::testing::Test {
   ~CoreFixture() override { std::filesystem::remove_all(folder_); }
 
  protected:
+  brevan::FileServices& files() { return files_; }
+  INI_LIST& settings() { return settings_; }
   [[nodiscard]] std::string folder() const { return folder_.string(); }
   std::string write(const std::string& name, const std::string& content) const {
     const std::string path = (folder_ / name).string();
