@@ -54,9 +54,25 @@ void DrawingWindow::resetForCommand() {
   scans_.clear();
 }
 
-PrimitiveId DrawingWindow::addDrawn(Primitive primitive) {
-  const Layer* layer = drawing_.layer(primitive.layer);
+namespace {
+
+void refuseLocked(const Drawing& drawing, int index) {
+  const Layer* layer = drawing.layer(index);
   if (layer != nullptr && layer->locked) { throw RefusedChange("The layer \"" + layer->name + "\" is locked."); }
+}
+
+}  // namespace
+
+PrimitiveId DrawingWindow::addPlain(Geometry geometry) {
+  refuseLocked(drawing_, drawing_.currentLayer());
+  const PrimitiveId id = drawing_.add(
+      Primitive{drawing_.currentLayer(), style_.pen, style_.linetype, style_.width, 0, std::move(geometry)});
+  if (services_.events != nullptr) { services_.events->primitiveAdded(drawing_, id); }
+  return id;
+}
+
+PrimitiveId DrawingWindow::addDrawn(Primitive primitive) {
+  refuseLocked(drawing_, primitive.layer);
   primitive.group = openGroup_.forNewPrimitive(drawing_);
   const PrimitiveId id = drawing_.add(std::move(primitive));
   if (selectsNew_) { drawing_.select(id); }

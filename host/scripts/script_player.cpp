@@ -1,0 +1,273 @@
+#include "host/scripts/script_player.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+#include "frame/host/core_services.h"
+#include "host/core/safe_file.h"
+#include "host/core/text_encoding.h"
+#include "host/macros/lexer.h"
+#include "host/scripts/plain_primitives.h"
+
+namespace brevan {
+
+namespace fs = std::filesystem;
+
+struct ScriptPlayer::StatementRow {
+  std::string_view name;
+  size_t least;  // words, the name included
+  size_t most;
+  void (ScriptPlayer::*play)(const Statement&);
+};
+
+const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
+  static const std::vector<StatementRow> kRows = {
+      {"setting", 4, 4, &ScriptPlayer::setSetting},
+      {"parameter", 3, 3, &ScriptPlayer::setParameter},
+      {"textstyle", 6, 6, &ScriptPlayer::setTextStyle},
+      {"dimstyle", 2, 2, &ScriptPlayer::setDimensionStyle},
+      {"new", 1, 2, &ScriptPlayer::openNew},
+      {"open", 2, 2, &ScriptPlayer::openFile},
+      {"window", 2, 2, &ScriptPlayer::goToWindow},
+      {"sheet", 3, 5, &ScriptPlayer::setSheet},
+      {"layer", 2, 2, &ScriptPlayer::setLayer},
+      {"style", 4, 4, &ScriptPlayer::setStyle},
+      {"draw", 2, 12, &ScriptPlayer::draw},
+      {"macro", 1, 2, &ScriptPlayer::runMacro},
+      {"read", 2, 2, &ScriptPlayer::readVariable},
+      {"run", 2, 2, &ScriptPlayer::runCommand},
+      {"browse", 2, 2, &ScriptPlayer::browse},
+      {"undo", 1, 1, &ScriptPlayer::undo},
+      {"redo", 1, 1, &ScriptPlayer::redo},
+      {"save", 2, 2, &ScriptPlayer::save},
+      {"export", 2, 4, &ScriptPlayer::exportDrawing},
+  };
+  return kRows;
+}
+
+namespace {
+
+constexpr std::array<std::string_view, 9> kAnswers = {"point", "space", "escape", "text",  "accept",
+                                                      "menu",  "reply", "file",   "cancel"};
+
+bool isAnswer(std::string_view name) {
+  return name == "pen" || name == "dialog" || std::find(kAnswers.begin(), kAnswers.end(), name) != kAnswers.end();
+}
+
+std::string ending(const std::string& path) {
+  std::string extension = fs::path(path).extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(), lowered);
+  return extension.empty() ? "" : extension.substr(1);
+}
+
+}  // namespace
+
+ScriptPlayer::ScriptPlayer(const Script& script, const PlayerParts& parts)
+    : cursor_(script),
+      user_(cursor_, parts.transcript),
+      parts_(parts),
+      host_(HostParts{user_, parts.files, parts.settings, parts.transcript, parts.helpFile}) {
+  user_.report = parts_.report;
+  user_.checkStop = parts_.checkStop;
+  host_.loadModule(parts_.modulePath);
+}
+
+void ScriptPlayer::play() {
+  while (cursor_.peek() != nullptr) {
+    if (parts_.checkStop) { parts_.checkStop(); }
+    const Statement& statement = cursor_.take();
+    try {
+      playOne(statement);
+    } catch (const HostFailure& failure) {
+      cursor_.fail(statement, messageText(toUtf8(failure.what())));
+    } catch (const MacroError& error) {
+      cursor_.fail(statement, "column " + std::to_string(error.column()) + ": " + toUtf8(error.what()));
+    } catch (const RefusedChange& refused) {
+      cursor_.fail(statement, toUtf8(refused.what()));
+    } catch (const std::bad_alloc&) { cursor_.fail(statement, "there is not enough memory"); }
+  }
+}
+
+void ScriptPlayer::playOne(const Statement& statement) {
+  if (statement.name() == "expect") {
+    user_.expectNow(statement, nullptr, nullptr);
+    return;
+  }
+  user_.noteProgress();
+  for (const StatementRow& row : rows()) {
+    if (row.name != statement.name()) { continue; }
+    cursor_.expectWords(statement, row.least, row.most);
+    (this->*row.play)(statement);
+    return;
+  }
+  if (isAnswer(statement.name())) {
+    cursor_.fail(statement, "no command waits for an answer, the script gave: " + statement.shown());
+  }
+  cursor_.fail(statement, "there is no statement \"" + toUtf8(statement.name()) + '"');
+}
+
+// ---- Settings and windows ----------------------------------------------------------------------------------
+
+void ScriptPlayer::setSetting(const Statement& statement) {
+  parts_.settings.SetString(cursor_.string(statement, 1), cursor_.string(statement, 2), cursor_.string(statement, 3));
+}
+
+void ScriptPlayer::setParameter(const Statement& statement) {
+  const std::string& name = cursor_.string(statement, 1);
+  const double value = cursor_.number(statement, 2);
+  Parameters parameters = host_.window().drawing().parameters();
+  const auto oneOf = [&](std::initializer_list<double> allowed) {
+    if (std::find(allowed.begin(), allowed.end(), value) == allowed.end()) {
+      cursor_.fail(statement, name + " does not take " + numberText::shortest(value));
+    }
+    return static_cast<int>(value);
+  };
+  const auto positive = [&] {
+    if (value <= 0.0) { cursor_.fail(statement, name + " takes a number above 0"); }
+    return value;
+  };
+  if (name == "scale") {
+    parameters.setScale(positive());
+  } else if (name == "unit") {
+    parameters.setUnit(positive());
+  } else if (name == "coordinateSystem") {
+    parameters.setCoordinateSystem(oneOf({0, 1}));
+  } else if (name == "orientation") {
+    parameters.setOrientation(oneOf({0, 1}));
+  } else if (name == "areaUnit") {
+    parameters.setAreaUnit(cursor_.integer(statement, 2));
+  } else {
+    cursor_.fail(statement, "there is no parameter \"" + toUtf8(name) + '"');
+  }
+  host_.window().drawing().setParameters(parameters);
+}
+
+void ScriptPlayer::setTextStyle(const Statement& statement) {
+  TextDefaults& defaults = host_.window().textDefaults();
+  const Text checked = textOfStyle(cursor_, statement);
+  defaults.font = checked.font;
+  defaults.height = checked.height;
+  defaults.width = checked.widthFactor;
+  defaults.justification = checked.justification;
+  defaults.pen = checked.pen;
+}
+
+void ScriptPlayer::setDimensionStyle(const Statement& statement) {
+  host_.window().gsSetDimDefStyle(cursor_.integer(statement, 1));
+}
+
+void ScriptPlayer::openNew(const Statement& statement) {
+  std::string name = "Drawing" + std::to_string(host_.windowNames().size() + 1);
+  if (statement.words.size() > 1) { name = cursor_.string(statement, 1); }
+  const std::vector<std::string> taken = host_.windowNames();
+  if (std::find(taken.begin(), taken.end(), name) != taken.end()) {
+    cursor_.fail(statement, "there is a window \"" + toUtf8(name) + "\" already");
+  }
+  host_.openWindow(name);
+}
+
+void ScriptPlayer::openFile(const Statement& statement) {
+  cursor_.fail(statement, "this version opens no drawing files yet");
+}
+
+void ScriptPlayer::goToWindow(const Statement& statement) {
+  if (host_.goToWindow(cursor_.string(statement, 1)) == nullptr) {
+    cursor_.fail(statement, "there is no window \"" + toUtf8(statement.words[1].text) + '"');
+  }
+}
+
+void ScriptPlayer::setSheet(const Statement& statement) {
+  const std::string& lie = cursor_.string(statement, 2);
+  if (lie != "portrait" && lie != "landscape") {
+    cursor_.fail(statement, "sheet expects portrait or landscape, got \"" + toUtf8(lie) + '"');
+  }
+  auto sheet = isoSheet(cursor_.string(statement, 1), lie == "portrait");
+  if (!sheet) { cursor_.fail(statement, "sheet expects A0 to A4, got \"" + toUtf8(statement.words[1].text) + '"'); }
+  if (statement.words.size() == 4) { cursor_.fail(statement, "sheet expects both coordinates of its corner"); }
+  if (statement.words.size() == 5) { sheet->corner = cursor_.point(statement, 3); }
+  host_.window().drawing().setSheet(std::move(sheet));
+}
+
+// ---- Drawing -----------------------------------------------------------------------------------------------
+
+void ScriptPlayer::setLayer(const Statement& statement) {
+  Drawing& drawing = host_.window().drawing();
+  drawing.beginStep("Layer");
+  Layer layer;
+  layer.name = cursor_.string(statement, 1);
+  drawing.setCurrentLayer(drawing.addLayer(std::move(layer)));
+  drawing.endStep();
+}
+
+void ScriptPlayer::setStyle(const Statement& statement) {
+  const DrawingStyle style = styleOf(cursor_, statement);
+  host_.window().style() = style;
+}
+
+void ScriptPlayer::draw(const Statement& statement) {
+  DrawingWindow& window = host_.window();
+  Geometry geometry = plainGeometry(cursor_, statement, window);
+  window.addPlain(std::move(geometry));
+}
+
+void ScriptPlayer::runMacro(const Statement& statement) { host_.runMacro(statement.rest); }
+
+void ScriptPlayer::readVariable(const Statement& statement) {
+  const std::string& name = cursor_.string(statement, 1);
+  const auto number = host_.variables().number(name);
+  if (parts_.transcript != nullptr) {
+    parts_.transcript->variableRead(name, number ? &*number : nullptr, host_.variables().text(name));
+  }
+}
+
+void ScriptPlayer::runCommand(const Statement& statement) { host_.runCommand(cursor_.string(statement, 1)); }
+
+void ScriptPlayer::browse(const Statement& statement) {
+  cursor_.fail(statement, "this version has no symbol browser yet");
+}
+
+void ScriptPlayer::undo(const Statement& statement) {
+  if (!host_.window().drawing().undo()) { cursor_.fail(statement, "there is nothing to undo"); }
+}
+
+void ScriptPlayer::redo(const Statement& statement) {
+  if (!host_.window().drawing().redo()) { cursor_.fail(statement, "there is nothing to redo"); }
+}
+
+// ---- Writing -----------------------------------------------------------------------------------------------
+
+void ScriptPlayer::save(const Statement& statement) {
+  cursor_.fail(statement, "this version writes no drawing files yet; export writes DXF, SVG, PDF, PNG and JSON");
+}
+
+void ScriptPlayer::write(const Statement& statement, const std::string& path, const std::string& bytes) {
+  const std::string target = parts_.files.resolveForWriting(path);
+  std::error_code ignored;
+  if (fs::equivalent(target, cursor_.script().file, ignored)) {
+    cursor_.fail(statement, "a script does not write over itself");
+  }
+  fs::create_directories(fs::path(target).parent_path(), ignored);
+  saveWhole(target, bytes);
+}
+
+void ScriptPlayer::exportDrawing(const Statement& statement) {
+  const std::string path = toUtf8(cursor_.string(statement, 1));
+  const auto exporter = parts_.exporters.find(ending(path));
+  if (exporter == parts_.exporters.end()) {
+    cursor_.fail(statement, "export writes files ending in .dxf, .svg, .pdf, .png or .json, got \"" + path + '"');
+  }
+  int dpi = 150;
+  if (statement.words.size() > 2) {
+    constexpr int kLeast = 10;
+    constexpr int kMost = 2400;
+    cursor_.expectWords(statement, 4, 4);
+    dpi = cursor_.integer(statement, 3);
+    if (cursor_.string(statement, 2) != "dpi" || dpi < kLeast || dpi > kMost) {
+      cursor_.fail(statement, "export expects dpi and a number from 10 to 2400 after the file");
+    }
+  }
+  write(statement, path, exporter->second(host_.window().drawing(), dpi));
+}
+
+}  // namespace brevan
