@@ -55,7 +55,7 @@ class SessionLog : public brevan::EventSink {
 };
 
 // A host with the real module, worked by one script: `run`, `macro`, `new` and `window` statements, `line X1 Y1 X2 Y2`
-// for a line of the drawing, and the answers to the commands.
+// for a line of the drawing, `test NAME` for a step of the test's own, and the answers to the commands.
 class CommandSession : public CoreFixture {
  protected:
   SessionLog log;
@@ -70,6 +70,9 @@ class CommandSession : public CoreFixture {
     host_->loadModule(std::filesystem::read_symlink("/proc/self/exe").parent_path() / "libardenix.so");
     while (cursor_->peek() != nullptr) { step(cursor_->take()); }
   }
+
+  // What the statement `test NAME` does.
+  virtual void testStep(const std::string& name) { FAIL() << "no step " << name; }
 
   brevan::Host& host() { return *host_; }
   brevan::Drawing& drawing() { return host_->window().drawing(); }
@@ -103,6 +106,8 @@ class CommandSession : public CoreFixture {
   void step(const brevan::Statement& statement) {
     if (statement.name() == "run") {
       host_->runCommand(statement.words.at(1).text);
+    } else if (statement.name() == "test") {
+      testStep(statement.words.at(1).text);
     } else if (statement.name() == "macro") {
       host_->runMacro(statement.rest);
     } else if (statement.name() == "line") {
