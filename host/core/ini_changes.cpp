@@ -143,6 +143,8 @@ void IniFile::eraseSection(std::string_view section) {
     candidate.index.reset();
     if (candidate.newName) { continue; }
     removed_.insert_or_assign(candidate.begin, endBeforeComments(candidate));
+    // The end counts too: an empty value at the end of the file lies there.
+    std::erase_if(changes_, [&](const auto& row) { return row.first > candidate.begin && row.first <= candidate.end; });
   }
 }
 

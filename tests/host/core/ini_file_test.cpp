@@ -119,6 +119,13 @@ TEST(IniFile, erasedSectionLeavesNothingBehindButTheNextHeadingsRemarks) {
             "again");
 }
 
+TEST(IniFile, valueChangedAtTheVeryEndGoesWithItsErasedSection) {
+  IniFile file = IniFile::parse("[A]\nx=1\n[B]\ny=");
+  file.set("B", "y", "2");
+  file.eraseSection("B");
+  EXPECT_EQ(file.bytes(), "[A]\nx=1\n");
+}
+
 TEST(IniFile, changesThatAreTakenBackAreNone) {
   IniFile file = IniFile::parse(kNasty);
   file.set("Setup", "SolidLT", "9");
