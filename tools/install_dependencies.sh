@@ -7,11 +7,11 @@ run_packages=(
   g++ cmake ninja-build git
   qt6-base-dev qt6-svg-dev libqt6svg6
   libboost-dev libsqlite3-dev libcli11-dev
-  libgtest-dev libgmock-dev libbenchmark-dev # the build files configure tests and benchmarks in every build
+  libgtest-dev libgmock-dev libbenchmark-dev python3 # the build files configure tests and benchmarks in every build
   fonts-liberation
 )
 test_packages=(
-  poppler-utils python3 python3-ezdxf librecad binutils
+  poppler-utils python3-ezdxf librecad binutils
   clang clang-format clang-tidy libclang-rt-14-dev
 )
 

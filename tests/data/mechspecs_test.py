@@ -3,6 +3,7 @@
 import configparser
 import re
 import subprocess
+import sys
 import unittest
 from pathlib import Path
 
@@ -110,4 +111,4 @@ class MechspecsTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(argv=sys.argv[:1])  # ctest hands over the batch tool
