@@ -89,6 +89,7 @@ void Host::runCommand(std::string_view name) {
     throw;
   }
   endCommand(windowsBefore, window, true);
+  parts_.settings.Save();  // what the command set outlasts the session
 }
 
 void Host::runMacro(std::string_view text) {

@@ -1,0 +1,73 @@
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <iostream>
+
+#include "batch/descriptions.h"
+#include "batch/exit_codes.h"
+#include "batch/places.h"
+#include "batch/script_runs.h"
+#include "batch/signals.h"
+#include "frame/host/core_services.h"
+#include "host/scripts/script_syntax.h"
+#include "render/render_session.h"
+
+namespace {
+
+struct CommandLine {
+  CLI::App app{"Plays drawing scripts without a window; lists and describes the commands."};
+  CLI::App* run = nullptr;
+  CLI::App* commands = nullptr;
+  CLI::App* describe = nullptr;
+  brevan::RunOptions runOptions;
+  std::string dataFolder;
+  std::string command;
+
+  CommandLine() {
+    app.set_version_flag("--version", "brevan-batch " BREVAN_VERSION);
+    app.add_option("--data", dataFolder, "The folder of libraries, symbols and templates");
+    app.require_subcommand(1);
+    run = app.add_subcommand("run", "Plays scripts, one after another");
+    run->add_option("SCRIPT", runOptions.scripts, "Script files")->required();
+    run->add_option("-o", runOptions.outputFolder, "Where everything is written below (default: the current folder)")
+        ->option_text("DIR");
+    run->add_option("--transcript", runOptions.transcript, "Writes down what happens, JSON lines")->option_text("FILE");
+    run->add_option("--settings", runOptions.settings, "Host settings to start from")->option_text("FILE");
+    commands = app.add_subcommand("commands", "Lists every command of the module");
+    describe = app.add_subcommand("describe", "Describes the dialogs of a command");
+    describe->add_option("COMMAND", command, "The command's name")->required();
+  }
+};
+
+void execute(const CommandLine& line) {
+  const brevan::Places places = brevan::findPlaces(line.dataFolder);
+  if (line.run->parsed()) { brevan::runScripts(line.runOptions, places); }
+  if (line.commands->parsed()) { std::cout << brevan::commandList(places); }
+  if (line.describe->parsed()) { std::cout << brevan::commandDescription(line.command, places); }
+}
+
+int report(const std::string& what, int code) {
+  std::cerr << what << '\n';
+  return code;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace brevan;
+  CommandLine line;
+  try {
+    line.app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) { return line.app.exit(error) == 0 ? kDone : kWrongUsage; }
+  catchSignals();
+  const RenderSession session;
+  try {
+    execute(line);
+    return kDone;
+  } catch (const Interrupted& interrupted) {
+    return report("stopped by a signal", kSignalBase + interrupted.signal);
+  } catch (const InputUnread& failure) {
+    return report(failure.what(), kInputUnread);
+  } catch (const OutputUnwritten& failure) {
+    return report(failure.what(), kOutputUnwritten);
+  } catch (const std::exception& failure) { return report(failure.what(), kFailed); }
+}

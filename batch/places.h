@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace brevan {
+
+// Where the program finds what belongs to it. Paths are UTF-8.
+struct Places {
+  std::string dataFolder;  // BREVAN_DATA, beside the program (../share/brevan), or the source tree's
+  std::string module;      // ARDENIX_MODULE, beside the program, or ../lib/brevan
+  std::string helpFile;    // of the host, beside its data
+};
+
+// `dataOption` goes before every other place where it is not empty. Throws InputUnread where the data
+// folder or the module is nowhere.
+Places findPlaces(const std::string& dataOption);
+
+}  // namespace brevan
