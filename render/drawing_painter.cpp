@@ -1,0 +1,155 @@
+#include "render/drawing_painter.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPen>
+
+#include "host/core/text_encoding.h"
+#include "host/drawing/line_types.h"
+#include "host/drawing/strokes.h"
+
+namespace brevan {
+
+namespace {
+
+// Fonts are set at this size and scaled, so that advances are those of the font's own design.
+constexpr int kDesignSize = 2048;
+
+QFont designFont(FontFace face) {
+  QFont font(fontFamily(face));
+  font.setPixelSize(kDesignSize);
+  font.setKerning(false);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  font.setStyleStrategy(static_cast<QFont::StyleStrategy>(QFont::NoFontMerging | QFont::PreferOutline));
+  return font;
+}
+
+QPointF pointOf(Point p) { return {p.x, p.y}; }
+
+// Paints strokes in millimetres, y upwards; the painter's transform leads on to the device.
+class PainterSink : public StrokeSink {
+ public:
+  PainterSink(QPainter& painter, const PaintOptions& options, double devicePerMillimetre)
+      : painter_(painter), options_(options), devicePerMillimetre_(devicePerMillimetre) {}
+
+  void line(const StrokeStyle& style, Point a, Point b) override {
+    ++strokes_;
+    usePen(style);
+    if (a == b) {
+      painter_.drawPoint(pointOf(a));
+    } else {
+      painter_.drawLine(pointOf(a), pointOf(b));
+    }
+  }
+
+  void arc(const StrokeStyle& style, const ArcShape& arc) override {
+    ++strokes_;
+    usePen(style);
+    const double radius = arcRadius(arc);
+    const QRectF square(arc.centre.x - radius, arc.centre.y - radius, 2.0 * radius, 2.0 * radius);
+    QPainterPath path;
+    // A path counts angles as if y pointed downwards.
+    path.arcMoveTo(square, -degrees(arcStartAngle(arc)));
+    path.arcTo(square, -degrees(arcStartAngle(arc)), -degrees(arcSweep(arc)));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawPath(path);
+  }
+
+  void text(const StrokeStyle& style, const TextStroke& text) override {
+    ++strokes_;
+    painter_.save();
+    painter_.translate(pointOf(text.baseline));
+    painter_.rotate(text.angle);
+    const double size = text.height / kDesignSize;
+    painter_.scale(size * text.widthFactor, -size);
+    QFont font = fonts_[static_cast<size_t>(faceOf(text.font))];
+    font.setUnderline(text.underlined);
+    painter_.setFont(font);
+    painter_.setPen(QColor(QRgb(penColour(style.pen, options_.ground))));
+    painter_.drawText(QPointF(0.0, 0.0), QString::fromStdString(toUtf8(text.text)));
+    painter_.restore();
+    penStyle_.reset();
+  }
+
+  void polygon(const StrokeStyle& style, std::span<const Point> corners) override {
+    ++strokes_;
+    QPolygonF polygon;
+    for (const Point corner : corners) { polygon.append(pointOf(corner)); }
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(QColor(QRgb(penColour(style.pen, options_.ground))));
+    painter_.drawPolygon(polygon);
+    penStyle_.reset();
+  }
+
+  [[nodiscard]] size_t strokes() const { return strokes_; }
+
+ private:
+  void usePen(const StrokeStyle& style) {
+    const bool same = penStyle_ && penStyle_->pen == style.pen && penStyle_->linetype == style.linetype &&
+                      penStyle_->width == style.width;
+    if (same) { return; }
+    penStyle_ = style;
+    const double width = options_.lineWidths ? strokeWidth(style) : 1.0 / devicePerMillimetre_;
+    QPen pen(QColor(QRgb(penColour(style.pen, options_.ground))), width);
+    pen.setJoinStyle(Qt::RoundJoin);
+    const std::span<const double> pattern = lineType(style.linetype).pattern;
+    pen.setCapStyle(pattern.empty() ? Qt::RoundCap : Qt::FlatCap);
+    if (!pattern.empty()) {
+      QList<qreal> inWidths;
+      for (const double length : pattern) { inWidths.append(length / width); }
+      pen.setDashPattern(inWidths);
+    }
+    painter_.setPen(pen);
+  }
+
+  QPainter& painter_;
+  const PaintOptions& options_;
+  double devicePerMillimetre_;
+  std::array<QFont, 3> fonts_ = {designFont(FontFace::kSans), designFont(FontFace::kSerif),
+                                 designFont(FontFace::kMono)};
+  std::optional<StrokeStyle> penStyle_;
+  size_t strokes_ = 0;
+};
+
+// Drawing order where only a part is wanted, too.
+template <class Function>
+void forEachShown(const Drawing& drawing, const PaintOptions& options, const Function& function) {
+  const auto show = [&](const Primitive& primitive) {
+    const Layer* layer = drawing.layer(primitive.layer);
+    if (layer != nullptr && layer->visible) { function(primitive); }
+  };
+  if (!options.visible) {
+    drawing.forEach([&](PrimitiveId, const Primitive& primitive) { show(primitive); });
+    return;
+  }
+  for (const PrimitiveId id : drawing.inBox(*options.visible)) { show(*drawing.find(id)); }
+}
+
+}  // namespace
+
+QString fontFamily(FontFace face) {
+  constexpr std::array<const char*, 3> kFamilies = {"Liberation Sans", "Liberation Serif", "Liberation Mono"};
+  return QString::fromLatin1(kFamilies[static_cast<size_t>(face)]);
+}
+
+// Strokes are made in millimetres about the device's origin, where coordinates stay small however far from
+// theirs the drawing lies.
+size_t paint(QPainter& painter, const Drawing& drawing, const Transform& toDevice, const PaintOptions& options) {
+  const double deviceUnit = length(toDevice.direction({1.0, 0.0}));
+  const double millimetre = deviceUnit * drawing.parameters().paperMillimetre();
+  const Transform toPaper = Transform::scaling({}, 1.0 / millimetre, -1.0 / millimetre) * toDevice;
+  painter.save();
+  painter.scale(millimetre, -millimetre);
+  PainterSink sink(painter, options, millimetre);
+  StrokeWalk walk(drawing, toPaper, sink);
+  forEachShown(drawing, options, [&walk](const Primitive& primitive) { walk.primitive(primitive); });
+  painter.restore();
+  return sink.strokes();
+}
+
+Transform sheetToDevice(const Sheet& sheet, const Parameters& parameters, double scale) {
+  return Transform{scale, 0.0, 0.0, 0.0, -scale, sheet.height * scale} * toSheet(sheet, parameters);
+}
+
+}  // namespace brevan

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <QTransform>
+#include <optional>
+
+#include "host/drawing/drawing.h"
+#include "host/drawing/font_metrics.h"
+#include "host/drawing/pens.h"
+
+class QPainter;
+
+namespace brevan {
+
+struct PaintOptions {
+  Ground ground = Ground::kPaper;
+  bool lineWidths = true;  // else every line is a pixel wide
+  // Drawing units; only what meets it is painted. Nothing: everything.
+  std::optional<Box> visible;
+};
+
+// The family that stands for a face.
+QString fontFamily(FontFace face);
+
+// Paints the visible layers, in drawing order. `toDevice` leads from drawing units to the painter's own
+// coordinates, y downwards, turned and scaled alike in both directions, without mirroring the paper.
+// Returns how many strokes were painted. Throws HostFailure for a symbol that cannot be expanded; call
+// RenderSession::require() before the first painting.
+size_t paint(QPainter& painter, const Drawing& drawing, const Transform& toDevice, const PaintOptions& options);
+
+// The transform that shows a sheet in a device whose millimetre is `scale` units long, its upper left
+// corner at the origin.
+Transform sheetToDevice(const Sheet& sheet, const Parameters& parameters, double scale);
+
+}  // namespace brevan
