@@ -1,6 +1,5 @@
 #include "frame/group_numbering.h"
 
-#include "frame/host/number_text.h"
 #include "frame/macro_texts.h"
 #include "frame/names.h"
 
@@ -31,19 +30,9 @@ class GroupScan {
 
 }  // namespace
 
+// Digits that end a prefix belong to the number of another series: W21 is W's twenty-first, not W2's first.
 GroupCounter::GroupCounter(std::string_view parent, std::string_view prefix)
-    : parent_(cleaned(parent)), prefix_(cleaned(prefix)) {}
-
-void GroupCounter::see(std::string_view parent, std::string_view name) {
-  if (parent != parent_ || !name.starts_with(prefix_)) { return; }
-  const std::string_view number = name.substr(prefix_.size());
-  if (number.empty() || number.find_first_not_of("0123456789") != std::string_view::npos) { return; }
-  // Digits that end the prefix belong to the number of another series: W21 is W's twenty-first.
-  if (prefix_.back() >= '0' && prefix_.back() <= '9') { return; }
-  constexpr long long kBeyondAnyName = 1'000'000'000'000'000;
-  const long long value = numberText::parseInteger(number).value_or(kBeyondAnyName);
-  if (value < kBeyondAnyName && value > largest_) { largest_ = value; }
-}
+    : parent_(cleaned(parent)), prefix_(cleaned(prefix)), countable_(digit(prefix_.back()) > 9) {}
 
 std::string GroupCounter::nextName() const {
   return (prefix_ + std::to_string(largest_ + 1)).substr(0, kGroupNameLimit);

@@ -16,16 +16,33 @@ class GroupCounter {
   // Both names are cleaned as group names are.
   GroupCounter(std::string_view parent, std::string_view prefix);
 
-  // Takes note of a group of the drawing. Called for every group, so it allocates nothing.
-  void see(std::string_view parent, std::string_view name);
+  // Takes note of a group of the drawing. It is called for every group of every part drawn, so it is inline
+  // and looks at no more than it must.
+  void see(std::string_view parent, std::string_view name) {
+    const size_t digits = name.size() - prefix_.size();
+    // Without digits, or with a name shorter than the prefix, the difference wraps to far too many.
+    if (digits - 1 >= kMostDigits || parent != parent_ || !name.starts_with(prefix_)) { return; }
+    long long number = 0;
+    for (const char c : name.substr(prefix_.size())) {
+      if (digit(c) > 9) { return; }
+      number = number * 10 + digit(c);
+    }
+    if (countable_ && number > largest_) { largest_ = number; }
+  }
 
   [[nodiscard]] const std::string& parent() const { return parent_; }
   // Prefix and the largest number seen + 1, cut to kGroupNameLimit.
   [[nodiscard]] std::string nextName() const;
 
  private:
+  // Numbers beyond this fit no name.
+  static constexpr size_t kMostDigits = kGroupNameLimit;
+  // Above 9 for what is no digit.
+  static unsigned char digit(char c) { return static_cast<unsigned char>(c - '0'); }
+
   std::string parent_;
   std::string prefix_;
+  bool countable_;
   long long largest_ = 0;
 };
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "frame/entry/module_state.h"
+#include "tests/core_fixture.h"
 
 namespace ardenix {
 namespace {
@@ -73,6 +74,20 @@ TEST_F(ToolsetLifetime, UnloadingGoesInOrderWhateverWasMadeFirst) {
     events.clear();
   }
   EXPECT_EQ(events, (std::vector<std::string>{"-arch", "-trace", "-sheet", "-job"}));
+}
+
+class ModuleStateTest : public CoreFixture {};
+
+TEST_F(ModuleStateTest, ToolTipsAreOnUnlessTheHostsSettingSaysZero) {
+  ModuleState state;
+  state.initialise(nullptr, nullptr);
+  EXPECT_TRUE(state.services.toolTips);
+  settings().SetString("Global", "ToolTips", "0");
+  state.initialise(nullptr, nullptr);
+  dialog::Dialog box("Box");
+  box.enableToolTips(true);
+  equip(box, state.services, helpTopic("Hex Bolts"));
+  EXPECT_FALSE(box.toolTipsShown());
 }
 
 }  // namespace

@@ -2,13 +2,14 @@
 
 #include <elf.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <vector>
 
 #include "frame/elf_section.h"
 #include "frame/version_resource.h"
-#include "tests/core_fixture.h"
 
 namespace ardenix {
 namespace {
@@ -101,22 +102,38 @@ std::string smallElf() {
   return file + names + text;
 }
 
-class ElfSectionTest : public CoreFixture {};
+// A file in memory, read through its path.
+class MemoryFile {
+ public:
+  MemoryFile() : descriptor_(memfd_create("elf", 0)) {}
+  MemoryFile(const MemoryFile&) = delete;
+  MemoryFile& operator=(const MemoryFile&) = delete;
+  ~MemoryFile() { close(descriptor_); }
+  std::string section(const std::string& content, std::string_view name) const {
+    EXPECT_EQ(ftruncate(descriptor_, 0), 0);
+    EXPECT_EQ(pwrite(descriptor_, content.data(), content.size(), 0), static_cast<ssize_t>(content.size()));
+    return elfSection("/proc/self/fd/" + std::to_string(descriptor_), name);
+  }
 
-TEST_F(ElfSectionTest, SurvivesEveryDamagedByteAndEveryCut) {
+ private:
+  int descriptor_;
+};
+
+TEST(ElfSection, SurvivesEveryDamagedByteAndEveryCut) {
   const std::string whole = smallElf();
-  ASSERT_EQ(elfSection(write("whole", whole), ".note"), "the content");
-  EXPECT_EQ(elfSection(write("whole", whole), ".other"), "");
+  const MemoryFile file;
+  ASSERT_EQ(file.section(whole, ".note"), "the content");
+  EXPECT_EQ(file.section(whole, ".other"), "");
   for (size_t at = 0; at < whole.size(); ++at) {
-    EXPECT_EQ(elfSection(write("cut", whole.substr(0, at)), ".note"), "");
+    EXPECT_EQ(file.section(whole.substr(0, at), ".note"), "");
     for (const char damage : {'\xFF', '\x80', '\0'}) {
-      std::string file = whole;
-      file[at] = damage;
-      EXPECT_LE(elfSection(write("damaged", file), ".note").size(), whole.size());
+      std::string damaged = whole;
+      damaged[at] = damage;
+      EXPECT_LE(file.section(damaged, ".note").size(), whole.size());
     }
   }
-  EXPECT_EQ(elfSection(folder() + "/missing", ".note"), "");
-  EXPECT_EQ(elfSection(folder(), ".note"), "");
+  EXPECT_EQ(elfSection("/nowhere/at/all", ".note"), "");
+  EXPECT_EQ(elfSection("/", ".note"), "");
 }
 
 }  // namespace

@@ -67,8 +67,13 @@ class CommandSession : public CoreFixture {
     user_.emplace(*cursor_, &log);
     host_.reset();
     host_ = std::make_unique<brevan::Host>(brevan::HostParts{*user_, files(), settings(), &log, ""});
-    host_->loadModule(std::filesystem::read_symlink("/proc/self/exe").parent_path() / "libardenix.so");
+    host_->loadModule(modulePath());
     while (cursor_->peek() != nullptr) { step(cursor_->take()); }
+  }
+
+  void closeHost() { host_.reset(); }
+  static std::string modulePath() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path() / "libardenix.so";
   }
 
   // What the statement `test NAME` does.
