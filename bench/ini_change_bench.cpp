@@ -24,7 +24,8 @@ std::string library() {
   std::string text = "; bolts of the house\r\n[Setup]\r\nSolidLT=1\r\n\r\n[BOLTS]\r\nCurrent=0\r\n";
   for (int i = 1; i <= kRecords; ++i) {
     const std::string number = std::to_string(i);
-    text += "Bolt" + number + "=M" + number + ",17.000,6.400,10.000,60.000,26.000,8.160\r\n";
+    text.append("Bolt").append(number).append("=M").append(number);
+    text.append(",17.000,6.400,10.000,60.000,26.000,8.160\r\n");
   }
   return text;
 }

@@ -40,14 +40,15 @@ std::string normalised(const std::string& path) { return std::filesystem::absolu
 
 }  // namespace
 
-FileServices::FileServices(std::string baseFolder, std::string dataFolder, std::optional<Confinement> confinement)
+FileServices::FileServices(const std::string& baseFolder, const std::string& dataFolder,
+                           std::optional<Confinement> confinement)
     : baseFolder_(physicalPath(baseFolder)), dataFolder_(withSeparator(physicalPath(dataFolder))) {
   if (!confinement) { return; }
   outputFolder_ = physicalPath(confinement->outputFolder);
   report_ = std::move(confinement->report);
 }
 
-void FileServices::setBaseFolder(std::string folder) { baseFolder_ = physicalPath(folder); }
+void FileServices::setBaseFolder(const std::string& folder) { baseFolder_ = physicalPath(folder); }
 
 std::string FileServices::checked(std::string_view path) const {
   if (path.find('\0') != std::string_view::npos) { refuse(path, "it holds a NUL byte"); }
@@ -92,7 +93,7 @@ std::string FileServices::resolveForWriting(std::string_view path) {
 std::string FileServices::confinedForWriting(const std::string& path) {
   MatchedPath found = locate(path);
   if (!found.exists && !isRooted(path)) { found = matchPath(outputFolder_, path); }
-  const std::string physical = physicalPath(found.path);
+  std::string physical = physicalPath(found.path);
   const auto copy = copies_.find(physical);
   if (copy != copies_.end()) { return copy->second; }
   if (liesBelow(physical, outputFolder_)) {
@@ -109,7 +110,7 @@ bool FileServices::leavesByLink(const std::string& path, const std::string& phys
 
 std::string FileServices::copyIn(const std::string& shown, const std::string& physical, bool exists) {
   std::filesystem::create_directories(outputFolder_);
-  const std::string copy = freeName(std::filesystem::path(shown).filename().string());
+  std::string copy = freeName(std::filesystem::path(shown).filename().string());
   if (exists) { saveWhole(copy, readWhole(physical, kMaxCopyBytes)); }
   copies_.emplace(physical, copy);
   if (report_) { report_(shown + (exists ? " is copied to " : " is written to ") + copy + " and used from there"); }
@@ -146,7 +147,7 @@ std::string resolveInside(const std::string& folder, std::string_view path) {
   if (isRooted(forward)) { refuse(path, "it must not have a root"); }
   if (std::find(parts.begin(), parts.end(), "..") != parts.end()) { refuse(path, "\"..\" is not taken"); }
   refuseDevices(forward);
-  const std::string physical = physicalPath(matchPath(folder, forward).path);
+  std::string physical = physicalPath(matchPath(folder, forward).path);
   if (!liesBelow(physical, physicalPath(folder))) { refuse(path, "it leads out of its folder"); }
   return physical;
 }

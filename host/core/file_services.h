@@ -26,9 +26,10 @@ class FileServices {
     std::function<void(const std::string& message)> report;
   };
 
-  FileServices(std::string baseFolder, std::string dataFolder, std::optional<Confinement> confinement = std::nullopt);
+  FileServices(const std::string& baseFolder, const std::string& dataFolder,
+               std::optional<Confinement> confinement = std::nullopt);
 
-  void setBaseFolder(std::string folder);
+  void setBaseFolder(const std::string& folder);
   [[nodiscard]] const std::string& baseFolder() const { return baseFolder_; }
   // Ends in a separator.
   [[nodiscard]] const std::string& dataFolder() const { return dataFolder_; }

@@ -75,13 +75,12 @@ MatchedPath matchPath(const std::string& folder, std::string_view relative) {
   std::string path = folder.ends_with('/') ? folder.substr(0, folder.size() - 1) : folder;
   bool found = true;
   for (const std::string& part : pathParts(relative)) {
-    if (found && part != ".." && !somethingAt(path + "/" + part)) {
-      const std::string name = nameInFolder(path + "/", part);
-      found = !name.empty();
-      path += "/" + (found ? name : part);
-    } else {
-      path += "/" + part;
-    }
+    const size_t folderLength = path.size();
+    path.append("/").append(part);
+    if (!found || part == ".." || somethingAt(path)) { continue; }
+    const std::string name = nameInFolder(path.substr(0, folderLength + 1), part);
+    found = !name.empty();
+    if (found) { path.replace(folderLength + 1, std::string::npos, name); }
   }
   if (path.empty()) { path = "/"; }
   std::error_code error;

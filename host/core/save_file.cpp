@@ -1,5 +1,4 @@
 #include <fcntl.h>
-#include <limits.h>
 #include <sys/file.h>
 #include <unistd.h>
 

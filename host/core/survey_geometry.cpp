@@ -86,8 +86,9 @@ double coreDmsRad(double degreesMinutesSeconds) {
   const double size = std::abs(degreesMinutesSeconds);
   if (!(size < kLargest)) { return degreesMinutesSeconds * kRadiansPerDegree; }
   const long long digits = std::llround(size * static_cast<double>(kDegree));
-  const double degrees = static_cast<double>(digits / kDegree) +
-                         static_cast<double>(digits % kDegree / kMinute) / 60.0 +
+  const long long wholeDegrees = digits / kDegree;
+  const long long wholeMinutes = digits % kDegree / kMinute;
+  const double degrees = static_cast<double>(wholeDegrees) + static_cast<double>(wholeMinutes) / 60.0 +
                          static_cast<double>(digits % kMinute) / static_cast<double>(kSecond) / 3600.0;
   return std::copysign(degrees, degreesMinutesSeconds) * kRadiansPerDegree;
 }

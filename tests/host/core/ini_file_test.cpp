@@ -9,6 +9,7 @@
 #include <random>
 
 #include "frame/host/core_services.h"
+#include "tests/host/core/line_ends.h"
 
 using namespace brevan;
 
@@ -44,7 +45,7 @@ const std::string kNasty =
 std::string edited(const std::function<void(IniFile&)>& edit) {
   IniFile file = IniFile::parse(kNasty);
   edit(file);
-  const std::string bytes = file.bytes();
+  std::string bytes = file.bytes();
   EXPECT_EQ(IniFile::parse(bytes).entries(), file.entries());
   return bytes;
 }
@@ -140,10 +141,9 @@ TEST(IniFile, changesThatAreTakenBackAreNone) {
 
 TEST(IniFile, keepsEveryKindOfLineEndAndTheByteOrderMark) {
   for (const std::string lineEnd : {"\n", "\r", "\r\n"}) {
-    const std::string old = "[A]" + lineEnd + "x=1" + lineEnd + lineEnd + "[B]" + lineEnd;
-    IniFile file = IniFile::parse(old);
+    IniFile file = IniFile::parse(withLineEnds("[A]\nx=1\n\n[B]\n", lineEnd));
     file.set("A", "y", "2");
-    EXPECT_EQ(file.bytes(), "[A]" + lineEnd + "x=1" + lineEnd + "y=2" + lineEnd + lineEnd + "[B]" + lineEnd);
+    EXPECT_EQ(file.bytes(), withLineEnds("[A]\nx=1\ny=2\n\n[B]\n", lineEnd));
   }
   IniFile marked = IniFile::parse("\xEF\xBB\xBF[Gr\xC3\xB6\xC3\x9F\x65]\nx=\xC3\xB6\n");
   EXPECT_EQ(marked.lookup("GR\xD6\xDF\x45", "x"), "\xF6");
@@ -212,7 +212,7 @@ TEST(IniFile, agreesWithAMapThroughRandomEdits) {
 }
 
 TEST(IniFile, survivesDamageAtEveryByte) {
-  const auto use = [](std::string bytes) {
+  const auto use = [](const std::string& bytes) {
     try {
       IniFile file = IniFile::parse(bytes);
       EXPECT_EQ(file.bytes(), bytes);

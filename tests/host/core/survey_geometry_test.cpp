@@ -110,7 +110,8 @@ TEST(SurveyGeometry, degreesMinutesSeconds) {
 TEST(SurveyGeometry, everyAngleOfWholeSecondsComesBack) {
   for (int second = -400 * 3600; second <= 400 * 3600; second += 7) {
     const int size = std::abs(second);
-    const double written = std::copysign((size / 3600 * 10'000 + size % 3600 / 60 * 100 + size % 60) / 1e4, second);
+    const int digits = size / 3600 * 10'000 + size % 3600 / 60 * 100 + size % 60;
+    const double written = std::copysign(digits / 1e4, second);
     ASSERT_DOUBLE_EQ(coreRadDms(coreDmsRad(written)), written);
   }
 }

@@ -4,6 +4,7 @@
 
 #include "frame/host/core_services.h"
 #include "host/core/text_lines.h"
+#include "tests/host/core/line_ends.h"
 
 using namespace brevan;
 
@@ -37,12 +38,13 @@ TEST(TextEncoding, caseCountsForNothingWithAccents) {
 
 TEST(TextLines, allLineEndsGiveTheSameLines) {
   for (const std::string lineEnd : {"\r\n", "\n", "\r"}) {
-    for (const std::string& last : {lineEnd, std::string()}) {
-      const PlainText text = decodeText("one" + lineEnd + lineEnd + "three is longer than sixteen bytes" + last, "t");
+    for (const char* const lines :
+         {"one\n\nthree is longer than sixteen bytes\n", "one\n\nthree is longer than sixteen bytes"}) {
+      const PlainText text = decodeText(withLineEnds(lines, lineEnd), "t");
       std::string seen;
       for (size_t at = 0; at < text.text.size();) {
         const LineSpan line = text.lineAt(at);
-        seen += text.text.substr(line.begin, line.textEnd - line.begin) + "|";
+        seen.append(text.text, line.begin, line.textEnd - line.begin).append("|");
         at = line.end;
       }
       EXPECT_EQ(seen, "one||three is longer than sixteen bytes|");
