@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <csignal>
 #include <iostream>
 
 #include "batch/descriptions.h"
@@ -9,7 +8,6 @@
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
 #include "host/scripts/script_syntax.h"
-#include "render/render_session.h"
 
 namespace {
 
@@ -59,7 +57,6 @@ int main(int argc, char** argv) {
     line.app.parse(argc, argv);
   } catch (const CLI::ParseError& error) { return line.app.exit(error) == 0 ? kDone : kWrongUsage; }
   catchSignals();
-  const RenderSession session;
   try {
     execute(line);
     return kDone;
