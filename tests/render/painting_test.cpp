@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <cmath>
+
+#include "frame/host/core_services.h"
+#include "host/drawing/line_types.h"
+#include "host/drawing/strokes.h"
+#include "host/drawing/text_layout.h"
+#include "render/drawing_painter.h"
+#include "render/render_session.h"
+#include "tests/render/picture.h"
+
+namespace brevan {
+namespace {
+
+Primitive primitiveOf(Geometry geometry) {
+  Primitive primitive;
+  primitive.geometry = std::move(geometry);
+  primitive.width = 5.0;
+  return primitive;
+}
+
+// A sheet whose corner is the origin as seen, so that paper and drawing are easily compared.
+void lieOnA4(Drawing& drawing, bool turned) {
+  Parameters parameters;
+  if (turned) {
+    parameters.setCoordinateSystem(0);
+    parameters.setOrientation(1);
+  }
+  drawing.setParameters(parameters);
+  drawing.setSheet(isoSheet("A4", false));
+}
+
+TEST(Painting, TextInkFillsItsBoxAtEveryJustificationAngleAndOrientation) {
+  for (const bool turned : {false, true}) {
+    for (int justification = 1; justification <= 19; justification += justification == 9 ? 2 : 1) {
+      Drawing drawing;
+      lieOnA4(drawing, turned);
+      Text text;
+      text.at = turned ? Point{-150.0, -100.0} : Point{150.0, 100.0};
+      text.text = "MllllllM\\NMyyyM";
+      text.height = 100.0;
+      text.font = justification % 3 == 0 ? "Courier New" : justification % 3 == 1 ? "Arial" : "Times New Roman";
+      text.angle = justification % 2 == 0 ? 900.0 : 0.0;
+      text.justification = justification;
+      drawing.add(primitiveOf(text));
+      const Box cell = textBounds(text, drawing.parameters());
+      const Transform show = toSheet(*drawing.sheet(), drawing.parameters());
+      Box box;
+      box.add(show(cell.low));
+      box.add(show(cell.high));
+      const Box ink = Picture(drawing, 100).inkBox();
+      EXPECT_TRUE(box.grownBy(0.3).holds(ink)) << justification << ' ' << turned;
+      EXPECT_GT(ink.width(), 0.85 * box.width() - 1.0) << justification;
+      EXPECT_GT(ink.height(), 0.80 * box.height() - 1.0) << justification;
+    }
+  }
+}
+
+TEST(Painting, WidthFactorStretchesTheText) {
+  const auto inkWidth = [](double factor) {
+    Drawing drawing;
+    lieOnA4(drawing, false);
+    Text text = {{20.0, 100.0}, "HHHHHHHH", "Arial", 60.0, 0.0, 1, 0, 1, factor};
+    drawing.add(primitiveOf(text));
+    return Picture(drawing, 127).inkBox().width();
+  };
+  EXPECT_NEAR(inkWidth(2.0), 2.0 * inkWidth(1.0), 1.0);
+}
+
+TEST(Painting, ArcsCoverTheirSideOnly) {
+  for (const bool clockwise : {false, true}) {
+    Drawing drawing;
+    lieOnA4(drawing, false);
+    drawing.add(primitiveOf(Arc{{140.0, 100.0}, {100.0, 100.0}, {100.0, 140.0}, clockwise}));
+    const Picture picture(drawing);
+    for (int tenth = 1; tenth < 40; ++tenth) {
+      const double angle = tenth * kPi / 20.0;
+      if (tenth % 10 == 0) { continue; }
+      const bool inFirstQuadrant = angle < kPi / 2.0;
+      EXPECT_EQ(picture.inked(Point{100.0, 100.0} + polar(40.0, angle)), inFirstQuadrant != clockwise) << tenth;
+    }
+  }
+}
+
+TEST(Painting, FullCirclesClose) {
+  Drawing drawing;
+  lieOnA4(drawing, false);
+  drawing.add(primitiveOf(Arc{{140.0, 100.0}, {100.0, 100.0}, {140.0, 100.0}, true}));
+  const Picture picture(drawing);
+  for (int step = 0; step < 72; ++step) {
+    EXPECT_TRUE(picture.inked(Point{100.0, 100.0} + polar(40.0, step * kPi / 36.0))) << step;
+  }
+}
+
+// Lengths of ink and blank in turn along a level line from 20 to 180 mm.
+std::vector<double> runsAlong(const Picture& picture, double y) {
+  constexpr double kStep = 0.05;
+  std::vector<double> runs = {0.0};
+  bool ink = true;
+  for (int step = 0; step < 3200; ++step) {
+    const bool here = picture.inked({20.0 + (step + 0.5) * kStep, y});
+    if (here != ink) { runs.push_back(0.0); }
+    ink = here;
+    runs.back() += kStep;
+  }
+  return runs;
+}
+
+TEST(Painting, DashesMeasureMillimetresOnPaperWhateverTheWidth) {
+  for (const int linetype : {2, 4, 21}) {
+    for (const double width : {2.5, 10.0}) {
+      Drawing drawing;
+      lieOnA4(drawing, false);
+      Primitive line = primitiveOf(Line{{20.0, 100.0}, {180.0, 100.0}});
+      line.linetype = linetype;
+      line.width = width;
+      drawing.add(line);
+      const std::vector<double> runs = runsAlong(Picture(drawing), 100.0);
+      const std::span<const double> pattern = lineType(linetype).pattern;
+      for (size_t run = 0; run < 8; ++run) {
+        EXPECT_NEAR(runs.at(run), pattern[run % pattern.size()], 0.16) << linetype << ' ' << width << ' ' << run;
+      }
+    }
+  }
+}
+
+TEST(Painting, VisibleBoxPaintsTheSamePartFaster) {
+  RenderSession::require();
+  Drawing drawing;
+  lieOnA4(drawing, false);
+  for (int row = 0; row < 40; ++row) {
+    for (int column = 0; column < 40; ++column) {
+      const Point at = {column * 7.0, row * 5.0};
+      drawing.add(primitiveOf(Line{at, at + Point{5.0, 3.0}}));
+    }
+  }
+  const Transform toDevice = sheetToDevice(*drawing.sheet(), drawing.parameters(), 4.0);
+  const auto painted = [&](const PaintOptions& options, size_t& strokes) {
+    QImage image(1188, 840, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    strokes = paint(painter, drawing, toDevice, options);
+    return image;
+  };
+  size_t all = 0;
+  size_t some = 0;
+  PaintOptions part;
+  part.visible = Box{{100.0, 50.0}, {150.0, 80.0}};
+  const QImage whole = painted(PaintOptions(), all);
+  const QImage window = painted(part, some);
+  const QRect inside(QPoint(404, 840 - 316), QPoint(596, 840 - 204));
+  EXPECT_EQ(whole.copy(inside), window.copy(inside));
+  EXPECT_EQ(all, 1600U);
+  EXPECT_LT(some, 100U);
+}
+
+TEST(Painting, HiddenLayersStayHidden) {
+  Drawing drawing;
+  lieOnA4(drawing, false);
+  const int hidden = drawing.addLayer({"Hidden", false, false, 1});
+  Primitive line = primitiveOf(Line{{20.0, 100.0}, {180.0, 100.0}});
+  line.layer = hidden;
+  drawing.add(line);
+  EXPECT_TRUE(Picture(drawing, 72).inkBox().empty());
+}
+
+TEST(Painting, NothingToSeeOfSomethingIsAnError) {
+  Drawing drawing;
+  lieOnA4(drawing, false);
+  drawing.add(primitiveOf(Arrow{{20.0, 100.0}, {20.0, 100.0}}));
+  EXPECT_THROW(pngBytes(drawing), HostFailure);
+}
+
+TEST(Painting, DotsAnInchAreChecked) {
+  Drawing drawing;
+  lieOnA4(drawing, false);
+  EXPECT_THROW(pngBytes(drawing, 0), HostFailure);
+  EXPECT_THROW(pngBytes(drawing, 4800), HostFailure) << "more pixels than memory should hold";
+}
+
+}  // namespace
+}  // namespace brevan
