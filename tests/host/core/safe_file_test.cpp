@@ -76,6 +76,30 @@ class FailingCalls : public FileSystemCalls {
   mutable int count_ = 0;
 };
 
+// Takes every file for a device. No test saves onto a real one: should the refusal ever break, a test that
+// runs as root would put a file in the device's place.
+class DeviceCalls : public FileSystemCalls {
+ public:
+  int statAt(int folder, const char* name, struct stat& status, int flags) const override {
+    const int result = FileSystemCalls::statAt(folder, name, status, flags);
+    status.st_mode = (status.st_mode & ~static_cast<mode_t>(S_IFMT)) | S_IFCHR;
+    return result;
+  }
+};
+
+class InterruptedWrites : public FileSystemCalls {
+ public:
+  ssize_t write(int descriptor, const char* bytes, size_t count) const override {
+    interrupted_ = !interrupted_;
+    if (!interrupted_) { return FileSystemCalls::write(descriptor, bytes, std::min<size_t>(count, 5)); }
+    errno = EINTR;
+    return -1;
+  }
+
+ private:
+  mutable bool interrupted_ = false;
+};
+
 const std::string kOld = "[A]\r\nx=old\r\n";
 const std::string kNew(100'000, 'n');
 
@@ -152,7 +176,7 @@ TEST(SafeFile, fullDiskIsReportedWithItsReason) {
   EXPECT_GE(reported, 5);
 }
 
-TEST(SafeFile, shortWritesAreContinued) {
+TEST(SafeFile, shortAndInterruptedWritesAreContinued) {
   const TemporaryFolder folder;
   const FailingCalls shortWrites(0, FailingCalls::kShort);
   SaveOptions options;
@@ -160,6 +184,10 @@ TEST(SafeFile, shortWritesAreContinued) {
   const std::string text = "abcdefghijklmnopqrstuvwxyz";
   saveWhole(folder.path("a.ini"), text, options);
   EXPECT_EQ(folder.read("a.ini"), text);
+  const InterruptedWrites interrupted;
+  options.calls = &interrupted;
+  saveWhole(folder.path("b.ini"), text, options);
+  EXPECT_EQ(folder.read("b.ini"), text);
 }
 
 TEST(SafeFile, killedAtEveryCallTheFileIsWholeAndTheNextSaveCleansUp) {
@@ -226,11 +254,17 @@ TEST(SafeFile, refusesWhatIsNoRegularFileAtOnce) {
   const TemporaryFolder folder;
   std::filesystem::create_directory(folder.path("sub"));
   ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
-  const std::string paths[] = {folder.path("sub"), folder.path("sub/"), folder.path("pipe"), "/dev/zero", "/dev/null"};
-  for (const std::string& path : paths) {
+  for (const std::string& path : {folder.path("sub"), folder.path("sub/"), folder.path("pipe")}) {
     EXPECT_NE(failureOf([&] { saveWhole(path, kNew); }), "") << path;
     EXPECT_NE(failureOf([&] { readWhole(path, 100); }), "") << path;
   }
+  EXPECT_NE(failureOf([&] { readWhole("/dev/zero", 100); }), "");
+  const std::string device = folder.write("device", kOld);
+  const DeviceCalls calls;
+  SaveOptions options;
+  options.calls = &calls;
+  EXPECT_NE(failureOf([&] { saveWhole(device, kNew, options); }).find("device"), std::string::npos);
+  EXPECT_EQ(folder.read("device"), kOld);
   EXPECT_NE(failureOf([&] { saveWhole(folder.path("missing/a.ini"), kNew); }), "");
   EXPECT_NE(failureOf([&] { readWhole(folder.path("missing"), 100); }), "");
   EXPECT_NE(failureOf([&] { readWhole(folder.write("long", kNew), kNew.size() - 1); }), "");
