@@ -46,7 +46,7 @@ std::string startNumberedGroup(CCadWindow& view, std::string_view parent, std::s
     view.gsGetObject(groupParent, groupName);
     counter.see(groupParent, groupName);
   }
-  const std::string name = counter.nextName();
+  std::string name = counter.nextName();
   view.gsClearWorkSpace();
   view.gsExecuteMacro(macroText::parent(counter.parent()));
   view.gsExecuteMacro(macroText::beginGroup(name));

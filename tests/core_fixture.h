@@ -20,7 +20,7 @@ class CoreFixture : public ::testing::Test {
   INI_LIST& settings() { return settings_; }
   [[nodiscard]] std::string folder() const { return folder_.string(); }
   std::string write(const std::string& name, const std::string& content) const {
-    const std::string path = (folder_ / name).string();
+    std::string path = (folder_ / name).string();
     std::ofstream(path, std::ios::binary) << content;
     return path;
   }

@@ -35,31 +35,31 @@ auto maker(const std::string& name) {
 class ToolsetLifetime : public ::testing::Test {
  protected:
   ToolsetLifetime() { events.clear(); }
-  std::unique_ptr<StandIn> slot;
+  std::unique_ptr<StandIn> slot_;
 };
 
 TEST_F(ToolsetLifetime, OfAViewLastsUntilACommandRunsInAnother) {
-  StandIn& first = toolsetOfView(slot, kFirst, maker("a"));
-  EXPECT_EQ(&toolsetOfView(slot, kFirst, maker("b")), &first);
-  toolsetOfView(slot, kSecond, maker("c"));
+  StandIn& first = toolsetOfView(slot_, kFirst, maker("a"));
+  EXPECT_EQ(&toolsetOfView(slot_, kFirst, maker("b")), &first);
+  toolsetOfView(slot_, kSecond, maker("c"));
   EXPECT_EQ(events, (std::vector<std::string>{"+a", "-a", "+c"})) << "the old one goes before the new one loads";
-  EXPECT_TRUE(slot->worksIn(kSecond));
-  EXPECT_THROW(toolsetOfView(slot, kFirst, [](CCadWindow*) -> std::unique_ptr<StandIn> { throw std::bad_alloc(); }),
+  EXPECT_TRUE(slot_->worksIn(kSecond));
+  EXPECT_THROW(toolsetOfView(slot_, kFirst, [](CCadWindow*) -> std::unique_ptr<StandIn> { throw std::bad_alloc(); }),
                std::bad_alloc);
-  EXPECT_EQ(slot, nullptr) << "a toolset that failed is tried again by the next command";
+  EXPECT_EQ(slot_, nullptr) << "a toolset that failed is tried again by the next command";
 }
 
 TEST_F(ToolsetLifetime, OfACommandEndsWithItHoweverItEnds) {
   const auto fail = [](StandIn&) { throw std::runtime_error("cancelled"); };
-  EXPECT_THROW(withToolsetOfCommand(slot, kFirst, maker("a"), fail), std::runtime_error);
-  EXPECT_EQ(slot, nullptr);
-  withToolsetOfCommand(slot, kFirst, maker("b"), [this](StandIn& tools) { EXPECT_EQ(&tools, slot.get()); });
+  EXPECT_THROW(withToolsetOfCommand(slot_, kFirst, maker("a"), fail), std::runtime_error);
+  EXPECT_EQ(slot_, nullptr);
+  withToolsetOfCommand(slot_, kFirst, maker("b"), [this](StandIn& tools) { EXPECT_EQ(&tools, slot_.get()); });
   EXPECT_EQ(events, (std::vector<std::string>{"+a", "-a", "+b", "-b"}));
 }
 
 TEST_F(ToolsetLifetime, UntilUnloadIsOnlyPointedAtTheView) {
-  StandIn& tools = toolsetUntilUnload(slot, kFirst, maker("a"));
-  EXPECT_EQ(&toolsetUntilUnload(slot, kSecond, maker("b")), &tools);
+  StandIn& tools = toolsetUntilUnload(slot_, kFirst, maker("a"));
+  EXPECT_EQ(&toolsetUntilUnload(slot_, kSecond, maker("b")), &tools);
   EXPECT_TRUE(tools.worksIn(kSecond));
   EXPECT_EQ(events, std::vector<std::string>{"+a"});
 }

@@ -28,7 +28,7 @@ class BoltCommand : public CommandSession {
   }
   [[nodiscard]] Texts macros(const std::string& word) const {
     Texts found;
-    for (const std::string& macro : log.of("macro")) {
+    for (const std::string& macro : log_.of("macro")) {
       if (macro.starts_with(word)) { found.push_back(macro); }
     }
     return found;
@@ -41,7 +41,7 @@ class BoltCommand : public CommandSession {
     return centres;
   }
   void expectFreeCursor() {
-    const Texts tail(log.lines.end() - 4, log.lines.end());
+    const Texts tail(log_.lines.end() - 4, log_.lines.end());
     EXPECT_EQ(tail, (Texts{"macro #PARENT \"A\"", "macro #STARTPAT \"P1\"", "macro #LOCKANG \"U\"",
                            "call gsSetCursorHold 0"}));
   }
@@ -131,7 +131,7 @@ TEST_F(BoltCommand, TurnsByTheMenuOrByAnAngleTyped) {
 
 TEST_F(BoltCommand, StandsOnTheLineNearbyAndPointsAtThePointPicked) {
   draw("check \"Automatically align the side view\"\n", "point 60 3\nspace\n", "line 20 0 120 0\n");
-  EXPECT_EQ(log.of("prompt").front(), "Indicate the position of the Bolt side view (auto-align)");
+  EXPECT_EQ(log_.of("prompt").front(), "Indicate the position of the Bolt side view (auto-align)");
   const Line axis = shapes<Line>().back();
   EXPECT_NEAR(axis.a.x, 60, 1e-6);
   EXPECT_NEAR(axis.a.y, 42, 1e-6) << "the shaft points upwards, where the point was";
@@ -139,10 +139,10 @@ TEST_F(BoltCommand, StandsOnTheLineNearbyAndPointsAtThePointPicked) {
 
   draw("check \"Automatically align the side view\"\n", "point 60 90\nmenu \"No Rotation\"\nspace\n",
        "line 20 0 120 0\n");
-  EXPECT_NE(std::ranges::find(log.lines,
+  EXPECT_NE(std::ranges::find(log_.lines,
                               "call gsSetPrompt No line found nearby to align this bolt to. Please specify rotation "
                               "manually."),
-            log.lines.end());
+            log_.lines.end());
 }
 
 // ---- Plan view ----------------------------------------------------------------------------------------------
@@ -150,18 +150,18 @@ TEST_F(BoltCommand, StandsOnTheLineNearbyAndPointsAtThePointPicked) {
 TEST_F(BoltCommand, DrawsThePlanFreelyOrOnTheAxisOfItsSideView) {
   draw(kPlanOnly, "point 10 20\npoint 10 20\nspace\n");
   EXPECT_EQ(groups(), Texts{"BOLTS M10_P1 9"});
-  EXPECT_EQ(log.of("prompt")[1], "Indicate a point on the Bolt plan view center line for rotation");
+  EXPECT_EQ(log_.of("prompt")[1], "Indicate a point on the Bolt plan view center line for rotation");
   EXPECT_NEAR(extents().high.x, 10 + 9.8150 + 5, 5e-5);
   EXPECT_NEAR(extents().high.y, 20 + 8.5 + 5, 1e-9);
   EXPECT_EQ(macros("#ROTATE"), Texts{}) << "a rotation point on the centre turns nothing";
 
-  log.lines.clear();
+  log_.lines.clear();
   useLibrary(kLibrary);
   draw("check \"Top View (plan)\"\n", "point 0 0\nmenu \"No Rotation\"\npoint 7 -80\npoint 0 -100\nspace\n");
   EXPECT_EQ(groups(), (Texts{"BOLTS M10_S1 24", "BOLTS M10_P1 9"}));
   EXPECT_NEAR(planCentres().back().x, 0.0, 1e-6) << "the cursor is locked to the axis";
   EXPECT_EQ(macros("#LOCKANG L"), Texts{"#LOCKANG L [0.00000000,-20.00000000]"});
-  EXPECT_EQ(log.of("prompt")[2], "Enter a point on the Bolt plan view center line for rotation");
+  EXPECT_EQ(log_.of("prompt")[2], "Enter a point on the Bolt plan view center line for rotation");
   expectFreeCursor();
 }
 

@@ -58,15 +58,15 @@ class SessionLog : public brevan::EventSink {
 // for a line of the drawing, `test NAME` for a step of the test's own, and the answers to the commands.
 class CommandSession : public CoreFixture {
  protected:
-  SessionLog log;
+  SessionLog log_;
 
   // Plays a script from the start on a host of its own; anything the script leaves over fails it.
   void play(const std::string& text) {
     script_ = brevan::readScript("session.scr", text);
     cursor_.emplace(script_);
-    user_.emplace(*cursor_, &log);
+    user_.emplace(*cursor_, &log_);
     host_.reset();
-    host_ = std::make_unique<brevan::Host>(brevan::HostParts{*user_, files(), settings(), &log, ""});
+    host_ = std::make_unique<brevan::Host>(brevan::HostParts{*user_, files(), settings(), &log_, ""});
     host_->loadModule(modulePath());
     while (cursor_->peek() != nullptr) { step(cursor_->take()); }
   }
@@ -84,7 +84,7 @@ class CommandSession : public CoreFixture {
 
   // Writes a configuration file and makes it the host's.
   std::string useLibrary(const std::string& content) {
-    const std::string path = write("library.ini", content);
+    std::string path = write("library.ini", content);
     settings().SetString("MechanicalTools", "SpecFile", path);
     return path;
   }

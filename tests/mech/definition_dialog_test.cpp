@@ -15,16 +15,16 @@ const std::string kBolts =
 
 class DefinitionDialogTest : public CommandSession {
  protected:
-  DefinitionDialogTest() { path = useLibrary(kSetup + kBolts); }
+  DefinitionDialogTest() { path_ = useLibrary(kSetup + kBolts); }
 
   // Opens the bolt dialog, does what the script says and closes it with Cancel.
   void visit(const std::string& script) {
-    log.lines.clear();
+    log_.lines.clear();
     play("run MechDrawBolts\n" + kOpen + script + "press \"Cancel\"\n");
   }
-  [[nodiscard]] Texts names() const { return ardenix::DefinitionStore(path).names("BOLTS"); }
+  [[nodiscard]] Texts names() const { return ardenix::DefinitionStore(path_).names("BOLTS"); }
   [[nodiscard]] std::string record(int n) const {
-    return ardenix::DefinitionStore(path).record("BOLTS", n).value_or("");
+    return ardenix::DefinitionStore(path_).record("BOLTS", n).value_or("");
   }
   [[nodiscard]] static std::string named(const std::string& name) {
     return "dialog \"Ardenix - Add New Item\"\nset \"Name for new Bolt\" \"" + name + "\"\npress \"OK\"\n";
@@ -41,7 +41,7 @@ class DefinitionDialogTest : public CommandSession {
   static inline const std::string kDiscard =
       kAsk + "pick \"Choice\" \"Leave the definition as it was (discard the changes)\"\npress \"OK\"\n";
   static inline const std::string kNoName = "dialog \"Ardenix - Add New Item\"\npress \"Cancel\"\n";
-  std::string path;
+  std::string path_;
 };
 
 TEST_F(DefinitionDialogTest, OpensOnTheDefinitionLastUsed) {
@@ -52,9 +52,9 @@ TEST_F(DefinitionDialogTest, OpensOnTheDefinitionLastUsed) {
 }
 
 TEST_F(DefinitionDialogTest, CancelWritesNothingOfTheEdits) {
-  const std::string before = read(path);
+  const std::string before = read(path_);
   visit("set \"Length\" 55\ncheck \"Top View (plan)\"\nset \"Number =\" 7\n");
-  EXPECT_EQ(read(path), before);
+  EXPECT_EQ(read(path_), before);
 }
 
 TEST_F(DefinitionDialogTest, OkWritesOptionsAndCurrentOnly) {
@@ -62,7 +62,7 @@ TEST_F(DefinitionDialogTest, OkWritesOptionsAndCurrentOnly) {
        "pick \"Definition\" \"M12\"\ncheck \"Top View (plan)\"\npick \"Draw shaft as:\" \"Hidden line\"\n"
        "set \"Number =\" 4\nset \"Repeat value\" 25\npick \"Repeat\" \"Polar\"\npick \"Polar value\" \"PCD\"\n"
        "press \"OK\"\nspace\n");
-  const ardenix::DefinitionStore store(path);
+  const ardenix::DefinitionStore store(path_);
   const Texts keys = {"DrawElev", "DrawPlan", "AutoAlignElev", "HeadLT", "ShaftLT", "BoltRepeat"};
   Texts values;
   for (const std::string& key : keys) { values.push_back(store.file().ReadString("Defaults", key, "missing")); }
@@ -92,20 +92,20 @@ TEST_F(DefinitionDialogTest, StaysWithTheEditedValuesWhereTheyAreNotSaved) {
         "expect \"Definition\" \"M10\"\nexpect \"Length\" 10.0\nexpect focus \"Thread length\"\n"
         "pick \"Definition\" \"M8\"\n" +
         kSaveNew + kNoName + "expect \"Definition\" \"M10\"\nexpect \"Length\" 10.0\n");
-  EXPECT_EQ(log.of("message"), Texts{"The thread length may not be greater than the shaft length!"});
+  EXPECT_EQ(log_.of("message"), Texts{"The thread length may not be greater than the shaft length!"});
   EXPECT_EQ(names(), (Texts{"M8", "M10", "M12"}));
 }
 
 TEST_F(DefinitionDialogTest, AChoiceMustBeMadeAndCancelIsDiscard) {
   visit("set \"Length\" 55\npick \"Definition\" \"M8\"\n" + kAsk +
         "expect \"Choice\" \"\"\npress \"OK\"\npress \"Cancel\"\nexpect \"Definition\" \"M8\"\n");
-  EXPECT_EQ(log.of("message"), Texts{"You must select one of the options!"});
+  EXPECT_EQ(log_.of("message"), Texts{"You must select one of the options!"});
   EXPECT_EQ(record(2), "M10,17.000,6.400,10.000,40.000,26.000,8.160");
 }
 
 TEST_F(DefinitionDialogTest, OptionsAreNoChangeOfTheDefinition) {
   visit("check \"Top View (plan)\"\nset \"Number =\" 3\npick \"Repeat\" \"Polar\"\npick \"Definition\" \"M8\"\n");
-  EXPECT_EQ(log.of("dialog"), Texts{"Mechanical Ardenix - Hex Bolts"});
+  EXPECT_EQ(log_.of("dialog"), Texts{"Mechanical Ardenix - Hex Bolts"});
 }
 
 // ---- Add and Delete -----------------------------------------------------------------------------------------
@@ -116,14 +116,14 @@ TEST_F(DefinitionDialogTest, NamesAreTidiedAndMustBeNew) {
         "press \"Add\"\n" + named(std::string(31, 'y')));
   EXPECT_EQ(names(), (Texts{"M8", "M10", "M12", "M10  fine", "m10", std::string(31, 'x'), std::string(31, 'y')}));
   const std::string cut = "The bolt name you have entered is too long. It will be truncated to 31 characters.";
-  EXPECT_EQ(log.of("message"),
+  EXPECT_EQ(log_.of("message"),
             (Texts{"Invalid name! Please try again.", "This name already exists! Please enter a different name.", cut,
                    cut, "This name already exists! Please enter a different name."}));
 }
 
 TEST_F(DefinitionDialogTest, AThreadLongerThanItsShaftIsNotStored) {
   visit("set \"Length\" 10\npress \"Add\"\n" + kDiscard + named("Short"));
-  EXPECT_EQ(log.of("message"), Texts{"The Thread Length must be less or equal to the Total Length"});
+  EXPECT_EQ(log_.of("message"), Texts{"The Thread Length must be less or equal to the Total Length"});
   EXPECT_EQ(names(), (Texts{"M8", "M10", "M12"}));
 }
 
@@ -133,13 +133,13 @@ TEST_F(DefinitionDialogTest, DeletingSelectsTheOneBefore) {
       "expect \"Definition\" \"M8\"\nexpect \"Thread diameter\" 8.0\npress \"Delete\"\nreply yes\n"
       "expect \"Definition\" \"M12\"\nexpect \"Thread diameter\" 12.0\npress \"Delete\"\nreply yes\n"
       "expect \"Definition\" \"\"\nexpect \"Thread diameter\" 12.0\npress \"Delete\"\n");
-  EXPECT_EQ(log.of("message").front(), "Delete Bolt?|Are you sure you want to delete Bolt definition 'M10' ?");
+  EXPECT_EQ(log_.of("message").front(), "Delete Bolt?|Are you sure you want to delete Bolt definition 'M10' ?");
   EXPECT_EQ(names(), Texts{});
-  EXPECT_NE(read(path).find("Bolt3=\n"), std::string::npos);
+  EXPECT_NE(read(path_).find("Bolt3=\n"), std::string::npos);
 }
 
 TEST_F(DefinitionDialogTest, AnEmptySectionTakesItsFirstRecord) {
-  path = useLibrary(kSetup);
+  path_ = useLibrary(kSetup);
   visit("expect \"Head size\" 0.0\npress \"Add\"\n" + named("First") + "expect \"Definition\" \"First\"\n");
   EXPECT_EQ(record(1), "First,0.000,0.000,0.000,0.000,0.000,0.000");
 }
@@ -150,15 +150,15 @@ TEST_F(DefinitionDialogTest, EveryRuleThatIsBrokenIsTold) {
   visit(
       "set \"Head size\" 5\nset \"Head height\" 0\nset \"Length\" 10\nset \"Minor Dia\" 11\n"
       "set \"Number =\" 2\nset \"Repeat value\" 2\npress \"OK\"\nexpect focus \"Repeat value\"\n");
-  EXPECT_EQ(log.of("message"), (Texts{"The head diameter must be larger than the thread (nominal) diameter!",
-                                      "The head height must be greater than 0 (zero)!",
-                                      "The thread length may not be greater than the shaft length!",
-                                      "The minor diameter may not be greater than the thread (nominal) diameter!",
-                                      "The repeat spacing must be greater than the bolt head diameter!"}));
+  EXPECT_EQ(log_.of("message"), (Texts{"The head diameter must be larger than the thread (nominal) diameter!",
+                                       "The head height must be greater than 0 (zero)!",
+                                       "The thread length may not be greater than the shaft length!",
+                                       "The minor diameter may not be greater than the thread (nominal) diameter!",
+                                       "The repeat spacing must be greater than the bolt head diameter!"}));
   visit(
       "uncheck \"Side View (elevation)\"\nset \"Head size\" 5\npress \"OK\"\n"
       "expect focus \"Side View (elevation)\"\n");
-  EXPECT_EQ(log.of("message"), Texts{"Please select which view to draw, or both."});
+  EXPECT_EQ(log_.of("message"), Texts{"Please select which view to draw, or both."});
 }
 
 TEST_F(DefinitionDialogTest, ValuesThatAreNotSavedAreStillDrawn) {
@@ -173,7 +173,7 @@ TEST_F(DefinitionDialogTest, ALibraryChangedByAnotherProgramIsNotOverwritten) {
   const std::string script = "run MechDrawBolts\n" + kOpen + "press \"Cancel\"\ntest change\nrun MechDrawBolts\n" +
                              kOpen + "expect \"Definition\" \"M10\"\npress \"OK\"\n";
   EXPECT_THROW(play(script), HostFailure);
-  EXPECT_EQ(read(path), kTheirs);
+  EXPECT_EQ(read(path_), kTheirs);
   EXPECT_EQ(drawing().count(), 0U);
 }
 
@@ -200,15 +200,15 @@ class PlainFamilyTest : public CommandSession {
  protected:
   void testStep(const std::string&) override {
     const ardenix::Services services{&host().mainFrame(), true, nullptr};
-    ardenix::DefinitionStore store(path);
+    ardenix::DefinitionStore store(path_);
     PlainDialog dialog(services, store);
     dialog.run();
-    accepted = dialog.accepted;
+    accepted_ = dialog.accepted;
   }
   void visit(const std::string& script) { play("test visit\ndialog \"Mechanical Ardenix - Spur Gears\"\n" + script); }
 
-  std::string path = write("gears.ini", "[GEARS]\nBolt1=A,2.000,20\nBolt2=B,3.000,30\n");
-  std::vector<double> accepted;
+  std::string path_ = write("gears.ini", "[GEARS]\nBolt1=A,2.000,20\nBolt2=B,3.000,30\n");
+  std::vector<double> accepted_;
 };
 
 TEST_F(PlainFamilyTest, AsksYesOrNoAndNeverStays) {
@@ -216,11 +216,11 @@ TEST_F(PlainFamilyTest, AsksYesOrNoAndNeverStays) {
       "set \"Module\" 5\npick \"Definition\" \"B\"\nreply yes\nexpect \"Teeth\" 30\n"
       "set \"Teeth\" 31\npick \"Definition\" \"A\"\nreply no\nexpect \"Module\" 5.0\n"
       "set \"Teeth\" 25\npress \"OK\"\nreply no\n");
-  EXPECT_EQ(log.of("message"), (Texts{"Save Gear|A has changed, do you want to save it?",
-                                      "Save Gear|B has changed, do you want to save it?",
-                                      "Save Gear|A has changed, do you want to save it?"}));
-  EXPECT_EQ(accepted, (std::vector<double>{5, 25}));
-  const ardenix::DefinitionStore store(path);
+  EXPECT_EQ(log_.of("message"), (Texts{"Save Gear|A has changed, do you want to save it?",
+                                       "Save Gear|B has changed, do you want to save it?",
+                                       "Save Gear|A has changed, do you want to save it?"}));
+  EXPECT_EQ(accepted_, (std::vector<double>{5, 25}));
+  const ardenix::DefinitionStore store(path_);
   EXPECT_EQ(store.record("GEARS", 1), "A,5.000,20");
   EXPECT_EQ(store.record("GEARS", 2), "B,3.000,30");
 }
@@ -231,7 +231,7 @@ TEST_F(PlainFamilyTest, TakesNamesAsGivenButForTheirLength) {
            "\"\npress \"OK\"\n";
   };
   visit(add("A") + add("") + add(std::string(33, 'g')) + "press \"Cancel\"\n");
-  EXPECT_EQ(ardenix::DefinitionStore(path).names("GEARS"), (Texts{"A", "B", "A", "A", std::string(31, 'g')}))
+  EXPECT_EQ(ardenix::DefinitionStore(path_).names("GEARS"), (Texts{"A", "B", "A", "A", std::string(31, 'g')}))
       << "without a name the list's own is taken";
 }
 

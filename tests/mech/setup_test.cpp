@@ -42,13 +42,13 @@ TEST_F(SetupTest, OffersTheDefaultFileOfTheDataFolder) {
   play("run MechDrawBolts\n" + kSetup + "expect \"Configuration file\" \"" + path + "\"\npress \"OK\"\n" + kBolts +
        "expect \"Definition\" \"Mine\"\n" + kCancel);
   EXPECT_EQ(remembered(), path);
-  EXPECT_EQ(log.of("message"), Texts{kMissing});
+  EXPECT_EQ(log_.of("message"), Texts{kMissing});
 }
 
 TEST_F(SetupTest, AFileWithoutWeldSymbolsIsUsedAfterAWarning) {
   useLibrary("[BOLTS]\nBolt1=Mine,1,1,1,1,1,1\n");
   play("run MechDrawBolts\n" + kBolts + "expect \"Definition\" \"Mine\"\n" + kCancel);
-  EXPECT_EQ(log.of("message"),
+  EXPECT_EQ(log_.of("message"),
             Texts{"The specified Mechanical Ardenix configuration file does not appear to be valid!"});
 }
 
@@ -98,7 +98,7 @@ TEST_F(SetupTest, AnInvalidPickIsToldAndABadPathKeepsTheDialogOpen) {
        "set \"Configuration file\" \"gone.ini\"\npress \"OK\"\nset \"Configuration file\" \"<none>\"\npress \"OK\"\n" +
        "press \"...\"\ncancel\n" + kCancel);
   const char* bad = "You must specify a valid Mechanical Ardenix configuration filename!";
-  EXPECT_EQ(log.of("message"),
+  EXPECT_EQ(log_.of("message"),
             (Texts{"This does not appear to be a valid Mechanical Ardenix configuration file!", bad, bad}));
   EXPECT_EQ(remembered(), path);
 }
@@ -107,7 +107,7 @@ TEST_F(SetupTest, HelpThatCannotBeOpenedIsTold) {
   useLibrary(kValid);
   play("run DisplayMechSetup\n" + kSetup + "help\nhelp\n" + kCancel + "run MechDrawBolts\n" + kBolts +
        "help \"Length\"\n" + kCancel);
-  EXPECT_EQ(log.of("message"), Texts(3, "Unable to open help file"));
+  EXPECT_EQ(log_.of("message"), Texts(3, "Unable to open help file"));
 }
 
 // ---- The module as its host sees it -------------------------------------------------------------------------
