@@ -5,9 +5,9 @@ namespace ardenix {
 namespace {
 
 constexpr LineStyleRow kRows[] = {
-    {"Solid", "Solid Line Style", "solid", 1, 1, 0.2},
-    {"Hidden", "Hidden Line Style", "hidden", 21, 13, 0.0},
-    {"Center", "Center Line Style", "centrelines", 4, 3, 0.1},
+    {"Solid", "Solid Line Style", "'solid' lines", 1, 1, 0.2},
+    {"Hidden", "Hidden Line Style", "'hidden' lines", 21, 13, 0.0},
+    {"Center", "Center Line Style", "'centrelines'", 4, 3, 0.1},
 };
 
 }  // namespace

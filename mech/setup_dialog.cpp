@@ -57,7 +57,7 @@ SetupDialog::StyleControls SetupDialog::addStyleRow(size_t row) {
       dialog_.addGroup({.caption = std::string(style.caption), .place = {.row = static_cast<int>(row) + 1}});
   const auto setting = [&](std::string_view what, std::string_view name, int column) {
     return dialog::Setting{
-        .toolTip = numberText::format("The %s '%s' lines drawn by the Mechanical Ardenix", what, style.word),
+        .toolTip = numberText::format("The %s %s drawn by the Mechanical Ardenix", what, style.word),
         .group = group,
         .place = {.column = column},
         .name = prefix + std::string(name)};
