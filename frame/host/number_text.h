@@ -53,11 +53,15 @@ inline std::optional<double> leadingDouble(std::string_view text) {
   return value;
 }
 
-// The shortest text that reads back as the same number; never "-0".
+// The shortest text that reads back as the same number; never "-0". Into a place with room for
+// kLongestShortest characters, returning where it ends, or to the end of a text.
+inline constexpr size_t kLongestShortest = 32;
+inline char* writeShortest(char* at, double value) {
+  return std::to_chars(at, at + kLongestShortest, value == 0.0 ? 0.0 : value).ptr;
+}
 inline void appendShortest(std::string& out, double value) {
-  std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value == 0.0 ? 0.0 : value).ptr;
-  out.append(digits.data(), end);
+  std::array<char, kLongestShortest> digits{};
+  out.append(digits.data(), writeShortest(digits.data(), value));
 }
 inline std::string shortest(double value) {
   std::string out;

@@ -45,7 +45,7 @@ DxfEntityWriter::DxfEntityWriter(DxfModel& model, DxfTags& tags, const DxfSpace&
   DxfTags owner;
   owner.handle(330, space.owner);
   owner.text(100, "AcDbEntity");
-  beforeStyle_ = owner.out();
+  beforeStyle_ = owner.take();
 }
 
 void DxfEntityWriter::begin(std::string_view kind) {
@@ -77,7 +77,7 @@ void DxfEntityWriter::setStyle(const Primitive& primitive, int pen) {
     if (trueColour) { style.integer(420, penColour(pen, Ground::kPaper)); }
   }
   style.integer(370, lineweight(primitive.width));
-  style_ = std::move(style.out());
+  style_ = style.take();
 }
 
 // A member of a group names it, as the group names its members.
@@ -91,7 +91,7 @@ void DxfEntityWriter::setReactors(const Primitive& primitive) {
     reactors.handle(330, model_.groups()[static_cast<size_t>(group) - 1].handle);
     reactors.text(102, "}");
   }
-  reactors_ = std::move(reactors.out());
+  reactors_ = reactors.take();
 }
 
 DxfEntities DxfEntityWriter::write(const Primitive& primitive) {
@@ -130,23 +130,29 @@ void DxfEntityWriter::line(const Line& line) {
 void DxfEntityWriter::arc(const Arc& arc) {
   const double radius = arcRadius(arc);
   const Point centre = placed(arc.centre);
-  const bool full = std::abs(arcSweep(arc)) == 2.0 * kPi;
   if (radius == 0.0) {
     begin("POINT");
     tags_.text(100, "AcDbPoint");
     tags_.point(10, centre);
     return;
   }
+  const double from = degrees(angleOf(placed(arc.clockwise ? arc.end : arc.start) - centre));
+  const double to = degrees(angleOf(placed(arc.clockwise ? arc.start : arc.end) - centre));
+  const bool full = from == to;
   begin(full ? "CIRCLE" : "ARC");
-  tags_.text(100, "AcDbCircle");
-  tags_.point(10, centre);
-  tags_.real(40, radius);
+  tags_.raw("100\nAcDbCircle\n10\n");
+  tags_.number(centre.x);
+  tags_.raw("\n20\n");
+  tags_.number(centre.y);
+  tags_.raw("\n30\n0\n40\n");
+  tags_.number(radius);
+  tags_.raw("\n");
   if (full) { return; }
-  const Point from = placed(arc.clockwise ? arc.end : arc.start) - centre;
-  const Point to = placed(arc.clockwise ? arc.start : arc.end) - centre;
-  tags_.text(100, "AcDbArc");
-  tags_.real(50, positiveDegrees(degrees(angleOf(from))));
-  tags_.real(51, positiveDegrees(degrees(angleOf(to))));
+  tags_.raw("100\nAcDbArc\n50\n");
+  tags_.number(positiveDegrees(from));
+  tags_.raw("\n51\n");
+  tags_.number(positiveDegrees(to));
+  tags_.raw("\n");
 }
 
 void DxfEntityWriter::text(const Primitive& primitive, Text text) {

@@ -12,6 +12,7 @@ DxfModel::DxfModel(const Drawing& drawing, DxfVersion version)
     if (std::holds_alternative<Dimension>(primitive.geometry)) { dimensions_.push_back(id); }
     if (const Symbol* symbol = std::get_if<Symbol>(&primitive.geometry)) { noteBlock(outermostKey(symbol->name)); }
   });
+  measure();
   nameLayers();
   nameStyles();
   nameBlocks();
@@ -20,8 +21,17 @@ DxfModel::DxfModel(const Drawing& drawing, DxfVersion version)
   next_ += static_cast<DxfHandle>(dimensions_.size());
 }
 
+// Extents take a walk over the drawing, so they are asked for once.
+void DxfModel::measure() {
+  const Box extents = drawing_.extents();
+  sheet_ = drawing_.sheet() ? *drawing_.sheet() : sheetFor(extents, drawing_.parameters());
+  if (extents.empty()) { return; }
+  extents_.add(shown(extents.low));
+  extents_.add(shown(extents.high));
+}
+
 void DxfModel::note(const Primitive& primitive) {
-  lineTypes_.insert(primitive.linetype);
+  if (primitive.linetype != 1) { lineTypes_.insert(primitive.linetype); }
   if (const Text* text = std::get_if<Text>(&primitive.geometry)) { styles_.try_emplace(text->font); }
   if (std::holds_alternative<Dimension>(primitive.geometry)) { styles_.try_emplace(Text().font); }
 }

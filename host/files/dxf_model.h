@@ -86,6 +86,9 @@ class DxfModel {
   [[nodiscard]] bool turned() const { return turned_; }
   [[nodiscard]] Point shown(Point p) const { return turned_ ? Point{-p.x, -p.y} : p; }
 
+  [[nodiscard]] const Box& extents() const { return extents_; }  // as shown
+  [[nodiscard]] const Sheet& sheet() const { return sheet_; }
+
   [[nodiscard]] const std::string& layerName(int layer) const { return layerNames_[static_cast<size_t>(layer)]; }
   [[nodiscard]] std::string lineTypeName(int number) const;
   [[nodiscard]] const std::set<int>& lineTypes() const { return lineTypes_; }
@@ -103,6 +106,7 @@ class DxfModel {
   [[nodiscard]] const std::vector<DxfGroup>& groups() const { return groups_; }
 
  private:
+  void measure();
   void nameLayers();
   void nameGroups();
   void nameBlocks();
@@ -113,6 +117,8 @@ class DxfModel {
   const Drawing& drawing_;
   DxfVersion version_;
   bool turned_;
+  Box extents_;
+  Sheet sheet_;
   DxfHandle next_ = kFirstFree;
   SymbolExpansion symbols_;
   std::vector<std::string> layerNames_;

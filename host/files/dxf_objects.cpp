@@ -1,7 +1,5 @@
 #include "host/files/dxf_objects.h"
 
-#include "host/drawing/strokes.h"
-
 namespace brevan {
 
 namespace {
@@ -50,7 +48,7 @@ void writeDictionaries(DxfTags& tags, const DxfModel& model) {
 
 // The sheet, and how many drawing units a millimetre of it stands for.
 void writePlotSettings(DxfTags& tags, const DxfModel& model, bool modelSpace) {
-  const Sheet sheet = sheetOf(model.drawing());
+  const Sheet& sheet = model.sheet();
   const Point corner = model.shown(sheet.corner);
   const double unit = model.drawing().parameters().paperMillimetre();
   constexpr int kModelFlag = 1024;
@@ -88,7 +86,7 @@ void writeLayout(DxfTags& tags, const DxfModel& model, bool modelSpace) {
   writeReactor(tags, kLayoutDictionary);
   tags.handle(330, kLayoutDictionary);
   writePlotSettings(tags, model, modelSpace);
-  const Sheet sheet = sheetOf(model.drawing());
+  const Sheet& sheet = model.sheet();
   tags.text(100, "AcDbLayout");
   tags.text(1, modelSpace ? "Model" : "Layout1");
   tags.integer(70, 1);

@@ -35,15 +35,6 @@ UnitCode unitCode(double millimetres) {
   return found == kUnitCodes.end() ? kUnknownUnit : *found;
 }
 
-Box shownExtents(const DxfModel& model) {
-  const Box extents = model.drawing().extents();
-  Box shown;
-  if (extents.empty()) { return shown; }
-  shown.add(model.shown(extents.low));
-  shown.add(model.shown(extents.high));
-  return shown;
-}
-
 class HeaderWriter {
  public:
   explicit HeaderWriter(DxfTags& tags) : tags_(tags) {}
@@ -65,7 +56,7 @@ class HeaderWriter {
 };
 
 void writeExtents(HeaderWriter& header, const DxfModel& model) {
-  const Box extents = shownExtents(model);
+  const Box& extents = model.extents();
   constexpr Point kFar = {1e20, 1e20};
   header.point("$EXTMIN", extents.empty() ? kFar : extents.low);
   header.point("$EXTMAX", extents.empty() ? Point{} - kFar : extents.high);
@@ -99,7 +90,7 @@ size_t writeDxfHeader(DxfTags& tags, const DxfModel& model) {
   tags.integer(290, 1);
   tags.text(9, "$HANDSEED");
   tags.text(5, std::string(kHandleSeedDigits, '0'));
-  const size_t seedAt = tags.out().size() - kHandleSeedDigits - 1;
+  const size_t seedAt = tags.size() - kHandleSeedDigits - 1;
   tags.text(0, "ENDSEC");
   return seedAt;
 }
@@ -160,7 +151,7 @@ class TableWriter {
 void writeViewports(DxfTags& tags, const DxfModel& model) {
   TableWriter table(tags, "VPORT", kViewportTable, 1);
   table.record(kActiveViewport, "AcDbViewportTableRecord", "*ACTIVE", 0);
-  const Box extents = shownExtents(model);
+  const Box& extents = model.extents();
   const Point centre = extents.empty() ? Point{210.0, 148.5} : extents.centre();
   const double height = std::max({extents.height(), extents.width() * 0.7, 1e-6}) * 1.05;
   const auto flat = [&tags](int code, Point p) {

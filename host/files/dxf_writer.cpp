@@ -89,8 +89,7 @@ std::vector<DxfEntities> writeEntities(DxfTags& tags, DxfModel& model) {
 void putHandleSeed(std::string& file, size_t at, DxfHandle seed) {
   DxfTags digits;
   digits.hex(seed);
-  const size_t count = digits.out().size();
-  file.replace(at + kHandleSeedDigits - count, count, digits.out());
+  file.replace(at + kHandleSeedDigits - digits.size(), digits.size(), digits.view());
 }
 
 }  // namespace
@@ -99,8 +98,7 @@ std::string drawingDxf(const Drawing& drawing, DxfVersion version) {
   constexpr size_t kBytesAPrimitive = 240;
   constexpr size_t kBytesAround = 20'000;
   DxfModel model(drawing, version);
-  DxfTags tags;
-  tags.out().reserve(kBytesAround + kBytesAPrimitive * drawing.count());
+  DxfTags tags(kBytesAround + kBytesAPrimitive * drawing.count());
   const size_t seedAt = writeDxfHeader(tags, model);
   writeDxfClasses(tags);
   writeDxfTables(tags, model);
@@ -108,8 +106,9 @@ std::string drawingDxf(const Drawing& drawing, DxfVersion version) {
   const std::vector<DxfEntities> entities = writeEntities(tags, model);
   writeDxfObjects(tags, model, entities);
   tags.text(0, "EOF");
-  putHandleSeed(tags.out(), seedAt, model.handleSeed());
-  return std::move(tags.out());
+  std::string file = tags.take();
+  putHandleSeed(file, seedAt, model.handleSeed());
+  return file;
 }
 
 }  // namespace brevan
