@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "frame/host/core_services.h"
+
 namespace ardenix {
 
 namespace {
@@ -22,7 +24,15 @@ void Configuration::rememberFile(std::string_view path) {
   paths_->settings->SetString(kSettingsSection, kSettingsKey, path);
 }
 
-void Configuration::load(std::string_view path) { store_ = std::make_unique<DefinitionStore>(path); }
+bool Configuration::load(std::string_view path) {
+  store_.reset();
+  try {
+    store_ = std::make_unique<DefinitionStore>(path);
+  } catch (const HostFailure&) {
+    return false;  // the callers tell it in words of their own
+  }
+  return true;
+}
 
 bool Configuration::valid() const {
   constexpr std::string_view kBad = "bad";

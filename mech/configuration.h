@@ -24,8 +24,8 @@ class Configuration {
   [[nodiscard]] std::string rememberedFile(std::string_view fallback) const;
   void rememberFile(std::string_view path);
 
-  // Replaces what is loaded. Throws HostFailure for a file that cannot be read and keeps what was loaded.
-  void load(std::string_view path);
+  // Replaces what is loaded; false, and nothing loaded, for a file that cannot be read or is no text.
+  bool load(std::string_view path);
   [[nodiscard]] bool loaded() const { return store_ != nullptr; }
   [[nodiscard]] DefinitionStore& store() const { return *store_; }
   // A mechanical configuration names its weld symbols, even if with an empty path.

@@ -13,8 +13,7 @@ MechToolset::MechToolset(CCadWindow* view, const Services& services)
 
 void MechToolset::loadRemembered() {
   const std::string path = configuration_.rememberedFile(kNoFile);
-  if (path.empty() || coreFileExist(path) == 0) { return setUpFirst(); }
-  configuration_.load(path);
+  if (path.empty() || coreFileExist(path) == 0 || !configuration_.load(path)) { return setUpFirst(); }
   if (!configuration_.valid()) {
     warn(services_.mainFrame, "The specified Mechanical Ardenix configuration file does not appear to be valid!");
   }

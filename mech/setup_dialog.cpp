@@ -110,11 +110,10 @@ void SetupDialog::pickUp(const std::string& path) {
 
 bool SetupDialog::confirm() {
   const std::string path = file_.text();
-  if (path == kNoFile || coreFileExist(path) == 0) {
+  if (path == kNoFile || coreFileExist(path) == 0 || !configuration_.load(path)) {
     ErrorMessage("You must specify a valid Mechanical Ardenix configuration filename!", &dialog_);
     return false;
   }
-  configuration_.load(path);
   configuration_.rememberFile(path);
   writeStyles();
   return true;

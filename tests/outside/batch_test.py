@@ -1,0 +1,133 @@
+"""The batch tool as its callers meet it: exit codes, messages, what is written and what is not."""
+
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+BATCH = pathlib.Path(sys.argv[1]).resolve()
+DATA = BATCH.parent.parent / "share" / "brevan" / "ISO Mechspecs.ini"
+MISSING = "Mechanical Ardenix configuration file cannot be found, or is incorrectly specified!"
+LIBRARY = 'setting "MechanicalTools" "SpecFile" "ISO Mechspecs.ini"\n'
+ONE_BOLT = 'run MechDrawBolts\ndialog "Mechanical Ardenix - Hex Bolts"\n  press "OK"\n'
+PLACED = 'point 10 20\nmenu "No Rotation"\nspace\n'
+
+
+class Batch(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        self.out = self.folder / "out"
+
+    def run_batch(self, *words):
+        environment = {key: value for key, value in os.environ.items() if key != "DISPLAY"}
+        return subprocess.run([BATCH, *words], capture_output=True, text=True, check=False, env=environment,
+                              cwd=self.folder, timeout=120)
+
+    def play(self, text, *words):
+        (self.folder / "x.scr").write_text(text, encoding="utf-8")
+        return self.run_batch("run", "x.scr", "-o", "out", *words)
+
+    def written(self):
+        return sorted(path.name for path in self.out.rglob("*")) if self.out.exists() else []
+
+    def test_exit_codes(self):
+        self.assertEqual(self.run_batch("--help").returncode, 0)
+        self.assertIn("6.40", self.run_batch("--version").stdout)
+        for wrong in ([], ["fly"], ["run"], ["run", "x.scr", "--sideways"]):
+            self.assertEqual(self.run_batch(*wrong).returncode, 2, wrong)
+        self.assertEqual(self.run_batch("run", "nowhere.scr").returncode, 3)
+        self.assertEqual(self.run_batch("run", "/dev/zero").returncode, 3)
+        self.assertEqual(self.run_batch("describe", "MechDrawMoons").returncode, 1)
+        self.assertEqual(self.play("layer \"A\"\n", "--transcript", "no/such/folder/t.jsonl").returncode, 4)
+        self.assertEqual(self.play("layer \"A\"\n", "--settings", "nowhere.ini").returncode, 3)
+
+    def test_commands_and_their_dialogs_are_listed(self):
+        self.assertEqual([line.split("\t")[0] for line in self.run_batch("commands").stdout.splitlines()],
+                         ["DisplayMechSetup", "MechDrawBolts"])
+        described = self.run_batch("describe", "MechDrawBolts").stdout
+        for line in ('"Thread length"  number  0 to 10000', 'dialog "Save Changes to Bolt?"', '"Name for new Bolt"  text'):
+            self.assertIn(line, described)
+
+    def test_bad_input_names_file_line_and_rule_and_writes_nothing_after_it(self):
+        cases = [
+            (LIBRARY + ONE_BOLT + 'text "x"\n', 5, "asks for a point, the script gave: text"),
+            (LIBRARY + ONE_BOLT + PLACED + "point 1 1\n", 8, "no command waits for an answer"),
+            (LIBRARY + ONE_BOLT.replace('press "OK"', 'set "Colour" 1'), 4, 'has no control "Colour"'),
+            (LIBRARY + ONE_BOLT.replace('press "OK"', 'set "Length" "4O"'), 4, '"Length" takes 0 to 10000, got "4O"'),
+            (LIBRARY + ONE_BOLT.replace('press "OK"', 'set "Length" 10000.5'), 4, '"Length" takes 0 to 10000'),
+            (LIBRARY + ONE_BOLT.replace('press "OK"', 'set "Number =" 2.5'), 4, "whole number from 1 to 10000"),
+            (LIBRARY + ONE_BOLT.replace("Hex Bolts", "Hex Nuts"), 3, 'the dialog is "Mechanical Ardenix - Hex Bolts"'),
+            (LIBRARY + ONE_BOLT, 5, "asks for a point, the script gave: export"),
+            (LIBRARY + ONE_BOLT + "point 1 1\nmenu \"Turn\"\n", 6, "the menu has no item \"Turn\""),
+            ("macro FLY 1\n", 1, "there is no macro command FLY"),
+            ('macro ROTATE [1,2] "Y" x\n', 1, "column 18: ROTATE expects a number here"),
+            ("draw line 1 2 3\n", 1, "draw expects 5 words"),
+            ("draw circle 1 2 -3\n", 1, "a radius is above 0, got -3"),
+            ('layer "A\n', 1, "a string without its closing quotation mark"),
+            ('layer "\u4e2d"\n', 1, "a character that Windows-1252 lacks"),
+            ("hop\n", 1, 'there is no statement "hop"'),
+            ('export "../x.svg"\n', 1, "climbs out"),
+            ('export "a.txt"\n', 1, "export writes files ending in"),
+            ("draw text 1 2 1e999 \"x\"\n", 1, "expects a number"),
+        ]
+        for text, line, rule in cases:
+            shutil.rmtree(self.out, ignore_errors=True)
+            done = self.play(text + 'export "late.svg"\n')
+            self.assertEqual(done.returncode, 1, text)
+            self.assertIn(f"x.scr:{line}: ", done.stderr, text)
+            self.assertIn(rule, done.stderr, text)
+            self.assertNotIn("late.svg", self.written())
+
+    def test_a_configuration_that_cannot_be_used_gives_the_messages(self):
+        (self.folder / "folder.ini").mkdir()
+        (self.folder / "rubbish.ini").write_bytes(bytes(range(256)) * 40)
+        (self.folder / "other.ini").write_text("[Setup]\nSolidLT=1\n", encoding="ascii")
+        setup = f'expect message "{MISSING}"\ndialog "Mechanical Ardenix - Setup"\n  press "Cancel"\n'
+        for name in ("nowhere.ini", "folder.ini", "rubbish.ini"):
+            done = self.play(f'setting "MechanicalTools" "SpecFile" "{name}"\nrun MechDrawBolts\n' + setup * 2)
+            self.assertEqual((done.returncode, done.stderr), (0, ""), name)
+        done = self.play('setting "MechanicalTools" "SpecFile" "other.ini"\nrun MechDrawBolts\nexpect message '
+                         '"The specified Mechanical Ardenix configuration file does not appear to be valid!"\n'
+                         'dialog "Mechanical Ardenix - Hex Bolts"\n  press "Cancel"\n')
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+
+    def test_a_library_outside_the_output_is_worked_on_as_a_copy(self):
+        own = self.folder / "own.ini"
+        own.write_bytes(DATA.read_bytes().replace(b"[BOLTS]\r\n", b"[BOLTS]\r\n; my bolts\r\n  \r\n"))
+        before = own.read_bytes()
+        done = self.play('setting "MechanicalTools" "SpecFile" "own.ini"\n' +
+                         ONE_BOLT.replace('press', 'set "Length" 33\n  set "Thread length" 20\n  press') +
+                         'dialog "Save Changes to Bolt?"\n  pick "Choice" "Save the changes"\n  press "OK"\n' + PLACED)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn("is copied to", done.stderr)
+        self.assertEqual(own.read_bytes(), before)
+        changed = [(old, new) for old, new in zip(before.split(b"\r\n"), (self.out / "own.ini").read_bytes().split(b"\r\n"))
+                   if old != new]
+        self.assertEqual([old.split(b"=")[0] for old, _ in changed], [b"Bolt1"])
+        self.assertEqual(len(before.split(b"\r\n")), len((self.out / "own.ini").read_bytes().split(b"\r\n")))
+
+    def test_a_signal_ends_it_with_whole_files(self):
+        placing = "".join(f'point {x * 40} 0\nmenu "No Rotation"\nexpect no message\n' for x in range(60000))
+        text = 'export "first.json"\n' + LIBRARY + ONE_BOLT + placing + 'space\nexport "late.json"\n'
+        (self.folder / "x.scr").write_text(text, encoding="utf-8")
+        for number in (signal.SIGINT, signal.SIGTERM):
+            with subprocess.Popen([BATCH, "run", "x.scr", "-o", "out"], cwd=self.folder, stderr=subprocess.DEVNULL) as program:
+                while not (self.out / "first.json").exists():
+                    time.sleep(0.01)
+                time.sleep(0.1)
+                program.send_signal(number)
+                self.assertEqual(program.wait(timeout=60), 128 + number)
+            self.assertIn("first.json", self.written())
+            self.assertLessEqual(set(self.written()), {"ISO Mechspecs.ini", "first.json"})
+            shutil.rmtree(self.out)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
