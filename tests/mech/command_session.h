@@ -72,9 +72,7 @@ class CommandSession : public CoreFixture {
   }
 
   void closeHost() { host_.reset(); }
-  static std::string modulePath() {
-    return std::filesystem::read_symlink("/proc/self/exe").parent_path() / "libardenix.so";
-  }
+  static std::string modulePath() { return ARDENIX_MODULE; }
 
   // What the statement `test NAME` does.
   virtual void testStep(const std::string& name) { FAIL() << "no step " << name; }
