@@ -19,6 +19,7 @@ struct CommandLine {
   brevan::RunOptions runOptions;
   std::string dataFolder;
   std::string command;
+  bool userSettings = false;
 
   CommandLine() {
     app.set_version_flag("--version", "brevan-batch " BREVAN_VERSION);
@@ -30,6 +31,8 @@ struct CommandLine {
         ->option_text("DIR");
     run->add_option("--transcript", runOptions.transcript, "Writes down what happens, JSON lines")->option_text("FILE");
     run->add_option("--settings", runOptions.settings, "Host settings to start from")->option_text("FILE");
+    run->add_flag("--user-settings", userSettings, "Start from your own settings, those of the desktop")
+        ->excludes(run->get_option("--settings"));
     commands = app.add_subcommand("commands", "Lists every command of the module");
     describe = app.add_subcommand("describe", "Describes the dialogs of a command");
     describe->add_option("COMMAND", command, "The command's name")->required();
@@ -38,7 +41,11 @@ struct CommandLine {
 
 void execute(const CommandLine& line) {
   const brevan::Places places = brevan::findPlaces(line.dataFolder);
-  if (line.run->parsed()) { brevan::runScripts(line.runOptions, places); }
+  if (line.run->parsed()) {
+    brevan::RunOptions options = line.runOptions;
+    if (line.userSettings) { options.settings = brevan::userSettingsFile(); }
+    brevan::runScripts(options, places);
+  }
   if (line.commands->parsed()) { std::cout << brevan::commandList(places); }
   if (line.describe->parsed()) { std::cout << brevan::commandDescription(line.command, places); }
 }

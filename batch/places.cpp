@@ -47,4 +47,13 @@ Places findPlaces(const std::string& dataOption) {
   return places;
 }
 
+std::string userSettingsFile() {
+  // A relative XDG_CONFIG_HOME counts as not set, as the base directory rules have it.
+  const fs::path configured = environment("XDG_CONFIG_HOME");
+  const std::string home = environment("HOME");
+  if (!configured.is_absolute() && home.empty()) { throw InputUnread("neither XDG_CONFIG_HOME nor HOME is set"); }
+  const fs::path folder = configured.is_absolute() ? configured : fs::path(home) / ".config";
+  return (folder / "brevan" / "settings.ini").string();
+}
+
 }  // namespace brevan

@@ -15,4 +15,8 @@ struct Places {
 // folder or the module is nowhere.
 Places findPlaces(const std::string& dataOption);
 
+// The settings that a person's programs share: brevan/settings.ini below XDG_CONFIG_HOME, by default
+// ~/.config. Throws InputUnread where neither that nor HOME is set.
+std::string userSettingsFile();
+
 }  // namespace brevan

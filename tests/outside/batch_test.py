@@ -98,6 +98,19 @@ class Batch(unittest.TestCase):
                          'dialog "Mechanical Ardenix - Hex Bolts"\n  press "Cancel"\n')
         self.assertEqual((done.returncode, done.stderr), (0, ""))
 
+    def test_settings_files_are_read_and_worked_on_as_copies(self):
+        settings = self.folder / "config" / "brevan" / "settings.ini"
+        settings.parent.mkdir(parents=True)
+        settings.write_text("[MechanicalTools]\nSpecFile=ISO Mechspecs.ini\n", encoding="ascii")
+        before = settings.read_bytes()
+        os.environ["XDG_CONFIG_HOME"] = str(self.folder / "config")
+        self.addCleanup(os.environ.pop, "XDG_CONFIG_HOME")
+        for words in (["--settings", settings], ["--user-settings"]):
+            done = self.play(ONE_BOLT + PLACED, *words)
+            self.assertEqual(done.returncode, 0, done.stderr)
+            self.assertEqual(settings.read_bytes(), before)
+        self.assertEqual(self.run_batch("run", "x.scr", "--user-settings", "--settings", "x.ini").returncode, 2)
+
     def test_a_library_outside_the_output_is_worked_on_as_a_copy(self):
         own = self.folder / "own.ini"
         own.write_bytes(DATA.read_bytes().replace(b"[BOLTS]\r\n", b"[BOLTS]\r\n; my bolts\r\n  \r\n"))
