@@ -60,6 +60,7 @@ void DefinitionStore::remove(std::string_view section, int index) {
 
 void DefinitionStore::eraseSection(std::string_view section) {
   file_.EraseSection(section);
+  if (const auto found = counts_.find(section); found != counts_.end()) { found->second = 0; }
   flush();
 }
 
