@@ -19,8 +19,9 @@ Anchor anchorOf(int justification) {
   const bool offset = justification >= 11 && justification <= 19;
   const int plain = offset ? justification - 10 : justification;
   if (plain < 1 || plain > 9) { return {}; }
-  constexpr double kHalf = 0.5;
-  return {((plain - 1) / 3) * kHalf, ((plain - 1) % 3) * kHalf, offset};
+  const int column = (plain - 1) / 3;
+  const int row = (plain - 1) % 3;
+  return {column * 0.5, row * 0.5, offset};
 }
 
 // A character counts as half a height wide.

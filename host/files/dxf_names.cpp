@@ -23,7 +23,7 @@ std::string valid(std::string_view wanted) {
 }  // namespace
 
 std::string DxfNames::unique(std::string_view wanted) {
-  const std::string name = valid(wanted);
+  std::string name = valid(wanted);
   int& count = taken_[name];
   if (count++ == 0) { return name; }
   for (;; ++count) {

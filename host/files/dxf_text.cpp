@@ -10,7 +10,7 @@ namespace {
 
 bool isControl(char character) { return static_cast<unsigned char>(character) < 0x20; }
 
-std::string encoded(std::string text, DxfVersion version) {
+std::string encoded(const std::string& text, DxfVersion version) {
   return version == DxfVersion::kR2000 ? text : toUtf8(text);
 }
 
@@ -49,7 +49,7 @@ void appendMTextCharacter(std::string& out, std::string_view text, size_t at) {
 std::string dxfPlain(std::string_view windows1252, DxfVersion version) {
   std::string text(windows1252);
   std::replace_if(text.begin(), text.end(), isControl, ' ');
-  return encoded(std::move(text), version);
+  return encoded(text, version);
 }
 
 std::string dxfTextValue(std::string_view windows1252, DxfVersion version) {
@@ -64,7 +64,7 @@ std::string dxfTextValue(std::string_view windows1252, DxfVersion version) {
       appendCaretSafe(text, windows1252[at]);
     }
   }
-  return encoded(std::move(text), version);
+  return encoded(text, version);
 }
 
 std::string dxfMTextValue(std::span<const std::string> lines, DxfVersion version) {
@@ -73,7 +73,7 @@ std::string dxfMTextValue(std::span<const std::string> lines, DxfVersion version
     if (line > 0) { text += "\\P"; }
     for (size_t at = 0; at < lines[line].size(); ++at) { appendMTextCharacter(text, lines[line], at); }
   }
-  return encoded(std::move(text), version);
+  return encoded(text, version);
 }
 
 }  // namespace brevan
