@@ -46,9 +46,10 @@ class Drawing {
   Drawing& operator=(const Drawing&) = delete;
 
   // ---- Primitives ------------------------------------------------------------------------------------
-  // Throws RefusedChange for one that is not finite or lies on a layer that is not there.
+  // Adding and replacing throw RefusedChange for one that is not finite or lies on a layer that is not there.
   PrimitiveId add(Primitive primitive);
   void remove(PrimitiveId id);
+  // What is there under the id; it stays selected if it was.
   void replace(PrimitiveId id, Primitive primitive);
   // Null for an id that is not there (any more).
   [[nodiscard]] const Primitive* find(PrimitiveId id) const;
@@ -105,7 +106,7 @@ class Drawing {
   [[nodiscard]] Box extents() const;
   // Ids whose bounds meet the box, in drawing order.
   [[nodiscard]] std::vector<PrimitiveId> inBox(const Box& box) const;
-  // The nearest primitive within reach that passes the filter; of equally near ones the newest.
+  // The nearest primitive within reach that passes the filter; of equally near ones a symbol, else the newest.
   using Filter = std::function<bool(PrimitiveId, const Primitive&)>;
   [[nodiscard]] PrimitiveId nearest(Point p, double reach, const Filter& filter) const;
   [[nodiscard]] double distanceTo(const Primitive& primitive, Point p) const;
@@ -113,6 +114,7 @@ class Drawing {
   // ---- Parameters, sheet, symbols
   // ------------------------------------------------------------------------------------
   [[nodiscard]] const Parameters& parameters() const { return parameters_; }
+  // Throws RefusedChange for numbers that are not finite, a scale or unit not above 0, flags other than 0 and 1.
   void setParameters(const Parameters& parameters);
   [[nodiscard]] const std::optional<Sheet>& sheet() const { return sheet_; }
   void setSheet(std::optional<Sheet> sheet);
@@ -145,6 +147,7 @@ class Drawing {
   class Store;
 
   Slot& slot(PrimitiveId id) const;
+  void refuseUnusable(const Primitive& primitive) const;
   void put(PrimitiveId id, Primitive primitive);
   Primitive take(PrimitiveId id);
   void note(Change change);
@@ -154,9 +157,12 @@ class Drawing {
   void swapGroup(GroupChange& change);
   void swapPlain(PlainChange& change);
   void flushIndex() const;
+  void indexAnew();
   void unindex(PrimitiveId id, Slot& slot);
   void nameGroup(GroupId id);
   void unnameGroup(GroupId id);
+  template <class Wanted>
+  GroupId newestNamed(const std::string& key, const Wanted& wanted) const;
 
   std::unique_ptr<Store> store_;
   size_t count_ = 0;
