@@ -73,6 +73,9 @@ int DrawingWindow::gsGetListHandle(int type, int layer, int, double x1, double y
     scan.everywhere = false;
     scan.ids = drawing_.onLayer(layer);
   }
+  scan.end = type == kGroupPrimitive ? static_cast<size_t>(drawing_.lastGroup())
+             : scan.everywhere       ? static_cast<size_t>(drawing_.lastId())
+                                     : scan.ids.size();
   const auto freePlace = std::find(scans_.begin(), scans_.end(), std::nullopt);
   const auto place = static_cast<size_t>(freePlace - scans_.begin());
   if (freePlace == scans_.end()) { scans_.emplace_back(); }
@@ -91,15 +94,14 @@ int DrawingWindow::gsGetNextPrim(int handle) {
   }
   Scan& scan = *scans_[static_cast<size_t>(handle) - 1];
   if (scan.type == kGroupPrimitive) {
-    while (scan.next < static_cast<size_t>(drawing_.lastGroup())) {
+    while (scan.next < std::min(scan.end, static_cast<size_t>(drawing_.lastGroup()))) {
       currentGroup_ = static_cast<GroupId>(++scan.next);
       if (!drawing_.group(currentGroup_).members.empty()) { return kGroupPrimitive; }
     }
     currentGroup_ = 0;
     return 0;
   }
-  const size_t end = scan.everywhere ? static_cast<size_t>(drawing_.lastId()) : scan.ids.size();
-  while (scan.next < end) {
+  while (scan.next < scan.end) {
     const size_t place = scan.next++;
     const PrimitiveId id = scan.everywhere ? static_cast<PrimitiveId>(place + 1) : scan.ids[place];
     const Primitive* primitive = drawing_.find(id);
@@ -128,6 +130,7 @@ int DrawingWindow::gsCopyPrimHeader(CCadWindow& target) {
   if (primitive == nullptr || other == nullptr) { return 0; }
   other->newType_ = typeNumber(primitive->geometry);
   other->newPrimitive_ = *primitive;
+  other->newGeometry_ = true;
   return 1;
 }
 
