@@ -21,7 +21,7 @@ class GroupCounter {
   void see(std::string_view parent, std::string_view name) {
     const size_t digits = name.size() - prefix_.size();
     // Without digits, or with a name shorter than the prefix, the difference wraps to far too many.
-    if (digits - 1 >= kMostDigits || parent != parent_ || !name.starts_with(prefix_)) { return; }
+    if (digits - 1 >= kMostDigits || !isParent(parent) || !name.starts_with(prefix_)) { return; }
     long long number = 0;
     for (const char c : name.substr(prefix_.size())) {
       if (digit(c) > 9) { return; }
@@ -37,12 +37,20 @@ class GroupCounter {
  private:
   // Numbers beyond this fit no name.
   static constexpr size_t kMostDigits = kGroupNameLimit;
+  // Hosts hand out one parent's name from one place, so the characters are seldom compared.
+  bool isParent(std::string_view parent) {
+    if (parent.data() == seenParent_.data() && parent.size() == seenParent_.size()) { return seenIsParent_; }
+    seenParent_ = parent;
+    return seenIsParent_ = parent == parent_;
+  }
   // Above 9 for what is no digit.
   static unsigned char digit(char c) { return static_cast<unsigned char>(c - '0'); }
 
   std::string parent_;
   std::string prefix_;
   bool countable_;
+  std::string_view seenParent_;
+  bool seenIsParent_ = false;
   long long largest_ = 0;
 };
 

@@ -200,16 +200,21 @@ void Drawing::setCurrentLayer(int index) {
 
 // ---- Groups ------------------------------------------------------------------------------------------------
 
+std::string_view Drawing::keptParent(std::string_view parent) {
+  const auto kept = parents_.find(parent);
+  return kept != parents_.end() ? *kept : *parents_.emplace(parent).first;
+}
+
 GroupId Drawing::addGroup(std::string_view parent, std::string_view name) {
   const GroupId id = lastGroup() + 1;
-  groups_.push_back(Group{id, std::string(parent), std::string(name), {}});
+  groups_.push_back(Group{id, keptParent(parent), std::string(name), {}});
   nameGroup(id);
   note(GroupChange{id, false, {}, {}});
   return id;
 }
 
 void Drawing::renameGroup(GroupId group, std::string_view parent, std::string_view name) {
-  GroupChange change{group, true, std::string(parent), std::string(name)};
+  GroupChange change{group, true, keptParent(parent), std::string(name)};
   swapGroup(change);
   note(std::move(change));
 }
@@ -561,7 +566,7 @@ void Drawing::swapLayer(LayerChange& change) {
 
 void Drawing::swapGroup(GroupChange& change) {
   if (change.id > lastGroup()) {  // made again
-    groups_.push_back(Group{change.id, std::move(change.parent), std::move(change.name), {}});
+    groups_.push_back(Group{change.id, change.parent, std::move(change.name), {}});
     nameGroup(change.id);
     change = GroupChange{change.id, false, {}, {}};
     return;
@@ -569,7 +574,7 @@ void Drawing::swapGroup(GroupChange& change) {
   Group& group = groups_[static_cast<size_t>(change.id) - 1];
   unnameGroup(change.id);
   if (!change.there) {
-    change = GroupChange{change.id, true, std::move(group.parent), std::move(group.name)};
+    change = GroupChange{change.id, true, group.parent, std::move(group.name)};
     groups_.pop_back();
     return;
   }

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -159,6 +160,7 @@ class Drawing {
   void flushIndex() const;
   void indexAnew();
   void unindex(PrimitiveId id, Slot& slot);
+  std::string_view keptParent(std::string_view parent);
   void nameGroup(GroupId id);
   void unnameGroup(GroupId id);
   template <class Wanted>
@@ -170,6 +172,7 @@ class Drawing {
   std::vector<std::optional<Layer>> layers_;
   std::vector<std::vector<PrimitiveId>> layerMembers_;
   int currentLayer_ = 0;
+  std::set<std::string, std::less<>> parents_;
   std::vector<Group> groups_;
   std::unordered_map<std::string, std::vector<GroupId>> groupsByName_;
   std::vector<PrimitiveId> selected_;
