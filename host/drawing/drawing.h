@@ -81,6 +81,8 @@ class Drawing {
   GroupId addGroup(std::string_view parent, std::string_view name);
   void renameGroup(GroupId group, std::string_view parent, std::string_view name);
   [[nodiscard]] GroupId lastGroup() const { return static_cast<GroupId>(groups_.size()); }
+  // Group n stands at n - 1, those without members included.
+  [[nodiscard]] std::span<const Group> groups() const { return groups_; }
   [[nodiscard]] const Group& group(GroupId id) const { return groups_[static_cast<size_t>(id) - 1]; }
   // Calls function(const Group&) for each group that has members, in the order of their making.
   template <class Function>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -185,6 +186,8 @@ class DrawingWindow : public CCadWindow {
   template <class Kind>
   const Kind* currentAs() const;
   bool inScan(const Scan& scan, const Primitive& primitive) const;
+  int nextGroup(Scan& scan);
+  int nextPrimitive(Scan& scan);
 
   std::string name_;
   WindowServices services_;
@@ -202,11 +205,12 @@ class DrawingWindow : public CCadWindow {
   int newType_ = 0;           // the header given last
   bool newGeometry_ = false;  // given since then
   Primitive newPrimitive_;
-  Text newFont_;             // gsSetFont's values
-  PrimitiveId current_ = 0;  // what a scan or pick made current
-  GroupId currentGroup_ = 0;
-  std::vector<std::optional<Scan>> scans_;  // handle - 1 is the index
-  std::vector<Segment> marks_;              // temporary lines
+  Text newFont_;                         // gsSetFont's values
+  PrimitiveId current_ = 0;              // what a scan or pick made current
+  const Group* currentGroup_ = nullptr;  // of a scan, as long as the drawing has not changed
+  uint64_t currentGroupRevision_ = 0;
+  std::vector<std::unique_ptr<Scan>> scans_;  // handle - 1 is the index
+  std::vector<Segment> marks_;                // temporary lines
 };
 
 // The primitive type numbers of the view's calls.
