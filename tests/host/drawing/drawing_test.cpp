@@ -31,7 +31,7 @@ void expectIndexesInStep(RandomDrawing& random) {
   for (GroupId group = 1; group <= drawing.lastGroup(); ++group) {
     const auto members = idsWhere(drawing, [&](const Primitive& p) { return p.group == group; });
     EXPECT_EQ(drawing.membersOf(group), members);
-    GroupId& newestOfName = newest[drawing.group(group).parent + ' ' + drawing.group(group).name];
+    GroupId& newestOfName = newest[std::string(drawing.group(group).parent) + ' ' + drawing.group(group).name];
     if (!members.empty()) { newestOfName = group; }
   }
   for (const auto& [name, group] : newest) { EXPECT_EQ(drawing.newestGroup(name), group) << name; }

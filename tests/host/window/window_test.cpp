@@ -168,7 +168,7 @@ TEST_F(Window, GroupScansMeetGroupsWithMembers) {
     ASSERT_EQ(window().gsGetObject(parent, name), 1);
     seen += std::string(parent) + ' ' + std::string(name) + ';';
   }
-  EXPECT_EQ(seen, "BOLTS S1;BOLTS S3;");
+  EXPECT_EQ(seen, "BOLTS S3;BOLTS S1;") << "newest first";
   std::string_view parent;
   std::string_view name;
   EXPECT_EQ(window().gsGetObject(parent, name), 0) << "after the end no group is current";
