@@ -78,19 +78,15 @@ void joinCorner(std::vector<Curve>& raw, Curve& after, const Curve& pathBefore, 
 
 std::vector<Curve> rawParallel(const std::vector<Curve>& path, bool closed, double offset, bool rounded) {
   std::vector<Curve> raw;
-  std::optional<size_t> before;  // the path's curve that raw ends with
-  for (size_t at = 0; at < path.size(); ++at) {
-    auto moved = movedRight(path[at], offset);
-    if (!moved) {
-      before.reset();
-      continue;
-    }
-    if (before) { joinCorner(raw, *moved, path[*before], startOf(path[at]), offset, rounded); }
-    raw.push_back(std::move(*moved));
-    before = at;
+  const Curve* before = nullptr;  // the path's curve that raw ends with
+  for (const Curve& curve : path) {
+    auto moved = movedRight(curve, offset);
+    if (moved && before != nullptr) { joinCorner(raw, *moved, *before, startOf(curve), offset, rounded); }
+    before = moved ? &curve : nullptr;
+    if (moved) { raw.push_back(std::move(*moved)); }
   }
-  if (closed && before && path.size() > 1 && raw.size() > 1) {
-    joinCorner(raw, raw.front(), path[*before], startOf(path.front()), offset, rounded);
+  if (closed && before != nullptr && path.size() > 1 && raw.size() > 1) {
+    joinCorner(raw, raw.front(), *before, startOf(path.front()), offset, rounded);
   }
   return raw;
 }
@@ -123,6 +119,24 @@ std::vector<double> cutsOf(const std::vector<Curve>& raw, size_t at, double tole
   return cuts;
 }
 
+// The runs of a raw curve between cuts that keep their distance.
+void addKept(const Curve& curve, const std::vector<double>& cuts, const std::vector<Curve>& path, double least,
+             double tolerance, std::vector<Curve>& kept) {
+  const double size = lengthOf(curve);
+  bool running = false;
+  double from = 0.0;
+  double to = 0.0;
+  for (size_t cut = 0; cut + 1 < cuts.size(); ++cut) {
+    if ((cuts[cut + 1] - cuts[cut]) * size <= tolerance) { continue; }
+    const bool keeps = distanceToPath(path, pointAt(curve, (cuts[cut] + cuts[cut + 1]) / 2.0)) >= least;
+    if (running && !keeps) { kept.push_back(pieceOf(curve, from, to)); }
+    if (keeps && !running) { from = cuts[cut]; }
+    if (keeps) { to = cuts[cut + 1]; }
+    running = keeps;
+  }
+  if (running) { kept.push_back(pieceOf(curve, from, to)); }
+}
+
 }  // namespace
 
 std::vector<Curve> parallelOf(const std::vector<Curve>& path, bool closed, double offset, bool rounded,
@@ -132,27 +146,10 @@ std::vector<Curve> parallelOf(const std::vector<Curve>& path, bool closed, doubl
   if (raw.empty()) { return raw; }
   if (!closed) { cutEnds(raw, offset, angles); }
   const double tolerance = kRounding * (1.0 + std::abs(offset));
+  constexpr double kNearly = 1.0 - 1e-7;
   std::vector<Curve> kept;
   for (size_t at = 0; at < raw.size(); ++at) {
-    const double size = lengthOf(raw[at]);
-    const std::vector<double> cuts = cutsOf(raw, at, tolerance);
-    std::optional<double> from;
-    double to = 0.0;
-    const auto close = [&] {
-      if (from) { kept.push_back(pieceOf(raw[at], *from, to)); }
-      from.reset();
-    };
-    for (size_t cut = 0; cut + 1 < cuts.size(); ++cut) {
-      if ((cuts[cut + 1] - cuts[cut]) * size <= tolerance) { continue; }
-      const Point middle = pointAt(raw[at], (cuts[cut] + cuts[cut + 1]) / 2.0);
-      if (distanceToPath(path, middle) < std::abs(offset) * (1.0 - 1e-7) - tolerance) {
-        close();
-        continue;
-      }
-      if (!from) { from = cuts[cut]; }
-      to = cuts[cut + 1];
-    }
-    close();
+    addKept(raw[at], cutsOf(raw, at, tolerance), path, std::abs(offset) * kNearly - tolerance, tolerance, kept);
   }
   return kept;
 }
