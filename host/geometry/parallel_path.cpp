@@ -108,12 +108,28 @@ double distanceToPath(const std::vector<Curve>& path, Point p) {
   return least;
 }
 
-std::vector<double> cutsOf(const std::vector<Curve>& raw, size_t at, double tolerance) {
+// All that can bound what lies nearer to the path than the offset: both sides of every curve, and a circle
+// about every corner and end.
+std::vector<Curve> reachOf(const std::vector<Curve>& path, double offset) {
+  std::vector<Curve> reach;
+  for (const Curve& curve : path) {
+    for (const double side : {offset, -offset}) {
+      if (const auto moved = movedRight(curve, side)) { reach.push_back(*moved); }
+    }
+    for (const Point corner : {startOf(curve), endOf(curve)}) {
+      const Point start = corner + Point{std::abs(offset), 0.0};
+      reach.emplace_back(ArcShape{start, corner, start});
+    }
+  }
+  return reach;
+}
+
+std::vector<double> cutsOf(const Curve& curve, const std::vector<Curve>& reach, double tolerance) {
   std::vector<double> cuts = {0.0, 1.0};
-  const Box box = boundsOf(raw[at]).grownBy(tolerance);
-  for (size_t other = 0; other < raw.size(); ++other) {
-    if (other == at || !box.meets(boundsOf(raw[other]))) { continue; }
-    for (const Crossing& crossing : crossings(raw[at], raw[other], tolerance)) { cuts.push_back(crossing.first); }
+  const Box box = boundsOf(curve).grownBy(tolerance);
+  for (const Curve& other : reach) {
+    if (!box.meets(boundsOf(other))) { continue; }
+    for (const Crossing& crossing : crossings(curve, other, tolerance)) { cuts.push_back(crossing.first); }
   }
   std::sort(cuts.begin(), cuts.end());
   return cuts;
@@ -148,8 +164,9 @@ std::vector<Curve> parallelOf(const std::vector<Curve>& path, bool closed, doubl
   const double tolerance = kRounding * (1.0 + std::abs(offset));
   constexpr double kNearly = 1.0 - 1e-7;
   std::vector<Curve> kept;
-  for (size_t at = 0; at < raw.size(); ++at) {
-    addKept(raw[at], cutsOf(raw, at, tolerance), path, std::abs(offset) * kNearly - tolerance, tolerance, kept);
+  const std::vector<Curve> reach = reachOf(path, offset);
+  for (const Curve& curve : raw) {
+    addKept(curve, cutsOf(curve, reach, tolerance), path, std::abs(offset) * kNearly - tolerance, tolerance, kept);
   }
   return kept;
 }
