@@ -196,7 +196,9 @@ BoundaryMap::Entry& BoundaryMap::known(int curve) {
 
 void BoundaryMap::workOut(int curve) {
   Entry& entry = entries_[static_cast<size_t>(curve)];
+  constexpr double kSameMeeting = 1e-6;
   std::vector<Meeting> meetings;
+  meetings.reserve(32);
   if (!isClosed(entry.curve)) {
     meetings.push_back({0.0, startOf(entry.curve), true, true});
     meetings.push_back({1.0, endOf(entry.curve), true, true});
@@ -220,7 +222,15 @@ void BoundaryMap::workOut(int curve) {
     }
     Node node{t, meetings[best].at, static_cast<uint32_t>(entry.partners.size()), 0};
     for (size_t at = first; at < last; ++at) {
-      if (meetings[at].other >= 0) { entry.partners.push_back({meetings[at].other, meetings[at].otherT}); }
+      const Meeting& meeting = meetings[at];
+      // An end on the other curve and the crossing there are one meeting.
+      const auto known =
+          std::find_if(entry.partners.begin() + node.firstPartner, entry.partners.end(), [&](const Partner& partner) {
+            return partner.curve == meeting.other && std::abs(partner.t - meeting.otherT) < kSameMeeting;
+          });
+      if (meeting.other >= 0 && known == entry.partners.end()) {
+        entry.partners.push_back({meeting.other, meeting.otherT});
+      }
     }
     node.partners = static_cast<uint32_t>(entry.partners.size()) - node.firstPartner;
     entry.nodes.push_back(node);

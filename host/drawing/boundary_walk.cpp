@@ -211,7 +211,10 @@ std::optional<BoundaryMap::Hit> BoundaryMap::firstHit(Point p, Point ray, double
         best = Hit{near, crossing.second, along};
       }
     });
-    if (best) { return best; }
+    if (!best) { continue; }
+    // The next ray will find as much near it: looking further costs more than looking twice.
+    stride_ = std::max(kJoin, 0.8 * stride_ + 0.2 * 2.0 * (best->along - from));
+    return best;
   }
   return std::nullopt;
 }

@@ -29,7 +29,9 @@ double segmentParameter(const Segment& segment, Point p) {
   return size > 0.0 ? dot(p - segment.a, along) / size : 0.0;
 }
 
-bool onCurve(const Curve& curve, Point p, double tolerance) { return distance(nearestOn(curve, p), p) <= tolerance; }
+bool onCurve(const Curve& curve, Point p, double tolerance) {
+  return squaredLength(nearestOn(curve, p) - p) <= tolerance * tolerance;
+}
 
 double clampedParameter(const Curve& curve, Point p) { return std::clamp(parameterOf(curve, p), 0.0, 1.0); }
 
@@ -190,6 +192,7 @@ std::vector<Point> crossingsOfEndless(const Curve& first, const Curve& second, d
 
 std::vector<Crossing> crossings(const Curve& first, const Curve& second, double tolerance) {
   std::vector<Crossing> found;
+  found.reserve(8);
   addEndsOnOther(first, second, false, tolerance, found);
   addEndsOnOther(second, first, true, tolerance, found);
   const auto* line1 = std::get_if<Segment>(&first);
