@@ -47,10 +47,11 @@ void takeDefinition(DrawingWindow& window, const std::string& name) {
 
 // A symbol placed is a pattern of its own, named for the symbol.
 PrimitiveId place(DrawingWindow& window, Symbol symbol) {
-  takeDefinition(window, symbol.name);
   Drawing& drawing = window.drawing();
-  const GroupId group = drawing.addGroup(window.openGroup().parent(), symbol.name);
+  const std::string name = symbol.name;
+  const GroupId group = drawing.addGroup(window.openGroup().parent(), name);
   const PrimitiveId id = drawInStyle(window, std::move(symbol));
+  takeDefinition(window, name);  // last: a placing that is refused leaves none behind
   Primitive grouped = *drawing.find(id);
   grouped.group = group;
   drawing.replace(id, std::move(grouped));
@@ -167,13 +168,13 @@ void insertDrawing(MacroRun& run) {
   if (run.number(2) <= 0.0) { throw MacroError(run.column(2), "a drawing is inserted at a scale above 0"); }
   const std::unique_ptr<Drawing> source = opened(run);
   Drawing& drawing = run.window.drawing();
+  Insertion insertion(run, *source);
+  std::vector<PrimitiveId> inserted;
+  source->forEach([&](PrimitiveId, const Primitive& primitive) { inserted.push_back(insertion.insert(primitive)); });
   for (const auto& [name, definition] : source->symbols()) {
     if (drawing.symbol(name) == nullptr) { drawing.addSymbol(definition); }
   }
   drawing.clearSelection();
-  Insertion insertion(run, *source);
-  std::vector<PrimitiveId> inserted;
-  source->forEach([&](PrimitiveId, const Primitive& primitive) { inserted.push_back(insertion.insert(primitive)); });
   for (const PrimitiveId id : inserted) { drawing.select(id); }
 }
 
