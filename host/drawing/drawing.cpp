@@ -119,6 +119,7 @@ void Drawing::put(PrimitiveId id, Primitive primitive) {
   }
   unindexed_.push_back(id);
   ++count_;
+  if (listener_ != nullptr) { listener_->primitiveAdded(id, place.primitive); }
 }
 
 Primitive Drawing::take(PrimitiveId id) {
@@ -133,6 +134,7 @@ Primitive Drawing::take(PrimitiveId id) {
   }
   place.there = false;
   --count_;
+  if (listener_ != nullptr) { listener_->primitiveRemoved(id); }
   return std::move(place.primitive);
 }
 

@@ -34,6 +34,18 @@ struct SymbolDefinition {
   std::vector<Primitive> parts;
   bool paperSize = true;  // millimetres on paper, placed x drawing scale; else real size, converted by unit
   bool upright = false;   // does not turn with the axes of a survey sheet
+  std::string file = {};  // the base name of the symbol file that it came from
+};
+
+// Is told of every primitive that enters or leaves a drawing, undo and redo included; a change is both.
+class DrawingListener {
+ public:
+  DrawingListener() = default;
+  DrawingListener(const DrawingListener&) = delete;
+  DrawingListener& operator=(const DrawingListener&) = delete;
+  virtual ~DrawingListener() = default;
+  virtual void primitiveAdded(PrimitiveId id, const Primitive& primitive) = 0;
+  virtual void primitiveRemoved(PrimitiveId id) = 0;
 };
 
 // A drawing: primitives in drawing order under stable ids, layers, groups, selection, parameters and sheet.
@@ -142,6 +154,8 @@ class Drawing {
   [[nodiscard]] const std::string* redoName() const;
   bool undo();
   bool redo();
+  // One, or null; it outlives its being set.
+  void setListener(DrawingListener* listener) { listener_ = listener; }
   // Counts up with every change; what is saved and what is shown compare it.
   [[nodiscard]] uint64_t revision() const { return revision_; }
 
@@ -189,6 +203,7 @@ class Drawing {
   size_t openBase_ = 0;  // the steps done before the open one
   int stepDepth_ = 0;
   uint64_t revision_ = 0;
+  DrawingListener* listener_ = nullptr;
 };
 
 }  // namespace brevan

@@ -25,6 +25,10 @@ std::optional<Sheet> isoSheet(std::string_view name, bool portrait);
 // scale with a margin of 10 mm, the drawing centred; A0 where none does.
 Sheet sheetFor(const Box& extents, const Parameters& parameters);
 
+// Where a point of the drawing is the middle of the sheet.
+void centreSheet(Sheet& sheet, const Parameters& parameters, Point centre);
+Point sheetCentre(const Sheet& sheet, const Parameters& parameters);
+
 // From drawing units to millimetres on the sheet, from its lower left corner, y upwards. A south-oriented
 // survey sheet is turned by half a turn.
 Transform toSheet(const Sheet& sheet, const Parameters& parameters);

@@ -46,6 +46,8 @@ void DrawingWindow::beginCommand(std::string name) {
 
 void DrawingWindow::endCommand(bool well) {
   if (well) {
+    fitPaper();
+    macroState_.paper.wanted = false;
     drawing_.endStep();
   } else {
     drawing_.rollBack();

@@ -9,7 +9,9 @@
 #include "frame/host/cad_window.h"
 #include "host/drawing/drawing.h"
 #include "host/window/cursor.h"
+#include "host/window/drawing_source.h"
 #include "host/window/events.h"
+#include "host/window/macro_state.h"
 #include "host/window/user.h"
 
 namespace brevan {
@@ -20,7 +22,9 @@ class MacroVariables;
 struct WindowServices {
   User& user;
   MacroVariables& variables;
-  EventSink* events = nullptr;  // null: nobody listens
+  EventSink* events = nullptr;        // null: nobody listens
+  DrawingSource* drawings = nullptr;  // null: no drawing can be inserted
+  SymbolTable* symbols = nullptr;     // shared by all windows
 };
 
 // Pen, line type and width of what the user and the macros draw.
@@ -62,6 +66,16 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] DrawingStyle& style() { return style_; }
   [[nodiscard]] OpenGroup& openGroup() { return openGroup_; }
   [[nodiscard]] TextDefaults& textDefaults() { return textDefaults_; }
+  [[nodiscard]] MacroState& macroState() { return macroState_; }
+  [[nodiscard]] BoundaryMap& boundaries();
+  [[nodiscard]] const WindowServices& services() const { return services_; }
+  // Nothing is current: picks and scans start anew.
+  void clearCurrent() {
+    current_ = 0;
+    currentGroup_ = nullptr;
+  }
+  // The smallest sheet for what is drawn, where a command left the paper to the host.
+  void fitPaper();
   [[nodiscard]] bool selectsNew() const { return selectsNew_; }
   void setSelectsNew(bool on) { selectsNew_ = on; }
   [[nodiscard]] bool escaped() const { return escaped_; }
@@ -196,6 +210,7 @@ class DrawingWindow : public CCadWindow {
   DrawingStyle style_;
   OpenGroup openGroup_;
   TextDefaults textDefaults_;
+  MacroState macroState_;
   int dimensionStyle_ = 0;
   bool selectsNew_ = false;
   bool escaped_ = false;

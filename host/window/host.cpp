@@ -42,8 +42,8 @@ void Host::loadModule(const std::string& path) {
 }
 
 DrawingWindow& Host::openWindow(std::string name) {
-  windows_.push_back(
-      std::make_unique<DrawingWindow>(std::move(name), WindowServices{parts_.user, variables_, parts_.events}));
+  windows_.push_back(std::make_unique<DrawingWindow>(
+      std::move(name), WindowServices{parts_.user, variables_, parts_.events, parts_.drawings, &symbols_}));
   current_ = windows_.size() - 1;
   if (running_) { windows_.back()->beginCommand("New drawing"); }
   if (parts_.events != nullptr) { parts_.events->windowOpened(windows_.back()->name()); }

@@ -49,7 +49,8 @@ struct HostParts {
   FileServices& files;
   INI_LIST& settings;
   EventSink* events = nullptr;
-  std::string helpFile;  // of the host, in Windows-1252
+  std::string helpFile;               // of the host, in Windows-1252
+  DrawingSource* drawings = nullptr;  // where inserted drawings and symbol files come from
 };
 
 // Ties windows, settings, macro variables, user and module together, and runs commands. While it lives, the
@@ -93,6 +94,7 @@ class Host {
   CoreContext context_;
   CoreContextBinding binding_;
   MacroVariables variables_;
+  SymbolTable symbols_;  // of the symbol files loaded for every window
   MainFrame mainFrame_;
   PlainShortcutBar shortcutBar_;
   std::vector<std::unique_ptr<DrawingWindow>> windows_;
