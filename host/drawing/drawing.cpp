@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "host/drawing/symbol_expansion.h"
 #include "host/drawing/text_layout.h"
 
 namespace brevan {
@@ -355,9 +356,7 @@ namespace {
 
 Transform symbolPlacing(const Symbol& symbol, const SymbolDefinition& definition, const Parameters& parameters) {
   const double size = symbol.scale * (definition.paperSize ? parameters.paperMillimetre() : 1.0 / parameters.unit());
-  const Transform turned = Transform::rotation({}, radians(symbol.rotation));
-  const Transform sized = Transform::scaling({}, symbol.mirrored ? -size : size, size);
-  return Transform::shift(symbol.at) * turned * sized;
+  return symbolPlacement(symbol, size);
 }
 
 // The two extension lines and the dimension line.

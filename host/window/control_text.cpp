@@ -21,6 +21,7 @@ Overloaded(Functions...) -> Overloaded<Functions...>;
 template <class Items, class Caption>
 std::vector<std::string> captions(const Items& items, const Caption& caption) {
   std::vector<std::string> texts;
+  texts.reserve(items.size());
   for (const auto& item : items) { texts.push_back(caption(item)); }
   return texts;
 }
@@ -153,7 +154,9 @@ int controlAt(Dialog& dialog, std::string_view address) {
       if (takesFocus(control.state) != focusable || name.empty()) { continue; }
       const std::string group = groupCaption(dialog, control.group);
       const bool byName = equalWithoutCase(name, wanted);
-      if (!byName && !equalWithoutCase(group + '/' + name, wanted)) { continue; }
+      std::string path = group;
+      path.append("/").append(name);
+      if (!byName && !equalWithoutCase(path, wanted)) { continue; }
       found.push_back(index);
       if (byName && group.empty()) { ungrouped.push_back(index); }
     }

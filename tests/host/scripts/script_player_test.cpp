@@ -21,7 +21,7 @@ class Player : public CoreFixture {
                                          {{"json", [](const Drawing& drawing, int) { return drawingJson(drawing); }}},
                                          ARDENIX_MODULE,
                                          "",
-                                         &transcript,
+                                         &transcript_,
                                          {},
                                          {}});
     try {
@@ -30,7 +30,7 @@ class Player : public CoreFixture {
     return "";
   }
   Drawing& drawing() { return player_->host().window().drawing(); }
-  Transcript transcript;
+  Transcript transcript_;
 
  private:
   FileServices confined_{folder(), folder(), FileServices::Confinement{folder() + "/out", {}}};
@@ -121,7 +121,7 @@ TEST_F(Player, WindowsSettingsAndVariables) {
                  "setting \"Mech\" \"Key\" \"Val\"\nread NOTSET\n"),
             "");
   EXPECT_EQ(drawing().count(), 0U);
-  EXPECT_NE(transcript.lines().find("{\"event\":\"variable\",\"name\":\"NOTSET\",\"value\":null}\n"),
+  EXPECT_NE(transcript_.lines().find("{\"event\":\"variable\",\"name\":\"NOTSET\",\"value\":null}\n"),
             std::string::npos);
 }
 
