@@ -60,6 +60,8 @@ Drawing::Drawing() : store_(std::make_unique<Store>()) {
 }
 
 Drawing::~Drawing() = default;
+Drawing::Drawing(Drawing&& other) noexcept = default;
+Drawing& Drawing::operator=(Drawing&& other) noexcept = default;
 
 Drawing::Slot& Drawing::slot(PrimitiveId id) const { return store_->at(id); }
 
@@ -442,10 +444,41 @@ void Drawing::addSymbol(SymbolDefinition symbol) {
   ++revision_;
 }
 
+// ---- Loading ---------------------------------------------------------------------------------------------------
+
+void Drawing::load(PrimitiveId id, Primitive primitive) {
+  if (id < 1 || find(id) != nullptr) {
+    throw RefusedChange("There is a primitive with the number " + std::to_string(id) + " already, or it is below 1.");
+  }
+  if (!isFinite(primitive.geometry) || !std::isfinite(primitive.width)) {
+    throw RefusedChange("A " + std::string(kindName(primitive.geometry)) + " holds a number that is not finite.");
+  }
+  if (layer(primitive.layer) == nullptr) {
+    throw RefusedChange("There is no layer with the number " + std::to_string(primitive.layer) + ".");
+  }
+  if (primitive.group < 0 || primitive.group > lastGroup()) {
+    throw RefusedChange("There is no group with the number " + std::to_string(primitive.group) + ".");
+  }
+  put(id, std::move(primitive));
+  ++revision_;
+}
+
+void Drawing::loadLayer(int index, Layer layer) {
+  if (index < 0 || (index > 0 && this->layer(index) != nullptr)) {
+    throw RefusedChange("There is a layer with the number " + std::to_string(index) + " already, or it is below 0.");
+  }
+  const size_t needed = std::max(layers_.size(), static_cast<size_t>(index) + 1);
+  layers_.resize(needed);
+  layerMembers_.resize(needed);
+  layers_[static_cast<size_t>(index)] = std::move(layer);
+  ++revision_;
+}
+
 // ---- Journal ---------------------------------------------------------------------------------------------------
 
 void Drawing::note(Change change) {
   ++revision_;
+  if (loading_) { return; }
   undone_.clear();
   if (stepDepth_ > 0) {
     open_.changes.push_back(std::move(change));

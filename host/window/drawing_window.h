@@ -56,6 +56,8 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] Drawing& drawing() { return drawing_; }
   [[nodiscard]] const Drawing& drawing() const { return drawing_; }
+  // What a file held; for a window on which nothing was drawn yet.
+  void setDrawing(Drawing drawing) { drawing_ = std::move(drawing); }
   [[nodiscard]] Cursor& cursor() { return cursor_; }
   [[nodiscard]] DrawingStyle& style() { return style_; }
   [[nodiscard]] OpenGroup& openGroup() { return openGroup_; }
