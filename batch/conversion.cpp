@@ -37,7 +37,7 @@ ReadDrawing read(const std::string& path) {
 }  // namespace
 
 std::string checkConvertibleFrom(const std::string& path) {
-  return isReadableDrawing(path) ? "" : "convert reads .drg and .dxf files, got \"" + path + "\"";
+  return isReadableDrawing(path) ? "" : "convert reads .drg, .dxf and .sym files, got \"" + path + "\"";
 }
 
 std::string checkConvertibleTo(const std::string& path) {

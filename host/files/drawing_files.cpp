@@ -8,6 +8,7 @@
 #include "host/core/text_encoding.h"
 #include "host/files/drg_reader.h"
 #include "host/files/dxf_reader.h"
+#include "host/files/symbol_text.h"
 
 namespace brevan {
 
@@ -20,7 +21,9 @@ struct FormatRow {
 
 ReadDrawing openDrawingFile(const std::string& path) { return {openDrg(path), {}}; }
 
-constexpr std::array<FormatRow, 2> kFormats = {{{"drg", openDrawingFile}, {"dxf", openDxf}}};
+ReadDrawing openSymbols(const std::string& path) { return {openSymbolText(path), {}}; }
+
+constexpr std::array<FormatRow, 3> kFormats = {{{"drg", openDrawingFile}, {"dxf", openDxf}, {"sym", openSymbols}}};
 
 const FormatRow* formatOf(const std::string& path) {
   const std::string ending = fileEnding(path);
@@ -42,7 +45,8 @@ bool isReadableDrawing(const std::string& path) { return formatOf(path) != nullp
 ReadDrawing readDrawing(const std::string& path) {
   const FormatRow* format = formatOf(path);
   if (format == nullptr) {
-    throw HostFailure("cannot read \"" + messageText(path) + "\": drawings end in .drg or .dxf");
+    throw HostFailure("cannot read \"" + messageText(path) +
+                      "\": drawings end in .drg or .dxf, symbols as text in .sym");
   }
   return format->read(path);
 }

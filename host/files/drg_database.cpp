@@ -49,7 +49,7 @@ void DrgDatabase::open() {
 
 DrgDatabase::DrgDatabase(std::string name) : name_(std::move(name)) {
   open();
-  execute("PRAGMA journal_mode=OFF; PRAGMA page_size=8192; PRAGMA temp_store=MEMORY");
+  execute("PRAGMA journal_mode=OFF; PRAGMA page_size=4096; PRAGMA temp_store=MEMORY");
 }
 
 DrgDatabase::DrgDatabase(std::string name, std::string& bytes)
