@@ -463,6 +463,15 @@ void Drawing::load(PrimitiveId id, Primitive primitive) {
   ++revision_;
 }
 
+void Drawing::loadGroupOf(PrimitiveId id, GroupId group) {
+  Slot& place = slot(id);
+  std::vector<PrimitiveId>& members = groups_.at(static_cast<size_t>(group) - 1).members;
+  place.primitive.group = group;
+  place.groupPosition = static_cast<uint32_t>(members.size());
+  members.push_back(id);
+  ++revision_;
+}
+
 void Drawing::loadLayer(int index, Layer layer) {
   if (index < 0 || (index > 0 && this->layer(index) != nullptr)) {
     throw RefusedChange("There is a layer with the number " + std::to_string(index) + " already, or it is below 0.");

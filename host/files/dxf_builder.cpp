@@ -41,9 +41,9 @@ double wrappedDegrees(double angle) {
 }  // namespace
 
 void DxfBuilder::beginEntity(uint64_t handle) {
-  if (!entities_.empty()) { entities_.back().end = primitives_.size(); }
+  if (!entities_.empty()) { entities_.back().last = drawing_.lastId(); }
   handlesRise_ = handlesRise_ && (entities_.empty() || entities_.back().handle < handle);
-  entities_.push_back({handle, primitives_.size(), primitives_.size()});
+  entities_.push_back({handle, drawing_.lastId(), drawing_.lastId()});
 }
 
 const Primitive& DxfBuilder::styled(const DxfLook& look) {
@@ -58,9 +58,24 @@ void DxfBuilder::push(const Primitive& style, Geometry geometry) {
   if (!isFinite(geometry)) {
     throw DxfRefusal("a " + std::string(kindName(geometry)) + " reaches beyond the numbers that can be computed with");
   }
-  Primitive& primitive = primitives_.emplace_back(style);
+  reachLayer(style.layer);
+  Primitive primitive = style;
   primitive.geometry = std::move(geometry);
   if (Text* text = std::get_if<Text>(&primitive.geometry)) { text->pen = primitive.pen; }
+  drawing_.load(drawing_.lastId() + 1, std::move(primitive));
+}
+
+// Layers enter the drawing with the first thing that lies on them or beyond.
+void DxfBuilder::reachLayer(int index) {
+  while (layersIn_ <= index) {
+    drawing_.loadLayer(layersIn_, styles_.layer(layersIn_));
+    ++layersIn_;
+  }
+}
+
+void DxfBuilder::setParameters(const Parameters& parameters) {
+  parameters_ = parameters;
+  drawing_.setParameters(parameters);
 }
 
 // A south-oriented drawing is written as it is seen on paper, its texts upright.
@@ -84,8 +99,11 @@ void DxfBuilder::take(const DxfLook& look, Geometry geometry) {
 }
 
 void DxfBuilder::replaceLast(const DxfLook& look, Geometry geometry) {
-  primitives_.pop_back();
-  take(look, std::move(geometry));
+  drawing_.replace(drawing_.lastId(), [&] {
+    Primitive primitive = styled(look);
+    primitive.geometry = inDrawing(std::move(geometry));
+    return primitive;
+  }());
 }
 
 void DxfBuilder::insert(const DxfLook& look, DxfInsert insert) {
@@ -128,7 +146,7 @@ void DxfBuilder::explodeOnce(const DxfBlockRead& block, const Transform& placing
       continue;
     }
     forEachPlaced(std::get<Geometry>(piece.what), placing, [&](Geometry geometry) {
-      if (primitives_.size() > 16 * DxfBlocks::kMostParts) {
+      if (drawing_.count() > 16 * DxfBlocks::kMostParts) {
         throw DxfRefusal("block \"" + block.name + "\" makes the drawing exceed " +
                          std::to_string(16 * DxfBlocks::kMostParts) + " primitives");
       }
@@ -207,36 +225,30 @@ void DxfBuilder::defineSymbol(const DxfBlockRead& block) {
   symbols_[block.name].parts = std::move(parts);
 }
 
-void DxfBuilder::addGroup(std::string parent, std::string name, const std::vector<uint64_t>& members) {
+void DxfBuilder::addGroup(std::string_view parent, std::string_view name, const std::vector<uint64_t>& members) {
   if (!handlesRise_) {
     std::stable_sort(entities_.begin(), entities_.end(),
                      [](const Place& a, const Place& b) { return a.handle < b.handle; });
     handlesRise_ = true;
   }
-  groups_.push_back({std::move(parent), std::move(name)});
-  const auto group = static_cast<GroupId>(groups_.size());
+  const GroupId group = drawing_.addGroup(parent, name);
   for (const uint64_t handle : members) {
     const auto found = std::lower_bound(entities_.begin(), entities_.end(), handle,
                                         [](const Place& place, uint64_t wanted) { return place.handle < wanted; });
     if (handle == 0 || found == entities_.end() || found->handle != handle) { continue; }
-    for (size_t n = found->first; n < found->end; ++n) {
-      if (primitives_[n].group == 0) { primitives_[n].group = group; }
+    for (PrimitiveId id = found->before + 1; id <= found->last; ++id) {
+      if (drawing_.find(id)->group == 0) { drawing_.loadGroupOf(id, group); }
     }
   }
 }
 
 Drawing DxfBuilder::finish(std::string_view currentLayer) {
-  Drawing drawing;
-  drawing.beginLoading();
-  drawing.setParameters(parameters_);
-  if (sheet_) { drawing.setSheet(sheet_); }
-  styles_.putLayers(drawing, currentLayer);
-  for (const GroupRead& group : groups_) { drawing.addGroup(group.parent, group.name); }
-  PrimitiveId id = 0;
-  for (Primitive& primitive : primitives_) { drawing.load(++id, std::move(primitive)); }
-  for (auto& [name, symbol] : symbols_) { drawing.addSymbol(std::move(symbol)); }
-  drawing.endLoading();
-  return drawing;
+  const int current = styles_.layerOf(currentLayer.empty() ? "0" : currentLayer);
+  reachLayer(styles_.layerCount() - 1);
+  drawing_.setCurrentLayer(current);
+  for (auto& [name, symbol] : symbols_) { drawing_.addSymbol(std::move(symbol)); }
+  drawing_.endLoading();
+  return std::move(drawing_);
 }
 
 }  // namespace brevan

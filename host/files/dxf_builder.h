@@ -14,11 +14,13 @@ namespace brevan {
 class DxfBuilder : public DxfSink {
  public:
   DxfBuilder(DxfStyles& styles, DxfBlocks& blocks, DxfReport& report)
-      : styles_(styles), blocks_(blocks), report_(report) {}
+      : styles_(styles), blocks_(blocks), report_(report) {
+    drawing_.beginLoading();
+  }
 
-  void setParameters(const Parameters& parameters) { parameters_ = parameters; }
-  void setSheet(Sheet sheet) { sheet_ = std::move(sheet); }
-  void expect(size_t primitives) { primitives_.reserve(primitives); }
+  // Before anything is taken.
+  void setParameters(const Parameters& parameters);
+  void setSheet(Sheet sheet) { drawing_.setSheet(std::move(sheet)); }
 
   // What is taken from here on belongs to the entity of the handle (0: none).
   void beginEntity(uint64_t handle);
@@ -26,16 +28,17 @@ class DxfBuilder : public DxfSink {
   void insert(const DxfLook& look, DxfInsert insert) override;
   void replaceLast(const DxfLook& look, Geometry geometry) override;
 
-  void addGroup(std::string parent, std::string name, const std::vector<uint64_t>& members);
+  void addGroup(std::string_view parent, std::string_view name, const std::vector<uint64_t>& members);
   Drawing finish(std::string_view currentLayer);
 
  private:
   struct Place {
     uint64_t handle = 0;
-    size_t first = 0;  // of its primitives, and one beyond the last
-    size_t end = 0;
+    PrimitiveId before = 0;  // the primitive before its first, and its last
+    PrimitiveId last = 0;
   };
   void push(const Primitive& style, Geometry geometry);
+  void reachLayer(int index);
   void explode(const DxfBlockRead& block, const DxfInsert& insert, const Transform& outer, const DxfLook& look);
   void explodeOnce(const DxfBlockRead& block, const Transform& placing, const DxfLook& look);
   void placeSymbol(const DxfBlockRead& block, const DxfInsert& insert, const DxfLook& look);
@@ -48,19 +51,14 @@ class DxfBuilder : public DxfSink {
   DxfBlocks& blocks_;
   DxfReport& report_;
   Parameters parameters_;
-  std::optional<Sheet> sheet_;
-  std::vector<Primitive> primitives_;
+  Drawing drawing_;
+  int layersIn_ = 0;
   std::vector<Place> entities_;
   bool handlesRise_ = true;
   size_t expanded_ = 0;
   DxfLook lastLook_{-1};
   Primitive lastStyle_;
   std::map<std::string, SymbolDefinition> symbols_;
-  struct GroupRead {
-    std::string parent;
-    std::string name;
-  };
-  std::vector<GroupRead> groups_;
 };
 
 }  // namespace brevan

@@ -18,10 +18,7 @@ class DxfReader {
       : scanner_(bytes, messageText(file)),
         record_(scanner_),
         entities_(styles_, report_),
-        builder_(styles_, blocks_, report_) {
-    constexpr size_t kBytesAnEntity = 150;
-    builder_.expect(bytes.size() / kBytesAnEntity);
-  }
+        builder_(styles_, blocks_, report_) {}
 
   ReadDrawing read() {
     try {

@@ -34,7 +34,7 @@ class DxfRecord {
     line_ = start.line;
     ++round_;
   }
-  void add(const DxfTag& tag) {
+  [[gnu::always_inline]] void add(const DxfTag& tag) {
     if (tag.code >= 0 && tag.code < kIndexed && rounds_[static_cast<size_t>(tag.code)] != round_) {
       rounds_[static_cast<size_t>(tag.code)] = round_;
       first_[static_cast<size_t>(tag.code)] = static_cast<uint32_t>(tags_.size());
@@ -60,9 +60,8 @@ class DxfRecord {
   [[nodiscard]] Point point(int code) const { return {real(code), real(code + 10)}; }
 
   [[nodiscard]] double realOf(const DxfTag& tag) const {
-    std::string_view text = tag.value;
-    while (!text.empty() && text.front() == ' ') { text.remove_prefix(1); }
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) { text.remove_suffix(1); }
+    if (const auto plain = numberText::parseDouble(tag.value)) { return *plain; }
+    std::string_view text = trimmed(tag.value);
     if (text.size() > 1 && text.front() == '+' && text[1] != '-') { text.remove_prefix(1); }
     const auto value = numberText::parseDouble(text);
     if (!value) { refuse(tag, "a finite number"); }

@@ -27,15 +27,20 @@ class DxfScanner {
   }
 
   // False at the end of the bytes.
-  bool next(DxfTag& tag) {
-    std::string_view code;
-    do {
-      if (at_ >= bytes_.size()) { return false; }
-      code = takeLine();
-    } while (code.empty() && at_ >= bytes_.size());
+  [[gnu::always_inline]] bool next(DxfTag& tag) {
+    const char* const end = bytes_.data() + bytes_.size();
+    const char* at = bytes_.data() + at_;
+    // Nearly every code is blanks, one to four digits and the line's end.
+    while (at != end && *at == ' ') { ++at; }
+    int code = 0;
+    const char* const first = at;
+    while (end - at > 1 && *at >= '0' && *at <= '9' && at - first < 4) { code = code * 10 + (*at++ - '0'); }
+    const bool returned = end - at > 1 && *at == '\r' && at[1] == lineEnd_;
+    if (at == first || end - at < 2 || !(*at == lineEnd_ || returned) || code > kHighestCode) { return nextOdd(tag); }
+    at_ = static_cast<size_t>(at - bytes_.data()) + (returned ? 2 : 1);
+    ++line_;
     tag.line = line_;
-    tag.code = codeOf(code);
-    if (at_ >= bytes_.size() && !endsInLine_) { fail(line_, "a group's value is missing"); }
+    tag.code = code;
     tag.value = takeLine();
     return true;
   }
@@ -55,7 +60,22 @@ class DxfScanner {
   }
 
  private:
-  std::string_view takeLine() {
+  static constexpr int kHighestCode = 1071;
+
+  [[gnu::noinline]] bool nextOdd(DxfTag& tag) {
+    std::string_view code;
+    do {
+      if (at_ >= bytes_.size()) { return false; }
+      code = takeLine();
+    } while (code.empty() && at_ >= bytes_.size());
+    tag.line = line_;
+    tag.code = codeOf(code);
+    if (at_ >= bytes_.size() && !endsInLine_) { fail(line_, "a group's value is missing"); }
+    tag.value = takeLine();
+    return true;
+  }
+
+  [[gnu::always_inline]] std::string_view takeLine() {
     const char* const begin = bytes_.data() + at_;
     const size_t left = bytes_.size() - at_;
     const void* const found = std::memchr(begin, lineEnd_, left);
@@ -82,7 +102,9 @@ class DxfScanner {
     }
     const bool digits = at > first;
     while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) { ++at; }
-    if (!digits || at != text.size() || code > 1071) { fail(line_, "a group code is expected, a number up to 1071"); }
+    if (!digits || at != text.size() || code > kHighestCode) {
+      fail(line_, "a group code is expected, a number up to 1071");
+    }
     return negative ? -code : code;
   }
 

@@ -230,12 +230,4 @@ Primitive DxfStyles::styled(const DxfLook& look) const {
   return primitive;
 }
 
-void DxfStyles::putLayers(Drawing& drawing, std::string_view current) {
-  const int currentIndex = layerOf(current.empty() ? "0" : current);
-  for (size_t index = 0; index < layers_.size(); ++index) {
-    drawing.loadLayer(static_cast<int>(index), std::move(layers_[index].layer));
-  }
-  drawing.setCurrentLayer(currentIndex);
-}
-
 }  // namespace brevan

@@ -46,7 +46,8 @@ class DxfStyles {
   DxfLook lookOf(const DxfRecord& record);
   // Line type and width of what is by layer are the layer's.
   [[nodiscard]] Primitive styled(const DxfLook& look) const;
-  void putLayers(Drawing& drawing, std::string_view current);
+  [[nodiscard]] int layerCount() const { return static_cast<int>(layers_.size()); }
+  [[nodiscard]] const Layer& layer(int index) const { return layers_[static_cast<size_t>(index)].layer; }
 
  private:
   struct LayerRead {
