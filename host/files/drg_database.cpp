@@ -42,9 +42,12 @@ constexpr int64_t kStepsAByte = 100;
 
 void DrgDatabase::open() {
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY | SQLITE_OPEN_PRIVATECACHE;
-  if (sqlite3_open_v2(":memory:", &handle_, flags, nullptr) != SQLITE_OK) { failAsReported(); }
-  for (const Limit& limit : kLimits) { sqlite3_limit(handle_, limit.what, limit.most); }
-  for (const Switch& row : kSwitches) { sqlite3_db_config(handle_, row.what, row.on, nullptr); }
+  sqlite3* opened = nullptr;  // even where it fails
+  const int result = sqlite3_open_v2(":memory:", &opened, flags, nullptr);
+  handle_.reset(opened);
+  if (result != SQLITE_OK) { failAsReported(); }
+  for (const Limit& limit : kLimits) { sqlite3_limit(handle_.get(), limit.what, limit.most); }
+  for (const Switch& row : kSwitches) { sqlite3_db_config(handle_.get(), row.what, row.on, nullptr); }
 }
 
 DrgDatabase::DrgDatabase(std::string name) : name_(std::move(name)) {
@@ -57,23 +60,23 @@ DrgDatabase::DrgDatabase(std::string name, std::string& bytes)
   open();
   const auto size = static_cast<sqlite3_int64>(bytes.size());
   auto* const data = reinterpret_cast<unsigned char*>(bytes.data());
-  if (sqlite3_deserialize(handle_, "main", data, size, size, SQLITE_DESERIALIZE_READONLY) != SQLITE_OK) {
+  if (sqlite3_deserialize(handle_.get(), "main", data, size, size, SQLITE_DESERIALIZE_READONLY) != SQLITE_OK) {
     failAsReported();
   }
   const auto countDown = [](void* left) { return (*static_cast<int64_t*>(left) -= kStepsBetweenChecks) < 0 ? 1 : 0; };
-  sqlite3_progress_handler(handle_, kStepsBetweenChecks, countDown, &stepsLeft_);
+  sqlite3_progress_handler(handle_.get(), kStepsBetweenChecks, countDown, &stepsLeft_);
   execute("PRAGMA cell_size_check=ON; PRAGMA query_only=ON; PRAGMA temp_store=MEMORY; PRAGMA cache_size=-4000");
 }
 
-DrgDatabase::~DrgDatabase() { sqlite3_close(handle_); }
+void DrgDatabase::Close::operator()(sqlite3* handle) const { sqlite3_close(handle); }
 
 void DrgDatabase::execute(const std::string& sql) {
-  if (sqlite3_exec(handle_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) { failAsReported(); }
+  if (sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) { failAsReported(); }
 }
 
 std::string DrgDatabase::bytes() const {
   sqlite3_int64 size = 0;
-  const std::unique_ptr<unsigned char, void (*)(void*)> data(sqlite3_serialize(handle_, "main", &size, 0),
+  const std::unique_ptr<unsigned char, void (*)(void*)> data(sqlite3_serialize(handle_.get(), "main", &size, 0),
                                                              sqlite3_free);
   if (data == nullptr) { fail("there is not enough memory"); }
   return {reinterpret_cast<const char*>(data.get()), static_cast<size_t>(size)};
@@ -82,10 +85,10 @@ std::string DrgDatabase::bytes() const {
 void DrgDatabase::fail(std::string_view reason) const { throw HostFailure(name_ + ": " + std::string(reason)); }
 
 void DrgDatabase::failAsReported() const {
-  switch (sqlite3_errcode(handle_)) {
+  switch (sqlite3_errcode(handle_.get())) {
     case SQLITE_INTERRUPT: fail("it asks for more work than a file of its size can need");
     case SQLITE_NOMEM: throw std::bad_alloc();
-    default: fail("the database in it is damaged: " + messageText(sqlite3_errmsg(handle_)));
+    default: fail("the database in it is damaged: " + messageText(sqlite3_errmsg(handle_.get())));
   }
 }
 

@@ -19,21 +19,24 @@ class DrgDatabase {
   // One from a file's bytes, to be read only. Its schema is trusted with nothing, and work on it is bounded by
   // its size. The bytes must outlive it.
   DrgDatabase(std::string name, std::string& bytes);
-  ~DrgDatabase();
+  ~DrgDatabase() = default;
   DrgDatabase(const DrgDatabase&) = delete;
   DrgDatabase& operator=(const DrgDatabase&) = delete;
 
   void execute(const std::string& sql);
   [[nodiscard]] std::string bytes() const;
-  [[nodiscard]] sqlite3* handle() const { return handle_; }
+  [[nodiscard]] sqlite3* handle() const { return handle_.get(); }
   [[noreturn]] void fail(std::string_view reason) const;
   [[noreturn]] void failAsReported() const;
 
  private:
+  struct Close {
+    void operator()(sqlite3* handle) const;
+  };
   void open();
   std::string name_;
-  sqlite3* handle_ = nullptr;
   int64_t stepsLeft_ = 0;
+  std::unique_ptr<sqlite3, Close> handle_;
 };
 
 // A prepared statement: values are bound, rows stepped through. Texts are Windows-1252 outside, UTF-8 inside.
