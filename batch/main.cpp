@@ -38,7 +38,9 @@ struct CommandLine {
     run->add_flag("--user-settings", userSettings, "Start from your own settings, those of the desktop")
         ->excludes(run->get_option("--settings"));
     convert = app.add_subcommand("convert", "Converts a drawing by the endings of the files");
-    convert->add_option("IN", from, "A .drg or .dxf file, or symbols as text (.sym)")->required()->check(brevan::checkConvertibleFrom);
+    convert->add_option("IN", from, "A .drg or .dxf file, or symbols as text (.sym)")
+        ->required()
+        ->check(brevan::checkConvertibleFrom);
     convert->add_option("OUT", to, "A .drg, .dxf, .svg, .pdf, .png or .json file")
         ->required()
         ->check(brevan::checkConvertibleTo);
