@@ -70,9 +70,7 @@ int report(const std::string& what, int code) {
   return code;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int runProgram(int argc, char** argv) {
   using namespace brevan;
   CommandLine line;
   try {
@@ -89,4 +87,14 @@ int main(int argc, char** argv) {
   } catch (const OutputUnwritten& failure) {
     return report(failure.what(), kOutputUnwritten);
   } catch (const std::exception& failure) { return report(failure.what(), kFailed); }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return runProgram(argc, argv);
+  } catch (...) {
+    return brevan::kFailed;  // not even a message could be written
+  }
 }

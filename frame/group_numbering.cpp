@@ -34,6 +34,17 @@ class GroupScan {
 GroupCounter::GroupCounter(std::string_view parent, std::string_view prefix)
     : parent_(cleaned(parent)), prefix_(cleaned(prefix)), countable_(digit(prefix_.back()) > 9) {}
 
+void GroupCounter::take(const char* number, size_t digits) {
+  long long value = 0;
+  for (const char* at = number; at != number + digits; ++at) {
+    if (digit(*at) > 9) { return; }
+    value = value * 10 + digit(*at);
+  }
+  if (!countable_ || value <= largest_) { return; }
+  largest_ = value;
+  largestDigits_ = std::to_string(value);
+}
+
 std::string GroupCounter::nextName() const {
   return (prefix_ + std::to_string(largest_ + 1)).substr(0, kGroupNameLimit);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -21,13 +23,9 @@ class GroupCounter {
   void see(std::string_view parent, std::string_view name) {
     const size_t digits = name.size() - prefix_.size();
     // Without digits, or with a name shorter than the prefix, the difference wraps to far too many.
-    if (digits - 1 >= kMostDigits || parent != parent_ || !name.starts_with(prefix_)) { return; }
-    long long number = 0;
-    for (const char c : name.substr(prefix_.size())) {
-      if (digit(c) > 9) { return; }
-      number = number * 10 + digit(c);
-    }
-    if (countable_ && number > largest_) { largest_ = number; }
+    if (digits - 1 >= kMostDigits || !isParent(parent) || !hasPrefix(name)) { return; }
+    const char* const number = name.data() + prefix_.size();
+    if (digits > largestDigits_.size() || isLater(number, digits)) { take(number, digits); }
   }
 
   [[nodiscard]] const std::string& parent() const { return parent_; }
@@ -37,13 +35,52 @@ class GroupCounter {
  private:
   // Numbers beyond this fit no name.
   static constexpr size_t kMostDigits = kGroupNameLimit;
+  // Hosts hand out one parent's name from one place, so the characters are seldom compared.
+  bool isParent(std::string_view parent) {
+    if (parent.data() == seenParent_.data() && parent.size() == seenParent_.size()) { return seenIsParent_; }
+    seenParent_ = parent;
+    return seenIsParent_ = parent == parent_;
+  }
+  // Without a call for so few characters.
+  bool hasPrefix(std::string_view name) const {
+    const char* wanted = prefix_.data();
+    const char* found = name.data();
+    size_t left = prefix_.size();
+    for (; left >= sizeof(uint64_t); left -= sizeof(uint64_t)) {
+      uint64_t wantedEight = 0;
+      uint64_t foundEight = 0;
+      std::memcpy(&wantedEight, wanted, sizeof wantedEight);
+      std::memcpy(&foundEight, found, sizeof foundEight);
+      if (wantedEight != foundEight) { return false; }
+      wanted += sizeof(uint64_t);
+      found += sizeof(uint64_t);
+    }
+    for (; left > 0; --left) {
+      if (*wanted++ != *found++) { return false; }
+    }
+    return true;
+  }
+  // Whether as many digits as the largest number has come after them in order; fewer are a smaller number.
+  bool isLater(const char* number, size_t digits) const {
+    if (digits < largestDigits_.size()) { return false; }
+    for (const char wanted : largestDigits_) {
+      if (*number != wanted) { return *number > wanted; }
+      ++number;
+    }
+    return false;
+  }
+  // Takes note of a number if it is one, and the largest.
+  void take(const char* number, size_t digits);
   // Above 9 for what is no digit.
   static unsigned char digit(char c) { return static_cast<unsigned char>(c - '0'); }
 
   std::string parent_;
   std::string prefix_;
   bool countable_;
+  std::string_view seenParent_;
+  bool seenIsParent_ = false;
   long long largest_ = 0;
+  std::string largestDigits_;  // of largest_; empty for none
 };
 
 // Opens a new group, named prefix + next free number under the parent, for what is drawn next. Clears the

@@ -94,8 +94,9 @@ void FastenerOptions::addRepeat(dialog::Dialog& dialog, int row) {
                      .name = "Repeat value"},
                     kSmallestRepeat, kLargestRepeat, "%.3f");
   const std::string polarTip(texts_.polarTip);
-  polarValue_ = addRadio(dialog, {.group = group, .place = {.column = 2, .rowSpan = 2}, .name = "Polar value"},
-                         {{"Spacing", polarTip}, {"PCD", polarTip}});
+  polarValue_ = addRadio(
+      dialog, {.toolTip = polarTip, .group = group, .place = {.column = 2, .rowSpan = 2}, .name = "Polar value"},
+      {{"Spacing", polarTip}, {"PCD", polarTip}});
 }
 
 void FastenerOptions::read(const DefinitionStore& store) {

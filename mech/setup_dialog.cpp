@@ -56,11 +56,10 @@ SetupDialog::StyleControls SetupDialog::addStyleRow(size_t row) {
   const int group =
       dialog_.addGroup({.caption = std::string(style.caption), .place = {.row = static_cast<int>(row) + 1}});
   const auto setting = [&](std::string_view what, std::string_view name, int column) {
-    return dialog::Setting{
-        .toolTip = numberText::format("The %s %s drawn by the Mechanical Ardenix", what, style.word),
-        .group = group,
-        .place = {.column = column},
-        .name = prefix + std::string(name)};
+    return dialog::Setting{.toolTip = numberText::format("The %s %s drawn by the Mechanical Ardenix", what, style.word),
+                           .group = group,
+                           .place = {.column = column},
+                           .name = prefix + std::string(name)};
   };
   return {.linetype = addLineType(dialog_, setting("linetype to use for", " line type", 0)),
           .pen = addPen(dialog_, setting("pen colour to use for", " pen", 1)),

@@ -73,7 +73,7 @@ const Primitive* Drawing::find(PrimitiveId id) const {
   return place.there ? &place.primitive : nullptr;
 }
 
-PrimitiveId Drawing::add(Primitive primitive) {
+void Drawing::refuseUnusable(const Primitive& primitive) const {
   if (!isFinite(primitive.geometry) || !std::isfinite(primitive.width)) {
     throw RefusedChange("A " + std::string(kindName(primitive.geometry)) +
                         " with a coordinate that is not a finite number cannot be drawn.");
@@ -81,6 +81,10 @@ PrimitiveId Drawing::add(Primitive primitive) {
   if (layer(primitive.layer) == nullptr) {
     throw RefusedChange("There is no layer with the number " + std::to_string(primitive.layer) + ".");
   }
+}
+
+PrimitiveId Drawing::add(Primitive primitive) {
+  refuseUnusable(primitive);
   const PrimitiveId id = lastId_ + 1;
   put(id, std::move(primitive));
   note(PrimitiveChange{id, nullptr});
@@ -93,10 +97,7 @@ void Drawing::remove(PrimitiveId id) {
 }
 
 void Drawing::replace(PrimitiveId id, Primitive primitive) {
-  if (!isFinite(primitive.geometry)) {
-    throw RefusedChange("A " + std::string(kindName(primitive.geometry)) +
-                        " cannot be changed so that a coordinate is not a finite number.");
-  }
+  refuseUnusable(primitive);
   const bool selected = slot(id).selected;
   auto before = std::make_unique<Primitive>(take(id));
   put(id, std::move(primitive));
@@ -201,16 +202,21 @@ void Drawing::setCurrentLayer(int index) {
 
 // ---- Groups ------------------------------------------------------------------------------------------------
 
+std::string_view Drawing::keptParent(std::string_view parent) {
+  const auto kept = parents_.find(parent);
+  return kept != parents_.end() ? *kept : *parents_.emplace(parent).first;
+}
+
 GroupId Drawing::addGroup(std::string_view parent, std::string_view name) {
   const GroupId id = lastGroup() + 1;
-  groups_.push_back(Group{id, std::string(parent), std::string(name), {}});
+  groups_.push_back(Group{id, keptParent(parent), std::string(name), {}});
   nameGroup(id);
   note(GroupChange{id, false, {}, {}});
   return id;
 }
 
 void Drawing::renameGroup(GroupId group, std::string_view parent, std::string_view name) {
-  GroupChange change{group, true, std::string(parent), std::string(name)};
+  GroupChange change{group, true, keptParent(parent), std::string(name)};
   swapGroup(change);
   note(std::move(change));
 }
@@ -223,18 +229,23 @@ void Drawing::unnameGroup(GroupId id) {
   if (entry->second.empty()) { groupsByName_.erase(entry); }
 }
 
-GroupId Drawing::newestGroup(std::string_view parent, std::string_view name) const {
-  return newestGroup(groupKey(parent, name));
-}
-
-GroupId Drawing::newestGroup(std::string_view parentAndName) const {
-  const auto entry = groupsByName_.find(std::string(parentAndName));
+template <class Wanted>
+GroupId Drawing::newestNamed(const std::string& key, const Wanted& wanted) const {
+  const auto entry = groupsByName_.find(key);
   if (entry == groupsByName_.end()) { return 0; }
   GroupId newest = 0;
   for (const GroupId id : entry->second) {
-    if (!group(id).members.empty()) { newest = std::max(newest, id); }
+    if (!group(id).members.empty() && wanted(group(id))) { newest = std::max(newest, id); }
   }
   return newest;
+}
+
+GroupId Drawing::newestGroup(std::string_view parent, std::string_view name) const {
+  return newestNamed(groupKey(parent, name), [parent](const Group& group) { return group.parent == parent; });
+}
+
+GroupId Drawing::newestGroup(std::string_view parentAndName) const {
+  return newestNamed(std::string(parentAndName), [](const Group&) { return true; });
 }
 
 std::vector<PrimitiveId> Drawing::membersOf(GroupId group) const {
@@ -318,13 +329,18 @@ PrimitiveId Drawing::nearest(Point p, double reach, const Filter& filter) const 
   around.add(p);
   PrimitiveId best = 0;
   double bestDistance = reach;
+  bool bestIsSymbol = false;
   index_.query(around.grownBy(reach), [&](PrimitiveId id) {
     const Primitive& primitive = *find(id);
     if (!filter(id, primitive)) { return; }
     const double away = distanceTo(primitive, p);
-    if (away > bestDistance || (away == bestDistance && id < best)) { return; }
+    const bool symbol = std::holds_alternative<Symbol>(primitive.geometry);
+    // Written so that a distance that is no number, of a line too long to measure, never counts.
+    const bool nearer = away < bestDistance || (away == bestDistance && (symbol == bestIsSymbol ? id > best : symbol));
+    if (!nearer) { return; }
     best = id;
     bestDistance = away;
+    bestIsSymbol = symbol;
   });
   return best;
 }
@@ -342,6 +358,15 @@ Transform symbolPlacing(const Symbol& symbol, const SymbolDefinition& definition
   const Transform turned = Transform::rotation({}, radians(symbol.rotation));
   const Transform sized = Transform::scaling({}, symbol.mirrored ? -size : size, size);
   return Transform::shift(symbol.at) * turned * sized;
+}
+
+// The two extension lines and the dimension line.
+std::array<Segment, 3> dimensionLines(const Dimension& dimension) {
+  const bool level = dimension.kind == DimensionKind::kHorizontal;
+  const auto onLine = [&](Point p) { return level ? Point{p.x, dimension.at.y} : Point{dimension.at.x, p.y}; };
+  const Point from = onLine(dimension.p1);
+  const Point to = onLine(dimension.p2);
+  return {{{dimension.p1, from}, {from, to}, {to, dimension.p2}}};
 }
 
 Box arrowBounds(const Arrow& arrow, const Parameters& parameters) {
@@ -386,10 +411,10 @@ Box Drawing::bounds(const Primitive& primitive) const {
     }
     Box operator()(const Dimension& dimension) const {
       Box box;
-      forEachPoint(Geometry(dimension), [&box](Point p) { box.add(p); });
-      const bool level = dimension.kind == DimensionKind::kHorizontal;
-      for (const Point p : {dimension.p1, dimension.p2}) {
-        box.add(level ? Point{p.x, dimension.at.y} : Point{dimension.at.x, p.y});
+      box.add(dimension.at);
+      for (const Segment& line : dimensionLines(dimension)) {
+        box.add(line.a);
+        box.add(line.b);
       }
       return box.grownBy(5.0 * drawing.parameters_.paperMillimetre());  // text and arrows
     }
@@ -413,15 +438,44 @@ double Drawing::distanceTo(const Primitive& primitive, Point p) const {
     double operator()(const Text&) const { return toBox(); }
     double operator()(const Arrow& arrow) const { return distance(p, nearestOnSegment({arrow.p1, arrow.p2}, p)); }
     double operator()(const Symbol&) const { return toBox(); }
-    double operator()(const Dimension&) const { return toBox(); }
+    double operator()(const Dimension& dimension) const {
+      double least = distance(p, dimension.at);
+      for (const Segment& line : dimensionLines(dimension)) {
+        least = std::min(least, distance(p, nearestOnSegment(line, p)));
+      }
+      return least;
+    }
   };
   return std::visit(Distance{*this, primitive, p}, primitive.geometry);
 }
 
 // ---- Parameters, sheet, symbols ------------------------------------------------------------------------------
 
+namespace {
+
+// Which rule the parameters break; empty where they break none.
+std::string brokenRule(const Parameters& parameters) {
+  const auto& all = parameters.all;
+  const bool finite = std::all_of(all.begin(), all.end(), [](double p) { return std::isfinite(p); });
+  const auto isFlag = [](double p) { return p == 0.0 || p == 1.0; };
+  if (!finite || parameters.scale() <= 0.0 || parameters.unit() <= 0.0 ||
+      !std::isnormal(parameters.paperMillimetre())) {
+    return "A drawing's scale and unit must be finite numbers above 0.";
+  }
+  if (!isFlag(all[6]) || all[5] != all[6]) { return "A drawing's coordinate system is 0 or 1."; }
+  if (!isFlag(all[9])) { return "A drawing's orientation is 0 or 1."; }
+  constexpr double kMostAreaUnits = 255.0;
+  if (all[10] < 0.0 || all[10] > kMostAreaUnits || all[10] != std::floor(all[10])) {
+    return "A drawing's area unit is a whole number from 0 to 255.";
+  }
+  return "";
+}
+
+}  // namespace
+
 void Drawing::setParameters(const Parameters& parameters) {
   if (parameters == parameters_) { return; }
+  if (const std::string rule = brokenRule(parameters); !rule.empty()) { throw RefusedChange(rule); }
   PlainChange change{parameters, sheet_, currentLayer_};
   swapPlain(change);
   note(std::move(change));
@@ -441,6 +495,7 @@ const SymbolDefinition* Drawing::symbol(std::string_view name) const {
 void Drawing::addSymbol(SymbolDefinition symbol) {
   std::string name = symbol.name;
   symbols_.insert_or_assign(std::move(name), std::move(symbol));
+  indexAnew();  // the bounds of those placed may have changed
   ++revision_;
 }
 
@@ -450,12 +505,7 @@ void Drawing::load(PrimitiveId id, Primitive primitive) {
   if (id < 1 || find(id) != nullptr) {
     throw RefusedChange("There is a primitive with the number " + std::to_string(id) + " already, or it is below 1.");
   }
-  if (!isFinite(primitive.geometry) || !std::isfinite(primitive.width)) {
-    throw RefusedChange("A " + std::string(kindName(primitive.geometry)) + " holds a number that is not finite.");
-  }
-  if (layer(primitive.layer) == nullptr) {
-    throw RefusedChange("There is no layer with the number " + std::to_string(primitive.layer) + ".");
-  }
+  refuseUnusable(primitive);
   if (primitive.group < 0 || primitive.group > lastGroup()) {
     throw RefusedChange("There is no group with the number " + std::to_string(primitive.group) + ".");
   }
@@ -528,15 +578,22 @@ void Drawing::swapState(Change& change) {
 }
 
 void Drawing::swapPrimitive(PrimitiveChange& change) {
+  const bool selected = isSelected(change.id);
   std::unique_ptr<Primitive> present;
   if (find(change.id) != nullptr) { present = std::make_unique<Primitive>(take(change.id)); }
-  if (change.other != nullptr) { put(change.id, std::move(*change.other)); }
-  // What was taken back leaves no gap in the numbering.
-  while (lastId_ > 0 && !slot(lastId_).there && change.other == nullptr && change.id == lastId_) { --lastId_; }
+  if (change.other != nullptr) {
+    put(change.id, std::move(*change.other));
+    if (selected) { select(change.id); }
+  } else if (change.id == lastId_) {
+    --lastId_;  // what was taken back leaves no gap in the numbering
+  }
   change.other = std::move(present);
 }
 
 void Drawing::swapLayer(LayerChange& change) {
+  const size_t needed = std::max(layers_.size(), static_cast<size_t>(change.index) + 1);
+  layers_.resize(needed);
+  layerMembers_.resize(needed);
   std::swap(layers_[static_cast<size_t>(change.index)], change.other);
   while (layers_.size() > 1 && !layers_.back()) {
     layers_.pop_back();
@@ -546,7 +603,7 @@ void Drawing::swapLayer(LayerChange& change) {
 
 void Drawing::swapGroup(GroupChange& change) {
   if (change.id > lastGroup()) {  // made again
-    groups_.push_back(Group{change.id, std::move(change.parent), std::move(change.name), {}});
+    groups_.push_back(Group{change.id, change.parent, std::move(change.name), {}});
     nameGroup(change.id);
     change = GroupChange{change.id, false, {}, {}};
     return;
@@ -554,7 +611,7 @@ void Drawing::swapGroup(GroupChange& change) {
   Group& group = groups_[static_cast<size_t>(change.id) - 1];
   unnameGroup(change.id);
   if (!change.there) {
-    change = GroupChange{change.id, true, std::move(group.parent), std::move(group.name)};
+    change = GroupChange{change.id, true, group.parent, std::move(group.name)};
     groups_.pop_back();
     return;
   }
@@ -568,8 +625,10 @@ void Drawing::swapPlain(PlainChange& change) {
   std::swap(parameters_, change.parameters);
   std::swap(sheet_, change.sheet);
   std::swap(currentLayer_, change.currentLayer);
-  if (!resized) { return; }
-  // Texts and arrows keep their size on paper, so their bounds have changed.
+  if (resized) { indexAnew(); }  // texts and arrows keep their size on paper, so their bounds have changed
+}
+
+void Drawing::indexAnew() {
   index_.clear();
   unindexed_.clear();
   forEach([this](PrimitiveId id, const Primitive&) {

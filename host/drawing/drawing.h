@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -50,9 +51,10 @@ class Drawing {
   Drawing& operator=(const Drawing&) = delete;
 
   // ---- Primitives ------------------------------------------------------------------------------------
-  // Throws RefusedChange for one that is not finite or lies on a layer that is not there.
+  // Adding and replacing throw RefusedChange for one that is not finite or lies on a layer that is not there.
   PrimitiveId add(Primitive primitive);
   void remove(PrimitiveId id);
+  // What is there under the id; it stays selected if it was.
   void replace(PrimitiveId id, Primitive primitive);
   // Null for an id that is not there (any more).
   [[nodiscard]] const Primitive* find(PrimitiveId id) const;
@@ -83,6 +85,8 @@ class Drawing {
   GroupId addGroup(std::string_view parent, std::string_view name);
   void renameGroup(GroupId group, std::string_view parent, std::string_view name);
   [[nodiscard]] GroupId lastGroup() const { return static_cast<GroupId>(groups_.size()); }
+  // Group n stands at n - 1, those without members included.
+  [[nodiscard]] std::span<const Group> groups() const { return groups_; }
   [[nodiscard]] const Group& group(GroupId id) const { return groups_[static_cast<size_t>(id) - 1]; }
   // Calls function(const Group&) for each group that has members, in the order of their making.
   template <class Function>
@@ -109,7 +113,7 @@ class Drawing {
   [[nodiscard]] Box extents() const;
   // Ids whose bounds meet the box, in drawing order.
   [[nodiscard]] std::vector<PrimitiveId> inBox(const Box& box) const;
-  // The nearest primitive within reach that passes the filter; of equally near ones the newest.
+  // The nearest primitive within reach that passes the filter; of equally near ones a symbol, else the newest.
   using Filter = std::function<bool(PrimitiveId, const Primitive&)>;
   [[nodiscard]] PrimitiveId nearest(Point p, double reach, const Filter& filter) const;
   [[nodiscard]] double distanceTo(const Primitive& primitive, Point p) const;
@@ -117,6 +121,7 @@ class Drawing {
   // ---- Parameters, sheet, symbols
   // ------------------------------------------------------------------------------------
   [[nodiscard]] const Parameters& parameters() const { return parameters_; }
+  // Throws RefusedChange for numbers that are not finite, a scale or unit not above 0, flags other than 0 and 1.
   void setParameters(const Parameters& parameters);
   [[nodiscard]] const std::optional<Sheet>& sheet() const { return sheet_; }
   void setSheet(std::optional<Sheet> sheet);
@@ -159,6 +164,7 @@ class Drawing {
   class Store;
 
   Slot& slot(PrimitiveId id) const;
+  void refuseUnusable(const Primitive& primitive) const;
   void put(PrimitiveId id, Primitive primitive);
   Primitive take(PrimitiveId id);
   void note(Change change);
@@ -168,9 +174,13 @@ class Drawing {
   void swapGroup(GroupChange& change);
   void swapPlain(PlainChange& change);
   void flushIndex() const;
+  void indexAnew();
   void unindex(PrimitiveId id, Slot& slot);
+  std::string_view keptParent(std::string_view parent);
   void nameGroup(GroupId id);
   void unnameGroup(GroupId id);
+  template <class Wanted>
+  GroupId newestNamed(const std::string& key, const Wanted& wanted) const;
 
   std::unique_ptr<Store> store_;
   size_t count_ = 0;
@@ -178,6 +188,7 @@ class Drawing {
   std::vector<std::optional<Layer>> layers_;
   std::vector<std::vector<PrimitiveId>> layerMembers_;
   int currentLayer_ = 0;
+  std::set<std::string, std::less<>> parents_;
   std::vector<Group> groups_;
   std::unordered_map<std::string, std::vector<GroupId>> groupsByName_;
   std::vector<PrimitiveId> selected_;

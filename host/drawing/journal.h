@@ -27,8 +27,8 @@ struct LayerChange {
 
 struct GroupChange {
   GroupId id = 0;
-  bool there = false;  // false: the other state is before the group was made
-  std::string parent;
+  bool there = false;       // false: the other state is before the group was made
+  std::string_view parent;  // kept by the drawing
   std::string name;
 };
 

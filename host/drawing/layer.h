@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/drawing/primitive.h"
@@ -20,7 +21,7 @@ struct Layer {
 // group counts as gone.
 struct Group {
   GroupId id = 0;
-  std::string parent;
+  std::string_view parent;  // kept by the drawing: groups of one parent share its characters
   std::string name;
   std::vector<PrimitiveId> members;  // unordered
 };

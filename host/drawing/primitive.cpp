@@ -15,11 +15,35 @@ double wrapped(double value, double period) {
   return turned < 0.0 ? turned + period : turned;
 }
 
-// A text reads upright in a mirror image: its baseline follows, not its letters.
-double textAngle(const Text& text, const Transform& transform) {
-  const bool plainShift = transform.xx == 1.0 && transform.yx == 0.0;
-  if (plainShift) { return text.angle; }
-  return wrapped(turnedBy(transform, text.angle / 10.0) * 10.0, 3600.0);
+bool readsUpright(double tenths) { return tenths <= 900.0 || tenths > 2700.0; }
+
+// A justification with left and right (or bottom and top) exchanged; tens stay.
+int exchanged(int justification, bool leftRight) {
+  const int place = (justification - 1) % 10;  // column by column, bottom to top
+  const int column = place / 3;
+  const int row = place % 3;
+  return justification - place + (leftRight ? (2 - column) * 3 + row : column * 3 + 2 - row);
+}
+
+// A mirror image of a text lies where the text's own image would, with its letters as they were: it reads the way
+// it did, upright or not, and the justification changes sides instead.
+void mirrorText(Text& text, double image) {
+  const double before = wrapped(text.angle, 3600.0);
+  const bool turnedOver = readsUpright(image) != readsUpright(before);
+  text.angle = turnedOver ? wrapped(image + 1800.0, 3600.0) : image;
+  text.justification = exchanged(text.justification, turnedOver);
+}
+
+void transformText(Text& text, const Transform& transform) {
+  text.at = transform(text.at);
+  const bool plainShift = transform.xx == 1.0 && transform.yx == 0.0 && transform.yy == 1.0;
+  if (plainShift) { return; }
+  const double image = wrapped(turnedBy(transform, text.angle / 10.0) * 10.0, 3600.0);
+  if (transform.mirrors()) {
+    mirrorText(text, image);
+  } else {
+    text.angle = image;
+  }
 }
 
 Symbol transformedSymbol(Symbol symbol, const Transform& transform) {
@@ -45,8 +69,7 @@ struct Transformer {
     return Arc{transform(arc.start), transform(arc.centre), transform(arc.end), arc.clockwise != transform.mirrors()};
   }
   Geometry operator()(Text text) const {
-    text.at = transform(text.at);
-    text.angle = textAngle(text, transform);
+    transformText(text, transform);
     return text;
   }
   Geometry operator()(Arrow arrow) const {
@@ -59,6 +82,11 @@ struct Transformer {
     dimension.at = transform(dimension.at);
     dimension.p1 = transform(dimension.p1);
     dimension.p2 = transform(dimension.p2);
+    const bool quarterTurned = std::abs(transform.yx) > std::abs(transform.xx);
+    if (quarterTurned) {
+      const bool level = dimension.kind == DimensionKind::kHorizontal;
+      dimension.kind = level ? DimensionKind::kVertical : DimensionKind::kHorizontal;
+    }
     return dimension;
   }
 };

@@ -58,7 +58,7 @@ void fillHead(DrgDatabase& database, const Drawing& drawing) {
   }
   TableFiller<DrgGroup> groups(database);
   for (GroupId id = 1; id <= drawing.lastGroup(); ++id) {
-    groups.add({id, drawing.group(id).parent, drawing.group(id).name});
+    groups.add({id, std::string(drawing.group(id).parent), std::string(drawing.group(id).name)});
   }
 }
 

@@ -91,7 +91,7 @@ void DxfModel::nameGroups() {
     written.unnamed = group.name == "_";
     const std::string name = written.unnamed ? "*A" + std::to_string(group.id) : names.unique(group.name);
     written.name = dxfPlain(name, version_);
-    written.description = dxfPlain(group.parent + " " + group.name, version_);
+    written.description = dxfPlain(std::string(group.parent) + " " + group.name, version_);
     written.handle = nextHandle();
   });
 }

@@ -84,7 +84,7 @@ void linkSelection(MacroRun& run) {
   if (selection.empty()) { return; }
   const GroupId target = linkTarget(run.window, run.text(0));
   for (const PrimitiveId id : selection) {
-    if (drawing.find(id)->group == target) { continue; }
+    if (drawing.find(id)->group == target || !run.window.isChangeable(id)) { continue; }
     Primitive linked = *drawing.find(id);
     linked.group = target;
     drawing.replace(id, std::move(linked));

@@ -8,6 +8,7 @@ namespace brevan::macroHandlers {
 namespace {
 
 constexpr double kMostPens = 256.0;
+constexpr double kMostLineTypes = 32767.0;
 
 void lockOntoLineNear(MacroRun& run, Point p) {
   const Primitive* found = run.window.drawing().find(run.window.pick(p, kLinePrimitive));
@@ -20,7 +21,9 @@ void lockOntoLineNear(MacroRun& run, Point p) {
 }  // namespace
 
 void setLineType(MacroRun& run) {
-  if (run.number(0) < 1.0) { throw MacroError(run.column(0), "a line type is 1 or more"); }
+  if (run.number(0) < 1.0 || run.number(0) > kMostLineTypes) {
+    throw MacroError(run.column(0), "a line type is 1 to 32767");
+  }
   if (run.number(1) < 1.0 || run.number(1) > kMostPens) { throw MacroError(run.column(1), "a pen is 1 to 256"); }
   run.window.style().linetype = static_cast<int>(run.number(0));
   run.window.style().pen = static_cast<int>(run.number(1));

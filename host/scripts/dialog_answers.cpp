@@ -157,8 +157,9 @@ void expectControl(const ScriptCursor& cursor, const Statement& statement, Dialo
     holds = control.enabled == (state == "enabled");
     found = control.enabled ? "enabled" : "disabled";
   } else if (!wanted.quoted && (state == "shown" || state == "hidden")) {
-    holds = control.visible == (state == "shown");
-    found = control.visible ? "shown" : "hidden";
+    const bool shown = session.shown(step.control(1));
+    holds = shown == (state == "shown");
+    found = shown ? "shown" : "hidden";
   } else if (!wanted.quoted && state == "items") {
     const std::vector<std::string> items = itemTexts(control.state);
     holds = items.size() == statement.words.size() - 3;

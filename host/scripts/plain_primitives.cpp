@@ -47,7 +47,7 @@ Geometry textOf(const ScriptCursor& cursor, const Statement& statement, DrawingW
   text.angle = defaults.angle;
   text.justification = defaults.justification;
   text.style = defaults.style;
-  text.pen = window.style().pen;
+  text.pen = defaults.pen;
   text.widthFactor = defaults.width == 0.0 ? 1.0 : defaults.width;
   return text;
 }

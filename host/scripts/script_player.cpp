@@ -10,6 +10,7 @@
 #include "host/files/drawing_files.h"
 #include "host/files/drg_writer.h"
 #include "host/macros/lexer.h"
+#include "host/scripts/dialog_answers.h"
 #include "host/scripts/plain_primitives.h"
 
 namespace brevan {
@@ -50,11 +51,11 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
 
 namespace {
 
-constexpr std::array<std::string_view, 9> kAnswers = {"point", "space", "escape", "text",  "accept",
-                                                      "menu",  "reply", "file",   "cancel"};
+constexpr std::array<std::string_view, 11> kAnswers = {"point", "space", "escape", "text", "accept", "menu",
+                                                       "reply", "file",  "cancel", "pen",  "dialog"};
 
 bool isAnswer(std::string_view name) {
-  return name == "pen" || name == "dialog" || std::find(kAnswers.begin(), kAnswers.end(), name) != kAnswers.end();
+  return dialogAnswer(name) != nullptr || std::find(kAnswers.begin(), kAnswers.end(), name) != kAnswers.end();
 }
 
 }  // namespace
@@ -66,7 +67,7 @@ ScriptPlayer::ScriptPlayer(const Script& script, const PlayerParts& parts)
       host_(HostParts{user_, parts.files, parts.settings, parts.transcript, parts.helpFile}) {
   user_.report = parts_.report;
   user_.checkStop = parts_.checkStop;
-  host_.loadModule(parts_.modulePath);
+  if (!parts_.modulePath.empty()) { host_.loadModule(parts_.modulePath); }
 }
 
 void ScriptPlayer::play() {
@@ -154,8 +155,7 @@ void ScriptPlayer::setDimensionStyle(const Statement& statement) {
 }
 
 void ScriptPlayer::openNew(const Statement& statement) {
-  std::string name = "Drawing" + std::to_string(host_.windowNames().size() + 1);
-  if (statement.words.size() > 1) { name = cursor_.string(statement, 1); }
+  const std::string name = statement.words.size() > 1 ? cursor_.string(statement, 1) : host_.freeWindowName();
   refuseTakenName(statement, name);
   host_.openWindow(name);
 }

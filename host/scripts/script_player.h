@@ -20,7 +20,7 @@ struct PlayerParts {
   FileServices& files;  // confined to the output folder, based on the script's folder
   INI_LIST& settings;
   std::map<std::string, Exporter, std::less<>> exporters;  // by ending: "dxf", ...
-  std::string modulePath;
+  std::string modulePath;                                  // empty: no commands
   std::string helpFile;
   Transcript* transcript = nullptr;
   std::function<void(const std::string& text)> report;  // messages and statuses in passing, UTF-8

@@ -59,6 +59,7 @@ class LineReader {
   ScriptWord readWord() {
     const size_t start = at_;
     while (at_ < line_.size() && line_[at_] != ' ' && line_[at_] != '\t' && line_[at_] != '"') { ++at_; }
+    if (at_ < line_.size() && line_[at_] == '"') { fail("a blank must go before a string"); }
     return {encoded(line_.substr(start, at_ - start)), false};
   }
 

@@ -68,6 +68,8 @@ void ScriptUser::expectNow(const Statement& statement, DialogSession* session, d
                                   quotedUtf8(statement.words[2].text));
     }
   } else if (bare && what == "no") {
+    cursor_.expectWords(statement, 3, 3);
+    if (cursor_.string(statement, 2) != "message") { cursor_.fail(statement, "expect no is followed by message"); }
     if (messagesSince_ > 0) { cursor_.fail(statement, "there was the message " + quotedUtf8(lastMessage_)); }
   } else if (bare && (what == "prompt" || what == "message" || what == "dialog" || what == "menu")) {
     cursor_.fail(statement, "the script expects a " + what + ", there is none");
@@ -141,7 +143,9 @@ BoxAnswer ScriptUser::showMessage(const MessageBox& box) {
   lastMessage_ = box.text;
   if (!awaited) { ++messagesSince_; }
   if (box.buttons == BoxButtons::kOk) {
-    if (cursor_.nextIs("reply") && cursor_.peek()->rest == "ok") { cursor_.take(); }
+    const bool acknowledged =
+        cursor_.nextIs("reply") && cursor_.peek()->words.size() == 2 && cursor_.peek()->words[1].text == "ok";
+    if (acknowledged) { cursor_.take(); }
     if (!awaited && report) { report(toUtf8(box.text)); }
     return BoxAnswer::kOk;
   }
@@ -168,7 +172,8 @@ std::optional<std::string> ScriptUser::chooseFile(const FileRequest& request) {
   }
   if (!cursor_.nextIs("file")) { cursor_.failHere("the command asks for " + asked); }
   const Statement& answer = takeAnswer("");
-  cursor_.expectWords(answer, 2, 4);
+  const bool filter = answer.words.size() == 4 && answer.words[2].text == "as" && !answer.words[2].quoted;
+  if (answer.words.size() != 2 && !filter) { cursor_.fail(answer, "file expects a path, or a path, as and a filter"); }
   return cursor_.string(answer, 1);
 }
 

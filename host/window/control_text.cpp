@@ -15,6 +15,8 @@ template <class... Functions>
 struct Overloaded : Functions... {
   using Functions::operator()...;
 };
+template <class... Functions>
+Overloaded(Functions...) -> Overloaded<Functions...>;
 
 template <class Items, class Caption>
 std::vector<std::string> captions(const Items& items, const Caption& caption) {
@@ -119,13 +121,13 @@ std::string ownName(const Control& control) {
   return control.name.empty() ? plainCaption(control.caption) : control.name;
 }
 
-std::string groupPath(Dialog& dialog, int group) {
-  std::string path;
+// The caption of the innermost group that has one.
+std::string groupCaption(Dialog& dialog, int group) {
   for (; group > 0; group = dialog.groups()[static_cast<size_t>(group)].parent) {
-    const std::string caption = plainCaption(dialog.groups()[static_cast<size_t>(group)].caption);
+    std::string caption = plainCaption(dialog.groups()[static_cast<size_t>(group)].caption);
     if (!caption.empty()) { return caption; }
   }
-  return path;
+  return "";
 }
 
 }  // namespace
@@ -136,24 +138,28 @@ std::string addressOf(Dialog& dialog, int control) {
   const auto alike = std::count_if(dialog.controls().begin(), dialog.controls().end(), [&](const Control& other) {
     return takesFocus(other.state) == takesFocus(wanted.state) && equalWithoutCase(ownName(other), name);
   });
-  const std::string group = groupPath(dialog, wanted.group);
+  const std::string group = groupCaption(dialog, wanted.group);
   return alike > 1 && !group.empty() ? group + '/' + name : name;
 }
 
 int controlAt(Dialog& dialog, std::string_view address) {
   const std::string wanted = plainCaption(address);
-  int found = -1;
   const auto search = [&](bool focusable) {
+    std::vector<int> found;
+    std::vector<int> ungrouped;  // of a caption that occurs twice, the one in no group has no longer address
     for (int index = 0; index < static_cast<int>(dialog.controls().size()); ++index) {
       const Control& control = dialog.control(index);
-      if (takesFocus(control.state) != focusable || ownName(control).empty()) { continue; }
-      const bool byName = equalWithoutCase(ownName(control), wanted);
-      const bool byGroup = equalWithoutCase(groupPath(dialog, control.group) + '/' + ownName(control), wanted);
-      if (!byName && !byGroup) { continue; }
-      if (found >= 0) { return -2; }
-      found = index;
+      const std::string name = ownName(control);
+      if (takesFocus(control.state) != focusable || name.empty()) { continue; }
+      const std::string group = groupCaption(dialog, control.group);
+      const bool byName = equalWithoutCase(name, wanted);
+      if (!byName && !equalWithoutCase(group + '/' + name, wanted)) { continue; }
+      found.push_back(index);
+      if (byName && group.empty()) { ungrouped.push_back(index); }
     }
-    return found;
+    if (found.empty()) { return -1; }
+    if (found.size() == 1) { return found.front(); }
+    return ungrouped.size() == 1 ? ungrouped.front() : -2;
   };
   const int operable = search(true);
   return operable == -1 ? search(false) : operable;

@@ -40,7 +40,8 @@ void Cursor::lockAtAngle(double degrees) {
 void Cursor::lockOntoLine(const Segment& line) {
   lock_ = Lock::kLine;
   lockThrough_ = line.a;
-  lockDirection_ = (line.b - line.a) * (1.0 / distance(line.a, line.b));
+  const double size = distance(line.a, line.b);  // divided by, since the reciprocal of a tiny one is infinite
+  lockDirection_ = {(line.b.x - line.a.x) / size, (line.b.y - line.a.y) / size};
 }
 
 bool Cursor::lockSquare() {

@@ -28,6 +28,12 @@ int indexOf(const std::vector<std::string>& items, const std::string& item) {
   return found == items.end() ? -1 : static_cast<int>(found - items.begin());
 }
 
+bool hasEntries(const State& state) {
+  return std::holds_alternative<RadioGroup>(state) || std::holds_alternative<DropDown>(state) ||
+         std::holds_alternative<PictureList>(state) || std::holds_alternative<ColumnList>(state) ||
+         std::holds_alternative<Tabs>(state) || std::holds_alternative<ListBox>(state);
+}
+
 Refusal notThisKind(const std::string& name, const State& state, std::string_view what) {
   return name + " is a " + std::string(kindName(state)) + " and " + std::string(what);
 }
@@ -42,13 +48,12 @@ DialogSession::DialogSession(Dialog& dialog, User& user, EventSink* events)
 DialogSession::~DialogSession() { dialog_.attach(nullptr); }
 
 void DialogSession::open() {
+  dialog_.noteFocus(-1);  // a dialog that is shown again starts anew
   run(dialog_.onOpen);
   if (dialog_.focus() >= 0 || dialog_.closed()) { return; }
-  const auto& controls = dialog_.controls();
-  const auto first = std::find_if(controls.begin(), controls.end(), [](const Control& control) {
-    return takesFocus(control.state) && control.enabled && control.visible;
-  });
-  if (first != controls.end()) { dialog_.noteFocus(static_cast<int>(first - controls.begin())); }
+  for (int control = 0; control < static_cast<int>(dialog_.controls().size()); ++control) {
+    if (!inoperable(control)) { return dialog_.noteFocus(control); }
+  }
 }
 
 std::string DialogSession::named(int control) { return quoted(addressOf(dialog_, control)); }
@@ -81,7 +86,9 @@ Refusal DialogSession::leave() {
   return std::nullopt;
 }
 
+// Operating a control begins here: what can be operated takes the focus.
 Refusal DialogSession::focus(int control) {
+  if (auto refusal = inoperable(control)) { return refusal; }
   if (control == dialog_.focus()) { return std::nullopt; }
   if (auto refusal = leave()) { return refusal; }
   dialog_.noteFocus(control);
@@ -89,16 +96,32 @@ Refusal DialogSession::focus(int control) {
   return std::nullopt;
 }
 
-// What can be operated takes the focus first.
-Refusal DialogSession::prepare(int control) {
-  const Control& wanted = dialog_.control(control);
-  bool shown = wanted.visible;
-  for (int group = wanted.group; group > 0; group = dialog_.groups()[static_cast<size_t>(group)].parent) {
-    shown = shown && dialog_.groups()[static_cast<size_t>(group)].visible;
+// A group on another page of the tabs is out of sight.
+bool DialogSession::isShown(const Group& group) const {
+  if (group.page < 0) { return group.visible; }
+  const auto& controls = dialog_.controls();
+  return group.visible && std::all_of(controls.begin(), controls.end(), [&group](const Control& control) {
+           const auto* tabs = std::get_if<Tabs>(&control.state);
+           return tabs == nullptr || tabs->current == group.page;
+         });
+}
+
+bool DialogSession::shown(int control) const {
+  bool shown = dialog_.control(control).visible;
+  for (int group = dialog_.control(control).group; group > 0;) {
+    const Group& around = dialog_.groups()[static_cast<size_t>(group)];
+    shown = shown && isShown(around);
+    group = around.parent;
   }
-  if (!shown) { return named(control) + " is hidden"; }
+  return shown;
+}
+
+Refusal DialogSession::inoperable(int control) {
+  const Control& wanted = dialog_.control(control);
+  if (!shown(control)) { return named(control) + " is hidden"; }
   if (!wanted.enabled) { return named(control) + " is disabled"; }
-  return focus(control);
+  if (!takesFocus(wanted.state)) { return notThisKind(named(control), wanted.state, "takes no input"); }
+  return std::nullopt;
 }
 
 // ---- Text ------------------------------------------------------------------------------------------------
@@ -125,7 +148,7 @@ Refusal DialogSession::replaceText(int control, const std::string& text) {
 }
 
 Refusal DialogSession::setText(int control, const std::string& text) {
-  if (auto refusal = prepare(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
   State& state = dialog_.control(control).state;
   if (std::holds_alternative<CheckBox>(state) && (text == "0" || text == "1")) { return check(control, text == "1"); }
   const auto* list = std::get_if<DropDown>(&state);
@@ -137,7 +160,7 @@ Refusal DialogSession::setText(int control, const std::string& text) {
 }
 
 Refusal DialogSession::typeText(int control, const std::string& text) {
-  if (auto refusal = prepare(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
   for (size_t keys = text.empty() ? 0 : 1; keys <= text.size(); ++keys) {
     if (auto refusal = replaceText(control, text.substr(0, keys))) { return refusal; }
   }
@@ -145,7 +168,7 @@ Refusal DialogSession::typeText(int control, const std::string& text) {
 }
 
 Refusal DialogSession::spin(int control, bool up) {
-  if (auto refusal = prepare(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
   auto* edit = std::get_if<NumberEdit>(&dialog_.control(control).state);
   if (edit == nullptr || !edit->spin) {
     return notThisKind(named(control), dialog_.control(control).state, "has no arrows");
@@ -159,7 +182,7 @@ Refusal DialogSession::spin(int control, bool up) {
 // ---- Choices ---------------------------------------------------------------------------------------------
 
 Refusal DialogSession::check(int control, bool checked) {
-  if (auto refusal = prepare(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
   auto* box = std::get_if<CheckBox>(&dialog_.control(control).state);
   if (box == nullptr) { return notThisKind(named(control), dialog_.control(control).state, "cannot be checked"); }
   if (box->checked == checked) { return std::nullopt; }
@@ -169,7 +192,7 @@ Refusal DialogSession::check(int control, bool checked) {
 }
 
 Refusal DialogSession::choose(int control, const std::string& item) {
-  if (auto refusal = prepare(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
   return chooseEntry(control, item);
 }
 
@@ -184,6 +207,7 @@ Refusal DialogSession::chooseEntry(int control, const std::string& item) {
     edited(control);
     return std::nullopt;
   }
+  if (!hasEntries(state)) { return notThisKind(named(control), state, "has no entries"); }
   const int index = indexOf(itemTexts(state), item);
   if (index < 0) { return named(control) + " has no entry " + quoted(item) + ", it has " + rangeText(state); }
   if (auto* radio = std::get_if<RadioGroup>(&state)) {
@@ -206,7 +230,7 @@ Refusal DialogSession::chooseEntry(int control, const std::string& item) {
 }
 
 Refusal DialogSession::chooseSeveral(int control, const std::vector<std::string>& items) {
-  if (auto refusal = prepare(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
   auto* list = std::get_if<ListBox>(&dialog_.control(control).state);
   if (list == nullptr || (items.size() > 1 && !list->multiple)) {
     return notThisKind(named(control), dialog_.control(control).state, "takes one entry at a time");
@@ -228,10 +252,11 @@ Refusal DialogSession::press(int control) {
   const State& state = dialog_.control(control).state;
   const auto* button = std::get_if<Button>(&state);
   if (button != nullptr && button->role == ButtonRole::kCancel) {
+    if (auto refusal = inoperable(control)) { return refusal; }
     cancel();  // without leaving the field: what it holds does not matter any more
     return std::nullopt;
   }
-  if (auto refusal = prepare(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
   if (std::holds_alternative<PenButton>(state)) {
     auto& pen = std::get<PenButton>(dialog_.control(control).state);
     const auto chosen = user_.choosePen(dialog_.control(control).caption, pen.pen);
@@ -330,9 +355,19 @@ Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& te
 }  // namespace
 
 Refusal DialogSession::editCell(int control, int row, const std::string& column, const std::string& text) {
+  const auto* before = std::get_if<Grid>(&dialog_.control(control).state);
+  if (before != nullptr && columnOf(*before, column) < 0) {
+    return named(control) + " has no column " + quoted(column);
+  }
   if (auto refusal = clickCell(control, row, column, Click::kSelect)) { return refusal; }
   Grid& grid = dialog_.state<Grid>(control);
-  Cell& cell = grid.rows[static_cast<size_t>(grid.currentRow)][static_cast<size_t>(grid.currentColumn)];
+  const auto at = [](auto& list, int index) {  // the rule of the click may have changed the rows
+    return index >= 0 && index < static_cast<int>(list.size()) ? &list[static_cast<size_t>(index)] : nullptr;
+  };
+  std::vector<Cell>* cells = at(grid.rows, grid.currentRow);
+  Cell* found = cells == nullptr ? nullptr : at(*cells, grid.currentColumn);
+  if (found == nullptr) { return named(control) + " has no column " + quoted(column) + " in this row"; }
+  Cell& cell = *found;
   std::string entered = text;
   if (auto refusal = cellRefusal(cell, column, entered)) { return refusal; }
   cell.text = std::move(entered);
@@ -344,7 +379,7 @@ Refusal DialogSession::editCell(int control, int row, const std::string& column,
 
 // Rows are counted from 1 as the user sees them; without a column the row's heading is meant.
 Refusal DialogSession::clickCell(int control, int row, const std::string& column, Click click) {
-  if (auto refusal = prepare(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
   auto* grid = std::get_if<Grid>(&dialog_.control(control).state);
   if (grid == nullptr) { return notThisKind(named(control), dialog_.control(control).state, "has no cells"); }
   if (row < 1 || row > static_cast<int>(grid->rows.size())) {
@@ -363,6 +398,8 @@ Refusal DialogSession::clickCell(int control, int row, const std::string& column
 }
 
 Refusal DialogSession::setColumnWidth(int control, const std::string& column, int pixels) {
+  if (auto refusal = inoperable(control)) { return refusal; }
+  if (pixels < 0) { return "a column's width is 0 pixels or more, got " + std::to_string(pixels); }
   if (auto* list = std::get_if<ColumnList>(&dialog_.control(control).state)) {
     for (ListColumn& candidate : list->columns) {
       if (!equalWithoutCase(candidate.title, column)) { continue; }

@@ -25,6 +25,8 @@ class DialogSession : public dialog::Presenter {
   void open();
   [[nodiscard]] bool closed() const { return dialog_.closed(); }
   [[nodiscard]] bool accepted() const { return dialog_.accepted(); }
+  // Neither the control nor a group around it is hidden, nor on another page.
+  [[nodiscard]] bool shown(int control) const;
 
   // Text fields, number fields, editable lists. `setText` replaces the contents at once and leaves the field;
   // `typeText` replaces them key by key and stays in it.
@@ -59,7 +61,9 @@ class DialogSession : public dialog::Presenter {
   void titleChanged() override {}
 
  private:
-  Refusal prepare(int control);
+  // Why a control cannot be operated: hidden, disabled, or of a kind that takes no input.
+  Refusal inoperable(int control);
+  [[nodiscard]] bool isShown(const dialog::Group& group) const;
   Refusal replaceText(int control, const std::string& text);
   void edited(int control);
   Refusal chooseEntry(int control, const std::string& item);

@@ -18,10 +18,19 @@ void OpenGroup::begin(std::string_view name) {
   parentIsFresh_ = false;
 }
 
+GroupId OpenGroup::idIn(const Drawing& drawing) const {
+  if (id_ == 0 || id_ > drawing.lastGroup()) { return 0; }
+  // An undo may have taken the group back, and another may bear its number now.
+  const Group& group = drawing.group(id_);
+  return group.parent == madeParent_ && group.name == name_ ? id_ : 0;
+}
+
 GroupId OpenGroup::forNewPrimitive(Drawing& drawing) {
   if (!name_) { return 0; }
-  // An undo may have taken the group back.
-  if (id_ == 0 || id_ > drawing.lastGroup()) { id_ = drawing.addGroup(parent_, *name_); }
+  if (idIn(drawing) == 0) {
+    id_ = drawing.addGroup(parent_, *name_);
+    madeParent_ = parent_;
+  }
   return id_;
 }
 
@@ -92,8 +101,8 @@ PrimitiveId DrawingWindow::pick(Point p, int type) const {
     return drawing_.layer(primitive.layer)->visible &&
            (type == kAnyPrimitive || typeNumber(primitive.geometry) == type);
   };
-  const GroupId open = openGroup_.id();
-  if (open != 0 && open <= drawing_.lastGroup() && !drawing_.group(open).members.empty()) {
+  const GroupId open = openGroup_.idIn(drawing_);
+  if (open != 0 && !drawing_.group(open).members.empty()) {
     const auto inOpenGroup = [&](PrimitiveId id, const Primitive& primitive) {
       return primitive.group == open && seen(id, primitive);
     };
@@ -120,16 +129,20 @@ void DrawingWindow::SetFocus() { call("SetFocus"); }
 
 void DrawingWindow::gsSetPrimHeader(int type, int, int, int layer, int pen, int linetype, double width, int, int) {
   newType_ = type;
+  newGeometry_ = false;
   newPrimitive_ = Primitive{layer, pen, linetype, width, 0, Line{}};
 }
 
-void DrawingWindow::gsSetLine(double x1, double y1, double x2, double y2) {
-  newPrimitive_.geometry = Line{{x1, y1}, {x2, y2}};
+void DrawingWindow::setGeometry(Geometry geometry) {
+  newPrimitive_.geometry = std::move(geometry);
+  newGeometry_ = true;
 }
+
+void DrawingWindow::gsSetLine(double x1, double y1, double x2, double y2) { setGeometry(Line{{x1, y1}, {x2, y2}}); }
 
 void DrawingWindow::gsSetArc(double startX, double startY, double centreX, double centreY, double endX, double endY,
                              int direction, double, double) {
-  newPrimitive_.geometry = Arc{{startX, startY}, {centreX, centreY}, {endX, endY}, direction != 0};
+  setGeometry(Arc{{startX, startY}, {centreX, centreY}, {endX, endY}, direction != 0});
 }
 
 void DrawingWindow::gsSetFont(std::string_view font, int pen, double height, double angle, int style, int justification,
@@ -141,15 +154,18 @@ void DrawingWindow::gsSetText(double x, double y, std::string_view text) {
   Text whole = newFont_;
   whole.at = {x, y};
   whole.text = text;
-  newPrimitive_.geometry = std::move(whole);
+  setGeometry(std::move(whole));
 }
 
 void DrawingWindow::gsSetArrow(double x1, double y1, double x2, double y2, double length, double width, int style1,
                                int style2, int style3) {
-  newPrimitive_.geometry = Arrow{{x1, y1}, {x2, y2}, length, width, {style1, style2, style3}};
+  setGeometry(Arrow{{x1, y1}, {x2, y2}, length, width, {style1, style2, style3}});
 }
 
 int DrawingWindow::gsAddPrim() {
+  if (!newGeometry_) {
+    throw HostFailure("A primitive of type " + std::to_string(newType_) + " was given no geometry.");
+  }
   if (typeNumber(newPrimitive_.geometry) != newType_) {
     throw HostFailure("A primitive of type " + std::to_string(newType_) + " was given the geometry of a " +
                       std::string(kindName(newPrimitive_.geometry)) + ".");

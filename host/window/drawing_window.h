@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,17 +36,18 @@ class OpenGroup {
   void setParent(std::string_view parent);
   // After setParent always a new group; else a name that is open already goes on.
   void begin(std::string_view name);
-  void close() { name_.reset(); }
   // The group for a new primitive, made where it is not there yet; 0 where none is open.
   GroupId forNewPrimitive(Drawing& drawing);
   [[nodiscard]] const std::string& parent() const { return parent_; }
-  [[nodiscard]] GroupId id() const { return id_; }
+  // Its number in the drawing; 0 while it is not there.
+  [[nodiscard]] GroupId idIn(const Drawing& drawing) const;
 
  private:
   std::string parent_;
   bool parentIsFresh_ = false;
   std::optional<std::string> name_;
-  GroupId id_ = 0;  // 0: not made yet
+  GroupId id_ = 0;          // 0: not made yet
+  std::string madeParent_;  // of the group that id_ is
 };
 
 // A drawing window: the view on which commands run.
@@ -175,15 +177,19 @@ class DrawingWindow : public CCadWindow {
     bool everywhere = true;
     std::vector<PrimitiveId> ids;  // unless everywhere
     size_t next = 0;               // into ids; else the id or group before the next one
+    size_t end = 0;                // what is drawn after the scan began is not met
   };
 
   void call(std::string_view name, std::initializer_list<CallArgument> arguments = {}) {
     if (services_.events != nullptr) { services_.events->called(name, arguments); }
   }
   void resetForCommand();
+  void setGeometry(Geometry geometry);
   template <class Kind>
   const Kind* currentAs() const;
   bool inScan(const Scan& scan, const Primitive& primitive) const;
+  int nextGroup(Scan& scan);
+  int nextPrimitive(Scan& scan);
 
   std::string name_;
   WindowServices services_;
@@ -198,13 +204,15 @@ class DrawingWindow : public CCadWindow {
   bool undoBracket_ = false;
   bool inCommand_ = false;
 
-  int newType_ = 0;  // the header given last
+  int newType_ = 0;           // the header given last
+  bool newGeometry_ = false;  // given since then
   Primitive newPrimitive_;
-  Text newFont_;             // gsSetFont's values
-  PrimitiveId current_ = 0;  // what a scan or pick made current
-  GroupId currentGroup_ = 0;
-  std::vector<std::optional<Scan>> scans_;  // handle - 1 is the index
-  std::vector<Segment> marks_;              // temporary lines
+  Text newFont_;                         // gsSetFont's values
+  PrimitiveId current_ = 0;              // what a scan or pick made current
+  const Group* currentGroup_ = nullptr;  // of a scan, as long as the drawing has not changed
+  uint64_t currentGroupRevision_ = 0;
+  std::vector<std::unique_ptr<Scan>> scans_;  // handle - 1 is the index
+  std::vector<Segment> marks_;                // temporary lines
 };
 
 // The primitive type numbers of the view's calls.

@@ -1,5 +1,6 @@
 #include "host/window/host.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "frame/host/core_services.h"
@@ -16,7 +17,7 @@ bool MainFrame::RunDialog(dialog::Dialog& dialog, CWnd*) {
 
 CCadWindow* MainFrame::SendUserMessage(unsigned message) {
   if (message != kNewDrawingView) { return nullptr; }
-  return &host_.openWindow("Drawing" + std::to_string(host_.windows_.size() + 1));
+  return &host_.openWindow(host_.freeWindowName());
 }
 
 int PlainShortcutBar::InsertGroup(const char* caption) {
@@ -56,6 +57,14 @@ DrawingWindow* Host::goToWindow(std::string_view name) {
     return windows_[index].get();
   }
   return nullptr;
+}
+
+std::string Host::freeWindowName() const {
+  const std::vector<std::string> taken = windowNames();
+  size_t number = windows_.size() + 1;
+  const auto name = [&number] { return "Drawing" + std::to_string(number); };
+  while (std::find(taken.begin(), taken.end(), name()) != taken.end()) { ++number; }
+  return name();
 }
 
 std::vector<std::string> Host::windowNames() const {

@@ -76,6 +76,8 @@ class Host {
   // Null for a name that no window bears.
   DrawingWindow* goToWindow(std::string_view name);
   [[nodiscard]] std::vector<std::string> windowNames() const;
+  // "Drawing<n>" that no window bears yet.
+  [[nodiscard]] std::string freeWindowName() const;
 
   [[nodiscard]] MacroVariables& variables() { return variables_; }
   [[nodiscard]] User& user() { return parts_.user; }

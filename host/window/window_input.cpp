@@ -31,8 +31,8 @@ int DrawingWindow::gsGetPointFromUser(std::string_view prompt, double& x, double
   const PointAnswer answer = services_.user.askPoint(std::string(prompt));
   Point at = cursor_.position();
   if (answer.end == PromptEnd::kGiven) {
-    if (!isFinite(answer.at)) { throw HostFailure("A point's coordinates must be finite numbers."); }
     at = cursor_.give(answer.at, drawing_);
+    if (!isFinite(at)) { throw HostFailure("A point's coordinates must be finite numbers."); }
     x = at.x;
     y = at.y;
   }

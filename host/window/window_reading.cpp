@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <span>
 
 #include "frame/host/core_services.h"
 #include "host/window/drawing_window.h"
@@ -73,10 +74,13 @@ int DrawingWindow::gsGetListHandle(int type, int layer, int, double x1, double y
     scan.everywhere = false;
     scan.ids = drawing_.onLayer(layer);
   }
-  const auto freePlace = std::find(scans_.begin(), scans_.end(), std::nullopt);
+  scan.end = type == kGroupPrimitive ? static_cast<size_t>(drawing_.lastGroup())
+             : scan.everywhere       ? static_cast<size_t>(drawing_.lastId())
+                                     : scan.ids.size();
+  const auto freePlace = std::find(scans_.begin(), scans_.end(), nullptr);
   const auto place = static_cast<size_t>(freePlace - scans_.begin());
   if (freePlace == scans_.end()) { scans_.emplace_back(); }
-  scans_[place] = std::move(scan);
+  scans_[place] = std::make_unique<Scan>(std::move(scan));
   return static_cast<int>(place) + 1;
 }
 
@@ -85,21 +89,25 @@ bool DrawingWindow::inScan(const Scan& scan, const Primitive& primitive) const {
          (scan.layer < 0 || scan.layer == primitive.layer);
 }
 
-int DrawingWindow::gsGetNextPrim(int handle) {
-  if (handle < 1 || static_cast<size_t>(handle) > scans_.size() || !scans_[static_cast<size_t>(handle) - 1]) {
-    return 0;
+// Newest first: who looks for the largest number finds it at once. Numbering a part walks every group of the
+// drawing, so this looks at no more than it must.
+int DrawingWindow::nextGroup(Scan& scan) {
+  const std::span<const Group> groups = drawing_.groups();
+  for (size_t place = std::min(scan.end, groups.size()); place > 0; --place) {
+    const Group& group = groups[place - 1];
+    if (group.members.empty()) { continue; }
+    scan.end = place - 1;
+    currentGroup_ = &group;
+    currentGroupRevision_ = drawing_.revision();
+    return kGroupPrimitive;
   }
-  Scan& scan = *scans_[static_cast<size_t>(handle) - 1];
-  if (scan.type == kGroupPrimitive) {
-    while (scan.next < static_cast<size_t>(drawing_.lastGroup())) {
-      currentGroup_ = static_cast<GroupId>(++scan.next);
-      if (!drawing_.group(currentGroup_).members.empty()) { return kGroupPrimitive; }
-    }
-    currentGroup_ = 0;
-    return 0;
-  }
-  const size_t end = scan.everywhere ? static_cast<size_t>(drawing_.lastId()) : scan.ids.size();
-  while (scan.next < end) {
+  scan.end = 0;
+  currentGroup_ = nullptr;
+  return 0;
+}
+
+int DrawingWindow::nextPrimitive(Scan& scan) {
+  while (scan.next < scan.end) {
     const size_t place = scan.next++;
     const PrimitiveId id = scan.everywhere ? static_cast<PrimitiveId>(place + 1) : scan.ids[place];
     const Primitive* primitive = drawing_.find(id);
@@ -110,15 +118,21 @@ int DrawingWindow::gsGetNextPrim(int handle) {
   return 0;
 }
 
+int DrawingWindow::gsGetNextPrim(int handle) {
+  const size_t place = static_cast<size_t>(handle) - 1;  // a handle below 1 wraps to one beyond them all
+  if (place >= scans_.size() || scans_[place] == nullptr) { return 0; }
+  Scan& scan = *scans_[place];
+  return scan.type == kGroupPrimitive ? nextGroup(scan) : nextPrimitive(scan);
+}
+
 void DrawingWindow::gsFreeListHandle(int handle) {
   if (handle >= 1 && static_cast<size_t>(handle) <= scans_.size()) { scans_[static_cast<size_t>(handle) - 1].reset(); }
 }
 
 int DrawingWindow::gsGetObject(std::string_view& parent, std::string_view& name) {
-  if (currentGroup_ < 1 || currentGroup_ > drawing_.lastGroup()) { return 0; }
-  const Group& group = drawing_.group(currentGroup_);
-  parent = group.parent;
-  name = group.name;
+  if (currentGroup_ == nullptr || currentGroupRevision_ != drawing_.revision()) { return 0; }
+  parent = currentGroup_->parent;
+  name = currentGroup_->name;
   return 1;
 }
 
@@ -128,6 +142,7 @@ int DrawingWindow::gsCopyPrimHeader(CCadWindow& target) {
   if (primitive == nullptr || other == nullptr) { return 0; }
   other->newType_ = typeNumber(primitive->geometry);
   other->newPrimitive_ = *primitive;
+  other->newGeometry_ = true;
   return 1;
 }
 

@@ -37,12 +37,10 @@ void DrawingWindow::gsGetDrawingParms(DrawingParms& parms) {
 void DrawingWindow::gsSetDrawingParms(const DrawingParms& parms) {
   Parameters parameters;
   std::copy(std::begin(parms.p) + 1, std::end(parms.p), parameters.all.begin());
-  const bool usable =
-      std::all_of(parameters.all.begin(), parameters.all.end(), [](double p) { return std::isfinite(p); });
-  if (!usable || parameters.scale() <= 0.0 || parameters.unit() <= 0.0) {
-    throw HostFailure("A drawing's scale and unit must be finite numbers above 0.");
-  }
-  drawing_.setParameters(parameters);
+  parameters.all[5] = parameters.all[6];  // P6 is P7 always; callers that change one of them mean P7
+  try {
+    drawing_.setParameters(parameters);
+  } catch (const RefusedChange& refused) { throw HostFailure(refused.what()); }
   call("gsSetDrawingParms", {parameters.scale(), parameters.unit()});
 }
 

@@ -91,7 +91,7 @@ class CommandSession : public CoreFixture {
   std::vector<std::string> groups() {
     std::vector<std::string> names;
     drawing().forEachGroup([&](const brevan::Group& group) {
-      names.push_back(group.parent + ' ' + group.name + ' ' + std::to_string(group.members.size()));
+      names.push_back(std::string(group.parent) + ' ' + group.name + ' ' + std::to_string(group.members.size()));
     });
     return names;
   }
