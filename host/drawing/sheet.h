@@ -16,6 +16,7 @@ struct Sheet {
   double width = 0.0;   // millimetres, as it lies
   double height = 0.0;  // millimetres
   Point corner;         // its lower left corner as seen on paper, in drawing units
+  friend bool operator==(const Sheet&, const Sheet&) = default;
 };
 
 // The ISO 216 sheets A0 to A4 by name; nothing for another name.

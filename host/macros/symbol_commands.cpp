@@ -9,7 +9,7 @@ namespace brevan::macroHandlers {
 
 namespace {
 
-std::unique_ptr<Drawing> opened(MacroRun& run) {
+ReadDrawing opened(MacroRun& run) {
   DrawingSource* source = run.window.services().drawings;
   if (source == nullptr) { throw MacroError(run.column(0), "no drawing files can be read here"); }
   try {
@@ -61,14 +61,14 @@ PrimitiveId place(DrawingWindow& window, Symbol symbol) {
 }  // namespace
 
 void loadSymbolFile(MacroRun& run) {
-  const std::unique_ptr<Drawing> file = opened(run);
+  const Drawing file = opened(run).drawing;
   const bool paperSize = run.text(1) == "Y";
   const bool everywhere = run.text(2) == "Y" && run.window.services().symbols != nullptr;
-  if (file->symbols().empty()) { throw MacroError(run.column(0), "\"" + run.text(0) + "\" holds no symbols"); }
+  if (file.symbols().empty()) { throw MacroError(run.column(0), "\"" + run.text(0) + "\" holds no symbols"); }
   MacroState& state = run.window.macroState();
   SymbolTable& table = everywhere ? *run.window.services().symbols : state.symbols;
   state.panel.clear();
-  for (const auto& [name, definition] : file->symbols()) {
+  for (const auto& [name, definition] : file.symbols()) {
     SymbolDefinition loaded = definition;
     loaded.paperSize = paperSize;
     loaded.upright = paperSize && run.text(2) == "Y";
@@ -166,16 +166,17 @@ class Insertion {
 
 void insertDrawing(MacroRun& run) {
   if (run.number(2) <= 0.0) { throw MacroError(run.column(2), "a drawing is inserted at a scale above 0"); }
-  const std::unique_ptr<Drawing> source = opened(run);
+  const auto [source, notRead] = opened(run);
   Drawing& drawing = run.window.drawing();
-  Insertion insertion(run, *source);
+  Insertion insertion(run, source);
   std::vector<PrimitiveId> inserted;
-  source->forEach([&](PrimitiveId, const Primitive& primitive) { inserted.push_back(insertion.insert(primitive)); });
-  for (const auto& [name, definition] : source->symbols()) {
+  source.forEach([&](PrimitiveId, const Primitive& primitive) { inserted.push_back(insertion.insert(primitive)); });
+  for (const auto& [name, definition] : source.symbols()) {
     if (drawing.symbol(name) == nullptr) { drawing.addSymbol(definition); }
   }
   drawing.clearSelection();
   for (const PrimitiveId id : inserted) { drawing.select(id); }
+  if (!notRead.empty()) { run.window.gsSetStatus("Not read from the file: " + notRead); }
 }
 
 }  // namespace brevan::macroHandlers

@@ -9,7 +9,7 @@
 #include "frame/host/cad_window.h"
 #include "host/drawing/drawing.h"
 #include "host/window/cursor.h"
-#include "host/window/drawing_source.h"
+#include "host/drawing/drawing_source.h"
 #include "host/window/events.h"
 #include "host/window/macro_state.h"
 #include "host/window/user.h"
@@ -62,6 +62,8 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] Drawing& drawing() { return drawing_; }
   [[nodiscard]] const Drawing& drawing() const { return drawing_; }
+  // What a file held; for a window on which nothing was drawn yet.
+  void setDrawing(Drawing drawing);
   [[nodiscard]] Cursor& cursor() { return cursor_; }
   [[nodiscard]] DrawingStyle& style() { return style_; }
   [[nodiscard]] OpenGroup& openGroup() { return openGroup_; }

@@ -7,6 +7,7 @@
 
 #include "frame/host/ini.h"
 #include "frame/host/main_frame.h"
+#include "host/files/drawing_files.h"
 #include "host/core/core_context.h"
 #include "host/core/file_services.h"
 #include "host/macros/variables.h"
@@ -50,7 +51,7 @@ struct HostParts {
   INI_LIST& settings;
   EventSink* events = nullptr;
   std::string helpFile;               // of the host, in Windows-1252
-  DrawingSource* drawings = nullptr;  // where inserted drawings and symbol files come from
+  DrawingSource* drawings = nullptr;  // where inserted drawings and symbol files come from; null: the files
 };
 
 // Ties windows, settings, macro variables, user and module together, and runs commands. While it lives, the
@@ -94,6 +95,7 @@ class Host {
   CoreContext context_;
   CoreContextBinding binding_;
   MacroVariables variables_;
+  FileDrawings fileDrawings_;
   SymbolTable symbols_;  // of the symbol files loaded for every window
   MainFrame mainFrame_;
   PlainShortcutBar shortcutBar_;

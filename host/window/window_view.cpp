@@ -118,6 +118,11 @@ void DrawingWindow::fitPaper() {
   drawing_.setSheet(std::move(sheet));
 }
 
+void DrawingWindow::setDrawing(Drawing drawing) {
+  macroState_.boundaries = nullptr;  // it listens to the drawing that goes
+  drawing_ = std::move(drawing);
+}
+
 BoundaryMap& DrawingWindow::boundaries() {
   if (macroState_.boundaries == nullptr) { macroState_.boundaries = std::make_unique<BoundaryMap>(drawing_); }
   return *macroState_.boundaries;

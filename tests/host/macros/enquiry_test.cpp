@@ -11,9 +11,10 @@ using namespace brevan;
 // Drawing files made in memory.
 class MadeDrawings : public DrawingSource {
  public:
-  std::unique_ptr<Drawing> open(const std::string& path) override {
+  ReadDrawing open(const std::string& path) override {
     if (path.find("none") != std::string::npos) { throw HostFailure("cannot read \"" + path + "\": no such file"); }
-    auto drawing = std::make_unique<Drawing>();
+    ReadDrawing made;
+    Drawing* const drawing = &made.drawing;
     Parameters metres;
     metres.setUnit(1000.0);
     metres.setOrientation(turned ? 1 : 0);
@@ -31,7 +32,7 @@ class MadeDrawings : public DrawingSource {
     outer.parts.push_back(nested);
     drawing->addSymbol(inner);
     drawing->addSymbol(outer);
-    return drawing;
+    return made;
   }
   bool turned = false;
 };

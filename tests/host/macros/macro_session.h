@@ -1,46 +1,15 @@
 #pragma once
 
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "host/files/json_writer.h"
-#include "host/macros/lexer.h"
-#include "host/scripts/script_cursor.h"
-#include "host/scripts/script_user.h"
-#include "host/window/host.h"
-#include "tests/core_fixture.h"
+#include "tests/host/window/host_session.h"
 
-// A host on which a test sends macro commands; its user gives a script's answers.
-class MacroSession : public CoreFixture {
+// A host on which a test sends macro commands, with what such tests draw and ask for.
+class MacroSession : public HostSession {
  protected:
-  MacroSession() { answer(""); }
-
-  // A new host with an empty drawing, whose user gives these answers in order.
-  void answer(const std::string& answers, brevan::DrawingSource* files = nullptr) {
-    host_.reset();
-    script_ = brevan::readScript("answers.scr", answers);
-    cursor_.emplace(script_);
-    user_.emplace(*cursor_, nullptr);
-    brevan::HostParts parts{*user_, this->files(), settings(), nullptr, ""};
-    parts.drawings = files;
-    host_ = std::make_unique<brevan::Host>(parts);
-  }
-  [[nodiscard]] bool answersLeft() const { return cursor_->peek() != nullptr; }
-
-  brevan::Host& host() { return *host_; }
-  brevan::DrawingWindow& window() { return host_->window(); }
-  brevan::Drawing& drawing() { return window().drawing(); }
-  std::string json() { return drawingJson(drawing()); }
-
-  void macro(const std::string& text) { host_->runMacro(text); }
-  // The failing macro's column and message, "" where it did not fail.
-  std::string macroError(const std::string& text) {
-    try {
-      macro(text);
-    } catch (const brevan::MacroError& error) { return std::to_string(error.column()) + ": " + error.what(); }
-    return "";
+  void answer(const std::string& answers, brevan::DrawingSource* drawings = nullptr) {
+    start(answers, nullptr, drawings);
   }
   double number(const std::string& name) { return host_->variables().number(name).value_or(-1e300); }
   std::string text(const std::string& name) {
@@ -76,10 +45,4 @@ class MacroSession : public CoreFixture {
     drawing().forEach([&ids](brevan::PrimitiveId id, const brevan::Primitive&) { ids.push_back(id); });
     return ids;
   }
-
- private:
-  brevan::Script script_;
-  std::optional<brevan::ScriptCursor> cursor_;
-  std::optional<brevan::ScriptUser> user_;
-  std::unique_ptr<brevan::Host> host_;
 };

@@ -1,11 +1,16 @@
 #pragma once
 
-#include <memory>
 #include <string>
+
+#include "host/drawing/drawing.h"
 
 namespace brevan {
 
-class Drawing;
+// A drawing read from a file, with what of the file a drawing has no place for.
+struct ReadDrawing {
+  Drawing drawing;
+  std::string notRead;  // "3 HATCH, 1 IMAGE"; empty: all was read
+};
 
 // Where a window takes drawings and symbol files from: what it inserts, and the symbols that a file holds.
 class DrawingSource {
@@ -16,7 +21,7 @@ class DrawingSource {
   virtual ~DrawingSource() = default;
 
   // The path is as a macro names it, in Windows-1252. Throws HostFailure that names the file and the reason.
-  virtual std::unique_ptr<Drawing> open(const std::string& path) = 0;
+  virtual ReadDrawing open(const std::string& path) = 0;
 };
 
 }  // namespace brevan
