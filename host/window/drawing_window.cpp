@@ -63,6 +63,8 @@ void DrawingWindow::resetForCommand() {
   escaped_ = false;
   marks_.clear();
   scans_.clear();
+  groupCursor_ = {};
+  currentGroup_ = nullptr;
 }
 
 namespace {

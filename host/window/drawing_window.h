@@ -202,7 +202,8 @@ class DrawingWindow : public CCadWindow {
   template <class Kind>
   const Kind* currentAs() const;
   bool inScan(const Scan& scan, const Primitive& primitive) const;
-  int nextGroup(Scan& scan);
+  int nextGroup();
+  void goOnWithGroups(int handle);
   int nextPrimitive(Scan& scan);
 
   std::string name_;
@@ -224,8 +225,16 @@ class DrawingWindow : public CCadWindow {
   Primitive newPrimitive_;
   Text newFont_;                         // gsSetFont's values
   PrimitiveId current_ = 0;              // what a scan or pick made current
-  const Group* currentGroup_ = nullptr;  // of a scan, as long as the drawing has not changed
-  uint64_t currentGroupRevision_ = 0;
+  // The scan of groups under way, the newest group first: `left` groups stand before `at`, none having been
+  // added or emptied since the revision. Its place is kept in its Scan while another scan is under way.
+  struct GroupCursor {
+    int handle = 0;
+    const Group* at = nullptr;
+    size_t left = 0;
+    uint64_t revision = 0;
+  };
+  GroupCursor groupCursor_;
+  const Group* currentGroup_ = nullptr;       // what the cursor met, as long as the drawing has not changed
   std::vector<std::unique_ptr<Scan>> scans_;  // handle - 1 is the index
   std::vector<Segment> marks_;                // temporary lines
 };

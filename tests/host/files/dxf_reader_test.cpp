@@ -238,16 +238,15 @@ TEST(DxfReader, BadInputIsRefusedWithItsLine) {
   }
 }
 
+// Two to the fortieth lines: whoever expanded them first would not come back.
 TEST(DxfReader, BlocksThatGrowWithoutEndAreCountedFirst) {
   std::string tree = block("N0", kLine);
   for (int level = 1; level <= 40; ++level) {
     const std::string inner = insertOf("N" + std::to_string(level - 1));
     tree += block("N" + std::to_string(level), inner + inner);
   }
-  const auto start = std::chrono::steady_clock::now();
   EXPECT_NE(reasonOf(section("BLOCKS", tree) + entities(insertOf("N40"))).find("expands to more than"),
             std::string::npos);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
 }
 
 TEST(DxfReader, DamageIsRefusedOrHarmless) {

@@ -11,9 +11,9 @@ class MacroSession : public HostSession {
   void answer(const std::string& answers, brevan::DrawingSource* drawings = nullptr) {
     start(answers, nullptr, drawings);
   }
-  double number(const std::string& name) { return host_->variables().number(name).value_or(-1e300); }
+  double number(const std::string& name) { return host().variables().number(name).value_or(-1e300); }
   std::string text(const std::string& name) {
-    const std::string* value = host_->variables().text(name);
+    const std::string* value = host().variables().text(name);
     return value == nullptr ? "(unset)" : *value;
   }
 
