@@ -52,8 +52,6 @@ ReadDrawing readDrawing(const std::string& path) {
   return format->read(path);
 }
 
-ReadDrawing FileDrawings::open(const std::string& path) {
-  return readDrawing(files_.resolveForReading(toUtf8(path)));
-}
+ReadDrawing FileDrawings::open(const std::string& path) { return readDrawing(files_.resolveForReading(toUtf8(path))); }
 
 }  // namespace brevan

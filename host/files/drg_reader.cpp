@@ -168,8 +168,7 @@ class DrgReader {
         row.fail("symbols are numbered from 1 without a gap");
       }
       if (!symbolNames_.insert(symbol.name).second) { row.fail("the symbol's name occurs twice"); }
-      symbols_.push_back(
-          {{std::move(symbol.name), {}, symbol.paperSize, symbol.upright, std::move(symbol.file)}, {}});
+      symbols_.push_back({{std::move(symbol.name), {}, symbol.paperSize, symbol.upright, std::move(symbol.file)}, {}});
     });
   }
 

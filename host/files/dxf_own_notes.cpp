@@ -49,8 +49,11 @@ std::string sheetNote(const Sheet& sheet) {
 }
 
 std::string symbolNote(const SymbolDefinition* symbol) {
-  if (symbol == nullptr) { return std::string(kSymbol) + " missing"; }
-  return std::string(kSymbol) + (symbol->paperSize ? " paper" : " real") + (symbol->upright ? " upright" : " turning");
+  std::string note(kSymbol);
+  if (symbol == nullptr) { return note += " missing"; }
+  note += symbol->paperSize ? " paper" : " real";
+  note += symbol->upright ? " upright" : " turning";
+  return note;
 }
 
 bool DxfOwnNotes::take(std::string_view comment) {

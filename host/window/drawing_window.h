@@ -8,8 +8,8 @@
 
 #include "frame/host/cad_window.h"
 #include "host/drawing/drawing.h"
-#include "host/window/cursor.h"
 #include "host/drawing/drawing_source.h"
+#include "host/window/cursor.h"
 #include "host/window/events.h"
 #include "host/window/macro_state.h"
 #include "host/window/user.h"
@@ -223,8 +223,8 @@ class DrawingWindow : public CCadWindow {
   int newType_ = 0;           // the header given last
   bool newGeometry_ = false;  // given since then
   Primitive newPrimitive_;
-  Text newFont_;                         // gsSetFont's values
-  PrimitiveId current_ = 0;              // what a scan or pick made current
+  Text newFont_;             // gsSetFont's values
+  PrimitiveId current_ = 0;  // what a scan or pick made current
   // The scan of groups under way, the newest group first: `left` groups stand before `at`, none having been
   // added or emptied since the revision. Its place is kept in its Scan while another scan is under way.
   struct GroupCursor {

@@ -7,9 +7,9 @@
 
 #include "frame/host/ini.h"
 #include "frame/host/main_frame.h"
-#include "host/files/drawing_files.h"
 #include "host/core/core_context.h"
 #include "host/core/file_services.h"
+#include "host/files/drawing_files.h"
 #include "host/macros/variables.h"
 #include "host/window/drawing_window.h"
 #include "host/window/module.h"

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "tests/host/macros/macro_session.h"
@@ -44,7 +45,7 @@ TEST_F(Snip, InsideAndOutsideMakeTheWhole) {
         whole = inkLength();
         const std::string before = json();
         std::string command = "#SNIP " + region + " [#]";
-        command[command.find('%')] = flag;
+        std::replace(command.begin(), command.end(), '%', flag);
         macro(command);
         kept += inkLength();
         drawing().undo();
