@@ -50,6 +50,12 @@ std::string described(dialog::Dialog& dialog) {
     if (!range.empty()) { text += "  " + toUtf8(range); }
     if (!control.toolTip.empty()) { text += "  (" + toUtf8(control.toolTip) + ')'; }
     text += '\n';
+    if (const auto* radio = std::get_if<dialog::RadioGroup>(&control.state)) {
+      for (const dialog::RadioItem& item : radio->items) {
+        if (item.toolTip.empty()) { continue; }
+        text += "    \"" + toUtf8(plainCaption(item.caption)) + "\"  (" + toUtf8(item.toolTip) + ")\n";
+      }
+    }
   }
   return text;
 }

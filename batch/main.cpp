@@ -86,6 +86,8 @@ int runProgram(int argc, char** argv) {
     return report(failure.what(), kInputUnread);
   } catch (const OutputUnwritten& failure) {
     return report(failure.what(), kOutputUnwritten);
+  } catch (const brevan::ScriptOutputFailure& failure) {
+    return report(failure.what(), kOutputUnwritten);
   } catch (const std::exception& failure) { return report(failure.what(), kFailed); }
 }
 

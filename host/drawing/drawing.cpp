@@ -14,6 +14,7 @@ struct Drawing::Slot {
   Primitive primitive;
   uint32_t layerPosition = 0;  // in the lists of its layer and its group
   uint32_t groupPosition = 0;
+  uint32_t selectionPosition = 0;
   bool there = false;
   bool indexed = false;
   bool selected = false;
@@ -43,6 +44,12 @@ std::string groupKey(std::string_view parent, std::string_view name) {
   key += ' ';
   key += name;
   return key;
+}
+
+// So that the next push_back cannot fail.
+template <class Item>
+void makeRoom(std::vector<Item>& list) {
+  if (list.size() == list.capacity()) { list.reserve(std::max<size_t>(16, 2 * list.size())); }
 }
 
 // Swap-removal from a list whose items know their position.
@@ -86,6 +93,7 @@ void Drawing::refuseUnusable(const Primitive& primitive) const {
 
 PrimitiveId Drawing::add(Primitive primitive) {
   refuseUnusable(primitive);
+  makeRoomToNote();
   const PrimitiveId id = lastId_ + 1;
   put(id, std::move(primitive));
   note(PrimitiveChange{id, nullptr});
@@ -94,20 +102,34 @@ PrimitiveId Drawing::add(Primitive primitive) {
 
 void Drawing::remove(PrimitiveId id) {
   if (find(id) == nullptr) { return; }
-  note(PrimitiveChange{id, std::make_unique<Primitive>(take(id))});
+  makeRoomToNote();
+  auto removed = std::make_unique<Primitive>();
+  *removed = take(id);
+  note(PrimitiveChange{id, std::move(removed)});
 }
 
 void Drawing::replace(PrimitiveId id, Primitive primitive) {
   refuseUnusable(primitive);
+  makeRoomToNote();
   const bool selected = slot(id).selected;
-  auto before = std::make_unique<Primitive>(take(id));
+  auto before = std::make_unique<Primitive>();
+  makeRoomFor(id, primitive);
+  *before = take(id);
   put(id, std::move(primitive));
   if (selected) { select(id); }
   note(PrimitiveChange{id, std::move(before)});
 }
 
-void Drawing::put(PrimitiveId id, Primitive primitive) {
+// After this, putting the primitive there cannot fail half-way.
+void Drawing::makeRoomFor(PrimitiveId id, const Primitive& primitive) {
   store_->reach(id);
+  makeRoom(layerMembers_[static_cast<size_t>(primitive.layer)]);
+  if (primitive.group != 0) { makeRoom(groups_[static_cast<size_t>(primitive.group) - 1].members); }
+  makeRoom(unindexed_);
+}
+
+void Drawing::put(PrimitiveId id, Primitive primitive) {
+  makeRoomFor(id, primitive);
   lastId_ = std::max(lastId_, id);
   Slot& place = slot(id);
   place.primitive = std::move(primitive);
@@ -160,9 +182,11 @@ int Drawing::layerNamed(std::string_view name) const {
 int Drawing::addLayer(Layer layer) {
   const int existing = layerNamed(layer.name);
   if (existing >= 0) { return existing; }
+  makeRoomToNote();
   const auto freePlace = std::find(layers_.begin(), layers_.end(), std::nullopt);
   const int index = static_cast<int>(freePlace - layers_.begin());
   if (freePlace == layers_.end()) {
+    makeRoom(layerMembers_);
     layers_.emplace_back();
     layerMembers_.emplace_back();
   }
@@ -172,6 +196,7 @@ int Drawing::addLayer(Layer layer) {
 }
 
 void Drawing::changeLayer(int index, Layer layer) {
+  makeRoomToNote();
   LayerChange change{index, std::move(layer)};
   swapLayer(change);
   note(std::move(change));
@@ -183,6 +208,7 @@ void Drawing::removeLayer(int index) {
   for (const PrimitiveId id : onLayer(index)) { remove(id); }
   if (currentLayer_ == index) { setCurrentLayer(0); }
   if (index != 0) {
+    makeRoomToNote();
     LayerChange change{index, std::nullopt};
     swapLayer(change);
     note(std::move(change));
@@ -198,9 +224,7 @@ std::vector<PrimitiveId> Drawing::onLayer(int index) const {
 
 void Drawing::setCurrentLayer(int index) {
   if (layer(index) == nullptr || index == currentLayer_) { return; }
-  PlainChange change{parameters_, sheet_, index};
-  swapPlain(change);
-  note(std::move(change));
+  changePlain({parameters_, sheet_, index});
 }
 
 // ---- Groups ------------------------------------------------------------------------------------------------
@@ -211,14 +235,18 @@ std::string_view Drawing::keptParent(std::string_view parent) {
 }
 
 GroupId Drawing::addGroup(std::string_view parent, std::string_view name) {
+  makeRoomToNote();
+  makeRoom(groups_);
   const GroupId id = lastGroup() + 1;
-  groups_.push_back(Group{id, keptParent(parent), std::string(name), {}});
-  nameGroup(id);
+  Group group{id, keptParent(parent), std::string(name), {}};
+  groupsByName_[groupKey(parent, name)].push_back(id);
+  groups_.push_back(std::move(group));
   note(GroupChange{id, false, {}, {}});
   return id;
 }
 
 void Drawing::renameGroup(GroupId group, std::string_view parent, std::string_view name) {
+  makeRoomToNote();
   GroupChange change{group, true, keptParent(parent), std::string(name)};
   swapGroup(change);
   note(std::move(change));
@@ -261,17 +289,16 @@ std::vector<PrimitiveId> Drawing::membersOf(GroupId group) const {
 
 void Drawing::select(PrimitiveId id) {
   if (find(id) == nullptr || slot(id).selected) { return; }
-  slot(id).selected = true;
   selected_.push_back(id);
+  slot(id).selected = true;
+  slot(id).selectionPosition = static_cast<uint32_t>(selected_.size()) - 1;
 }
 
 void Drawing::deselect(PrimitiveId id) {
   if (find(id) == nullptr || !slot(id).selected) { return; }
   slot(id).selected = false;
-  // The newest is usually the one: a part just drawn is what is taken back.
-  const auto at = std::find(selected_.rbegin(), selected_.rend(), id);
-  *at = selected_.back();
-  selected_.pop_back();
+  removeAt(selected_, slot(id).selectionPosition,
+           [this](PrimitiveId moved) -> uint32_t& { return slot(moved).selectionPosition; });
 }
 
 void Drawing::clearSelection() {
@@ -477,13 +504,14 @@ std::string brokenRule(const Parameters& parameters) {
 void Drawing::setParameters(const Parameters& parameters) {
   if (parameters == parameters_) { return; }
   if (const std::string rule = brokenRule(parameters); !rule.empty()) { throw RefusedChange(rule); }
-  PlainChange change{parameters, sheet_, currentLayer_};
-  swapPlain(change);
-  note(std::move(change));
+  changePlain({parameters, sheet_, currentLayer_});
 }
 
-void Drawing::setSheet(std::optional<Sheet> sheet) {
-  PlainChange change{parameters_, std::move(sheet), currentLayer_};
+void Drawing::setSheet(std::optional<Sheet> sheet) { changePlain({parameters_, std::move(sheet), currentLayer_}); }
+
+void Drawing::changePlain(PlainState state) {
+  makeRoomToNote();
+  PlainChange change{std::make_unique<PlainState>(std::move(state))};
   swapPlain(change);
   note(std::move(change));
 }
@@ -494,10 +522,11 @@ const SymbolDefinition* Drawing::symbol(std::string_view name) const {
 }
 
 void Drawing::addSymbol(SymbolDefinition symbol) {
+  makeRoomToNote();
   std::string name = symbol.name;
-  symbols_.insert_or_assign(std::move(name), std::move(symbol));
-  indexAnew();  // the bounds of those placed may have changed
-  ++revision_;
+  SymbolChange change{std::move(name), std::make_unique<SymbolDefinition>(std::move(symbol))};
+  swapSymbol(change);
+  note(std::move(change));
 }
 
 // ---- Loading ---------------------------------------------------------------------------------------------------
@@ -536,17 +565,27 @@ void Drawing::loadLayer(int index, Layer layer) {
 
 // ---- Journal ---------------------------------------------------------------------------------------------------
 
+void Drawing::makeRoomToNote() {
+  if (loading_) { return; }
+  if (stepDepth_ > 0) {
+    makeRoom(open_.changes);
+  } else {
+    makeRoom(done_);
+    spare_.reserve(1);
+  }
+}
+
 void Drawing::note(Change change) {
   ++revision_;
   if (loading_) { return; }
-  undone_.clear();
   if (stepDepth_ > 0) {
     open_.changes.push_back(std::move(change));
     return;
   }
-  Step step;
-  step.changes.push_back(std::move(change));
-  done_.push_back(std::move(step));
+  done_.push_back(Step{{}, std::move(spare_)});
+  done_.back().changes.push_back(std::move(change));
+  spare_ = {};
+  undone_.clear();
 }
 
 void Drawing::beginStep(std::string name) {
@@ -560,11 +599,13 @@ void Drawing::splitStep() {
   Step goingOn{open_.name, {}};
   done_.push_back(std::move(open_));
   open_ = std::move(goingOn);
+  undone_.clear();
 }
 
 void Drawing::endStep() {
   if (--stepDepth_ > 0 || open_.changes.empty()) { return; }
   done_.push_back(std::move(open_));
+  undone_.clear();
 }
 
 void Drawing::swapState(Change& change) {
@@ -574,6 +615,7 @@ void Drawing::swapState(Change& change) {
     void operator()(LayerChange& change) const { drawing.swapLayer(change); }
     void operator()(GroupChange& change) const { drawing.swapGroup(change); }
     void operator()(PlainChange& change) const { drawing.swapPlain(change); }
+    void operator()(SymbolChange& change) const { drawing.swapSymbol(change); }
   };
   std::visit(Swapper{*this}, change);
 }
@@ -622,11 +664,25 @@ void Drawing::swapGroup(GroupChange& change) {
 }
 
 void Drawing::swapPlain(PlainChange& change) {
-  const bool resized = !(change.parameters == parameters_);
-  std::swap(parameters_, change.parameters);
-  std::swap(sheet_, change.sheet);
-  std::swap(currentLayer_, change.currentLayer);
+  PlainState& other = *change.other;
+  const bool resized = !(other.parameters == parameters_);
+  std::swap(parameters_, other.parameters);
+  std::swap(sheet_, other.sheet);
+  std::swap(currentLayer_, other.currentLayer);
   if (resized) { indexAnew(); }  // texts and arrows keep their size on paper, so their bounds have changed
+}
+
+void Drawing::swapSymbol(SymbolChange& change) {
+  std::unique_ptr<SymbolDefinition> present;
+  const auto entry = symbols_.find(change.name);
+  if (entry != symbols_.end()) { present = std::make_unique<SymbolDefinition>(std::move(entry->second)); }
+  if (change.other != nullptr) {
+    symbols_.insert_or_assign(change.name, std::move(*change.other));
+  } else {
+    symbols_.erase(change.name);
+  }
+  change.other = std::move(present);
+  indexAnew();  // the bounds of those placed may have changed
 }
 
 void Drawing::indexAnew() {

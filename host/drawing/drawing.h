@@ -19,6 +19,7 @@
 #include "host/drawing/primitive.h"
 #include "host/drawing/sheet.h"
 #include "host/drawing/spatial_index.h"
+#include "host/drawing/symbol_definition.h"
 
 namespace brevan {
 
@@ -26,16 +27,6 @@ namespace brevan {
 class RefusedChange : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
-};
-
-// What a symbol is made of, in millimetres from its origin.
-struct SymbolDefinition {
-  std::string name;
-  std::vector<Primitive> parts;
-  bool paperSize = true;  // millimetres on paper, placed x drawing scale; else real size, converted by unit
-  bool upright = false;   // does not turn with the axes of a survey sheet
-  std::string file = {};  // the base name of the symbol file that it came from
-  friend bool operator==(const SymbolDefinition&, const SymbolDefinition&) = default;
 };
 
 // Is told of every primitive that enters or leaves a drawing, undo and redo included; a change is both.
@@ -179,14 +170,18 @@ class Drawing {
 
   Slot& slot(PrimitiveId id) const;
   void refuseUnusable(const Primitive& primitive) const;
+  void makeRoomFor(PrimitiveId id, const Primitive& primitive);
   void put(PrimitiveId id, Primitive primitive);
   Primitive take(PrimitiveId id);
-  void note(Change change);
+  void note(Change change);  // after makeRoomToNote it cannot fail
   void swapState(Change& change);
   void swapPrimitive(PrimitiveChange& change);
   void swapLayer(LayerChange& change);
   void swapGroup(GroupChange& change);
   void swapPlain(PlainChange& change);
+  void swapSymbol(SymbolChange& change);
+  void changePlain(PlainState state);
+  void makeRoomToNote();
   void flushIndex() const;
   void indexAnew();
   void unindex(PrimitiveId id, Slot& slot);
@@ -213,6 +208,7 @@ class Drawing {
   std::map<std::string, SymbolDefinition, std::less<>> symbols_;
   std::vector<Step> done_;
   std::vector<Step> undone_;
+  std::vector<Change> spare_;  // where a change outside a step will be noted
   Step open_;
   size_t openBase_ = 0;  // the steps done before the open one
   int stepDepth_ = 0;

@@ -10,6 +10,7 @@
 #include "host/drawing/parameters.h"
 #include "host/drawing/primitive.h"
 #include "host/drawing/sheet.h"
+#include "host/drawing/symbol_definition.h"
 
 namespace brevan {
 
@@ -33,13 +34,21 @@ struct GroupChange {
 };
 
 // Parameters, sheet and current layer, which change seldom and together.
-struct PlainChange {
+struct PlainState {
   Parameters parameters;
   std::optional<Sheet> sheet;
   int currentLayer = 0;
 };
+struct PlainChange {
+  std::unique_ptr<PlainState> other;  // never null; apart, so that the common changes stay small
+};
 
-using Change = std::variant<PrimitiveChange, LayerChange, GroupChange, PlainChange>;
+struct SymbolChange {
+  std::string name;
+  std::unique_ptr<SymbolDefinition> other;  // null: not there
+};
+
+using Change = std::variant<PrimitiveChange, LayerChange, GroupChange, PlainChange, SymbolChange>;
 
 // What one undo takes back.
 struct Step {

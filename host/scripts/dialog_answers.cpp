@@ -21,7 +21,11 @@ std::string shownAddresses(dialog::Dialog& dialog) {
 }
 
 Refusal setValue(const DialogStep& step) {
-  return step.session.setText(step.control(1), step.cursor.string(step.statement, 2));
+  std::string text = step.cursor.string(step.statement, 2);
+  for (size_t line = 3; line < step.statement.words.size(); ++line) {
+    text += '\n' + step.cursor.string(step.statement, line);
+  }
+  return step.session.setText(step.control(1), text);
 }
 Refusal typeKeys(const DialogStep& step) {
   return step.session.typeText(step.control(1), step.cursor.string(step.statement, 2));
@@ -83,7 +87,7 @@ Refusal closeDialog(const DialogStep& step) {
 }
 
 constexpr auto kAnswers = std::to_array<DialogAnswer>({
-    {"set", 3, 3, setValue},
+    {"set", 3, 1000, setValue},  // a multi-line text: a word a line
     {"type", 3, 3, typeKeys},
     {"spin", 3, 3, spinArrow},
     {"pick", 3, 3, pickItem},

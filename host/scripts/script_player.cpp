@@ -76,13 +76,15 @@ void ScriptPlayer::play() {
     const Statement& statement = cursor_.take();
     try {
       playOne(statement);
-    } catch (const HostFailure& failure) {
+    } catch (const ScriptFailure&) { throw; } catch (const HostFailure& failure) {
       cursor_.fail(statement, messageText(toUtf8(failure.what())));
     } catch (const MacroError& error) {
       cursor_.fail(statement, "column " + std::to_string(error.column()) + ": " + toUtf8(error.what()));
     } catch (const RefusedChange& refused) {
       cursor_.fail(statement, toUtf8(refused.what()));
-    } catch (const std::bad_alloc&) { cursor_.fail(statement, "there is not enough memory"); }
+    } catch (const std::bad_alloc&) {
+      cursor_.fail(statement, "there is not enough memory");
+    } catch (const std::exception& failure) { cursor_.fail(statement, toUtf8(failure.what())); }
   }
 }
 
@@ -260,7 +262,11 @@ void ScriptPlayer::write(const Statement& statement, const std::string& path, co
     cursor_.fail(statement, "a script does not write over itself");
   }
   fs::create_directories(fs::path(target).parent_path(), ignored);
-  saveWhole(target, bytes);
+  try {
+    saveWhole(target, bytes);
+  } catch (const HostFailure& failure) {
+    throw ScriptOutputFailure(cursor_.script().file, statement.line, messageText(toUtf8(failure.what())));
+  }
   written_[path] = target;
 }
 

@@ -20,9 +20,9 @@ class LineReader {
       statement.words.push_back(line_[at_] == '"' ? readString() : readWord());
       if (statement.words.size() > 1) { continue; }
       skipBlanks();
-      const std::string_view rest = trimmed(line_.substr(at_));
+      const std::string_view rest = line_.substr(at_);
       const bool macro = statement.name() == kMacro && !statement.words.front().quoted;
-      statement.rest = macro ? encoded(rest) : std::string(rest);
+      statement.rest = macro ? encoded(rest) : std::string(trimmed(rest));
       if (macro) { break; }
     }
     return statement;

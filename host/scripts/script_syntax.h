@@ -14,6 +14,12 @@ class ScriptFailure : public std::runtime_error {
       : std::runtime_error(file + ':' + std::to_string(line) + ": " + what) {}
 };
 
+// A script that failed because a file could not be written.
+class ScriptOutputFailure : public ScriptFailure {
+ public:
+  using ScriptFailure::ScriptFailure;
+};
+
 struct ScriptWord {
   std::string text;     // Windows-1252
   bool quoted = false;  // a string; else a word or number
@@ -22,7 +28,7 @@ struct ScriptWord {
 struct Statement {
   int line = 0;
   std::vector<ScriptWord> words;  // never empty; the first is the statement's name
-  std::string rest;               // what follows the first word as typed, without outer blanks
+  std::string rest;  // what follows the first word as typed, without outer blanks; a macro keeps those at its end
 
   [[nodiscard]] const std::string& name() const { return words.front().text; }
   // As it stands in the script, for messages; UTF-8.

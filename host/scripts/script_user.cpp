@@ -19,6 +19,17 @@ std::string titles(const std::vector<std::string>& items) {
   return all;
 }
 
+std::string commaSeparated(const std::vector<std::string>& items) {
+  std::string all;
+  for (const std::string& item : items) { all += (all.empty() ? "" : ",") + item; }
+  return all;
+}
+
+// A menu is expected by its items, "Bolt,Nut,Washer", or by its first one.
+bool isExpected(const std::string& wanted, std::string_view kind, const std::string& shown) {
+  return wanted == shown || wanted == "*" || (kind == "menu" && shown.starts_with(wanted + ','));
+}
+
 struct ReplyRow {
   std::string_view word;
   BoxAnswer answer;
@@ -46,7 +57,7 @@ void ScriptUser::readExpectations(std::string_view kind, const std::string& text
     if (other) { cursor_.failHere("the command shows the " + std::string(kind) + ' ' + quotedUtf8(text)); }
     cursor_.take();
     if (what == kind && statement.words.size() == 3) {
-      if (statement.words[2].text != text && statement.words[2].text != "*") {
+      if (!isExpected(statement.words[2].text, kind, text)) {
         cursor_.fail(statement, "the " + std::string(kind) + " is " + quotedUtf8(text) + ", the script expects " +
                                     quotedUtf8(statement.words[2].text));
       }
@@ -119,7 +130,7 @@ TextAnswer ScriptUser::askText(const std::string& prompt, const std::string& fal
 }
 
 std::optional<size_t> ScriptUser::chooseFromMenu(const std::vector<std::string>& items) {
-  readExpectations("menu", items.empty() ? "" : items.front());
+  readExpectations("menu", commaSeparated(items));
   if (cursor_.nextIs("cancel") || cursor_.nextIs("escape")) {
     takeAnswer("");
     return std::nullopt;

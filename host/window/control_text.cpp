@@ -36,6 +36,19 @@ std::string entry(const std::vector<std::string>& items, int index) {
   return index >= 0 && index < static_cast<int>(items.size()) ? items[static_cast<size_t>(index)] : std::string();
 }
 
+// "Windows/Casement/W1200"
+std::string branchText(const Tree& tree) {
+  std::string text;
+  const std::vector<TreeNode>* level = &tree.roots;
+  for (const int index : tree.selected) {
+    if (index < 0 || static_cast<size_t>(index) >= level->size()) { break; }
+    const TreeNode& node = (*level)[static_cast<size_t>(index)];
+    text += (text.empty() ? "" : "/") + node.caption;
+    level = &node.children;
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string_view kindName(const State& state) {
@@ -102,6 +115,7 @@ std::string valueText(const State& state) {
                    return chosen;
                  },
                  [&state](const ColumnList& list) { return entry(itemTexts(state), list.selected); },
+                 [](const Tree& tree) { return branchText(tree); },
                  [](const PenButton& button) { return std::to_string(button.pen); },
                  [](const LineTypeList& list) { return std::to_string(list.selected + 1); },
                  [](const Picture& picture) { return picture.name; }, [](const StatusLine& line) { return line.text; },

@@ -15,6 +15,22 @@ using Refusal = DialogSession::Refusal;
 
 std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 
+// The indexes at each level of "Windows/Casement/W1200"; nothing where there is no such branch.
+std::optional<std::vector<int>> branchOf(const Tree& tree, std::string_view path) {
+  std::vector<int> indexes;
+  const std::vector<TreeNode>* level = &tree.roots;
+  while (true) {
+    const std::string_view name = path.substr(0, path.find('/'));
+    const auto node = std::find_if(level->begin(), level->end(),
+                                   [name](const TreeNode& child) { return equalWithoutCase(child.caption, name); });
+    if (node == level->end()) { return std::nullopt; }
+    indexes.push_back(static_cast<int>(node - level->begin()));
+    if (name.size() == path.size()) { return indexes; }
+    level = &node->children;
+    path.remove_prefix(name.size() + 1);
+  }
+}
+
 void run(const std::function<void()>& rule) {
   if (rule) { rule(); }
 }
@@ -74,15 +90,20 @@ Refusal DialogSession::leave() {
   if (control < 0) { return std::nullopt; }
   if (auto* edit = std::get_if<NumberEdit>(&dialog_.control(control).state); edit != nullptr && edit->edited) {
     if (auto refusal = refusalOf(addressOf(dialog_, control), *edit)) { return refusal; }
+    NumberEdit kept = *edit;
     const double typed = *numberText::parseTyped(edit->text);
-    edit->text = edit->integer ? numberText::format(edit->format, static_cast<long long>(typed))
-                               : numberText::format(edit->format, typed);
-    edit->value = numberText::parseTyped(edit->text).value_or(typed);
-    edit->edited = false;
+    kept.text = edit->integer ? numberText::format(edit->format, static_cast<long long>(typed))
+                              : numberText::format(edit->format, typed);
+    kept.value = numberText::parseTyped(kept.text).value_or(typed);
+    kept.edited = false;
+    // The format may round what was typed out of the range.
+    if (auto refusal = refusalOf(addressOf(dialog_, control), kept)) { return refusal; }
+    *edit = std::move(kept);
     dialog_.changed(control);
   }
   dialog_.noteFocus(-1);
   run(dialog_.control(control).onLeave);
+  if (dialog_.focus() >= 0) { return named(dialog_.focus()) + " has taken the focus"; }
   return std::nullopt;
 }
 
@@ -204,6 +225,13 @@ Refusal DialogSession::chooseEntry(int control, const std::string& item) {
       return named(control) + " takes a line type from 1 to 32, got \"" + item + '"';
     }
     types->selected = static_cast<int>(*number) - 1;
+    edited(control);
+    return std::nullopt;
+  }
+  if (auto* tree = std::get_if<Tree>(&state)) {
+    auto branch = branchOf(*tree, item);
+    if (!branch) { return named(control) + " has no branch " + inQuotes(item); }
+    tree->selected = *std::move(branch);
     edited(control);
     return std::nullopt;
   }

@@ -201,6 +201,7 @@ class DrawingWindow : public CCadWindow {
   void setGeometry(Geometry geometry);
   template <class Kind>
   const Kind* currentAs() const;
+  void deleteLayer(int index);
   bool inScan(const Scan& scan, const Primitive& primitive) const;
   int nextGroup();
   void goOnWithGroups(int handle);

@@ -55,12 +55,18 @@ void DrawingWindow::gsSetCurrentLayer(int index) {
 
 void DrawingWindow::gsDeleteLayer(std::string_view name) {
   call("gsDeleteLayer", {name});
-  drawing_.removeLayer(drawing_.layerNamed(name));
+  deleteLayer(drawing_.layerNamed(name));
 }
 
 void DrawingWindow::gsDeleteLayer(int index) {
   call("gsDeleteLayer", {index});
-  drawing_.removeLayer(index);
+  deleteLayer(index);
+}
+
+// What is locked stays as it is.
+void DrawingWindow::deleteLayer(int index) {
+  const Layer* layer = drawing_.layer(index);
+  if (layer != nullptr && !layer->locked) { drawing_.removeLayer(index); }
 }
 
 void DrawingWindow::gsSetLayerVisibility(int index, int shown, int) {
