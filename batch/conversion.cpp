@@ -4,7 +4,7 @@
 #include <iostream>
 
 #include "batch/exit_codes.h"
-#include "batch/exporters.h"
+#include "render/exporters.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
 #include "host/core/safe_file.h"

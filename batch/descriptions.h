@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "batch/places.h"
+#include "host/core/installation.h"
 
 namespace brevan {
 

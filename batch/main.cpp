@@ -4,7 +4,7 @@
 #include "batch/conversion.h"
 #include "batch/descriptions.h"
 #include "batch/exit_codes.h"
-#include "batch/places.h"
+#include "host/core/installation.h"
 #include "batch/script_runs.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
@@ -50,15 +50,23 @@ struct CommandLine {
   }
 };
 
+// What the program cannot begin without.
+template <class Function>
+auto inputs(const Function& find) {
+  try {
+    return find();
+  } catch (const HostFailure& failure) { throw brevan::InputUnread(failure.what()); }
+}
+
 void execute(const CommandLine& line) {
   if (line.convert->parsed()) {
     brevan::convertDrawing(line.from, line.to);
     return;
   }
-  const brevan::Places places = brevan::findPlaces(line.dataFolder);
+  const brevan::Places places = inputs([&line] { return brevan::findPlaces(line.dataFolder); });
   if (line.run->parsed()) {
     brevan::RunOptions options = line.runOptions;
-    if (line.userSettings) { options.settings = brevan::userSettingsFile(); }
+    if (line.userSettings) { options.settings = inputs([] { return brevan::userSettingsFile(); }); }
     brevan::runScripts(options, places);
   }
   if (line.commands->parsed()) { std::cout << brevan::commandList(places); }

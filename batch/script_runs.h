@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "batch/places.h"
+#include "host/core/installation.h"
 
 namespace brevan {
 

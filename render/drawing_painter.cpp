@@ -66,7 +66,7 @@ class PainterSink : public StrokeSink {
     QFont font = fonts_[static_cast<size_t>(faceOf(text.font))];
     font.setUnderline(text.underlined);
     painter_.setFont(font);
-    painter_.setPen(QColor(QRgb(penColour(style.pen, options_.ground))));
+    painter_.setPen(colourOf(style.pen));
     painter_.drawText(QPointF(0.0, 0.0), QString::fromStdString(toUtf8(text.text)));
     painter_.restore();
     penStyle_.reset();
@@ -77,7 +77,7 @@ class PainterSink : public StrokeSink {
     QPolygonF polygon;
     for (const Point corner : corners) { polygon.append(pointOf(corner)); }
     painter_.setPen(Qt::NoPen);
-    painter_.setBrush(QColor(QRgb(penColour(style.pen, options_.ground))));
+    painter_.setBrush(colourOf(style.pen));
     painter_.drawPolygon(polygon);
     penStyle_.reset();
   }
@@ -85,13 +85,16 @@ class PainterSink : public StrokeSink {
   [[nodiscard]] size_t strokes() const { return strokes_; }
 
  private:
+  [[nodiscard]] QColor colourOf(int pen) const {
+    return QColor(QRgb(options_.colour.value_or(penColour(pen, options_.ground))));
+  }
   void usePen(const StrokeStyle& style) {
     const bool same = penStyle_ && penStyle_->pen == style.pen && penStyle_->linetype == style.linetype &&
                       penStyle_->width == style.width;
     if (same) { return; }
     penStyle_ = style;
-    const double width = options_.lineWidths ? strokeWidth(style) : 1.0 / devicePerMillimetre_;
-    QPen pen(QColor(QRgb(penColour(style.pen, options_.ground))), width);
+    const double width = options_.lineWidths ? strokeWidth(style) : options_.hairline / devicePerMillimetre_;
+    QPen pen(colourOf(style.pen), width);
     pen.setJoinStyle(Qt::RoundJoin);
     const std::span<const double> pattern = lineType(style.linetype).pattern;
     pen.setCapStyle(pattern.empty() ? Qt::RoundCap : Qt::FlatCap);
@@ -119,6 +122,10 @@ void forEachShown(const Drawing& drawing, const PaintOptions& options, const Fun
     const Layer* layer = drawing.layer(primitive.layer);
     if (layer != nullptr && layer->visible) { function(primitive); }
   };
+  if (!options.only.empty()) {
+    for (const PrimitiveId id : options.only) { show(*drawing.find(id)); }
+    return;
+  }
   if (!options.visible) {
     drawing.forEach([&](PrimitiveId, const Primitive& primitive) { show(primitive); });
     return;

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QTransform>
 #include <optional>
+#include <span>
 
 #include "host/drawing/drawing.h"
 #include "host/drawing/font_metrics.h"
@@ -17,6 +18,10 @@ struct PaintOptions {
   bool lineWidths = true;  // else every line is a pixel wide
   // Drawing units; only what meets it is painted. Nothing: everything.
   std::optional<Box> visible;
+  // These alone, in one colour and as wide, in device units, where they are given.
+  std::span<const PrimitiveId> only = {};
+  std::optional<Colour> colour = {};
+  double hairline = 1.0;  // device units; what a line is wide without its own width
 };
 
 // The family that stands for a face.

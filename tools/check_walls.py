@@ -25,7 +25,7 @@ class Room(NamedTuple):
 STANDARD_ONLY = ()
 SYSTEM = ("posix",)
 HOST_BELOW_WINDOW = ("host/drawing", "host/core")
-HOST = HOST_BELOW_WINDOW + ("host/window", "host/scripts")
+HOST = HOST_BELOW_WINDOW + ("host/window", "host/tools", "host/scripts")
 
 ROOMS = (
     # The seam, and the module above it. The module knows its host through the seam alone.
@@ -37,7 +37,8 @@ ROOMS = (
     Room(("host/drawing", "host/geometry"), ("frame/host",), ("boost",)),
     Room(("host/files", "host/core"), ("frame/host", "host/drawing"), SYSTEM + ("sqlite",)),
     Room(("host/window", "host/macros"), ("frame/host",) + HOST_BELOW_WINDOW, SYSTEM),
-    Room(("host/scripts",), ("frame/host", "host/window") + HOST_BELOW_WINDOW, SYSTEM),
+    Room(("host/tools",), ("frame/host", "host/window") + HOST_BELOW_WINDOW, STANDARD_ONLY),
+    Room(("host/scripts",), ("frame/host", "host/window", "host/tools") + HOST_BELOW_WINDOW, SYSTEM),
     Room(("render",), ("frame/host",) + HOST, SYSTEM + ("qt",)),
     Room(("batch",), ("frame/host", "render") + HOST, SYSTEM + ("qt", "cli11")),
     Room(("desktop",), ("frame/host", "render") + HOST, SYSTEM + ("qt",)),

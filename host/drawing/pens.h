@@ -15,7 +15,7 @@ inline constexpr int kPens = 255;  // 1 to 255; 256 stands for the layer's pen
 // 24 hues of 10 shades each. Every colour stands off its ground. A number outside 1 to 255 draws as pen 1.
 Colour penColour(int pen, Ground ground);
 
-// The entry of the AutoCAD colour index that comes closest to the pen on paper; 7, which shows black or
+// The entry of the DXF colour index that comes closest to the pen on paper; 7, which shows black or
 // white as the ground asks, for pen 1.
 int colourIndex(int pen);
 

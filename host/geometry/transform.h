@@ -12,6 +12,13 @@ struct Transform {
   [[nodiscard]] Point operator()(Point p) const { return {xx * p.x + xy * p.y + dx, yx * p.x + yy * p.y + dy}; }
   [[nodiscard]] Point direction(Point p) const { return {xx * p.x + xy * p.y, yx * p.x + yy * p.y}; }
   [[nodiscard]] bool mirrors() const { return xx * yy - xy * yx < 0.0; }
+  // Its determinant must not be 0.
+  [[nodiscard]] Transform inverted() const {
+    const double determinant = xx * yy - xy * yx;
+    const Transform linear{yy / determinant, -xy / determinant, 0.0, -yx / determinant, xx / determinant, 0.0};
+    const Point shift = linear.direction({dx, dy});
+    return {linear.xx, linear.xy, -shift.x, linear.yx, linear.yy, -shift.y};
+  }
   // True when circles stay circles.
   [[nodiscard]] bool keepsShape() const;
 

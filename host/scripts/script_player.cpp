@@ -12,6 +12,7 @@
 #include "host/macros/lexer.h"
 #include "host/scripts/dialog_answers.h"
 #include "host/scripts/plain_primitives.h"
+#include "host/tools/drawing_tools.h"
 
 namespace brevan {
 
@@ -38,6 +39,7 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
       {"style", 4, 4, &ScriptPlayer::setStyle},
       {"draw", 2, 12, &ScriptPlayer::draw},
       {"macro", 1, 2, &ScriptPlayer::runMacro},
+      {"tool", 2, 2, &ScriptPlayer::runTool},
       {"read", 2, 2, &ScriptPlayer::readVariable},
       {"run", 2, 2, &ScriptPlayer::runCommand},
       {"browse", 2, 2, &ScriptPlayer::browse},
@@ -232,6 +234,13 @@ void ScriptPlayer::readVariable(const Statement& statement) {
 }
 
 void ScriptPlayer::runCommand(const Statement& statement) { host_.runCommand(cursor_.string(statement, 1)); }
+
+void ScriptPlayer::runTool(const Statement& statement) {
+  const std::string& name = cursor_.string(statement, 1);
+  const DrawingTool* tool = drawingTool(name);
+  if (tool == nullptr) { cursor_.fail(statement, "there is no tool \"" + toUtf8(name) + '"'); }
+  host_.runTool(tool->name, tool->run);
+}
 
 void ScriptPlayer::browse(const Statement& statement) {
   cursor_.fail(statement, "this version has no symbol browser yet");

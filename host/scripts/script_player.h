@@ -55,6 +55,7 @@ class ScriptPlayer {
   void draw(const Statement& statement);
   void runMacro(const Statement& statement);
   void readVariable(const Statement& statement);
+  void runTool(const Statement& statement);
   void runCommand(const Statement& statement);
   void browse(const Statement& statement);
   void undo(const Statement& statement);

@@ -32,6 +32,8 @@ class DialogSession : public dialog::Presenter {
   // `typeText` replaces them key by key and stays in it.
   Refusal setText(int control, const std::string& text);
   Refusal typeText(int control, const std::string& text);
+  // What the field holds after a key, as the desktop tells it; the focus stays.
+  Refusal replaceText(int control, const std::string& text);
   // One step of a number field's arrows; stays within the range.
   Refusal spin(int control, bool up);
   // A check box's mark; a radio group's, list's, tab's entry by its text; a line type by its number.
@@ -64,7 +66,6 @@ class DialogSession : public dialog::Presenter {
   // Why a control cannot be operated: hidden, disabled, or of a kind that takes no input.
   Refusal inoperable(int control);
   [[nodiscard]] bool isShown(const dialog::Group& group) const;
-  Refusal replaceText(int control, const std::string& text);
   void edited(int control);
   Refusal chooseEntry(int control, const std::string& item);
   [[nodiscard]] std::string named(int control);

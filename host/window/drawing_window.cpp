@@ -76,10 +76,10 @@ void refuseLocked(const Drawing& drawing, int index) {
 
 }  // namespace
 
-PrimitiveId DrawingWindow::addPlain(Geometry geometry) {
+PrimitiveId DrawingWindow::addPlain(Geometry geometry, GroupId group) {
   refuseLocked(drawing_, drawing_.currentLayer());
   const PrimitiveId id = drawing_.add(
-      Primitive{drawing_.currentLayer(), style_.pen, style_.linetype, style_.width, 0, std::move(geometry)});
+      Primitive{drawing_.currentLayer(), style_.pen, style_.linetype, style_.width, group, std::move(geometry)});
   if (services_.events != nullptr) { services_.events->primitiveAdded(drawing_, id); }
   return id;
 }

@@ -89,7 +89,7 @@ class DrawingWindow : public CCadWindow {
   // Takes a primitive into the open group and, while new items are selected, into the selection.
   PrimitiveId addDrawn(Primitive primitive);
   // Draws as the desktop's own tools do: current layer and style, outside of any group, a step of undo.
-  PrimitiveId addPlain(Geometry geometry);
+  PrimitiveId addPlain(Geometry geometry, GroupId group = 0);
   // A layer that is there, visible and not locked: what lies on it may be changed.
   [[nodiscard]] bool isChangeable(PrimitiveId id) const;
   // Nearest on a visible layer within the aperture; what the open group holds comes first.

@@ -52,6 +52,17 @@ DrawingWindow& Host::openWindow(std::string name) {
   return *windows_.back();
 }
 
+void Host::closeWindow(std::string_view name) {
+  const std::string current = window().name();
+  std::erase_if(windows_, [name](const auto& window) { return window->name() == name; });
+  current_ = 0;
+  if (windows_.empty()) {
+    openWindow("Drawing1");
+  } else {
+    goToWindow(current);
+  }
+}
+
 DrawingWindow* Host::goToWindow(std::string_view name) {
   for (size_t index = 0; index < windows_.size(); ++index) {
     if (windows_[index]->name() != name) { continue; }
@@ -89,18 +100,32 @@ void Host::endCommand(size_t windowsBefore, DrawingWindow& window, bool well) {
 void Host::runCommand(std::string_view name) {
   const CommandRow* command = module_ != nullptr ? module_->command(name) : nullptr;
   if (command == nullptr) { throw HostFailure("There is no command \"" + std::string(name) + "\"."); }
+  runStep(std::string(name), [&](DrawingWindow& window) { module_->call(*command, window); });
+  parts_.settings.Save();  // what the command set outlasts the session
+}
+
+void Host::runTool(std::string_view name, void (*work)(DrawingWindow&)) {
+  std::vector<PrimitiveId> selected = window().drawing().selection();
+  runStep(std::string(name), [&](DrawingWindow& window) {
+    for (const PrimitiveId id : selected) { window.drawing().select(id); }
+    work(window);
+    selected = window.drawing().selection();
+  });
+  for (const PrimitiveId id : selected) { window().drawing().select(id); }
+}
+
+void Host::runStep(std::string name, const std::function<void(DrawingWindow&)>& work) {
   DrawingWindow& window = this->window();
   const size_t windowsBefore = windows_.size();
-  window.beginCommand(std::string(name));
+  window.beginCommand(std::move(name));
   running_ = true;
   try {
-    module_->call(*command, window);
+    work(window);
   } catch (...) {
     endCommand(windowsBefore, window, false);
     throw;
   }
   endCommand(windowsBefore, window, true);
-  parts_.settings.Save();  // what the command set outlasts the session
 }
 
 void Host::runMacro(std::string_view text) {

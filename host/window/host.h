@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -70,11 +71,15 @@ class Host {
   // Runs one of the module's commands on the current window as one undo step. A command that throws leaves
   // the drawing as it was; the exception goes on. Throws HostFailure for a name that is no command.
   void runCommand(std::string_view name);
+  // Runs a tool of the host's own likewise; what is selected stays so for it.
+  void runTool(std::string_view name, void (*work)(DrawingWindow& window));
   // Runs one macro command as typed by the user. Throws MacroError.
   void runMacro(std::string_view text);
 
   DrawingWindow& openWindow(std::string name);
   [[nodiscard]] DrawingWindow& window() { return *windows_.at(current_); }
+  // Closes the window of this name; in place of the last one a new empty one is opened.
+  void closeWindow(std::string_view name);
   // Null for a name that no window bears.
   DrawingWindow* goToWindow(std::string_view name);
   [[nodiscard]] std::vector<std::string> windowNames() const;
@@ -89,6 +94,7 @@ class Host {
 
  private:
   friend class MainFrame;
+  void runStep(std::string name, const std::function<void(DrawingWindow&)>& work);
   void endCommand(size_t windowsBefore, DrawingWindow& window, bool well);
   HostParts parts_;
   AllPaths paths_;

@@ -1,4 +1,4 @@
-#include "batch/exporters.h"
+#include "render/exporters.h"
 
 #include "host/files/dxf_writer.h"
 #include "host/files/json_writer.h"

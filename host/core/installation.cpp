@@ -1,10 +1,10 @@
-#include "batch/places.h"
+#include "host/core/installation.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <vector>
 
-#include "batch/exit_codes.h"
+#include "frame/host/core_services.h"
 
 namespace brevan {
 
@@ -27,7 +27,7 @@ std::string firstThere(const std::vector<fs::path>& candidates, const std::strin
     if (fs::exists(candidate, ignored)) { return fs::absolute(candidate).lexically_normal().string(); }
     tried += (tried.empty() ? "" : ", ") + candidate.string();
   }
-  throw InputUnread(what + " was not found; looked for " + tried);
+  throw HostFailure(what + " was not found; looked for " + tried);
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ std::string firstThere(const std::vector<fs::path>& candidates, const std::strin
 Places findPlaces(const std::string& dataOption) {
   const fs::path program = programFolder();
   if (!dataOption.empty() && !fs::is_directory(dataOption)) {
-    throw InputUnread("the data folder \"" + dataOption + "\" is not there");
+    throw HostFailure("the data folder \"" + dataOption + "\" is not there");
   }
   Places places;
   places.dataFolder = firstThere(
@@ -51,7 +51,7 @@ std::string userSettingsFile() {
   // A relative XDG_CONFIG_HOME counts as not set, as the base directory rules have it.
   const fs::path configured = environment("XDG_CONFIG_HOME");
   const std::string home = environment("HOME");
-  if (!configured.is_absolute() && home.empty()) { throw InputUnread("neither XDG_CONFIG_HOME nor HOME is set"); }
+  if (!configured.is_absolute() && home.empty()) { throw HostFailure("neither XDG_CONFIG_HOME nor HOME is set"); }
   const fs::path folder = configured.is_absolute() ? configured : fs::path(home) / ".config";
   return (folder / "brevan" / "settings.ini").string();
 }

@@ -11,12 +11,12 @@ struct Places {
   std::string helpFile;    // of the host, beside its data
 };
 
-// `dataOption` goes before every other place where it is not empty. Throws InputUnread where the data
+// `dataOption` goes before every other place where it is not empty. Throws HostFailure where the data
 // folder or the module is nowhere.
 Places findPlaces(const std::string& dataOption);
 
 // The settings that a person's programs share: brevan/settings.ini below XDG_CONFIG_HOME, by default
-// ~/.config. Throws InputUnread where neither that nor HOME is set.
+// ~/.config. Throws HostFailure where neither that nor HOME is set.
 std::string userSettingsFile();
 
 }  // namespace brevan

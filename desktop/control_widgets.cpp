@@ -1,0 +1,162 @@
+#include "desktop/control_widgets.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "desktop/pen_widgets.h"
+#include "desktop/texts.h"
+#include "host/window/control_text.h"
+
+// Buttons, ticks and tabs; fields, lists, grids and pictures have files of their own.
+namespace brevan {
+
+using namespace dialog;
+
+QString scriptString(const QString& text) {
+  QString escaped = text;
+  escaped.replace('\\', "\\\\").replace('"', "\\\"");
+  return '"' + escaped + '"';
+}
+
+QString ControlWidget::statement(const char* word, const QString& rest) const {
+  const QString address = scriptString(shown(addressOf(owner_.description(), control_)));
+  return QString(word) + ' ' + address + (rest.isEmpty() ? "" : ' ' + rest);
+}
+
+bool hasLabelBefore(const State& state) {
+  return !std::holds_alternative<CheckBox>(state) && !std::holds_alternative<Button>(state) &&
+         !std::holds_alternative<Label>(state) && !std::holds_alternative<RadioGroup>(state) &&
+         !std::holds_alternative<Tabs>(state) && !std::holds_alternative<MenuBar>(state) &&
+         !std::holds_alternative<StatusLine>(state) && !std::holds_alternative<Picture>(state) &&
+         !std::holds_alternative<Preview>(state) && !std::holds_alternative<PixelCanvas>(state);
+}
+
+namespace {
+
+class CheckWidget : public ControlWidget {
+ public:
+  CheckWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    box_ = new QCheckBox(brevan::shown(this->control().caption), parent);
+    widget_ = target_ = box_;
+    QObject::connect(box_, &QCheckBox::clicked, box_, [this](bool checked) {
+      owner_.operate(control_, [this, checked](DialogSession& session) { return session.check(control_, checked); },
+                     statement(checked ? "check" : "uncheck"));
+    });
+  }
+  void show() override { box_->setChecked(state<CheckBox>().checked); }
+
+ private:
+  QCheckBox* box_;
+};
+
+class RadioWidget : public ControlWidget {
+ public:
+  RadioWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    const QString caption = brevan::shown(this->control().caption);
+    widget_ = caption.isEmpty() ? new QWidget(parent) : new QGroupBox(caption, parent);
+    auto* column = new QVBoxLayout(widget_);
+    if (caption.isEmpty()) { column->setContentsMargins(0, 0, 0, 0); }
+    const RadioGroup& group = state<RadioGroup>();
+    for (size_t item = 0; item < group.items.size(); ++item) {
+      auto* button = new QRadioButton(brevan::shown(group.items[item].caption), widget_);
+      if (owner.description().toolTipsShown()) { button->setToolTip(brevan::shown(group.items[item].toolTip)); }
+      column->addWidget(button);
+      buttons_.push_back(button);
+      QObject::connect(button, &QRadioButton::clicked, button, [this, item] {
+        const std::string caption = itemTexts(this->control().state).at(item);
+        owner_.operate(control_, [this, caption](DialogSession& session) { return session.choose(control_, caption); },
+                       statement("pick", scriptString(brevan::shown(caption))));
+      });
+    }
+    target_ = buttons_.empty() ? nullptr : buttons_.front();
+  }
+  void show() override {
+    const RadioGroup& group = state<RadioGroup>();
+    for (size_t item = 0; item < buttons_.size() && item < group.items.size(); ++item) {
+      buttons_[item]->setEnabled(group.items[item].enabled && control().enabled);
+      buttons_[item]->setAutoExclusive(false);
+      buttons_[item]->setChecked(group.chosen == static_cast<int>(item));
+      buttons_[item]->setAutoExclusive(true);
+    }
+  }
+
+ private:
+  std::vector<QRadioButton*> buttons_;
+};
+
+class ButtonWidget : public ControlWidget {
+ public:
+  ButtonWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    button_ = new QPushButton(brevan::shown(this->control().caption), parent);
+    button_->setAutoDefault(false);
+    button_->setDefault(state<Button>().role == ButtonRole::kOk);
+    widget_ = target_ = button_;
+    QObject::connect(button_, &QPushButton::clicked, button_, [this] {
+      owner_.operate(control_, [this](DialogSession& session) { return session.press(control_); }, statement("press"));
+    });
+  }
+  void show() override {}
+
+ private:
+  QPushButton* button_;
+};
+
+class PenWidget : public ControlWidget {
+ public:
+  PenWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    button_ = new QPushButton(parent);
+    button_->setAutoDefault(false);
+    widget_ = target_ = button_;
+    QObject::connect(button_, &QPushButton::clicked, button_, [this] {
+      owner_.operate(control_, [this](DialogSession& session) { return session.press(control_); }, statement("press"));
+    });
+  }
+  void show() override {
+    button_->setIcon(penIcon(state<PenButton>().pen, *button_));
+    button_->setText(QString::number(state<PenButton>().pen));
+  }
+
+ private:
+  QPushButton* button_;
+};
+
+class TabsWidget : public ControlWidget {
+ public:
+  TabsWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    bar_ = new QTabBar(parent);
+    widget_ = target_ = bar_;
+    for (const std::string& page : state<Tabs>().pages) { bar_->addTab(brevan::shown(page)); }
+    QObject::connect(bar_, &QTabBar::tabBarClicked, bar_, [this](int page) {
+      if (page < 0) { return; }
+      const std::string name = state<Tabs>().pages.at(static_cast<size_t>(page));
+      owner_.operate(control_, [this, name](DialogSession& session) { return session.choose(control_, name); },
+                     "tab " + scriptString(brevan::shown(name)));
+    });
+  }
+  void show() override { bar_->setCurrentIndex(state<Tabs>().current); }
+
+ private:
+  QTabBar* bar_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWidget> makeControlWidget(DialogOperator& owner, int control, QWidget* parent) {
+  const State& state = owner.description().control(control).state;
+  if (std::holds_alternative<CheckBox>(state)) { return std::make_unique<CheckWidget>(owner, control, parent); }
+  if (std::holds_alternative<RadioGroup>(state)) { return std::make_unique<RadioWidget>(owner, control, parent); }
+  if (std::holds_alternative<Button>(state)) { return std::make_unique<ButtonWidget>(owner, control, parent); }
+  if (std::holds_alternative<PenButton>(state)) { return std::make_unique<PenWidget>(owner, control, parent); }
+  if (std::holds_alternative<Tabs>(state)) { return std::make_unique<TabsWidget>(owner, control, parent); }
+  for (const auto make : {makeTextWidget, makeListWidget, makeGridWidget, makePictureWidget}) {
+    if (auto made = make(owner, control, parent)) { return made; }
+  }
+  return nullptr;
+}
+
+}  // namespace brevan

@@ -1,0 +1,225 @@
+#include "desktop/desktop_user.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
+
+#include "desktop/dialog_window.h"
+#include "desktop/pen_widgets.h"
+#include "desktop/prompt_bar.h"
+#include "desktop/recorder.h"
+#include "desktop/texts.h"
+
+namespace brevan {
+
+namespace {
+
+// A command that goes on asking after Escape is ended by force.
+constexpr int kMostRefusals = 100;
+constexpr int kPumpMilliseconds = 50;
+
+// "Description|*.ext||" as Qt writes it.
+QString qtFilter(const std::string& filter) {
+  const QStringList parts = shown(filter).split('|', Qt::SkipEmptyParts);
+  QStringList filters;
+  for (qsizetype part = 0; part + 1 < parts.size(); part += 2) {
+    QString patterns = parts[part + 1];
+    patterns.replace(';', ' ');
+    QString description = parts[part];
+    const qsizetype bracket = description.indexOf('(');
+    if (bracket > 0) { description.truncate(bracket); }
+    filters.append(description.trimmed() + " (" + patterns + ')');
+  }
+  return filters.join(";;");
+}
+
+}  // namespace
+
+DesktopUser::DesktopUser(PromptBar& promptBar, Recorder& recorder, QString pictureFolder, QWidget* window)
+    : QObject(window), promptBar_(promptBar), recorder_(recorder), pictureFolder_(std::move(pictureFolder)), window_(window) {
+  connect(&promptBar, &PromptBar::pointTyped, this, &DesktopUser::givePoint);
+  connect(&promptBar, &PromptBar::spacePressed, this, &DesktopUser::giveSpace);
+  connect(&promptBar, &PromptBar::escapePressed, this, &DesktopUser::giveEscape);
+  connect(&promptBar, &PromptBar::textTyped, this, [this](const QString& typed, bool acceptedDefault) {
+    if (wants_ != Wants::kText) { return; }
+    const auto text = hostText(typed);
+    if (!text) {
+      emit statusChanged(tr("The text holds a character that drawings cannot hold: %1").arg(typed));
+      return;
+    }
+    text_ = {PromptEnd::kGiven, *text, acceptedDefault};
+    answered();
+  });
+}
+
+QWidget* DesktopUser::topWindow() const {
+  QWidget* active = QApplication::activeModalWidget();
+  return active != nullptr ? active : window_;
+}
+
+void DesktopUser::begin() {
+  cancelled_ = false;
+  refusals_ = 0;
+  sincePumped_.start();
+}
+
+void DesktopUser::countRefusal() {
+  if (++refusals_ > kMostRefusals) { throw CommandCancelled{}; }
+}
+
+void DesktopUser::cancel() {
+  cancelled_ = true;
+  if (modal_ != nullptr) { modal_->close(); }
+  giveEscape();
+}
+
+void DesktopUser::wait(Wants wants) {
+  wants_ = wants;
+  emit asking();
+  emit pointWanted(wants == Wants::kPoint);
+  QEventLoop loop;
+  QEventLoop* const outer = std::exchange(loop_, &loop);
+  loop.exec();
+  loop_ = outer;
+  wants_ = Wants::kNothing;
+  emit pointWanted(false);
+  promptBar_.showPrompt({});
+}
+
+void DesktopUser::answered() {
+  if (loop_ != nullptr) { loop_->quit(); }
+}
+
+void DesktopUser::givePoint(Point at) {
+  if (wants_ != Wants::kPoint) { return; }
+  point_ = {PromptEnd::kGiven, at};
+  answered();
+}
+
+void DesktopUser::giveSpace() {
+  if (wants_ != Wants::kPoint) { return; }
+  point_ = {PromptEnd::kSpace, {}};
+  answered();
+}
+
+void DesktopUser::giveEscape() {
+  if (wants_ == Wants::kNothing) { return; }
+  point_ = {PromptEnd::kEscape, {}};
+  text_ = {PromptEnd::kEscape, {}, false};
+  answered();
+}
+
+PointAnswer DesktopUser::askPoint(const std::string& prompt) {
+  if (cancelled_) {
+    countRefusal();
+    return {};
+  }
+  promptBar_.askPoint(shown(prompt));
+  wait(Wants::kPoint);
+  return point_;
+}
+
+TextAnswer DesktopUser::askText(const std::string& prompt, const std::string& fallback) {
+  if (cancelled_) {
+    countRefusal();
+    return {};
+  }
+  promptBar_.askText(shown(prompt), shown(fallback));
+  wait(Wants::kText);
+  return text_;
+}
+
+BoxAnswer DesktopUser::showMessage(const MessageBox& box) {
+  if (cancelled_) { countRefusal(); }
+  emit asking();
+  const std::pair<BoxIcon, QMessageBox::Icon> icons[] = {{BoxIcon::kInformation, QMessageBox::Information},
+                                                         {BoxIcon::kWarning, QMessageBox::Warning},
+                                                         {BoxIcon::kError, QMessageBox::Critical},
+                                                         {BoxIcon::kQuestion, QMessageBox::Question}};
+  QMessageBox shownBox(topWindow());
+  shownBox.setWindowTitle(box.caption.empty() ? QString("Brevan") : shown(box.caption));
+  shownBox.setTextFormat(Qt::PlainText);
+  shownBox.setText(shown(box.text));
+  for (const auto& [icon, look] : icons) {
+    if (icon == box.icon) { shownBox.setIcon(look); }
+  }
+  if (box.buttons == BoxButtons::kOk) {
+    shownBox.setStandardButtons(QMessageBox::Ok);
+  } else if (box.buttons == BoxButtons::kYesNo) {
+    shownBox.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    shownBox.setEscapeButton(QMessageBox::No);
+  } else {
+    shownBox.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  }
+  modal_ = &shownBox;
+  const int pressed = shownBox.exec();
+  if (box.buttons == BoxButtons::kOk) { return BoxAnswer::kOk; }
+  if (pressed == QMessageBox::Yes) { return BoxAnswer::kYes; }
+  return pressed == QMessageBox::Cancel ? BoxAnswer::kCancel : BoxAnswer::kNo;
+}
+
+std::optional<size_t> DesktopUser::chooseFromMenu(const std::vector<std::string>& items) {
+  if (cancelled_) { return std::nullopt; }
+  emit asking();
+  QMenu menu(topWindow());
+  menu.setObjectName("commandMenu");
+  for (size_t item = 0; item < items.size(); ++item) {
+    QString caption = shown(items[item]);
+    caption.replace('&', "&&");
+    constexpr size_t kDigits = 9;
+    menu.addAction(item < kDigits ? QString("&%1  %2").arg(item + 1).arg(caption) : caption)->setData(QVariant::fromValue(item));
+  }
+  if (!menu.actions().isEmpty()) { menu.setActiveAction(menu.actions().front()); }
+  modal_ = &menu;
+  const QRect inside = window_->geometry();
+  const QPoint at = inside.contains(QCursor::pos()) ? QCursor::pos() : inside.center();
+  const QAction* chosen = menu.exec(at);
+  return chosen == nullptr ? std::nullopt : std::optional<size_t>(chosen->data().value<size_t>());
+}
+
+std::optional<std::string> DesktopUser::chooseFile(const FileRequest& request) {
+  if (cancelled_) { return std::nullopt; }
+  QFileDialog chooser(topWindow(), shown(request.title));
+  chooser.setFileMode(request.folder ? QFileDialog::Directory : request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  chooser.setAcceptMode(request.open || request.folder ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+  if (!request.filter.empty()) { chooser.setNameFilter(qtFilter(request.filter)); }
+  chooser.setDefaultSuffix(shown(request.defaultExtension));
+  if (!request.initialName.empty()) { chooser.selectFile(shown(request.initialName)); }
+  modal_ = &chooser;
+  if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) { return std::nullopt; }
+  auto path = hostText(chooser.selectedFiles().front());
+  if (!path) { emit statusChanged(tr("The path holds a character that Windows-1252 lacks.")); }
+  return path;
+}
+
+std::optional<int> DesktopUser::choosePen(const std::string& title, int pen) {
+  return cancelled_ ? std::nullopt : choosePenFrom(topWindow(), shown(title), pen);
+}
+
+bool DesktopUser::runDialog(dialog::Dialog& dialog) {
+  if (cancelled_) {
+    countRefusal();
+    return false;
+  }
+  emit asking();
+  DialogWindow shownDialog(dialog, *this, recorder_, pictureFolder_, topWindow());
+  modal_ = &shownDialog;
+  return shownDialog.run();
+}
+
+void DesktopUser::showStatus(const std::string& text) { emit statusChanged(shown(text)); }
+
+void DesktopUser::showPrompt(const std::string& text) { promptBar_.showPrompt(shown(text)); }
+
+void DesktopUser::showProgress(int done, int total, const std::string& text) {
+  if (sincePumped_.elapsed() < kPumpMilliseconds && done < total) { return; }
+  emit progressed(done, total, shown(text));
+  QApplication::processEvents();
+  sincePumped_.restart();
+  if (cancelled_) { throw CommandCancelled{}; }
+}
+
+}  // namespace brevan

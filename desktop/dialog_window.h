@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QDialog>
+#include <exception>
+#include <memory>
+#include <vector>
+
+#include "desktop/control_widgets.h"
+
+class QEventLoop;
+class QGridLayout;
+class QLabel;
+
+namespace brevan {
+
+class Recorder;
+
+// Shows any dialog's description, and operates it as its user does. What the description says is changed by the
+// host's dialog session alone; the widgets follow it.
+class DialogWindow : public QDialog, private DialogOperator {
+  Q_OBJECT
+ public:
+  DialogWindow(dialog::Dialog& description, User& user, Recorder& recorder, QString pictureFolder, QWidget* parent);
+  ~DialogWindow() override;
+
+  // Until the dialog is closed; true for OK.
+  bool run();
+  [[nodiscard]] QWidget* widgetOf(int control) const;
+  [[nodiscard]] QString refusalShown() const;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  class Session;
+  void operate(int control, const std::function<DialogSession::Refusal(DialogSession&)>& action,
+               const QString& statement) override;
+  [[nodiscard]] dialog::Dialog& description() override { return description_; }
+  [[nodiscard]] QString pictureFolder() const override { return pictureFolder_; }
+
+  QWidget* build(int group);
+  void addControl(int control, QGridLayout& grid);
+  void addMenuBar(int control);
+  void showControl(int control);
+  void showGroups();
+  void focusArrived(int control);
+  void giveFocus(int control, bool selectAll);
+  void refuse(const QString& what);
+  void endIfClosed();
+  void cancel();
+
+  dialog::Dialog& description_;
+  Recorder& recorder_;
+  QString pictureFolder_;
+  std::unique_ptr<Session> session_;
+  std::vector<std::unique_ptr<ControlWidget>> controls_;  // as the description counts them; null for the menu bar
+  std::vector<QLabel*> labels_;                           // before fields; null where there is none
+  std::vector<QWidget*> groups_;
+  QLabel* message_ = nullptr;
+  QEventLoop* loop_ = nullptr;
+  std::exception_ptr error_;  // of a rule; thrown again where no Qt code is in between
+  int operating_ = 0;
+  bool rulesMovedFocus_ = false;
+};
+
+}  // namespace brevan

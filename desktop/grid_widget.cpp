@@ -1,0 +1,192 @@
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QStyledItemDelegate>
+#include <QTableWidget>
+
+#include "desktop/control_widgets.h"
+#include "desktop/pen_widgets.h"
+#include "desktop/texts.h"
+
+namespace brevan {
+
+using namespace dialog;
+
+namespace {
+
+// The entries that a cell's editor offers; empty for a plain field.
+QStringList offered(const Cell& cell) {
+  QStringList entries;
+  constexpr int kLineTypes = 32;
+  if (cell.kind == CellKind::kLineType) {
+    for (int number = 1; number <= kLineTypes; ++number) { entries.append(QString::number(number)); }
+  }
+  if (cell.kind == CellKind::kFont) { entries = {"Arial", "Times New Roman", "Courier New"}; }
+  for (const std::string& item : cell.items) { entries.append(shown(item)); }
+  return entries;
+}
+
+class CellEditors : public QStyledItemDelegate {
+ public:
+  CellEditors(std::function<const Cell*(const QModelIndex&)> cellAt,
+              std::function<void(const QModelIndex&, const QString&)> edited, QObject* parent)
+      : QStyledItemDelegate(parent), cellAt_(std::move(cellAt)), edited_(std::move(edited)) {}
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
+    const Cell* cell = cellAt_(index);
+    if (cell == nullptr || cell->readOnly) { return nullptr; }
+    const QStringList entries = offered(*cell);
+    if (entries.isEmpty()) { return new QLineEdit(parent); }
+    auto* list = new QComboBox(parent);
+    list->addItems(entries);
+    list->setEditable(cell->kind == CellKind::kEditableList || cell->kind == CellKind::kFont);
+    return list;
+  }
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+    const QString text = shown(cellAt_(index)->text);
+    if (auto* list = qobject_cast<QComboBox*>(editor)) {
+      list->setCurrentIndex(list->findText(text));
+      if (list->isEditable()) { list->setEditText(text); }
+    } else {
+      static_cast<QLineEdit*>(editor)->setText(text);
+    }
+  }
+  void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
+    const auto* list = qobject_cast<QComboBox*>(editor);
+    edited_(index, list != nullptr ? list->currentText() : static_cast<QLineEdit*>(editor)->text());
+  }
+
+ private:
+  std::function<const Cell*(const QModelIndex&)> cellAt_;
+  std::function<void(const QModelIndex&, const QString&)> edited_;
+};
+
+class GridWidget : public ControlWidget {
+ public:
+  GridWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    table_ = new QTableWidget(parent);
+    widget_ = target_ = table_;
+    table_->setMinimumSize(320, 150);
+    table_->setTabKeyNavigation(false);
+    table_->setContextMenuPolicy(Qt::CustomContextMenu);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setItemDelegate(new CellEditors([this](const QModelIndex& index) { return cellAt(index.row(), index.column()); },
+                                            [this](const QModelIndex& index, const QString& text) {
+                                              edit(index.row(), index.column(), text);
+                                            },
+                                            table_));
+    QObject::connect(table_, &QTableWidget::currentCellChanged, table_,
+                     [this](int row, int column, int, int) { click(row, column, DialogSession::Click::kSelect, "click"); });
+    QObject::connect(table_, &QTableWidget::cellDoubleClicked, table_, [this](int row, int column) { press(row, column); });
+    QObject::connect(table_, &QTableWidget::itemChanged, table_, [this](QTableWidgetItem* item) {
+      const Cell* cell = cellAt(item->row(), item->column());
+      if (cell == nullptr || cell->kind != CellKind::kCheck) { return; }
+      edit(item->row(), item->column(), item->checkState() == Qt::Checked ? "1" : "0");
+    });
+    QObject::connect(table_, &QTableWidget::customContextMenuRequested, table_, [this](const QPoint& at) {
+      click(table_->rowAt(at.y()), table_->columnAt(at.x()), DialogSession::Click::kRight, "rightclick");
+    });
+    table_->verticalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(table_->verticalHeader(), &QWidget::customContextMenuRequested, table_, [this](const QPoint& at) {
+      click(table_->rowAt(at.y()), -1, DialogSession::Click::kRight, "rightclick");
+    });
+  }
+
+  void show() override {
+    const Grid& grid = state<Grid>();
+    const QSignalBlocker silent(table_);
+    table_->setColumnCount(static_cast<int>(grid.columns.size()));
+    table_->setRowCount(static_cast<int>(grid.rows.size()));
+    for (size_t column = 0; column < grid.columns.size(); ++column) {
+      auto* title = new QTableWidgetItem(brevan::shown(grid.columns[column].title));
+      title->setToolTip(brevan::shown(grid.columns[column].hint));
+      table_->setHorizontalHeaderItem(static_cast<int>(column), title);
+      table_->setColumnWidth(static_cast<int>(column), grid.columns[column].width);
+    }
+    table_->verticalHeader()->setVisible(!grid.rowHeadings.empty());
+    for (size_t row = 0; row < grid.rows.size(); ++row) {
+      if (row < grid.rowHeadings.size()) {
+        table_->setVerticalHeaderItem(static_cast<int>(row), new QTableWidgetItem(brevan::shown(grid.rowHeadings[row])));
+      }
+      for (size_t column = 0; column < grid.rows[row].size(); ++column) {
+        table_->setItem(static_cast<int>(row), static_cast<int>(column), itemOf(grid.rows[row][column], grid.columns[column]));
+      }
+    }
+    for (size_t column = 0; column < grid.columns.size(); ++column) {
+      if (grid.columns[column].sizeToContents) { table_->resizeColumnToContents(static_cast<int>(column)); }
+    }
+    if (grid.currentRow >= 0) { table_->setCurrentCell(grid.currentRow, std::max(grid.currentColumn, 0)); }
+  }
+
+ private:
+  [[nodiscard]] const Cell* cellAt(int row, int column) const {
+    const Grid& grid = state<Grid>();
+    if (row < 0 || column < 0 || static_cast<size_t>(row) >= grid.rows.size()) { return nullptr; }
+    const auto& cells = grid.rows[static_cast<size_t>(row)];
+    return static_cast<size_t>(column) < cells.size() ? &cells[static_cast<size_t>(column)] : nullptr;
+  }
+  QTableWidgetItem* itemOf(const Cell& cell, const GridColumn& column) {
+    constexpr uint32_t kUsual = 0xFFFFFFFF;
+    auto* item = new QTableWidgetItem(cell.kind == CellKind::kCheck ? QString() : brevan::shown(cell.text));
+    item->setToolTip(brevan::shown(column.hint));
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    if (cell.kind == CellKind::kCheck) {
+      item->setCheckState(cell.text == "1" ? Qt::Checked : Qt::Unchecked);
+      if (!cell.readOnly) { flags |= Qt::ItemIsUserCheckable; }
+    } else if (!cell.readOnly) {
+      flags |= Qt::ItemIsEditable;
+    } else {
+      item->setForeground(table_->palette().color(QPalette::Disabled, QPalette::Text));
+    }
+    if (cell.kind == CellKind::kPen) { item->setIcon(penIcon(QString::fromStdString(cell.text).toInt(), *table_)); }
+    if (cell.kind == CellKind::kLineType) { item->setIcon(lineTypeIcon(QString::fromStdString(cell.text).toInt(), *table_)); }
+    if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger) { item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter); }
+    if (cell.ground != kUsual) { item->setBackground(QColor(QRgb(cell.ground))); }
+    item->setFlags(flags);
+    return item;
+  }
+  [[nodiscard]] std::string columnTitle(int column) const {
+    return column < 0 ? "" : state<Grid>().columns.at(static_cast<size_t>(column)).title;
+  }
+  [[nodiscard]] QString place(int row, int column) const {
+    return QString::number(row + 1) + (column < 0 ? "" : ' ' + scriptString(brevan::shown(columnTitle(column))));
+  }
+  void click(int row, int column, DialogSession::Click kind, const char* word) {
+    if (row < 0) { return; }
+    const std::string title = columnTitle(column);
+    owner_.operate(control_,
+                   [this, row, title, kind](DialogSession& session) { return session.clickCell(control_, row + 1, title, kind); },
+                   statement(word, place(row, column)));
+  }
+  void press(int row, int column) {
+    const Cell* cell = cellAt(row, column);
+    if (cell != nullptr && cell->kind == CellKind::kPen && !cell->readOnly && !state<Grid>().onCellPress) {
+      if (const auto pen = choosePenFrom(table_, brevan::shown(columnTitle(column)), QString::fromStdString(cell->text).toInt())) {
+        edit(row, column, QString::number(*pen));
+      }
+      return;
+    }
+    click(row, column, DialogSession::Click::kPress, "press");
+  }
+  void edit(int row, int column, const QString& text) {
+    const auto taken = hostText(text);
+    const Cell* cell = cellAt(row, column);
+    if (!taken || cell == nullptr || *taken == cell->text) { return; }
+    const std::string title = columnTitle(column);
+    owner_.operate(control_,
+                   [this, row, title, taken](DialogSession& session) { return session.editCell(control_, row + 1, title, *taken); },
+                   statement("cell", place(row, column) + ' ' + scriptString(text)));
+    show();
+  }
+  QTableWidget* table_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWidget> makeGridWidget(DialogOperator& owner, int control, QWidget* parent) {
+  if (!std::holds_alternative<Grid>(owner.description().control(control).state)) { return nullptr; }
+  return std::make_unique<GridWidget>(owner, control, parent);
+}
+
+}  // namespace brevan

@@ -1,0 +1,415 @@
+#include "desktop/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <array>
+
+#include "desktop/icons.h"
+#include "desktop/panels.h"
+#include "desktop/pen_widgets.h"
+#include "desktop/prompt_bar.h"
+#include "desktop/texts.h"
+#include "frame/host/number_text.h"
+#include "host/macros/macro_drawing.h"
+#include "host/tools/drawing_tools.h"
+#include "host/window/module.h"
+
+// The window itself: drawings in tabs, what the user picks and types, what follows a command. Menus are in
+// main_menus.cpp, files in main_files.cpp.
+namespace brevan {
+
+namespace {
+
+// Numbers in a list of recent files and the size of the first window.
+constexpr int kStartWidth = 1280;
+constexpr int kStartHeight = 820;
+constexpr std::string_view kSection = "Desktop";
+
+std::string windows1252(const std::string& utf8) {
+  const auto text = hostText(QString::fromStdString(utf8));
+  return text ? *text : utf8;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(const DesktopParts& parts)
+    : parts_(parts),
+      files_(".", parts.places.dataFolder),
+      settings_(windows1252(parts.settingsFile)),
+      recovery_(parts.recoveryFolder),
+      runner_(this),
+      promptBar_(new PromptBar(this)),
+      user_(new DesktopUser(*promptBar_, recorder_, QString::fromStdString(parts.places.dataFolder) + "/pictures", this)),
+      tabs_(new QTabWidget(this)),
+      coordinates_(new QLabel(this)),
+      unitLabel_(new QLabel(this)),
+      progress_(new QProgressBar(this)) {
+  setWindowIcon(programIcon());
+  resize(kStartWidth, kStartHeight);
+  host_ = std::make_unique<Host>(HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile});
+  host_->loadModule(parts.places.module);
+  build();
+  connectUser();
+  followHost();
+  showChanges();
+}
+
+MainWindow::~MainWindow() {
+  tabs_->disconnect(this);
+  while (tabs_->count() > 0) { delete tabs_->widget(0); }  // the views before the windows that they show
+}
+
+void MainWindow::build() {
+  auto* centre = new QWidget(this);
+  auto* column = new QVBoxLayout(centre);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  tabs_->setDocumentMode(true);
+  tabs_->setTabsClosable(true);
+  tabs_->setMovable(true);
+  column->addWidget(tabs_, 1);
+  column->addWidget(promptBar_);
+  setCentralWidget(centre);
+  connect(tabs_, &QTabWidget::currentChanged, this, &MainWindow::tabChosen);
+  connect(tabs_, &QTabWidget::tabCloseRequested, this, &MainWindow::closeTab);
+  buildDocks();
+  buildMenus();
+  buildStyleBar();
+  coordinates_->setMinimumWidth(260);
+  statusBar()->addPermanentWidget(progress_);
+  statusBar()->addPermanentWidget(coordinates_);
+  statusBar()->addPermanentWidget(unitLabel_);
+  progress_->setMaximumWidth(220);
+  progress_->hide();
+  QStringList names;
+  for (const CommandRow& command : host_->module()->commands()) { names.append(command.name); }
+  for (const DrawingTool& tool : drawingTools()) { names.append(shown(tool.name)); }
+  promptBar_->setCommands(names);
+}
+
+void MainWindow::connectUser() {
+  connect(promptBar_, &PromptBar::commandTyped, this, &MainWindow::runTyped);
+  connect(promptBar_, &PromptBar::repeatAsked, this, [this] {
+    if (!last_.isEmpty()) { runTyped(last_); }
+  });
+  connect(promptBar_, &PromptBar::mistyped, this, [this](const QString& what) { statusBar()->showMessage(what); });
+  connect(promptBar_, &PromptBar::escapePressed, this, [this] {
+    if (runner_.busy()) { return; }
+    host_->window().drawing().clearSelection();
+    view().update();
+  });
+  connect(user_, &DesktopUser::asking, this, [this] {
+    followHost();
+    for (auto& [name, document] : documents_) { document.view->refreshIfChanged(); }
+    view().update();
+  });
+  connect(user_, &DesktopUser::pointWanted, this, [this](bool wanted) {
+    for (auto& [name, document] : documents_) { document.view->setPicking(wanted); }
+    promptBar_->setOrigin(host_->window().cursor().held() ? host_->window().cursor().heldAt()
+                                                          : host_->window().cursor().lastGiven());
+    if (wanted) { view().setFocus(); }
+  });
+  connect(user_, &DesktopUser::statusChanged, this, [this](const QString& text) { statusBar()->showMessage(text); });
+  connect(user_, &DesktopUser::progressed, this, [this](int done, int total, const QString& text) {
+    progress_->setVisible(done < total);
+    progress_->setRange(0, total);
+    progress_->setValue(done);
+    statusBar()->showMessage(text + tr(" (Escape stops it)"));
+  });
+  connect(&runner_, &CommandRunner::started, this, [this](const QString& name) {
+    user_->begin();
+    statusBar()->clearMessage();
+    promptBar_->showPrompt(name);
+  });
+  connect(&runner_, &CommandRunner::cancelAsked, user_, &DesktopUser::cancel);
+  connect(&runner_, &CommandRunner::failed, this, [this](const QString& what) {
+    statusBar()->showMessage(what);
+    QMessageBox::critical(this, "Brevan", what);
+  });
+  connect(&runner_, &CommandRunner::finished, this, [this] {
+    progress_->hide();
+    promptBar_->askCommand();
+    followHost();
+    showChanges();
+    for (auto& [name, document] : documents_) {
+      const DrawingWindow& window = document.view->window();
+      if (!isModified(name)) { continue; }
+      const std::string why = recovery_.keep(name, window.drawing());
+      if (!why.empty()) { statusBar()->showMessage(tr("The drawing could not be kept for recovery: %1").arg(shown(why))); }
+    }
+    view().setFocus();
+  });
+}
+
+// ---- Drawings and their tabs -------------------------------------------------------------------------------------
+
+DrawingView& MainWindow::view() { return *document().view; }
+
+MainWindow::Document& MainWindow::document() { return documents_.at(host_->window().name()); }
+
+bool MainWindow::isModified(const std::string& name) const {
+  const Document& document = documents_.at(name);
+  return document.view->window().drawing().revision() != document.savedRevision;
+}
+
+void MainWindow::addView(DrawingWindow& window) {
+  auto* view = new DrawingView(window, style_, this);
+  Document& document = documents_[window.name()];
+  document.view = view;
+  document.savedRevision = window.drawing().revision();
+  connect(view, &DrawingView::pointPicked, user_, &DesktopUser::givePoint);
+  connect(view, &DrawingView::spaceAsked, user_, &DesktopUser::giveSpace);
+  connect(view, &DrawingView::keyTyped, this, [this](QKeyEvent* event) { promptBar_->takeKey(event); });
+  connect(view, &DrawingView::picked, this, &MainWindow::select);
+  connect(view, &DrawingView::windowPicked, this, &MainWindow::selectWindow);
+  connect(view, &DrawingView::contextAsked, this, [this](const QPoint&) {
+    if (!last_.isEmpty()) { runTyped(last_); }
+  });
+  connect(view, &DrawingView::cursorMoved, this, [this](Point at, const QString& snap) {
+    coordinates_->setText(QString("%1, %2%3").arg(at.x, 0, 'f', 3).arg(at.y, 0, 'f', 3).arg(snap.isEmpty() ? "" : "  " + snap));
+  });
+  tabs_->addTab(view, shown(window.name()));
+}
+
+// Brings tabs in line with the host's windows, which commands open, too.
+void MainWindow::followHost() {
+  following_ = true;
+  const std::string current = host_->window().name();
+  const std::vector<std::string> names = host_->windowNames();
+  for (const std::string& name : names) {
+    if (!documents_.contains(name)) { addView(*host_->goToWindow(name)); }
+  }
+  for (auto document = documents_.begin(); document != documents_.end();) {
+    if (std::find(names.begin(), names.end(), document->first) != names.end()) {
+      ++document;
+      continue;
+    }
+    delete document->second.view;
+    document = documents_.erase(document);
+  }
+  host_->goToWindow(current);
+  tabs_->setCurrentWidget(&view());
+  following_ = false;
+}
+
+void MainWindow::tabChosen(int tab) {
+  auto* view = qobject_cast<DrawingView*>(tabs_->widget(tab));
+  if (view == nullptr || following_) { return; }
+  if (runner_.busy()) {  // a command stays with its own drawing
+    following_ = true;
+    tabs_->setCurrentWidget(&this->view());
+    following_ = false;
+    statusBar()->showMessage(tr("A command is working on this drawing; Escape ends it."));
+    return;
+  }
+  host_->goToWindow(view->window().name());
+  recorder_.statement("window " + scriptString(shown(view->window().name())));
+  showChanges();
+}
+
+void MainWindow::closeTab(int tab) {
+  auto* view = qobject_cast<DrawingView*>(tabs_->widget(tab));
+  if (view == nullptr || runner_.busy()) { return; }
+  const std::string name = view->window().name();
+  if (!mayClose(name)) { return; }
+  recovery_.drop(name);
+  following_ = true;
+  delete view;
+  documents_.erase(name);
+  following_ = false;
+  host_->closeWindow(name);
+  followHost();
+  showChanges();
+}
+
+void MainWindow::showChanges() {
+  for (auto& [name, document] : documents_) {
+    document.view->refreshIfChanged();
+    document.view->update();
+    const QString title = document.path.isEmpty() ? shown(name) : document.path.section('/', -1);
+    tabs_->setTabText(tabs_->indexOf(document.view), isModified(name) ? title + " *" : title);
+  }
+  const Drawing& drawing = host_->window().drawing();
+  layers_->show(drawing);
+  groups_->show(drawing);
+  showStyle();
+  const std::string* undoName = drawing.undoName();
+  const std::string* redoName = drawing.redoName();
+  undo_->setEnabled(undoName != nullptr);
+  redo_->setEnabled(redoName != nullptr);
+  undo_->setText(undoName == nullptr || undoName->empty() ? tr("&Undo") : tr("&Undo %1").arg(shown(*undoName)));
+  redo_->setText(redoName == nullptr || redoName->empty() ? tr("&Redo") : tr("&Redo %1").arg(shown(*redoName)));
+  unitLabel_->setText(tr("1 : %1   unit %2 mm")
+                          .arg(QString::fromStdString(numberText::shortest(drawing.parameters().scale())),
+                               QString::fromStdString(numberText::shortest(drawing.parameters().unit()))));
+  setWindowTitle(tabs_->tabText(tabs_->currentIndex()) + " - Brevan");
+}
+
+// ---- Commands --------------------------------------------------------------------------------------------------------
+
+void MainWindow::runTyped(const QString& text) {
+  last_ = text;
+  const std::string name = text.toStdString();
+  if (host_->module()->command(name) != nullptr) {
+    runCommand(text);
+  } else if (drawingTool(name) != nullptr) {
+    runTool(text);
+  } else {
+    const auto macro = hostText(text);
+    if (!macro) { return; }
+    runner_.run(text, [this, text, macro] {
+      recorder_.statement("macro " + text);
+      host_->runMacro(*macro);
+    });
+  }
+}
+
+void MainWindow::runCommand(const QString& name) {
+  last_ = name;
+  runner_.run(name, [this, name] {
+    recorder_.statement("run " + name);
+    host_->runCommand(name.toStdString());
+  });
+}
+
+void MainWindow::runTool(const QString& name) {
+  last_ = name;
+  const DrawingTool* tool = drawingTool(name.toStdString());
+  runner_.run(name, [this, tool] {
+    if (tool->changesSelection) { recordSelection(); }
+    recorder_.statement("tool " + shown(tool->name));
+    host_->runTool(tool->name, tool->run);
+  });
+}
+
+// What is selected here was clicked together; a script selects it item by item.
+void MainWindow::recordSelection() {
+  const Drawing& drawing = host_->window().drawing();
+  for (const PrimitiveId id : drawing.selection()) {
+    const Primitive& primitive = *drawing.find(id);
+    constexpr double kSomewhere = 0.37;  // where neighbours seldom meet it
+    const auto curve = curveOf(primitive);
+    Point at;
+    if (curve) {
+      at = pointAt(*curve, kSomewhere);
+    } else {
+      forEachPoint(primitive.geometry, [&at](Point p) { at = p; });
+    }
+    recorder_.statement(QString("macro #SELECT [%1,%2]")
+                            .arg(QString::fromStdString(numberText::shortest(at.x)),
+                                 QString::fromStdString(numberText::shortest(at.y))));
+  }
+}
+
+void MainWindow::undo() {
+  runner_.run(tr("Undo"), [this] {
+    if (host_->window().drawing().undo()) { recorder_.statement("undo"); }
+  });
+}
+
+void MainWindow::redo() {
+  runner_.run(tr("Redo"), [this] {
+    if (host_->window().drawing().redo()) { recorder_.statement("redo"); }
+  });
+}
+
+// ---- Selecting -------------------------------------------------------------------------------------------------------
+
+void MainWindow::select(PrimitiveId id, bool more) {
+  if (runner_.busy()) { return; }
+  Drawing& drawing = host_->window().drawing();
+  const bool wasSelected = drawing.isSelected(id);
+  if (!more) { drawing.clearSelection(); }
+  if (id != 0) {
+    const GroupId group = drawing.find(id)->group;
+    for (const PrimitiveId member : group == 0 ? std::vector<PrimitiveId>{id} : drawing.membersOf(group)) {
+      if (more && wasSelected) {
+        drawing.deselect(member);
+      } else {
+        drawing.select(member);
+      }
+    }
+    const Primitive& primitive = *drawing.find(id);
+    statusBar()->showMessage(tr("%1 on layer %2").arg(shown(kindName(primitive.geometry)), shown(drawing.layer(primitive.layer)->name)) +
+                             (group == 0 ? QString() : "   " + shown(drawing.group(group).parent) + " " + shown(drawing.group(group).name)));
+  }
+  view().update();
+}
+
+void MainWindow::selectWindow(const Box& box, bool more) {
+  if (runner_.busy()) { return; }
+  Drawing& drawing = host_->window().drawing();
+  if (!more) { drawing.clearSelection(); }
+  for (const PrimitiveId id : drawing.inBox(box)) {
+    const Primitive& primitive = *drawing.find(id);
+    if (drawing.layer(primitive.layer)->visible && box.holds(drawing.bounds(primitive))) { drawing.select(id); }
+  }
+  view().update();
+}
+
+void MainWindow::selectGroup(GroupId group) {
+  if (runner_.busy()) { return; }
+  Drawing& drawing = host_->window().drawing();
+  drawing.clearSelection();
+  Box box;
+  for (const PrimitiveId id : drawing.membersOf(group)) {
+    drawing.select(id);
+    box.add(drawing.bounds(*drawing.find(id)));
+  }
+  const Point low = view().toDrawing(QPointF(0, view().height()));
+  const Point high = view().toDrawing(QPointF(view().width(), 0));
+  Box seen;
+  seen.add(low);
+  seen.add(high);
+  if (!box.empty() && !seen.holds(box)) { view().zoomTo(box.grownBy(std::max(box.width(), box.height()))); }
+  view().update();
+}
+
+// ---- Settings ----------------------------------------------------------------------------------------------------------
+
+std::string MainWindow::setting(const std::string& key) const {
+  std::array<char, 4096> text{};
+  settings_.GetString(kSection, key, "", text.data(), static_cast<int>(text.size()));
+  return text.data();
+}
+
+int MainWindow::setting(const std::string& key, int fallback) const {
+  return static_cast<int>(numberText::parseInteger(setting(key)).value_or(fallback));
+}
+
+void MainWindow::setSetting(const std::string& key, const std::string& value) { settings_.SetString(kSection, key, value); }
+
+// ---- The program's end ---------------------------------------------------------------------------------------------
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (runner_.busy()) {
+    // The command ends first; its own loop must be gone before the window is.
+    event->ignore();
+    runner_.run(tr("Quit"), [this] { QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection); });
+    return;
+  }
+  const std::vector<std::string> names = host_->windowNames();
+  for (const std::string& name : names) {
+    if (!mayClose(name)) {
+      event->ignore();
+      return;
+    }
+  }
+  for (const std::string& name : names) { recovery_.drop(name); }
+  settings_.Save();
+  event->accept();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) { refreshIcons(); }
+  QMainWindow::changeEvent(event);
+}
+
+}  // namespace brevan

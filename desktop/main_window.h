@@ -1,0 +1,147 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTabWidget>
+#include <map>
+#include <memory>
+
+#include "desktop/command_runner.h"
+#include "desktop/desktop_user.h"
+#include "desktop/drawing_view.h"
+#include "desktop/recorder.h"
+#include "desktop/recovery.h"
+#include "host/core/file_services.h"
+#include "host/core/installation.h"
+#include "host/window/host.h"
+
+class QComboBox;
+class QLabel;
+class QProgressBar;
+class QSpinBox;
+
+namespace brevan {
+
+class GroupsPanel;
+class LayersPanel;
+class PromptBar;
+
+// What the program is started with.
+struct DesktopParts {
+  Places places;
+  std::string settingsFile;    // native path
+  std::string recoveryFolder;  // native path
+};
+
+// The program's window: drawings in tabs, menus and tool bars for tools and commands, panels and the prompt bar.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  explicit MainWindow(const DesktopParts& parts);
+  ~MainWindow() override;
+
+  // Opens drawings named on the command line.
+  void openFile(const QString& path);
+  // Offers back what a session that did not end well had kept; false where there is nothing.
+  bool offerRecovery();
+
+  [[nodiscard]] Host& host() { return *host_; }
+  [[nodiscard]] CommandRunner& runner() { return runner_; }
+  [[nodiscard]] Recorder& recorder() { return recorder_; }
+  [[nodiscard]] PromptBar& promptBar() { return *promptBar_; }
+  [[nodiscard]] DrawingView& view();
+  // Runs what was typed at the prompt: a command's or a tool's name, or a macro.
+  void runTyped(const QString& text);
+  void runCommand(const QString& name);
+  void runTool(const QString& name);
+  void undo();
+  void redo();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  // What the desktop knows of a drawing window beside the host.
+  struct Document {
+    DrawingView* view = nullptr;
+    QString path;  // "" before the first save
+    uint64_t savedRevision = 0;
+  };
+
+  void build();
+  void connectUser();
+  void buildMenus();
+  void buildFileMenu();
+  void buildEditMenu();
+  void buildViewMenu();
+  void buildToolMenus();
+  void buildCommandMenus();
+  void buildHelpMenu();
+  void buildStyleBar();
+  void buildDocks();
+  QAction* action(QMenu& menu, const char* icon, const QString& caption, const QKeySequence& keys, const std::function<void()>& work);
+
+  void recordSelection();
+  void followHost();
+  void showChanges();
+  void showStyle();
+  void setStyle();
+  void addView(DrawingWindow& window);
+  void tabChosen(int tab);
+  void closeTab(int tab);
+  [[nodiscard]] Document& document();
+  [[nodiscard]] bool isModified(const std::string& name) const;
+  void select(PrimitiveId id, bool more);
+  void selectWindow(const Box& box, bool more);
+  void selectGroup(GroupId group);
+  void editSettings();
+  // The program's own settings.
+  [[nodiscard]] std::string setting(const std::string& key) const;
+  [[nodiscard]] int setting(const std::string& key, int fallback) const;
+  void setSetting(const std::string& key, const std::string& value);
+  void setTheme(bool dark);
+  void refreshIcons();
+
+  // main_files.cpp
+  void newDrawing();
+  void askOpen();
+  bool save();
+  bool saveAs();
+  bool saveTo(const QString& path);
+  void exportAs();
+  void print();
+  void saveRecording();
+  void noteRecent(const QString& path);
+  void showRecent();
+  bool mayClose(const std::string& name);
+
+  DesktopParts parts_;
+  FileServices files_;
+  INI_LIST settings_;
+  ViewStyle style_;
+  Recorder recorder_;
+  Recovery recovery_;
+  CommandRunner runner_;
+  PromptBar* promptBar_;
+  DesktopUser* user_;
+  std::unique_ptr<Host> host_;
+  QTabWidget* tabs_;
+  std::map<std::string, Document> documents_;  // by the window's name
+  LayersPanel* layers_ = nullptr;
+  GroupsPanel* groups_ = nullptr;
+  QToolBar* toolBar_ = nullptr;
+  QComboBox* layerChoice_ = nullptr;
+  QComboBox* penChoice_ = nullptr;
+  QComboBox* lineTypeChoice_ = nullptr;
+  QLabel* coordinates_;
+  QLabel* unitLabel_;
+  QProgressBar* progress_;
+  QMenu* recent_ = nullptr;
+  std::vector<std::pair<QAction*, QString>> icons_;
+  QAction* undo_ = nullptr;
+  QAction* redo_ = nullptr;
+  QString last_;  // what space repeats
+  bool following_ = false;
+};
+
+}  // namespace brevan

@@ -1,0 +1,166 @@
+#include <QPainter>
+
+#include "desktop/control_widgets.h"
+#include "desktop/picture_files.h"
+#include "desktop/texts.h"
+#include "host/drawing/pens.h"
+#include "host/macros/variables.h"
+#include "host/window/drawing_window.h"
+#include "render/drawing_painter.h"
+
+// Pictures, pixel canvases and previews.
+namespace brevan {
+
+using namespace dialog;
+
+namespace {
+
+class PaintedWidget : public QWidget {
+ public:
+  PaintedWidget(QSize size, std::function<void(QPainter&, QWidget&)> painted, QWidget* parent)
+      : QWidget(parent), painted_(std::move(painted)) {
+    setMinimumSize(size);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painted_(painter, *this);
+  }
+
+ private:
+  std::function<void(QPainter&, QWidget&)> painted_;
+};
+
+class PictureWidget : public ControlWidget {
+ public:
+  PictureWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    const Picture& picture = state<Picture>();
+    constexpr double kPixelsADialogUnit = 1.6;
+    const QSize size(static_cast<int>(picture.width * kPixelsADialogUnit), static_cast<int>(picture.height * kPixelsADialogUnit));
+    widget_ = new PaintedWidget(
+        size,
+        [this](QPainter& painter, QWidget& self) {
+          paintPicture(painter, self.rect(), owner_.pictureFolder(), brevan::shown(state<Picture>().name), self);
+        },
+        parent);
+  }
+  void show() override { widget_->update(); }
+};
+
+// Whole pixels, as the description counts them, on a picture that is shown as large as they are.
+class ImageCanvas : public Canvas {
+ public:
+  explicit ImageCanvas(QImage& image) : image_(image), painter_(&image) {}
+  [[nodiscard]] int width() const override { return image_.width(); }
+  [[nodiscard]] int height() const override { return image_.height(); }
+  void fill(uint32_t colour) override { image_.fill(QColor(QRgb(colour))); }
+  void line(int x1, int y1, int x2, int y2, uint32_t colour, Stroke stroke) override {
+    painter_.setPen(QPen(QColor(QRgb(colour)), 1, stroke == Stroke::kSolid ? Qt::SolidLine : Qt::DashDotLine));
+    painter_.drawLine(x1, y1, x2, y2);
+  }
+  void circle(int x, int y, int radius, uint32_t colour) override {
+    painter_.setPen(QColor(QRgb(colour)));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawEllipse(QPoint(x, y), radius, radius);
+  }
+  void pie(int x, int y, int radius, double startAngle, double sweep, uint32_t colour) override {
+    constexpr double kSixteenths = 16.0;
+    painter_.setPen(QColor(QRgb(colour)));
+    painter_.setBrush(QColor(QRgb(colour)));
+    painter_.drawPie(x - radius, y - radius, 2 * radius, 2 * radius, static_cast<int>(startAngle * kSixteenths),
+                     static_cast<int>(sweep * kSixteenths));
+  }
+  void text(int x, int y, std::string_view text, int pixelHeight, uint32_t colour, uint32_t ground) override {
+    QFont font = painter_.font();
+    font.setPixelSize(pixelHeight);
+    painter_.setFont(font);
+    const QString words = brevan::shown(text);
+    const QRect box(x, y, QFontMetrics(font).horizontalAdvance(words), pixelHeight);
+    painter_.fillRect(box, QColor(QRgb(ground)));
+    painter_.setPen(QColor(QRgb(colour)));
+    painter_.drawText(box, Qt::AlignLeft | Qt::AlignVCenter, words);
+  }
+
+ private:
+  QImage& image_;
+  QPainter painter_;
+};
+
+class CanvasWidget : public ControlWidget {
+ public:
+  CanvasWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    const PixelCanvas& canvas = state<PixelCanvas>();
+    widget_ = new PaintedWidget(
+        {canvas.width, canvas.height},
+        [this](QPainter& painter, QWidget&) {
+          const PixelCanvas& now = state<PixelCanvas>();
+          QImage image(now.width, now.height, QImage::Format_RGB32);
+          image.fill(Qt::white);
+          if (now.paint) {
+            ImageCanvas paintedOn(image);
+            now.paint(paintedOn);
+          }
+          painter.drawImage(0, 0, image);
+        },
+        parent);
+    widget_->setFixedSize(canvas.width, canvas.height);
+  }
+  void show() override { widget_->update(); }
+};
+
+// A preview asks nobody anything.
+class Nobody : public User {
+ public:
+  PointAnswer askPoint(const std::string&) override { return {}; }
+  TextAnswer askText(const std::string&, const std::string&) override { return {}; }
+  BoxAnswer showMessage(const MessageBox&) override { return BoxAnswer::kCancel; }
+  std::optional<size_t> chooseFromMenu(const std::vector<std::string>&) override { return std::nullopt; }
+  std::optional<std::string> chooseFile(const FileRequest&) override { return std::nullopt; }
+  std::optional<int> choosePen(const std::string&, int) override { return std::nullopt; }
+  bool runDialog(Dialog&) override { return false; }
+  void showStatus(const std::string&) override {}
+  void showPrompt(const std::string&) override {}
+  void showProgress(int, int, const std::string&) override {}
+};
+
+class PreviewWidget : public ControlWidget {
+ public:
+  PreviewWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
+    const Preview& preview = state<Preview>();
+    widget_ = new PaintedWidget({preview.width, preview.height},
+                                [this](QPainter& painter, QWidget& self) { paintPart(painter, self); }, parent);
+  }
+  void show() override { widget_->update(); }
+
+ private:
+  void paintPart(QPainter& painter, QWidget& self) {
+    const bool dark = self.palette().color(QPalette::Base).lightness() < 128;
+    painter.fillRect(self.rect(), self.palette().color(QPalette::Base));
+    Nobody nobody;
+    MacroVariables variables;
+    DrawingWindow view("Preview", WindowServices{nobody, variables, nullptr});
+    try {
+      if (state<Preview>().draw) { state<Preview>().draw(view); }
+    } catch (const std::exception&) { return; }  // values that make no part show none
+    const Box box = view.drawing().extents();
+    if (box.empty()) { return; }
+    const double scale = 0.9 * std::min(self.width() / std::max(box.width(), 1e-6), self.height() / std::max(box.height(), 1e-6));
+    const Transform toDevice = Transform::shift({self.width() / 2.0, self.height() / 2.0}) *
+                               Transform::scaling({}, scale, -scale) * Transform::shift(Point{} - box.centre());
+    paint(painter, view.drawing(), toDevice, {dark ? Ground::kDark : Ground::kPaper, false, std::nullopt});
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<ControlWidget> makePictureWidget(DialogOperator& owner, int control, QWidget* parent) {
+  const State& state = owner.description().control(control).state;
+  if (std::holds_alternative<Picture>(state)) { return std::make_unique<PictureWidget>(owner, control, parent); }
+  if (std::holds_alternative<PixelCanvas>(state)) { return std::make_unique<CanvasWidget>(owner, control, parent); }
+  if (std::holds_alternative<Preview>(state)) { return std::make_unique<PreviewWidget>(owner, control, parent); }
+  return nullptr;
+}
+
+}  // namespace brevan

@@ -1,0 +1,66 @@
+#include "desktop/recorder.h"
+
+#include "desktop/control_widgets.h"
+#include "desktop/texts.h"
+#include "frame/host/number_text.h"
+
+namespace brevan {
+
+void Recorder::statement(const QString& line) { lines_.append(line); }
+
+void Recorder::dialogOpened(const QString& title) { answer("dialog " + scriptString(title)); }
+
+void Recorder::dialogStatement(const QString& line) {
+  const QString indented = "      " + line;
+  // "type "Length" "6"" goes before "type "Length" "60"".
+  const qsizetype value = line.lastIndexOf(" \"");
+  const bool typedOn = line.startsWith("type ") && value > 0 && lines_.last().startsWith("      " + line.left(value + 2));
+  if (typedOn) {
+    lines_.last() = indented;
+  } else {
+    lines_.append(indented);
+  }
+}
+
+void Recorder::dropDialog() {
+  while (lines_.size() > 1 && !lines_.last().startsWith("    dialog ")) { lines_.removeLast(); }
+  if (lines_.size() > 1) { lines_.removeLast(); }
+}
+
+void Recorder::pointPrompted(std::string_view, PromptEnd end, Point at) {
+  if (end == PromptEnd::kGiven) {
+    answer(QString("point %1 %2").arg(QString::fromStdString(numberText::shortest(at.x)),
+                                      QString::fromStdString(numberText::shortest(at.y))));
+  } else {
+    answer(end == PromptEnd::kSpace ? "space" : "escape");
+  }
+}
+
+void Recorder::textPrompted(std::string_view, const TextAnswer& given) {
+  if (given.end != PromptEnd::kGiven) {
+    answer(given.end == PromptEnd::kSpace ? "space" : "escape");
+  } else {
+    answer(given.acceptedDefault ? QString("accept") : "text " + scriptString(shown(given.text)));
+  }
+}
+
+void Recorder::messageShown(const MessageBox& box, BoxAnswer given) {
+  if (box.buttons == BoxButtons::kOk) { return; }
+  answer(given == BoxAnswer::kYes ? "reply yes" : given == BoxAnswer::kNo ? "reply no" : "reply cancel");
+}
+
+void Recorder::menuChosen(const std::vector<std::string>&, std::string_view choice) {
+  answer(choice.empty() ? QString("cancel") : "menu " + scriptString(shown(choice)));
+}
+
+void Recorder::chooserAnswered(std::string_view kind, std::string_view given) {
+  if (given == "cancel") {
+    answer("cancel");
+  } else if (kind == "pen") {
+    answer("pen " + shown(given));
+  } else {
+    answer("file " + scriptString(shown(given)));
+  }
+}
+
+}  // namespace brevan

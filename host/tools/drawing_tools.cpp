@@ -1,0 +1,38 @@
+#include "host/tools/drawing_tools.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/tools/tool_handlers.h"
+
+namespace brevan {
+
+namespace {
+
+constexpr std::array<DrawingTool, 13> kTools = {{
+    {"line", "&Line", "Lines from point to point", false, toolHandlers::line},
+    {"polyline", "&Polyline", "A chain of lines that is one group", false, toolHandlers::polyline},
+    {"rectangle", "&Rectangle", "A rectangle by two corners", false, toolHandlers::rectangle},
+    {"circle", "&Circle", "A circle by centre and a point on it", false, toolHandlers::circle},
+    {"arc", "&Arc", "An arc through three points", false, toolHandlers::arc},
+    {"text", "&Text", "A line of text", false, toolHandlers::text},
+    {"select", "&Select", "Selects items one by one or by a window", true, toolHandlers::select},
+    {"erase", "&Erase", "Removes items", true, toolHandlers::erase},
+    {"move", "&Move", "Moves items from one point to another", true, toolHandlers::move},
+    {"copy", "C&opy", "Copies items from one point to others", true, toolHandlers::copy},
+    {"rotate", "Ro&tate", "Turns items about a point", true, toolHandlers::rotate},
+    {"mirror", "M&irror", "Mirrors items about a line", true, toolHandlers::mirror},
+    {"trim", "Tri&m", "Cuts off the piece of a line or arc between its neighbours", false, toolHandlers::trim},
+}};
+
+}  // namespace
+
+std::span<const DrawingTool> drawingTools() { return kTools; }
+
+const DrawingTool* drawingTool(std::string_view name) {
+  const auto* const tool =
+      std::find_if(kTools.begin(), kTools.end(), [name](const DrawingTool& row) { return row.name == name; });
+  return tool == kTools.end() ? nullptr : tool;
+}
+
+}  // namespace brevan
