@@ -116,7 +116,7 @@ void BoundaryMap::enter(PrimitiveId id) {
   Entry entry;
   entry.id = id;
   entry.box = boundsOf(*curve);
-  entry.curve = std::move(*curve);
+  entry.curve = *curve;
   extents_.add(entry.box);
   int place = static_cast<int>(entries_.size());
   if (freeEntries_.empty()) {

@@ -584,7 +584,7 @@ void Drawing::note(Change change) {
   }
   done_.push_back(Step{{}, std::move(spare_)});
   done_.back().changes.push_back(std::move(change));
-  spare_ = {};
+  spare_.clear();
   undone_.clear();
 }
 

@@ -53,7 +53,9 @@ std::string wrapped(const std::string& text, std::string_view font, double width
       const size_t end = std::min(line.find(' ', at), line.size());
       const std::string word = line.substr(at, end - at);
       at = end + 1;
-      const std::string longer = row.empty() ? word : row + ' ' + word;
+      std::string longer = row;
+      if (!row.empty()) { longer += ' '; }
+      longer += word;
       if (!row.empty() && lineWidth(font, longer) > width) {
         all += row + "\\N";
         row = word;

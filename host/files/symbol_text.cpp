@@ -176,7 +176,8 @@ void showAll(Drawing& drawing, const std::vector<SymbolDefinition>& symbols) {
   const double down = cell.height() + 12.0 * paper;
   const auto columns = static_cast<size_t>(std::ceil(std::sqrt(static_cast<double>(symbols.size()))));
   for (size_t n = 0; n < symbols.size(); ++n) {
-    const Point corner = {static_cast<double>(n % columns) * across, -static_cast<double>(n / columns) * down};
+    const size_t row = n / columns;
+    const Point corner = {static_cast<double>(n % columns) * across, -static_cast<double>(row) * down};
     Primitive part;
     part.pen = kPenByLayer;
     part.geometry = Symbol{symbols[n].name, corner - boxes[n].low};

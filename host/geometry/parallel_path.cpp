@@ -83,7 +83,7 @@ std::vector<Curve> rawParallel(const std::vector<Curve>& path, bool closed, doub
     auto moved = movedRight(curve, offset);
     if (moved && before != nullptr) { joinCorner(raw, *moved, *before, startOf(curve), offset, rounded); }
     before = moved ? &curve : nullptr;
-    if (moved) { raw.push_back(std::move(*moved)); }
+    if (moved) { raw.push_back(*moved); }
   }
   if (closed && before != nullptr && path.size() > 1 && raw.size() > 1) {
     joinCorner(raw, raw.front(), *before, startOf(path.front()), offset, rounded);
