@@ -29,7 +29,7 @@ class DialogWindow::Session : public DialogSession {
     window_.rulesMovedFocus_ = true;
     window_.giveFocus(control, selectAll);
   }
-  void titleChanged() override { window_.setWindowTitle(shown(window_.description_.title())); }
+  void titleChanged() override { window_.setWindowTitle(brevan::shown(window_.description_.title())); }
 
  private:
   DialogWindow& window_;
@@ -86,7 +86,7 @@ void DialogWindow::addControl(int index, QGridLayout& grid) {
 }
 
 QWidget* DialogWindow::build(int group) {
-  const Group& description = description_.groups()[static_cast<size_t>(group)];
+  const dialog::Group& description = description_.groups()[static_cast<size_t>(group)];
   QWidget* box = description.caption.empty() ? new QWidget(this) : new QGroupBox(shown(description.caption), this);
   groups_[static_cast<size_t>(group)] = box;
   auto* grid = new QGridLayout(box);
@@ -95,7 +95,7 @@ QWidget* DialogWindow::build(int group) {
     if (description_.control(control).group == group) { addControl(control, *grid); }
   }
   for (int child = 1; child < static_cast<int>(groups_.size()); ++child) {
-    const Group& inner = description_.groups()[static_cast<size_t>(child)];
+    const dialog::Group& inner = description_.groups()[static_cast<size_t>(child)];
     if (inner.parent != group) { continue; }
     grid->addWidget(build(child), inner.place.row, 2 * inner.place.column, inner.place.rowSpan, 2 * inner.place.columnSpan);
   }
@@ -162,7 +162,7 @@ void DialogWindow::showGroups() {
     if (const auto* tabs = std::get_if<Tabs>(&control.state)) { page = tabs->current; }
   }
   for (size_t group = 1; group < groups_.size(); ++group) {
-    const Group& described = description_.groups()[group];
+    const dialog::Group& described = description_.groups()[group];
     if (groups_[group] != nullptr) { groups_[group]->setVisible(described.visible && (described.page < 0 || described.page == page)); }
   }
 }

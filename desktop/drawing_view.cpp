@@ -68,7 +68,7 @@ void DrawingView::place(Placing placing) {
   constexpr double kMost = 1e7;
   placing.pixelsAUnit = std::clamp(placing.pixelsAUnit, kLeast, kMost);
   placing.turned = window_.drawing().parameters().turnedOnPaper();
-  placed_ = true;
+  fitted_ = false;
   if (placing == placing_ && !picture_.isNull()) { return; }
   placing_ = placing;
   startPainting();
@@ -76,7 +76,7 @@ void DrawingView::place(Placing placing) {
 }
 
 void DrawingView::zoomTo(const Box& box) {
-  if (box.empty()) { return; }
+  if (box.empty() || size().isEmpty()) { return; }
   const double across = std::max(box.width(), 1e-6);
   const double up = std::max(box.height(), 1e-6);
   place({box.centre(), kMargin * std::min(width() / across, height() / up), false});
@@ -96,6 +96,7 @@ void DrawingView::zoomAll() {
     box.add(Point{297.0, 210.0} * millimetre);
   }
   zoomTo(box);
+  fitted_ = true;
 }
 
 void DrawingView::zoomBy(double factor) { zoomBy(factor, QPointF(width() / 2.0, height() / 2.0)); }
@@ -203,7 +204,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
 }
 
 void DrawingView::resizeEvent(QResizeEvent*) {
-  if (!placed_) {
+  if (fitted_) {
     zoomAll();
   } else {
     startPainting();

@@ -93,7 +93,7 @@ class DrawingView : public QWidget {
   DrawingWindow& window_;
   const ViewStyle& style_;
   Placing placing_;
-  bool placed_ = false;
+  bool fitted_ = true;  // shows all, and goes on doing so when the window changes its size
   QImage picture_;    // what is shown, painted for picturePlacing_
   Placing picturePlacing_;
   QImage upcoming_;   // being painted for placing_

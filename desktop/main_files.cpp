@@ -6,6 +6,7 @@
 #include <QPrinter>
 #include <QStatusBar>
 
+#include "desktop/control_widgets.h"
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
 #include "host/core/safe_file.h"
@@ -104,7 +105,7 @@ void MainWindow::exportAs() {
 void MainWindow::print() {
   QPrinter printer(QPrinter::HighResolution);
   const Drawing& drawing = host_->window().drawing();
-  const Sheet sheet = sheetOf(drawing);
+  const Sheet sheet = drawing.sheet().value_or(sheetFor(drawing.extents(), drawing.parameters()));
   printer.setPageSize(QPageSize(QSizeF(std::min(sheet.width, sheet.height), std::max(sheet.width, sheet.height)), QPageSize::Millimeter));
   printer.setPageOrientation(sheet.width > sheet.height ? QPageLayout::Landscape : QPageLayout::Portrait);
   printer.setFullPage(true);

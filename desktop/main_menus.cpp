@@ -10,6 +10,7 @@
 #include <QToolBar>
 
 #include "desktop/icons.h"
+#include "desktop/control_widgets.h"
 #include "desktop/main_window.h"
 #include "desktop/panels.h"
 #include "desktop/pen_widgets.h"

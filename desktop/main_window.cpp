@@ -1,3 +1,4 @@
+#include "desktop/control_widgets.h"
 #include "desktop/main_window.h"
 
 #include <QApplication>

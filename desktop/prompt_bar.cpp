@@ -35,6 +35,8 @@ PromptBar::PromptBar(QWidget* parent) : QWidget(parent), prompt_(new QLabel(this
   edit_->setObjectName("promptEdit");
   edit_->setAccessibleName(tr("Prompt"));
   edit_->installEventFilter(this);
+  // The list of completions passes Enter on past the filter.
+  connect(edit_, &QLineEdit::returnPressed, this, &PromptBar::enter);
   askCommand();
 }
 
