@@ -7,11 +7,19 @@
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
 #include "mech/bolts.h"
+#include "mech/holes.h"
+#include "mech/nuts.h"
+#include "mech/rivets.h"
+#include "mech/screws.h"
 
 // One row a command: export, menu caption, operation. The rows give the exports and the command list.
 #define MECHANICAL_COMMANDS(ROW)                                       \
   ROW(DisplayMechSetup, "Mechanical &Setup...", ardenix::displaySetup) \
-  ROW(MechDrawBolts, "Hex &Bolts...", ardenix::drawBolts)
+  ROW(MechDrawBolts, "Hex &Bolts...", ardenix::drawBolts)              \
+  ROW(MechDrawScrews, "Socket S&crews...", ardenix::drawScrews)        \
+  ROW(MechDrawNuts, "&Nuts...", ardenix::drawNuts)                     \
+  ROW(MechDrawHoles, "&Drilled Holes...", ardenix::drawHoles)          \
+  ROW(MechDrawRivets, "&Rivets...", ardenix::drawRivets)
 
 namespace {
 
