@@ -65,7 +65,7 @@ void FastenerOptions::addStyles(dialog::Dialog& dialog, int row) {
   const int group = dialog.addGroup({.place = {.row = row}});
   const auto add = [&](std::string_view caption, std::string_view part, int column) {
     dialog::Setting setting{.caption = std::string(caption), .group = group, .place = {.column = column}};
-    if (caption.empty()) { setting.name = std::string(part) + " style"; }
+    if (caption.empty()) { setting.name = numberText::format("Style of the %s", part); }
     return addRadio(dialog, std::move(setting), styleItems(texts_.word, part));
   };
   // Styles of views stand below their views.
