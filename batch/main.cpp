@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "batch/conversion.h"
 #include "batch/descriptions.h"
 #include "batch/exit_codes.h"
 #include "batch/places.h"
@@ -16,6 +17,9 @@ struct CommandLine {
   CLI::App* run = nullptr;
   CLI::App* commands = nullptr;
   CLI::App* describe = nullptr;
+  CLI::App* convert = nullptr;
+  std::string from;
+  std::string to;
   brevan::RunOptions runOptions;
   std::string dataFolder;
   std::string command;
@@ -33,6 +37,13 @@ struct CommandLine {
     run->add_option("--settings", runOptions.settings, "Host settings to start from")->option_text("FILE");
     run->add_flag("--user-settings", userSettings, "Start from your own settings, those of the desktop")
         ->excludes(run->get_option("--settings"));
+    convert = app.add_subcommand("convert", "Converts a drawing by the endings of the files");
+    convert->add_option("IN", from, "A .drg or .dxf file, or symbols as text (.sym)")
+        ->required()
+        ->check(brevan::checkConvertibleFrom);
+    convert->add_option("OUT", to, "A .drg, .dxf, .svg, .pdf, .png or .json file")
+        ->required()
+        ->check(brevan::checkConvertibleTo);
     commands = app.add_subcommand("commands", "Lists every command of the module");
     describe = app.add_subcommand("describe", "Describes the dialogs of a command");
     describe->add_option("COMMAND", command, "The command's name")->required();
@@ -40,6 +51,10 @@ struct CommandLine {
 };
 
 void execute(const CommandLine& line) {
+  if (line.convert->parsed()) {
+    brevan::convertDrawing(line.from, line.to);
+    return;
+  }
   const brevan::Places places = brevan::findPlaces(line.dataFolder);
   if (line.run->parsed()) {
     brevan::RunOptions options = line.runOptions;

@@ -5,16 +5,12 @@
 #include <memory>
 
 #include "batch/exit_codes.h"
+#include "batch/exporters.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
 #include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
-#include "host/files/dxf_writer.h"
-#include "host/files/json_writer.h"
-#include "host/files/svg_writer.h"
 #include "host/scripts/script_player.h"
-#include "render/pdf_writer.h"
-#include "render/png_writer.h"
 
 namespace brevan {
 
@@ -24,16 +20,6 @@ namespace {
 
 constexpr size_t kMostScriptBytes = size_t{64} << 20;
 constexpr size_t kMostSettingsBytes = size_t{16} << 20;
-
-std::map<std::string, Exporter, std::less<>> exporters(const std::string& title) {
-  return {
-      {"dxf", [](const Drawing& drawing, int) { return drawingDxf(drawing); }},
-      {"svg", [](const Drawing& drawing, int) { return drawingSvg(drawing); }},
-      {"json", [](const Drawing& drawing, int) { return drawingJson(drawing); }},
-      {"pdf", [title](const Drawing& drawing, int) { return pdfBytes(drawing, title); }},
-      {"png", [](const Drawing& drawing, int dpi) { return pngBytes(drawing, dpi); }},
-  };
-}
 
 std::string readInput(const std::string& path, size_t limit) {
   try {

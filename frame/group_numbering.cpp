@@ -32,7 +32,12 @@ class GroupScan {
 
 // Digits that end a prefix belong to the number of another series: W21 is W's twenty-first, not W2's first.
 GroupCounter::GroupCounter(std::string_view parent, std::string_view prefix)
-    : parent_(cleaned(parent)), prefix_(cleaned(prefix)), countable_(digit(prefix_.back()) > 9) {}
+    : parent_(cleaned(parent)), prefix_(cleaned(prefix)), countable_(digit(prefix_.back()) > 9) {
+  const size_t first = std::min(prefix_.size(), sizeof firstEight_);
+  std::memcpy(&firstEight_, prefix_.data(), first);
+  std::memset(&firstMask_, 0xFF, first);
+  restOfPrefix_ = std::string_view(prefix_).substr(first);
+}
 
 void GroupCounter::take(const char* number, size_t digits) {
   long long value = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -17,6 +18,8 @@ class GroupCounter {
  public:
   // Both names are cleaned as group names are.
   GroupCounter(std::string_view parent, std::string_view prefix);
+  GroupCounter(const GroupCounter&) = delete;
+  GroupCounter& operator=(const GroupCounter&) = delete;
 
   // Takes note of a group of the drawing. It is called for every group of every part drawn, so it is inline
   // and looks at no more than it must.
@@ -41,24 +44,17 @@ class GroupCounter {
     seenParent_ = parent;
     return seenIsParent_ = parent == parent_;
   }
-  // Without a call for so few characters.
+  // Without a call for so few characters, and eight at a time where the name has them.
   bool hasPrefix(std::string_view name) const {
-    const char* wanted = prefix_.data();
-    const char* found = name.data();
-    size_t left = prefix_.size();
-    for (; left >= sizeof(uint64_t); left -= sizeof(uint64_t)) {
-      uint64_t wantedEight = 0;
-      uint64_t foundEight = 0;
-      std::memcpy(&wantedEight, wanted, sizeof wantedEight);
-      std::memcpy(&foundEight, found, sizeof foundEight);
-      if (wantedEight != foundEight) { return false; }
-      wanted += sizeof(uint64_t);
-      found += sizeof(uint64_t);
-    }
-    for (; left > 0; --left) {
-      if (*wanted++ != *found++) { return false; }
-    }
-    return true;
+    const size_t length = prefix_.size();
+    if (name.size() < sizeof(uint64_t)) { return std::equal(prefix_.begin(), prefix_.end(), name.begin()); }
+    if (((eightAt(name.data()) ^ firstEight_) & firstMask_) != 0) { return false; }
+    return length <= sizeof(uint64_t) || name.compare(sizeof(uint64_t), length - sizeof(uint64_t), restOfPrefix_) == 0;
+  }
+  static uint64_t eightAt(const char* characters) {
+    uint64_t eight = 0;
+    std::memcpy(&eight, characters, sizeof eight);
+    return eight;
   }
   // Whether as many digits as the largest number has come after them in order; fewer are a smaller number.
   bool isLater(const char* number, size_t digits) const {
@@ -76,6 +72,9 @@ class GroupCounter {
 
   std::string parent_;
   std::string prefix_;
+  uint64_t firstEight_ = 0;  // of the prefix, as they lie in memory
+  uint64_t firstMask_ = 0;   // over those that the prefix has
+  std::string_view restOfPrefix_;
   bool countable_;
   std::string_view seenParent_;
   bool seenIsParent_ = false;

@@ -23,7 +23,7 @@ from typing import NamedTuple
 ROOT = Path(__file__).resolve().parents[1]
 
 # What g++ knows and clang does not.
-GCC_ONLY = re.compile(r"-f(no-)?(sanitize|stack-clash)\S*|-Wno-maybe-uninitialized|-fconcepts\S*|-fno-gnu-unique")
+GCC_ONLY = re.compile(r"-f(no-)?(sanitize|stack-clash)\S*|-Wno-maybe-uninitialized|-fconcepts\S*|-fno-gnu-unique|-Winvalid-pch")
 
 
 class Unit(NamedTuple):
@@ -86,8 +86,11 @@ def fingerprint(unit, headers, common):
 
 
 def arguments_of(unit):
-    """The compile command without compiler, input and output, and without what only g++ takes."""
+    """The compile command without compiler, input, output and precompiled header, and without what only g++ takes."""
     words = shlex.split(unit.command)[1:]
+    while "-include" in words:
+        at = words.index("-include")
+        del words[at:at + 2]
     for flag in ("-o", "-c"):
         at = words.index(flag)
         del words[at:at + 2]

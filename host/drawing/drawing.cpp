@@ -61,6 +61,8 @@ Drawing::Drawing() : store_(std::make_unique<Store>()) {
 }
 
 Drawing::~Drawing() = default;
+Drawing::Drawing(Drawing&& other) noexcept = default;
+Drawing& Drawing::operator=(Drawing&& other) noexcept = default;
 
 Drawing::Slot& Drawing::slot(PrimitiveId id) const { return store_->at(id); }
 
@@ -120,6 +122,7 @@ void Drawing::put(PrimitiveId id, Primitive primitive) {
   }
   unindexed_.push_back(id);
   ++count_;
+  if (listener_ != nullptr) { listener_->primitiveAdded(id, place.primitive); }
 }
 
 Primitive Drawing::take(PrimitiveId id) {
@@ -134,6 +137,7 @@ Primitive Drawing::take(PrimitiveId id) {
   }
   place.there = false;
   --count_;
+  if (listener_ != nullptr) { listener_->primitiveRemoved(id); }
   return std::move(place.primitive);
 }
 
@@ -496,10 +500,45 @@ void Drawing::addSymbol(SymbolDefinition symbol) {
   ++revision_;
 }
 
+// ---- Loading ---------------------------------------------------------------------------------------------------
+
+void Drawing::load(PrimitiveId id, Primitive primitive) {
+  if (id < 1 || find(id) != nullptr) {
+    throw RefusedChange("There is a primitive with the number " + std::to_string(id) + " already, or it is below 1.");
+  }
+  refuseUnusable(primitive);
+  if (primitive.group < 0 || primitive.group > lastGroup()) {
+    throw RefusedChange("There is no group with the number " + std::to_string(primitive.group) + ".");
+  }
+  put(id, std::move(primitive));
+  ++revision_;
+}
+
+void Drawing::loadGroupOf(PrimitiveId id, GroupId group) {
+  Slot& place = slot(id);
+  std::vector<PrimitiveId>& members = groups_.at(static_cast<size_t>(group) - 1).members;
+  place.primitive.group = group;
+  place.groupPosition = static_cast<uint32_t>(members.size());
+  members.push_back(id);
+  ++revision_;
+}
+
+void Drawing::loadLayer(int index, Layer layer) {
+  if (index < 0 || (index > 0 && this->layer(index) != nullptr)) {
+    throw RefusedChange("There is a layer with the number " + std::to_string(index) + " already, or it is below 0.");
+  }
+  const size_t needed = std::max(layers_.size(), static_cast<size_t>(index) + 1);
+  layers_.resize(needed);
+  layerMembers_.resize(needed);
+  layers_[static_cast<size_t>(index)] = std::move(layer);
+  ++revision_;
+}
+
 // ---- Journal ---------------------------------------------------------------------------------------------------
 
 void Drawing::note(Change change) {
   ++revision_;
+  if (loading_) { return; }
   undone_.clear();
   if (stepDepth_ > 0) {
     open_.changes.push_back(std::move(change));

@@ -34,6 +34,19 @@ struct SymbolDefinition {
   std::vector<Primitive> parts;
   bool paperSize = true;  // millimetres on paper, placed x drawing scale; else real size, converted by unit
   bool upright = false;   // does not turn with the axes of a survey sheet
+  std::string file = {};  // the base name of the symbol file that it came from
+  friend bool operator==(const SymbolDefinition&, const SymbolDefinition&) = default;
+};
+
+// Is told of every primitive that enters or leaves a drawing, undo and redo included; a change is both.
+class DrawingListener {
+ public:
+  DrawingListener() = default;
+  DrawingListener(const DrawingListener&) = delete;
+  DrawingListener& operator=(const DrawingListener&) = delete;
+  virtual ~DrawingListener() = default;
+  virtual void primitiveAdded(PrimitiveId id, const Primitive& primitive) = 0;
+  virtual void primitiveRemoved(PrimitiveId id) = 0;
 };
 
 // A drawing: primitives in drawing order under stable ids, layers, groups, selection, parameters and sheet.
@@ -43,6 +56,9 @@ class Drawing {
  public:
   Drawing();
   ~Drawing();
+  // A drawing that was moved from can only be assigned to or destroyed.
+  Drawing(Drawing&& other) noexcept;
+  Drawing& operator=(Drawing&& other) noexcept;
   Drawing(const Drawing&) = delete;
   Drawing& operator=(const Drawing&) = delete;
 
@@ -125,6 +141,16 @@ class Drawing {
   void addSymbol(SymbolDefinition symbol);
   [[nodiscard]] const std::map<std::string, SymbolDefinition, std::less<>>& symbols() const { return symbols_; }
 
+  // ---- Loading: what enters a new drawing from a file keeps its own number and is no step of undo ------------
+  void beginLoading() { loading_ = true; }
+  void endLoading() { loading_ = false; }
+  // Throw RefusedChange for a number that is taken (but for layer 0) or out of range, and for a primitive that
+  // add would refuse or whose group is not there. Numbers are indexes: the caller bounds how far they are strewn.
+  void load(PrimitiveId id, Primitive primitive);
+  void loadLayer(int index, Layer layer);
+  // For one of no group yet.
+  void loadGroupOf(PrimitiveId id, GroupId group);
+
   // ---- Journal
   // ---------------------------------------------------------------------------------------------------------- Steps
   // nest: changes belong to the outermost one open. Changes outside a step are steps of their own.
@@ -142,6 +168,8 @@ class Drawing {
   [[nodiscard]] const std::string* redoName() const;
   bool undo();
   bool redo();
+  // One, or null; it outlives its being set.
+  void setListener(DrawingListener* listener) { listener_ = listener; }
   // Counts up with every change; what is saved and what is shown compare it.
   [[nodiscard]] uint64_t revision() const { return revision_; }
 
@@ -188,7 +216,9 @@ class Drawing {
   Step open_;
   size_t openBase_ = 0;  // the steps done before the open one
   int stepDepth_ = 0;
+  bool loading_ = false;
   uint64_t revision_ = 0;
+  DrawingListener* listener_ = nullptr;
 };
 
 }  // namespace brevan

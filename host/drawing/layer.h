@@ -14,6 +14,7 @@ struct Layer {
   bool visible = true;
   bool locked = false;
   int pen = 1;  // of primitives whose pen is by layer
+  friend bool operator==(const Layer&, const Layer&) = default;
 };
 
 // A named part of the drawing under a parent (its category). "_" is an unnamed group. Without members a

@@ -33,6 +33,7 @@ struct Text {
   int style = 0;
   int pen = 1;
   double widthFactor = 1.0;
+  friend bool operator==(const Text&, const Text&) = default;
 };
 
 // From its tail p1 to its head p2.
@@ -42,6 +43,7 @@ struct Arrow {
   double length = 20.0;  // of the head, tenths of a millimetre on paper
   double width = 10.0;
   std::array<int, 3> style = {0, 0, kPenByLayer};
+  friend bool operator==(const Arrow&, const Arrow&) = default;
 };
 
 struct Symbol {
@@ -50,6 +52,7 @@ struct Symbol {
   double scale = 1.0;
   double rotation = 0.0;  // degrees counter-clockwise
   bool mirrored = false;  // about its own y axis, before it is turned
+  friend bool operator==(const Symbol&, const Symbol&) = default;
 };
 
 enum class DimensionKind { kHorizontal, kVertical };
@@ -61,6 +64,7 @@ struct Dimension {
   Point p1;
   Point p2;
   std::string text;
+  friend bool operator==(const Dimension&, const Dimension&) = default;
 };
 
 using Geometry = std::variant<Line, Arc, Text, Arrow, Symbol, Dimension>;
@@ -72,6 +76,7 @@ struct Primitive {
   double width = 0.0;  // tenths of a millimetre on paper
   GroupId group = 0;
   Geometry geometry;
+  friend bool operator==(const Primitive&, const Primitive&) = default;
 };
 
 // "line", "arc", "text", "arrow", "symbol", "dimension".

@@ -62,4 +62,21 @@ Transform toSheet(const Sheet& sheet, const Parameters& parameters) {
   return {factor, 0.0, -sheet.corner.x * factor, 0.0, factor, -sheet.corner.y * factor};
 }
 
+namespace {
+
+// From the corner to the middle, in drawing units.
+Point toMiddle(const Sheet& sheet, const Parameters& parameters) {
+  return Point{sheet.width, sheet.height} * (0.5 / toSheet(sheet, parameters).xx);
+}
+
+}  // namespace
+
+void centreSheet(Sheet& sheet, const Parameters& parameters, Point centre) {
+  sheet.corner = centre - toMiddle(sheet, parameters);
+}
+
+Point sheetCentre(const Sheet& sheet, const Parameters& parameters) {
+  return sheet.corner + toMiddle(sheet, parameters);
+}
+
 }  // namespace brevan

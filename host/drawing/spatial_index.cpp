@@ -23,6 +23,8 @@ struct SpatialIndex::Tree {
 
 SpatialIndex::SpatialIndex() : tree_(std::make_unique<Tree>()) {}
 SpatialIndex::~SpatialIndex() = default;
+SpatialIndex::SpatialIndex(SpatialIndex&& other) noexcept = default;
+SpatialIndex& SpatialIndex::operator=(SpatialIndex&& other) noexcept = default;
 
 size_t SpatialIndex::size() const { return tree_->entries.size(); }
 

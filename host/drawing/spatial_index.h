@@ -19,6 +19,8 @@ class SpatialIndex {
   ~SpatialIndex();
   SpatialIndex(const SpatialIndex&) = delete;
   SpatialIndex& operator=(const SpatialIndex&) = delete;
+  SpatialIndex(SpatialIndex&& other) noexcept;
+  SpatialIndex& operator=(SpatialIndex&& other) noexcept;
 
   [[nodiscard]] size_t size() const;
   // Builds the tree anew from all entries, which packs it well.

@@ -7,6 +7,7 @@
 #include "host/drawing/font_metrics.h"
 #include "host/drawing/line_types.h"
 #include "host/drawing/pens.h"
+#include "host/files/dxf_own_notes.h"
 
 namespace brevan {
 
@@ -72,6 +73,8 @@ size_t writeDxfHeader(DxfTags& tags, const DxfModel& model) {
   HeaderWriter header(tags);
   tags.text(0, "SECTION");
   tags.text(2, "HEADER");
+  tags.text(999, parametersNote(parameters));
+  if (model.drawing().sheet()) { tags.text(999, dxfPlain(sheetNote(*model.drawing().sheet()), model.version())); }
   header.text("$ACADVER", 1, model.version() == DxfVersion::kR2000 ? "AC1015" : "AC1024");
   header.text("$DWGCODEPAGE", 3, "ANSI_1252");
   header.point("$INSBASE", {});

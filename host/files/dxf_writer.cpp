@@ -3,6 +3,7 @@
 #include "host/files/dxf_entities.h"
 #include "host/files/dxf_model.h"
 #include "host/files/dxf_objects.h"
+#include "host/files/dxf_own_notes.h"
 #include "host/files/dxf_tables.h"
 
 namespace brevan {
@@ -14,6 +15,7 @@ struct BlockFrame {
   DxfHandle begin = 0;
   DxfHandle end = 0;
   std::string name;
+  std::string note{};  // a comment
 };
 
 template <class Content>
@@ -27,6 +29,7 @@ void writeBlock(DxfTags& tags, const BlockFrame& frame, const Content& content) 
   tags.text(8, "0");
   tags.text(100, "AcDbBlockBegin");
   tags.text(2, frame.name);
+  if (!frame.note.empty()) { tags.text(999, frame.note); }
   tags.integer(70, anonymous ? kAnonymous : 0);
   tags.point(10, {});
   tags.text(3, frame.name);
@@ -45,7 +48,8 @@ void writeSymbolBlock(DxfTags& tags, DxfModel& model, const DxfBlock& block) {
   space.owner = block.record;
   space.paperMillimetre = block.key.realSize ? model.drawing().parameters().scale() : 1.0;
   space.symbol = &block;
-  const BlockFrame frame = {block.record, model.nextHandle(), model.nextHandle(), block.name};
+  const BlockFrame frame = {block.record, model.nextHandle(), model.nextHandle(), block.name,
+                            symbolNote(block.definition)};
   writeBlock(tags, frame, [&] { DxfEntityWriter(model, tags, space).writeSymbolParts(block); });
 }
 

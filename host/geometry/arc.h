@@ -12,6 +12,7 @@ struct ArcShape {
   Point centre;
   Point end;
   bool clockwise = false;
+  friend bool operator==(const ArcShape&, const ArcShape&) = default;
 };
 
 double arcRadius(const ArcShape& arc);

@@ -9,6 +9,7 @@ namespace brevan {
 struct Segment {
   Point a;
   Point b;
+  friend bool operator==(const Segment&, const Segment&) = default;
 };
 
 Point nearestOnSegment(const Segment& segment, Point p);

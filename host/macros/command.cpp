@@ -1,5 +1,6 @@
 #include "host/macros/command.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -26,9 +27,10 @@ std::string_view nextElement(std::string_view& pattern) {
   return element;
 }
 
+char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
 bool isLetterOf(const Token& token, std::string_view letters) {
   if (token.kind != TokenKind::kText && token.kind != TokenKind::kName) { return false; }
-  const auto capital = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
   return token.text.size() == 1 && letters.find(capital(token.text[0])) != std::string_view::npos;
 }
 
@@ -36,6 +38,26 @@ std::string letterList(std::string_view letters) {
   std::string list;
   for (const char letter : letters) { list += (list.empty() ? "\"" : " or \"") + std::string(1, letter) + "\""; }
   return list;
+}
+
+bool isKey(const Token& token, std::string_view key) {
+  if (token.kind != TokenKind::kText && token.kind != TokenKind::kName) { return false; }
+  return std::equal(token.text.begin(), token.text.end(), key.begin(), key.end(),
+                    [](char a, char b) { return capital(a) == b; });
+}
+
+bool readText(Token& token, const MacroRun& run) {
+  if (token.kind == TokenKind::kText) { return true; }
+  const std::string* value = token.kind == TokenKind::kName ? run.variables.text(token.text) : nullptr;
+  if (value == nullptr) { return false; }
+  token.text = *value;
+  return true;
+}
+
+// A bare word is a name, too; one that ends in "$" is a variable and must be set.
+bool readName(Token& token, const MacroRun& run) {
+  if (readText(token, run)) { return true; }
+  return (token.kind == TokenKind::kName || token.kind == TokenKind::kNumber) && !token.text.ends_with('$');
 }
 
 // Reads one argument as the pattern's element asks; the text is what was expected instead.
@@ -59,11 +81,19 @@ std::optional<std::string> readAs(std::string_view element, Token& token, MacroR
     return element == "number" ? "a number" : "a whole number";
   }
   if (element == "text") {
-    if (token.kind == TokenKind::kText) { return std::nullopt; }
-    const std::string* value = token.kind == TokenKind::kName ? run.variables.text(token.text) : nullptr;
-    if (value == nullptr) { return "a text in quotes"; }
-    token.text = *value;
-    return std::nullopt;
+    return readText(token, run) ? std::nullopt : std::optional<std::string>("a text in quotes");
+  }
+  if (element == "name") { return readName(token, run) ? std::nullopt : std::optional<std::string>("a name"); }
+  if (element == "variable") {
+    return token.kind == TokenKind::kName ? std::nullopt : std::optional<std::string>("the name of a variable");
+  }
+  if (element == "measured") {
+    if (token.kind == TokenKind::kMeasured || token.kind == TokenKind::kText) { return std::nullopt; }
+    return "\"!\" or a text in quotes";
+  }
+  if (element.starts_with("key:")) {
+    const std::string_view key = element.substr(4);
+    return isKey(token, key) ? std::nullopt : std::optional<std::string>("\"" + std::string(key) + "\"");
   }
   const std::string_view letters = element.substr(element.find_first_of(":=") + 1);
   if (!isLetterOf(token, letters)) { return letterList(letters); }
@@ -77,6 +107,8 @@ std::optional<Mismatch> fit(const CommandForm& form, const MacroLine& line, Macr
   size_t position = 0;
   std::string_view pattern = form.pattern;
   for (std::string_view element = nextElement(pattern); !element.empty(); element = nextElement(pattern)) {
+    const bool many = element.back() == '+';
+    if (many) { element.remove_suffix(1); }
     if (position >= line.arguments.size()) {
       Token missing;
       missing.kind = TokenKind::kTerminator;
@@ -84,8 +116,15 @@ std::optional<Mismatch> fit(const CommandForm& form, const MacroLine& line, Macr
     }
     Token token = line.arguments[position];
     if (auto expected = readAs(element, token, run)) { return Mismatch{position, token.column, std::move(*expected)}; }
-    if (element.front() != '=') { run.arguments.push_back(std::move(token)); }
+    const bool literal = element.front() == '=' || element.starts_with("key:");
+    if (!literal) { run.arguments.push_back(std::move(token)); }
     ++position;
+    if (!many) { continue; }
+    for (; position < line.arguments.size() && line.arguments[position].kind != TokenKind::kTerminator; ++position) {
+      Token next = line.arguments[position];
+      if (auto expected = readAs(element, next, run)) { return Mismatch{position, next.column, std::move(*expected)}; }
+      run.arguments.push_back(std::move(next));
+    }
   }
   if (position < line.arguments.size() && line.arguments[position].kind == TokenKind::kTerminator) { ++position; }
   if (position < line.arguments.size()) {

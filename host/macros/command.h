@@ -33,9 +33,13 @@ class MacroRun {
 //   number    a number or a numeric variable
 //   count     a whole number
 //   text      a quoted text or a text variable
+//   name      a text, or a bare word
+//   variable  the name of a variable that the command sets
+//   measured  "!" or a quoted text
+//   key:WORD  this word, quoted or bare, not handed to the handler
 //   flag:YNA  one of these letters, quoted or bare
 //   =Y        this letter, quoted or bare, not handed to the handler
-// A closing "[#]" is always taken.
+// An element that ends in "+" may be repeated up to the closing "[#]", which is always taken.
 struct CommandForm {
   std::string_view word;
   std::string_view pattern;

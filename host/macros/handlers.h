@@ -31,6 +31,64 @@ void mirrorLine(MacroRun& run);
 void repeatLinear(MacroRun& run);
 void repeatPolar(MacroRun& run);
 
+// Cutting (snip_commands.cpp)
+void snipRegion(MacroRun& run);
+void snipPolygon(MacroRun& run);
+
+// Rounding and arcs (fillet_commands.cpp)
+void filletSides(MacroRun& run);
+void filletCorner(MacroRun& run);
+void arcOfThreePoints(MacroRun& run);
+void arcOfTwoPoints(MacroRun& run);
+
+// Boundaries (boundary_commands.cpp)
+void tracePerimeter(MacroRun& run);
+void queryBoundary(MacroRun& run);
+
+// Parallel lines (parallel_lines.cpp)
+void defineParallels(MacroRun& run);
+void drawParallels(MacroRun& run);
+void drawParallelsFrom(MacroRun& run);
+
+// Dimensions (dimension_commands.cpp)
+void horizontalDimension(MacroRun& run);
+void verticalDimension(MacroRun& run);
+
+// Items at a point, patterns by name, switches (edit_commands.cpp)
+void selectAt(MacroRun& run);
+void editLine(MacroRun& run);
+void renamePattern(MacroRun& run);
+void startPolyline(MacroRun& run);
+void clearCurrentObject(MacroRun& run);
+void allLayers(MacroRun& run);
+void showPowerBar(MacroRun& run);
+
+// What is asked of the drawing and of the user (enquiry_commands.cpp)
+void enquireNearLine(MacroRun& run);
+void enquireCursor(MacroRun& run);
+void enquireNearPattern(MacroRun& run);
+void enquireLineDefinition(MacroRun& run);
+void enquireScale(MacroRun& run);
+void enquireTextDefaults(MacroRun& run);
+void enquireAreaUnits(MacroRun& run);
+void enquireLockedAngle(MacroRun& run);
+void queryElement(MacroRun& run);
+void jumpNearLine(MacroRun& run);
+void jumpNear(MacroRun& run);
+void enterCoordinate(MacroRun& run);
+void enterText(MacroRun& run);
+
+// Symbols and inserted drawings (symbol_commands.cpp)
+void loadSymbolFile(MacroRun& run);
+void addSymbol(MacroRun& run);
+void symbolPanel(MacroRun& run);
+void insertDrawing(MacroRun& run);
+
+// The sheet (sheet_commands.cpp)
+void home(MacroRun& run);
+void setPortrait(MacroRun& run);
+void newScale(MacroRun& run);
+
 // Style, cursor, undo (state_commands.cpp)
 void setLineType(MacroRun& run);
 void setWidth(MacroRun& run);

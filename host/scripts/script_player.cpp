@@ -7,6 +7,8 @@
 #include "frame/host/core_services.h"
 #include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
+#include "host/files/drawing_files.h"
+#include "host/files/drg_writer.h"
 #include "host/macros/lexer.h"
 #include "host/scripts/dialog_answers.h"
 #include "host/scripts/plain_primitives.h"
@@ -54,12 +56,6 @@ constexpr std::array<std::string_view, 11> kAnswers = {"point", "space", "escape
 
 bool isAnswer(std::string_view name) {
   return dialogAnswer(name) != nullptr || std::find(kAnswers.begin(), kAnswers.end(), name) != kAnswers.end();
-}
-
-std::string ending(const std::string& path) {
-  std::string extension = fs::path(path).extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(), lowered);
-  return extension.empty() ? "" : extension.substr(1);
 }
 
 }  // namespace
@@ -160,15 +156,27 @@ void ScriptPlayer::setDimensionStyle(const Statement& statement) {
 
 void ScriptPlayer::openNew(const Statement& statement) {
   const std::string name = statement.words.size() > 1 ? cursor_.string(statement, 1) : host_.freeWindowName();
+  refuseTakenName(statement, name);
+  host_.openWindow(name);
+}
+
+void ScriptPlayer::refuseTakenName(const Statement& statement, const std::string& name) {
   const std::vector<std::string> taken = host_.windowNames();
   if (std::find(taken.begin(), taken.end(), name) != taken.end()) {
     cursor_.fail(statement, "there is a window \"" + toUtf8(name) + "\" already");
   }
-  host_.openWindow(name);
 }
 
 void ScriptPlayer::openFile(const Statement& statement) {
-  cursor_.fail(statement, "this version opens no drawing files yet");
+  const std::string asked = toUtf8(cursor_.string(statement, 1));
+  const auto own = written_.find(asked);
+  const std::string path = own != written_.end() ? own->second : parts_.files.resolveForReading(asked);
+  const auto name = toWindows1252(fs::path(path).stem().string());
+  if (!name) { cursor_.fail(statement, "the file's name holds a character that Windows-1252 lacks"); }
+  refuseTakenName(statement, *name);
+  ReadDrawing read = readDrawing(path);
+  if (!read.notRead.empty() && parts_.report) { parts_.report("not read from \"" + path + "\": " + read.notRead); }
+  host_.openWindow(*name).setDrawing(std::move(read.drawing));
 }
 
 void ScriptPlayer::goToWindow(const Statement& statement) {
@@ -238,7 +246,11 @@ void ScriptPlayer::redo(const Statement& statement) {
 // ---- Writing -----------------------------------------------------------------------------------------------
 
 void ScriptPlayer::save(const Statement& statement) {
-  cursor_.fail(statement, "this version writes no drawing files yet; export writes DXF, SVG, PDF, PNG and JSON");
+  const std::string path = toUtf8(cursor_.string(statement, 1));
+  if (fileEnding(path) != "drg") {
+    cursor_.fail(statement, "save writes files ending in .drg, got \"" + path + "\"; export writes the others");
+  }
+  write(statement, path, drawingDrg(host_.window().drawing()));
 }
 
 void ScriptPlayer::write(const Statement& statement, const std::string& path, const std::string& bytes) {
@@ -249,11 +261,12 @@ void ScriptPlayer::write(const Statement& statement, const std::string& path, co
   }
   fs::create_directories(fs::path(target).parent_path(), ignored);
   saveWhole(target, bytes);
+  written_[path] = target;
 }
 
 void ScriptPlayer::exportDrawing(const Statement& statement) {
   const std::string path = toUtf8(cursor_.string(statement, 1));
-  const auto exporter = parts_.exporters.find(ending(path));
+  const auto exporter = parts_.exporters.find(fileEnding(path));
   if (exporter == parts_.exporters.end()) {
     cursor_.fail(statement, "export writes files ending in .dxf, .svg, .pdf, .png or .json, got \"" + path + '"');
   }

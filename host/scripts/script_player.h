@@ -47,6 +47,7 @@ class ScriptPlayer {
   void setDimensionStyle(const Statement& statement);
   void openNew(const Statement& statement);
   void openFile(const Statement& statement);
+  void refuseTakenName(const Statement& statement, const std::string& name);
   void goToWindow(const Statement& statement);
   void setSheet(const Statement& statement);
   void setLayer(const Statement& statement);
@@ -66,6 +67,7 @@ class ScriptPlayer {
   ScriptCursor cursor_;
   ScriptUser user_;
   PlayerParts parts_;
+  std::map<std::string, std::string> written_;  // what this script wrote: the path it gave, the file
   Host host_;
 };
 

@@ -16,6 +16,8 @@ class Cursor {
 
   [[nodiscard]] Point position() const { return position_; }
   void setPosition(Point position) { position_ = position; }
+  // As if the user had typed it: neither snap nor lock move it.
+  void enter(Point at) { position_ = lastGiven_ = at; }
   // The point that the user gave last; relative points start there.
   [[nodiscard]] Point lastGiven() const { return lastGiven_; }
 

@@ -13,7 +13,7 @@ namespace {
 
 using Refusal = DialogSession::Refusal;
 
-std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 void run(const std::function<void()>& rule) {
   if (rule) { rule(); }
@@ -56,7 +56,7 @@ void DialogSession::open() {
   }
 }
 
-std::string DialogSession::named(int control) { return quoted(addressOf(dialog_, control)); }
+std::string DialogSession::named(int control) { return inQuotes(addressOf(dialog_, control)); }
 
 void DialogSession::edited(int control) {
   dialog_.changed(control);
@@ -97,7 +97,7 @@ Refusal DialogSession::focus(int control) {
 }
 
 // A group on another page of the tabs is out of sight.
-bool DialogSession::isShown(const Group& group) const {
+bool DialogSession::isShown(const dialog::Group& group) const {
   if (group.page < 0) { return group.visible; }
   const auto& controls = dialog_.controls();
   return group.visible && std::all_of(controls.begin(), controls.end(), [&group](const Control& control) {
@@ -109,7 +109,7 @@ bool DialogSession::isShown(const Group& group) const {
 bool DialogSession::shown(int control) const {
   bool shown = dialog_.control(control).visible;
   for (int group = dialog_.control(control).group; group > 0;) {
-    const Group& around = dialog_.groups()[static_cast<size_t>(group)];
+    const dialog::Group& around = dialog_.groups()[static_cast<size_t>(group)];
     shown = shown && isShown(around);
     group = around.parent;
   }
@@ -209,9 +209,9 @@ Refusal DialogSession::chooseEntry(int control, const std::string& item) {
   }
   if (!hasEntries(state)) { return notThisKind(named(control), state, "has no entries"); }
   const int index = indexOf(itemTexts(state), item);
-  if (index < 0) { return named(control) + " has no entry " + quoted(item) + ", it has " + rangeText(state); }
+  if (index < 0) { return named(control) + " has no entry " + inQuotes(item) + ", it has " + rangeText(state); }
   if (auto* radio = std::get_if<RadioGroup>(&state)) {
-    if (!radio->items[static_cast<size_t>(index)].enabled) { return quoted(item) + " is disabled"; }
+    if (!radio->items[static_cast<size_t>(index)].enabled) { return inQuotes(item) + " is disabled"; }
     radio->chosen = index;
   } else if (auto* list = std::get_if<DropDown>(&state)) {
     list->selected = index;
@@ -238,7 +238,7 @@ Refusal DialogSession::chooseSeveral(int control, const std::vector<std::string>
   std::vector<bool> selected(list->items.size(), false);
   for (const std::string& item : items) {
     const int index = indexOf(list->items, item);
-    if (index < 0) { return named(control) + " has no entry " + quoted(item); }
+    if (index < 0) { return named(control) + " has no entry " + inQuotes(item); }
     selected[static_cast<size_t>(index)] = true;
   }
   list->selected = std::move(selected);
@@ -303,13 +303,13 @@ Refusal DialogSession::chooseMenu(const std::string& path) {
     const auto found = std::find_if(level->begin(), level->end(), [&name](const MenuItem& item) {
       return equalWithoutCase(plainCaption(item.caption), name);
     });
-    if (found == level->end()) { return "the dialog's menu has no entry " + quoted(path); }
+    if (found == level->end()) { return "the dialog's menu has no entry " + inQuotes(path); }
     chosen = &*found;
     level = &found->items;
     start = end + 1;
   }
-  if (chosen == nullptr || !chosen->action) { return "the dialog's menu has no entry " + quoted(path); }
-  if (!chosen->enabled) { return "the menu entry " + quoted(path) + " is disabled"; }
+  if (chosen == nullptr || !chosen->action) { return "the dialog's menu has no entry " + inQuotes(path); }
+  if (!chosen->enabled) { return "the menu entry " + inQuotes(path) + " is disabled"; }
   if (auto refusal = leave()) { return refusal; }
   const auto action = chosen->action;
   action();
@@ -329,7 +329,7 @@ int columnOf(const Grid& grid, const std::string& title) {
 
 // Why a cell does not take a text; the text in the cell's own form where it does.
 Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& text) {
-  if (cell.readOnly) { return quoted(column) + " cannot be edited in this row"; }
+  if (cell.readOnly) { return inQuotes(column) + " cannot be edited in this row"; }
   const bool pen = cell.kind == CellKind::kPen;
   if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger || pen || cell.kind == CellKind::kLineType) {
     NumberEdit edit;
@@ -346,9 +346,9 @@ Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& te
     return std::nullopt;
   }
   if (cell.kind == CellKind::kList && indexOf(cell.items, text) < 0) {
-    return quoted(column) + " has no entry " + quoted(text);
+    return inQuotes(column) + " has no entry " + inQuotes(text);
   }
-  if (cell.kind == CellKind::kCheck && text != "0" && text != "1") { return quoted(column) + " takes 0 or 1"; }
+  if (cell.kind == CellKind::kCheck && text != "0" && text != "1") { return inQuotes(column) + " takes 0 or 1"; }
   return std::nullopt;
 }
 
@@ -357,7 +357,7 @@ Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& te
 Refusal DialogSession::editCell(int control, int row, const std::string& column, const std::string& text) {
   const auto* before = std::get_if<Grid>(&dialog_.control(control).state);
   if (before != nullptr && columnOf(*before, column) < 0) {
-    return named(control) + " has no column " + quoted(column);
+    return named(control) + " has no column " + inQuotes(column);
   }
   if (auto refusal = clickCell(control, row, column, Click::kSelect)) { return refusal; }
   Grid& grid = dialog_.state<Grid>(control);
@@ -366,7 +366,7 @@ Refusal DialogSession::editCell(int control, int row, const std::string& column,
   };
   std::vector<Cell>* cells = at(grid.rows, grid.currentRow);
   Cell* found = cells == nullptr ? nullptr : at(*cells, grid.currentColumn);
-  if (found == nullptr) { return named(control) + " has no column " + quoted(column) + " in this row"; }
+  if (found == nullptr) { return named(control) + " has no column " + inQuotes(column) + " in this row"; }
   Cell& cell = *found;
   std::string entered = text;
   if (auto refusal = cellRefusal(cell, column, entered)) { return refusal; }
@@ -386,7 +386,7 @@ Refusal DialogSession::clickCell(int control, int row, const std::string& column
     return named(control) + " has no row " + std::to_string(row) + ", it has " + std::to_string(grid->rows.size());
   }
   const int place = column.empty() ? -1 : columnOf(*grid, column);
-  if (place < 0 && !column.empty()) { return named(control) + " has no column " + quoted(column); }
+  if (place < 0 && !column.empty()) { return named(control) + " has no column " + inQuotes(column); }
   grid->currentRow = row - 1;
   grid->currentColumn = place;
   const auto& rule = click == Click::kSelect  ? grid->onCellSelect
@@ -416,7 +416,7 @@ Refusal DialogSession::setColumnWidth(int control, const std::string& column, in
       return std::nullopt;
     }
   }
-  return named(control) + " has no column " + quoted(column);
+  return named(control) + " has no column " + inQuotes(column);
 }
 
 }  // namespace brevan

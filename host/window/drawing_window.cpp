@@ -46,6 +46,8 @@ void DrawingWindow::beginCommand(std::string name) {
 
 void DrawingWindow::endCommand(bool well) {
   if (well) {
+    fitPaper();
+    macroState_.paper.wanted = false;
     drawing_.endStep();
   } else {
     drawing_.rollBack();
@@ -61,6 +63,8 @@ void DrawingWindow::resetForCommand() {
   escaped_ = false;
   marks_.clear();
   scans_.clear();
+  groupCursor_ = {};
+  currentGroup_ = nullptr;
 }
 
 namespace {

@@ -8,8 +8,10 @@
 
 #include "frame/host/cad_window.h"
 #include "host/drawing/drawing.h"
+#include "host/drawing/drawing_source.h"
 #include "host/window/cursor.h"
 #include "host/window/events.h"
+#include "host/window/macro_state.h"
 #include "host/window/user.h"
 
 namespace brevan {
@@ -20,7 +22,9 @@ class MacroVariables;
 struct WindowServices {
   User& user;
   MacroVariables& variables;
-  EventSink* events = nullptr;  // null: nobody listens
+  EventSink* events = nullptr;        // null: nobody listens
+  DrawingSource* drawings = nullptr;  // null: no drawing can be inserted
+  SymbolTable* symbols = nullptr;     // shared by all windows
 };
 
 // Pen, line type and width of what the user and the macros draw.
@@ -58,10 +62,22 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] Drawing& drawing() { return drawing_; }
   [[nodiscard]] const Drawing& drawing() const { return drawing_; }
+  // What a file held; for a window on which nothing was drawn yet.
+  void setDrawing(Drawing drawing);
   [[nodiscard]] Cursor& cursor() { return cursor_; }
   [[nodiscard]] DrawingStyle& style() { return style_; }
   [[nodiscard]] OpenGroup& openGroup() { return openGroup_; }
   [[nodiscard]] TextDefaults& textDefaults() { return textDefaults_; }
+  [[nodiscard]] MacroState& macroState() { return macroState_; }
+  [[nodiscard]] BoundaryMap& boundaries();
+  [[nodiscard]] const WindowServices& services() const { return services_; }
+  // Nothing is current: picks and scans start anew.
+  void clearCurrent() {
+    current_ = 0;
+    currentGroup_ = nullptr;
+  }
+  // The smallest sheet for what is drawn, where a command left the paper to the host.
+  void fitPaper();
   [[nodiscard]] bool selectsNew() const { return selectsNew_; }
   void setSelectsNew(bool on) { selectsNew_ = on; }
   [[nodiscard]] bool escaped() const { return escaped_; }
@@ -186,7 +202,8 @@ class DrawingWindow : public CCadWindow {
   template <class Kind>
   const Kind* currentAs() const;
   bool inScan(const Scan& scan, const Primitive& primitive) const;
-  int nextGroup(Scan& scan);
+  int nextGroup();
+  void goOnWithGroups(int handle);
   int nextPrimitive(Scan& scan);
 
   std::string name_;
@@ -196,6 +213,7 @@ class DrawingWindow : public CCadWindow {
   DrawingStyle style_;
   OpenGroup openGroup_;
   TextDefaults textDefaults_;
+  MacroState macroState_;
   int dimensionStyle_ = 0;
   bool selectsNew_ = false;
   bool escaped_ = false;
@@ -205,10 +223,18 @@ class DrawingWindow : public CCadWindow {
   int newType_ = 0;           // the header given last
   bool newGeometry_ = false;  // given since then
   Primitive newPrimitive_;
-  Text newFont_;                         // gsSetFont's values
-  PrimitiveId current_ = 0;              // what a scan or pick made current
-  const Group* currentGroup_ = nullptr;  // of a scan, as long as the drawing has not changed
-  uint64_t currentGroupRevision_ = 0;
+  Text newFont_;             // gsSetFont's values
+  PrimitiveId current_ = 0;  // what a scan or pick made current
+  // The scan of groups under way, the newest group first: `left` groups stand before `at`, none having been
+  // added or emptied since the revision. Its place is kept in its Scan while another scan is under way.
+  struct GroupCursor {
+    int handle = 0;
+    const Group* at = nullptr;
+    size_t left = 0;
+    uint64_t revision = 0;
+  };
+  GroupCursor groupCursor_;
+  const Group* currentGroup_ = nullptr;       // what the cursor met, as long as the drawing has not changed
   std::vector<std::unique_ptr<Scan>> scans_;  // handle - 1 is the index
   std::vector<Segment> marks_;                // temporary lines
 };

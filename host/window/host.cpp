@@ -30,6 +30,7 @@ Host::Host(const HostParts& parts)
       paths_{&parts.settings},
       context_{parts.files, parts.settings, parts.helpFile, nullptr, {}, this},
       binding_(context_),
+      fileDrawings_(parts.files),
       mainFrame_(*this) {
   openWindow("Drawing1");
 }
@@ -42,8 +43,9 @@ void Host::loadModule(const std::string& path) {
 }
 
 DrawingWindow& Host::openWindow(std::string name) {
-  windows_.push_back(
-      std::make_unique<DrawingWindow>(std::move(name), WindowServices{parts_.user, variables_, parts_.events}));
+  DrawingSource* const drawings = parts_.drawings != nullptr ? parts_.drawings : &fileDrawings_;
+  windows_.push_back(std::make_unique<DrawingWindow>(
+      std::move(name), WindowServices{parts_.user, variables_, parts_.events, drawings, &symbols_}));
   current_ = windows_.size() - 1;
   if (running_) { windows_.back()->beginCommand("New drawing"); }
   if (parts_.events != nullptr) { parts_.events->windowOpened(windows_.back()->name()); }

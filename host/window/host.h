@@ -9,6 +9,7 @@
 #include "frame/host/main_frame.h"
 #include "host/core/core_context.h"
 #include "host/core/file_services.h"
+#include "host/files/drawing_files.h"
 #include "host/macros/variables.h"
 #include "host/window/drawing_window.h"
 #include "host/window/module.h"
@@ -49,7 +50,8 @@ struct HostParts {
   FileServices& files;
   INI_LIST& settings;
   EventSink* events = nullptr;
-  std::string helpFile;  // of the host, in Windows-1252
+  std::string helpFile;               // of the host, in Windows-1252
+  DrawingSource* drawings = nullptr;  // where inserted drawings and symbol files come from; null: the files
 };
 
 // Ties windows, settings, macro variables, user and module together, and runs commands. While it lives, the
@@ -93,6 +95,8 @@ class Host {
   CoreContext context_;
   CoreContextBinding binding_;
   MacroVariables variables_;
+  FileDrawings fileDrawings_;
+  SymbolTable symbols_;  // of the symbol files loaded for every window
   MainFrame mainFrame_;
   PlainShortcutBar shortcutBar_;
   std::vector<std::unique_ptr<DrawingWindow>> windows_;

@@ -91,19 +91,23 @@ bool DrawingWindow::inScan(const Scan& scan, const Primitive& primitive) const {
 
 // Newest first: who looks for the largest number finds it at once. Numbering a part walks every group of the
 // drawing, so this looks at no more than it must.
-int DrawingWindow::nextGroup(Scan& scan) {
-  const std::span<const Group> groups = drawing_.groups();
-  for (size_t place = std::min(scan.end, groups.size()); place > 0; --place) {
-    const Group& group = groups[place - 1];
-    if (group.members.empty()) { continue; }
-    scan.end = place - 1;
-    currentGroup_ = &group;
-    currentGroupRevision_ = drawing_.revision();
+inline int DrawingWindow::nextGroup() {
+  while (groupCursor_.left > 0) {
+    --groupCursor_.left;
+    --groupCursor_.at;
+    if (groupCursor_.at->members.empty()) { continue; }
+    currentGroup_ = groupCursor_.at;
     return kGroupPrimitive;
   }
-  scan.end = 0;
   currentGroup_ = nullptr;
   return 0;
+}
+
+void DrawingWindow::goOnWithGroups(int handle) {
+  if (groupCursor_.handle != 0) { scans_[static_cast<size_t>(groupCursor_.handle) - 1]->end = groupCursor_.left; }
+  const std::span<const Group> groups = drawing_.groups();
+  const size_t left = std::min(scans_[static_cast<size_t>(handle) - 1]->end, groups.size());
+  groupCursor_ = {handle, groups.data() + left, left, drawing_.revision()};
 }
 
 int DrawingWindow::nextPrimitive(Scan& scan) {
@@ -119,18 +123,25 @@ int DrawingWindow::nextPrimitive(Scan& scan) {
 }
 
 int DrawingWindow::gsGetNextPrim(int handle) {
+  if (handle == groupCursor_.handle && groupCursor_.revision == drawing_.revision() && handle != 0) {
+    return nextGroup();
+  }
   const size_t place = static_cast<size_t>(handle) - 1;  // a handle below 1 wraps to one beyond them all
   if (place >= scans_.size() || scans_[place] == nullptr) { return 0; }
   Scan& scan = *scans_[place];
-  return scan.type == kGroupPrimitive ? nextGroup(scan) : nextPrimitive(scan);
+  if (scan.type != kGroupPrimitive) { return nextPrimitive(scan); }
+  goOnWithGroups(handle);
+  return nextGroup();
 }
 
 void DrawingWindow::gsFreeListHandle(int handle) {
-  if (handle >= 1 && static_cast<size_t>(handle) <= scans_.size()) { scans_[static_cast<size_t>(handle) - 1].reset(); }
+  if (handle < 1 || static_cast<size_t>(handle) > scans_.size()) { return; }
+  scans_[static_cast<size_t>(handle) - 1].reset();
+  if (handle == groupCursor_.handle) { groupCursor_.handle = 0; }
 }
 
 int DrawingWindow::gsGetObject(std::string_view& parent, std::string_view& name) {
-  if (currentGroup_ == nullptr || currentGroupRevision_ != drawing_.revision()) { return 0; }
+  if (currentGroup_ == nullptr || groupCursor_.revision != drawing_.revision()) { return 0; }
   parent = currentGroup_->parent;
   name = currentGroup_->name;
   return 1;

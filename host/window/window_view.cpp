@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "frame/host/core_services.h"
+#include "host/drawing/boundary_map.h"
 #include "host/drawing/pens.h"
 #include "host/window/drawing_window.h"
 
@@ -24,9 +25,16 @@ void DrawingWindow::gsRefresh() {
   call("gsRefresh");
 }
 
-void DrawingWindow::gsZoomAll() { call("gsZoomAll"); }
+void DrawingWindow::gsZoomAll() {
+  const Box extents = drawing_.extents();
+  if (!extents.empty()) { macroState_.viewCentre = extents.centre(); }
+  call("gsZoomAll");
+}
 
-void DrawingWindow::gsZoomRect(double x1, double y1, double x2, double y2) { call("gsZoomRect", {x1, y1, x2, y2}); }
+void DrawingWindow::gsZoomRect(double x1, double y1, double x2, double y2) {
+  macroState_.viewCentre = middle({x1, y1}, {x2, y2});
+  call("gsZoomRect", {x1, y1, x2, y2});
+}
 
 void DrawingWindow::gsGetDrawingParms(DrawingParms& parms) {
   static_assert(DrawingParms::kCount == Parameters::kCount);
@@ -77,16 +85,58 @@ void DrawingWindow::gsShowLegendBar(int shown) { call("gsShowLegendBar", {shown}
 
 void DrawingWindow::gsCenterPaper(double x, double y) {
   call("gsCenterPaper", {x, y});
-  if (!drawing_.sheet()) { return; }
-  Sheet sheet = *drawing_.sheet();
-  const Transform onPaper = toSheet(sheet, drawing_.parameters());
-  const Point half = Point{sheet.width, sheet.height} * (0.5 / onPaper.xx);
-  sheet.corner = Point{x, y} - half;
+  if (!isFinite(Point{x, y})) { throw HostFailure("The paper cannot be centred on a coordinate that is not finite."); }
+  macroState_.paper.centre = Point{x, y};
+  macroState_.paper.wanted = true;
+  fitPaper();
+}
+
+namespace {
+
+// The smallest sheet that holds the extents, A4 first; half a millimetre over is the frame line's own.
+Sheet smallestSheet(const Box& extents, const Parameters& parameters, bool portrait) {
+  constexpr double kFrameLine = 0.5;
+  const double millimetre = parameters.paperMillimetre();
+  Sheet sheet;
+  for (const char* name : {"A4", "A3", "A2", "A1", "A0"}) {
+    sheet = *isoSheet(name, portrait);
+    const bool holds = extents.width() / millimetre <= sheet.width + kFrameLine &&
+                       extents.height() / millimetre <= sheet.height + kFrameLine;
+    if (holds) { break; }
+  }
+  return sheet;
+}
+
+}  // namespace
+
+void DrawingWindow::fitPaper() {
+  if (!macroState_.paper.wanted) { return; }
+  const Box extents = drawing_.extents();
+  Sheet sheet = smallestSheet(extents, drawing_.parameters(), macroState_.paper.portrait);
+  const Point centre = macroState_.paper.centre.value_or(extents.empty() ? Point{} : extents.centre());
+  centreSheet(sheet, drawing_.parameters(), centre);
   drawing_.setSheet(std::move(sheet));
 }
 
-int DrawingWindow::gsAutoPerim(double, double) { throw HostFailure("Boundaries cannot be traced by this host yet."); }
+void DrawingWindow::setDrawing(Drawing drawing) {
+  macroState_.boundaries = nullptr;  // it listens to the drawing that goes
+  drawing_ = std::move(drawing);
+}
 
-void DrawingWindow::gsSetAutoperimPromptFlag(int on) { call("gsSetAutoperimPromptFlag", {on}); }
+BoundaryMap& DrawingWindow::boundaries() {
+  if (macroState_.boundaries == nullptr) { macroState_.boundaries = std::make_unique<BoundaryMap>(drawing_); }
+  return *macroState_.boundaries;
+}
+
+int DrawingWindow::gsAutoPerim(double x, double y) {
+  call("gsAutoPerim", {x, y});
+  macroState_.boundary.loop = boundaries().around({x, y});
+  return macroState_.boundary.loop.empty() ? 0 : 1;
+}
+
+void DrawingWindow::gsSetAutoperimPromptFlag(int on) {
+  macroState_.promptsForPerimeter = on != 0;
+  call("gsSetAutoperimPromptFlag", {on});
+}
 
 }  // namespace brevan

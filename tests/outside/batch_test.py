@@ -48,6 +48,18 @@ class Batch(unittest.TestCase):
         self.assertEqual(self.play("layer \"A\"\n", "--transcript", "no/such/folder/t.jsonl").returncode, 4)
         self.assertEqual(self.play("layer \"A\"\n", "--settings", "nowhere.ini").returncode, 3)
 
+    def test_a_saved_drawing_opens_as_it_was(self):
+        drawn = ('layer "W\u00e4nde"\nstyle 3 4 2.5\ndraw line 1 2 3 4\ndraw text 1 2 35 "\u00d820"\n'
+                 'parameter scale 50\nexport "first.json"\nsave "one.drg"\n')
+        run = self.play(drawn + 'open "one.drg"\nexport "again.json"\nundo\n')
+        self.assertIn("x.scr:10: there is nothing to undo", run.stderr)
+        self.assertEqual((self.out / "first.json").read_bytes(), (self.out / "again.json").read_bytes())
+        for wrong, rule in (('open "none.drg"', "cannot read"), ('open "../x.drg"', "climbs"), ('save "one.dxf"', ".drg"),
+                            ('open "x.scr"', "drawings end in"), ('save "../one.drg"', "climbs")):
+            run = self.play(wrong + "\n")
+            self.assertEqual(run.returncode, 1)
+            self.assertIn(rule, run.stderr)
+
     def test_commands_and_their_dialogs_are_listed(self):
         self.assertEqual([line.split("\t")[0] for line in self.run_batch("commands").stdout.splitlines()],
                          ["DisplayMechSetup", "MechDrawBolts"])

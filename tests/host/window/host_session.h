@@ -17,12 +17,13 @@ class HostSession : public CoreFixture {
   HostSession() { start(""); }
 
   // A new host; its user gives these answers in order.
-  void start(const std::string& answers, brevan::EventSink* events = nullptr) {
+  void start(const std::string& answers, brevan::EventSink* events = nullptr,
+             brevan::DrawingSource* drawings = nullptr) {
     host_.reset();
     script_ = brevan::readScript("answers.scr", answers);
     cursor_.emplace(script_);
     user_.emplace(*cursor_, events);
-    host_ = std::make_unique<brevan::Host>(brevan::HostParts{*user_, files(), settings(), events, ""});
+    host_ = std::make_unique<brevan::Host>(brevan::HostParts{*user_, files(), settings(), events, "", drawings});
   }
   [[nodiscard]] bool answersLeft() const { return cursor_->peek() != nullptr; }
 

@@ -1,0 +1,61 @@
+#include "batch/conversion.h"
+
+#include <filesystem>
+#include <iostream>
+
+#include "batch/exit_codes.h"
+#include "batch/exporters.h"
+#include "batch/signals.h"
+#include "frame/host/core_services.h"
+#include "host/core/safe_file.h"
+#include "host/core/text_encoding.h"
+#include "host/files/drawing_files.h"
+#include "host/files/drg_writer.h"
+
+namespace brevan {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kPictureDpi = 150;
+
+std::map<std::string, Exporter, std::less<>> converters(const std::string& title) {
+  auto all = exporters(title);
+  all.emplace("drg", [](const Drawing& drawing, int) { return drawingDrg(drawing); });
+  return all;
+}
+
+ReadDrawing read(const std::string& path) {
+  try {
+    return readDrawing(path);
+  } catch (const HostFailure& failure) { throw InputUnread(toUtf8(failure.what())); } catch (const std::bad_alloc&) {
+    throw InputUnread("\"" + path + "\": there is not enough memory");
+  }
+}
+
+}  // namespace
+
+std::string checkConvertibleFrom(const std::string& path) {
+  return isReadableDrawing(path) ? "" : "convert reads .drg, .dxf and .sym files, got \"" + path + "\"";
+}
+
+std::string checkConvertibleTo(const std::string& path) {
+  return converters("").contains(fileEnding(path))
+             ? ""
+             : "convert writes .drg, .dxf, .svg, .pdf, .png and .json files, got \"" + path + "\"";
+}
+
+void convertDrawing(const std::string& from, const std::string& to) {
+  const ReadDrawing drawing = read(from);
+  if (!drawing.notRead.empty()) { std::cerr << from << ": not read: " << toUtf8(drawing.notRead) << '\n'; }
+  stopIfInterrupted();
+  std::error_code ignored;
+  if (fs::equivalent(from, to, ignored)) { throw OutputUnwritten("\"" + to + "\" is the file that is converted"); }
+  try {
+    const Exporter convert = converters(fs::path(from).stem().string()).find(fileEnding(to))->second;
+    saveWhole(to, convert(drawing.drawing, kPictureDpi));
+  } catch (const HostFailure& failure) { throw OutputUnwritten(toUtf8(failure.what())); }
+}
+
+}  // namespace brevan

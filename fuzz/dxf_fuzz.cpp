@@ -1,0 +1,34 @@
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "frame/host/core_services.h"
+#include "host/files/dxf_reader.h"
+#include "host/files/dxf_writer.h"
+
+// A file that is read comes to a drawing of finite primitives on layers that are there, which can be written
+// and read again with as many primitives, unless symbols in it make that too large.
+namespace {
+
+void require(bool holds) {
+  if (!holds) { std::abort(); }
+}
+
+void use(const brevan::Drawing& drawing) {
+  drawing.forEach([&drawing](brevan::PrimitiveId, const brevan::Primitive& primitive) {
+    require(isFinite(primitive.geometry) && drawing.layer(primitive.layer) != nullptr);
+    require(primitive.group <= drawing.lastGroup());
+  });
+  constexpr size_t kMostWritten = 20'000;
+  if (drawing.count() < kMostWritten) { brevan::drawingDxf(drawing); }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  try {
+    use(brevan::drawingFromDxf({reinterpret_cast<const char*>(data), size}, "fuzz.dxf").drawing);
+  } catch (const HostFailure&) { return 0; }
+  return 0;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+
+#include "host/drawing/primitive.h"
+#include "host/geometry/curve.h"
+
+namespace brevan {
+
+class DrawingWindow;
+
+// What the commands that draw, cut and trace share.
+
+// The line or arc that a primitive is; nothing for the other kinds.
+std::optional<Curve> curveOf(const Primitive& primitive);
+Geometry geometryOf(const Curve& curve);
+// Draws in the current style on the current layer, into the open group.
+PrimitiveId drawInStyle(DrawingWindow& window, Geometry geometry);
+// The line or arc whose curve is nearest to the point within reach, on a visible layer; what the open group
+// holds comes first. 0: none.
+PrimitiveId nearestCurve(DrawingWindow& window, Point p, double reach);
+// The group that is open and has members; 0 where there is none.
+GroupId groupInTheMaking(DrawingWindow& window);
+
+}  // namespace brevan

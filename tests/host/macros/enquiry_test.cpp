@@ -1,0 +1,220 @@
+#include <gtest/gtest.h>
+
+#include "frame/host/core_services.h"
+#include "host/macros/command.h"
+#include "tests/host/macros/macro_session.h"
+
+namespace {
+
+using namespace brevan;
+
+// Drawing files made in memory.
+class MadeDrawings : public DrawingSource {
+ public:
+  ReadDrawing open(const std::string& path) override {
+    if (path.find("none") != std::string::npos) { throw HostFailure("cannot read \"" + path + "\": no such file"); }
+    ReadDrawing made;
+    Drawing* const drawing = &made.drawing;
+    Parameters metres;
+    metres.setUnit(1000.0);
+    metres.setOrientation(turned ? 1 : 0);
+    drawing->setParameters(metres);
+    Primitive line;
+    line.layer = drawing->addLayer(Layer{"FRAME"});
+    line.group = drawing->addGroup("SHEETS", "BORDER");
+    line.geometry = Line{{0, 0}, {1, 2}};
+    drawing->add(line);
+    SymbolDefinition inner{"DOT", {Primitive{}}};
+    SymbolDefinition outer{"W1200P", {Primitive{}}};
+    outer.parts[0].geometry = Line{{0, 0}, {1200, 100}};
+    Primitive nested;
+    nested.geometry = Symbol{"DOT", {10, 10}};
+    outer.parts.push_back(nested);
+    drawing->addSymbol(inner);
+    drawing->addSymbol(outer);
+    return made;
+  }
+  bool turned = false;
+};
+
+class Enquiries : public MacroSession {
+ protected:
+  MadeDrawings files_;
+};
+
+TEST_F(Enquiries, WhatLiesAtTheCursor) {
+  Primitive thick;
+  thick.pen = 5;
+  thick.linetype = 21;
+  thick.geometry = Line{{0, 0}, {100, 0}};
+  drawing().add(thick);
+  window().gsSetCurrCoord(40, 3);
+  macro("enquire \"NEARLINE\" X1 Y1 X2 Y2 pen linetype");
+  EXPECT_EQ(number("X2"), 100.0);
+  EXPECT_EQ(number("pen"), 5.0);
+  EXPECT_EQ(number("linetype"), 21.0);
+  macro("jumpnear \"L\"");
+  macro("enquire \"CURPOSN\" xf yf");
+  EXPECT_EQ(number("xf"), 40.0);
+  EXPECT_EQ(number("yf"), 0.0);
+  macro("curtocoordenter 12.50000 -4.00000");
+  macro("enquire \"CURPOSN\" xf yf");
+  EXPECT_EQ(number("yf"), -4.0);
+  macro("lockang \"L\" [50,0]");
+  macro("#ENQUIRE \"LOCKANG\" A2");
+  EXPECT_EQ(number("A2"), 0.0);
+  window().gsSetCurrCoord(500, 500);
+  EXPECT_EQ(macroError("jumpnear \"L\""), "1: no line lies near the cursor");
+  EXPECT_EQ(macroError("enquire \"NEARLINE\" X1"), "1: no line lies at the cursor");
+  EXPECT_EQ(macroError("enquire \"CURPOSN\" xf yf zf"), "25: there is nothing more to enquire");
+  EXPECT_EQ(macroError("enquire \"CURPOSN\" xf$"), "19: xf$ would take a number here");
+}
+
+TEST_F(Enquiries, SettingsAndUnits) {
+  macro("LINETYPE 21 7");
+  macro("WIDTH 2.5");
+  macro("ENQUIRE \"LINEDEF\" L P W C S F R G B");
+  EXPECT_EQ(number("L"), 21.0);
+  EXPECT_EQ(number("P"), 7.0);
+  EXPECT_EQ(number("W"), 2.5);
+  macro("#ENQUIRE \"TEXTDEFAULTS\" T3 P2 P3 P4 P5 F$ P7 P8 P9 Q1 Q2 Q3 Q4 Q5 Q6 Q7");
+  EXPECT_EQ(number("T3"), 35.0);
+  EXPECT_EQ(number("P2"), 1.0);
+  EXPECT_EQ(text("F$"), "Arial");
+  EXPECT_EQ(number("P7"), 1.0);
+  macro("#ENQUIRE \"SCALE\"\tS");
+  EXPECT_EQ(number("S"), 1.0);
+  macro("#ENQUIRE \"AREAUNITS\" AU U$ zzz");
+  EXPECT_EQ(number("AU"), 6.0);
+  EXPECT_EQ(text("U$"), "mm\xB2");
+}
+
+TEST_F(Enquiries, TheUserIsAskedWithWhatTheVariableHolds) {
+  answer("text \"B12\"\naccept\nescape\n");
+  macro("#ENTER \"Enter label for first point\"\tLBL1$");
+  EXPECT_EQ(text("LBL1$"), "B12");
+  macro("ENTER \"Enter number\"\t\tLBL1$");
+  EXPECT_EQ(text("LBL1$"), "B12");
+  macro("ENTER \"Enter number\"  LBL1$");
+  EXPECT_EQ(text("LBL1$"), "");
+  EXPECT_EQ(macroError("ENTER \"How many\" N"), "18: ENTER expects a text variable, ending in \"$\"");
+}
+
+TEST_F(Enquiries, DimensionsMeasureFromRelativePoints) {
+  macro("#HDIM \"F\" [0.000,20.000] [0.000,0.000] [40.000,5.000] ! [#]");
+  const auto& level = shape<Dimension>(1);
+  EXPECT_EQ(level.text, "40.000");
+  window().cursor().enter({100, 100});
+  macro("#VDIM \"F\" [@10.000,0.000] [@0.000,0.000] [@5.000,-12.500] \"half\" [#]");
+  EXPECT_EQ(shape<Dimension>(2).p2, (Point{105, 87.5}));
+  EXPECT_EQ(shape<Dimension>(2).text, "half");
+}
+
+TEST_F(Enquiries, SymbolsArePatternsOfTheirOwn) {
+  answer("", &files_);
+  EXPECT_EQ(macroError("ADDSYM \"W1200P\" [0,0] 1 0"), "8: there is no symbol \"W1200P\"");
+  EXPECT_EQ(macroError("NEWSYMFL \"\\Windows\\none.DRG\" \"N\" \"N\""),
+            "10: cannot read \"\\Windows\\none.DRG\": no such file");
+  macro("NEWSYMFL \"\\Windows\\W1200.DRG\" \"N\" \"N\"");
+  macro("PARENT \"PLAN\"");
+  macro("ADDSYM \"W1200P\" [1000.000,500.000] 1 90.00000");
+  EXPECT_NE(drawing().symbol("DOT"), nullptr);  // what it is made of came along
+  window().gsSetCurrCoord(950, 900);
+  macro("ENQUIRE \"NEARPATNAME\" pat$ xl yl xr yr");
+  EXPECT_EQ(text("pat$"), "PLAN W1200P");
+  EXPECT_NEAR(number("xl"), 900.0, 1e-9);
+  EXPECT_NEAR(number("yr"), 1700.0, 1e-9);
+  macro("QUERYEL [950.000,900.000] A$ B$ C$ [#]");
+  EXPECT_EQ(text("A$"), "SYMBOL 'W1200 W1200P'");
+  EXPECT_EQ(text("B$"), "0");
+  macro("#RENAMPAT \"* W1200P\" \"WINDOWS N1\" [#]");
+  macro("SELECTNAME \"WINDOWS N1\"");
+  EXPECT_EQ(drawing().selection().size(), 1U);
+  EXPECT_EQ(macroError("#RENAMPAT \"* W1200P\" \"WINDOWS N2\" [#]"), "11: there is no group \"* W1200P\"");
+}
+
+TEST_F(Enquiries, SymbolsOfEveryWindowAndTheirPanel) {
+  answer("menu \"DOT\"\npoint 1 2\npoint 3 4\nspace\n", &files_);
+  EXPECT_EQ(macroError("SYMBOL"), "1: SYMBOL expects a symbol file to be loaded first");
+  macro("NEWSYMFL \"Marks.drg\" \"Y\" \"Y\"");
+  macro("SYMBOL");
+  EXPECT_EQ(drawing().count(), 2U);
+  EXPECT_TRUE(drawing().symbol("DOT")->upright);
+  host().openWindow("Other");
+  macro("ADDSYM DOT [5,6] 2 0");
+  EXPECT_EQ(drawing().count(), 1U);
+}
+
+TEST_F(Enquiries, AnInsertedDrawingComesInTheDrawingsUnit) {
+  answer("", &files_);
+  line(0, 0, 1, 1);
+  macro("#LOAD \"Sheet.drg\" [100.00000, 200.00000] 1 0");
+  ASSERT_EQ(drawing().selection(), std::vector<PrimitiveId>{2});
+  EXPECT_EQ(shape<Line>(2).b, (Point{1100, 2200}));
+  EXPECT_EQ(drawing().layer(drawing().find(2)->layer)->name, "FRAME");
+  EXPECT_EQ(drawing().group(drawing().find(2)->group).name, "BORDER");
+  files_.turned = true;
+  macro("#LOAD \"Sheet.drg\" [100.00000, 200.00000] 1 0");
+  EXPECT_NEAR(shape<Line>(3).b.x, -900.0, 1e-9);
+  setLayer("FRAME", true, true);
+  const std::string before = json();
+  EXPECT_EQ(macroError("#LOAD \"Sheet.drg\" [0,0] 1 0"), "7: the layer \"FRAME\" is locked");
+  EXPECT_EQ(json(), before);
+}
+
+TEST_F(Enquiries, ThePaperHoldsWhatIsDrawn) {
+  line(0, 0, 80000, 120000);  // millimetres at 1:500: 160 x 240
+  macro("#HOME");
+  window().gsZoomAll();
+  macro("#HOME");
+  EXPECT_EQ(window().cursor().position(), (Point{40000, 60000}));
+  host().variables().setNumber("S", 500);
+  window().beginCommand("Sheet");
+  macro("#NEWSCALE 14 S [40000.000,60000.000]");
+  macro("#SETPORTRAIT 1");
+  window().gsCenterPaper(41000, 60000);
+  ASSERT_TRUE(drawing().sheet());
+  EXPECT_EQ(drawing().sheet()->name, "A4");
+  EXPECT_EQ(drawing().sheet()->height, 297.0);
+  macro("#HOME");
+  EXPECT_EQ(window().cursor().position(), (Point{41000, 60000}));
+  line(0, 0, 130000, 180000);  // the title block comes later
+  window().endCommand(true);
+  EXPECT_EQ(drawing().sheet()->name, "A3");
+  EXPECT_EQ(macroError("#NEWSCALE 3 S [0,0]"), "11: NEWSCALE expects 14: the scale is given");
+}
+
+TEST_F(Enquiries, EditingAndSwitching) {
+  const PrimitiveId edited = line(0, 0, 10, 0);
+  macro("#EDITLP \"N\" [5.000,1.000] 4 9 3.500 [#]");
+  EXPECT_EQ(drawing().find(edited)->pen, 9);
+  setLayer("0", true, true);
+  EXPECT_EQ(macroError("#EDITLP \"N\" [5.000,1.000] 4 9 3.500 [#]"), "13: the line at this point is locked");
+  macro("ALLLAYER \"N\"");
+  macro("SHOWPOWERBAR");
+  macro("#CLEARCURROBJ");
+  setLayer("0", true, false);
+  macro("#POLY");
+  window().gsSetPrimHeader(kLinePrimitive, 0, 0, 0, 1, 1, 0, 0, 0);
+  window().gsSetLine(0, 0, 1, 1);
+  const PrimitiveId first = window().gsAddPrim();
+  macro("POLY");
+  const PrimitiveId second = window().gsAddPrim();
+  EXPECT_NE(drawing().find(first)->group, drawing().find(second)->group);
+  EXPECT_EQ(drawing().group(drawing().find(second)->group).name, "POLY");
+}
+
+// The manual lists every command, and no other.
+TEST_F(Enquiries, TheManualKnowsEveryCommand) {
+  const std::string manual = read(std::string(SOURCE_ROOT) + "/docs/macros.md");
+  for (const CommandForm& form : commandForms()) {
+    const std::string row = "| `" + std::string(form.word) + "` | `" + std::string(form.pattern) + "` | " +
+                            std::string(form.summary) + " |";
+    EXPECT_NE(manual.find(row), std::string::npos) << "docs/macros.md lacks: " << row;
+  }
+  size_t rows = 0;
+  for (size_t at = manual.find("\n| `"); at != std::string::npos; at = manual.find("\n| `", at + 1)) { ++rows; }
+  EXPECT_EQ(rows, commandForms().size());
+}
+
+}  // namespace

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/host/window/host_session.h"
+
+// A host on which a test sends macro commands, with what such tests draw and ask for.
+class MacroSession : public HostSession {
+ protected:
+  void answer(const std::string& answers, brevan::DrawingSource* drawings = nullptr) {
+    start(answers, nullptr, drawings);
+  }
+  double number(const std::string& name) { return host().variables().number(name).value_or(-1e300); }
+  std::string text(const std::string& name) {
+    const std::string* value = host().variables().text(name);
+    return value == nullptr ? "(unset)" : *value;
+  }
+
+  brevan::PrimitiveId add(brevan::Geometry geometry, const std::string& layer = "0") {
+    brevan::Primitive primitive;
+    primitive.layer = drawing().addLayer(brevan::Layer{layer});
+    primitive.geometry = std::move(geometry);
+    return drawing().add(std::move(primitive));
+  }
+  brevan::PrimitiveId line(double x1, double y1, double x2, double y2, const std::string& layer = "0") {
+    return add(brevan::Line{{x1, y1}, {x2, y2}}, layer);
+  }
+  brevan::PrimitiveId circle(double x, double y, double radius, const std::string& layer = "0") {
+    return add(brevan::Arc{{x + radius, y}, {x, y}, {x + radius, y}}, layer);
+  }
+  void setLayer(const std::string& name, bool visible, bool locked) {
+    const int index = drawing().addLayer(brevan::Layer{name});
+    brevan::Layer changed = *drawing().layer(index);
+    changed.visible = visible;
+    changed.locked = locked;
+    drawing().changeLayer(index, changed);
+  }
+  template <class Kind>
+  const Kind& shape(brevan::PrimitiveId id) {
+    return std::get<Kind>(drawing().find(id)->geometry);
+  }
+  std::vector<brevan::PrimitiveId> all() {
+    std::vector<brevan::PrimitiveId> ids;
+    drawing().forEach([&ids](brevan::PrimitiveId id, const brevan::Primitive&) { ids.push_back(id); });
+    return ids;
+  }
+};
