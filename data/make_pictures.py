@@ -13,7 +13,6 @@ FOLDER = Path(__file__).resolve().parent / "pictures"
 OUTLINE = 'stroke="#3f7fbf" stroke-width="1.6"'
 BODY = 'fill="#3f7fbf" fill-opacity="0.16"'
 THREAD = 'stroke="#3f7fbf" stroke-width="0.8"'
-HIDDEN = 'stroke="#7a7f87" stroke-width="0.9" stroke-dasharray="3 1.6"'
 CENTRE = 'stroke="#c26a2b" stroke-width="0.7" stroke-dasharray="7 1.6 1.2 1.6"'
 MATERIAL = 'stroke="#7a7f87" stroke-width="0.9"'
 
@@ -22,8 +21,8 @@ COS30 = math.cos(math.radians(30))
 
 
 def number(value):
-    return f"{value:.2f}".rstrip("0").rstrip(".").replace("-0", "0") if abs(value) < 0.005 else \
-        f"{value:.2f}".rstrip("0").rstrip(".")
+    text = f"{value:.2f}".rstrip("0").rstrip(".")
+    return "0" if text == "-0" else text
 
 
 def pair(point):
@@ -47,12 +46,8 @@ def circle(ink, centre, radius, fill='fill="none"'):
     return f'<circle {fill} {ink} cx="{number(centre[0])}" cy="{number(centre[1])}" r="{number(radius)}"/>'
 
 
-def bow(start, end, rise, ink=OUTLINE):
-    """An arc over the middle of a level chord, `rise` above it; below it where that is negative."""
-    return path(ink, f"M{pair(start)}", bow_to(start, end, rise))
-
-
 def bow_to(start, end, rise):
+    """An arc over the middle of a level chord, `rise` above it; below it where that is negative."""
     half = abs(end[0] - start[0]) / 2
     radius = (half * half + rise * rise) / (2 * abs(rise))
     over = (end[0] > start[0]) == (rise > 0)
@@ -76,43 +71,45 @@ def regular(centre, corner, start=0):
 
 # ---- Nuts ------------------------------------------------------------------------------------------------------------
 
-def nut_outline(x, base, w, height, chamfer, shape):
-    """From the lower left corner round; y counts downwards."""
-    s = w * COS30
-    low = chamfer if shape == "rounded" else 0
-    high = chamfer if shape != "flat" else 0
-    top = base - height
-    points = [(x - (s if low else w), base), (x - w, base - low), (x - w, top + high), (x - (s if high else w), top),
-              (x + (s if high else w), top), (x + w, top + high), (x + w, base - low), (x + (s if low else w), base)]
-    return points, low, high
+def nut_top(x, top, half, slots, depth):
+    """The upper edge from left to right, down into every slot and up again."""
+    points = [(x - half, top)]
+    for middle, width in slots:
+        points += [(middle - width, top), (middle - width, top + depth), (middle + width, top + depth),
+                   (middle + width, top)]
+    return points + [(x + half, top)]
+
+
+def cut_bow(start, end, rise, slots):
+    """A bow between level points with nothing inside the slots."""
+    half = (end[0] - start[0]) / 2
+    radius = (half * half + rise * rise) / (2 * abs(rise))
+    middle = start[0] + half
+    centre = start[1] + math.copysign(radius - abs(rise), rise)
+    edges = [start[0], *(edge for c, w in slots if start[0] < c < end[0] for edge in (c - w, c + w)), end[0]]
+    on_bow = [(x, centre - math.copysign(math.sqrt(radius * radius - (x - middle) ** 2), rise)) for x in edges]
+    turn = f"A{number(radius)} {number(radius)} 0 0 {int(rise > 0)} "
+    return [path(OUTLINE, f"M{pair(on_bow[i])}", turn + pair(on_bow[i + 1])) for i in range(0, len(on_bow), 2)]
 
 
 def nut_side(slotted, shape):
-    x, base, w, height = 50, 49, 34, 36
+    x, base, w, height, depth = 50, 49, 34, 36, 15
     chamfer = (w - w * COS30) * TAN30 * 1.6
-    top = base - height
-    points, low, high = nut_outline(x, base, w, height, chamfer, shape)
-    depth, slots = 15, ((x, 5.5), (x - 0.75 * w, 2.75), (x + 0.75 * w, 2.75))
-    clip = ""
-    if slotted:
-        cut = "".join(f'<rect x="{number(c - h)}" y="{number(top - 3)}" width="{number(2 * h)}" height="{depth + 3}"/>'
-                      for c, h in slots)
-        clip = ('<mask id="slots" maskUnits="userSpaceOnUse" x="0" y="0" width="100" height="60">'
-                f'<rect width="100" height="60" fill="#fff"/><g fill="#000">{cut}</g></mask>')
-    strokes = [polygon(OUTLINE, points, fill=BODY)]
-    for edge in (-w / 2, w / 2):
-        strokes.append(line(OUTLINE, (x + edge, base - low), (x + edge, top + high)))
-    for left, right in ((-w, -w / 2), (-w / 2, w / 2), (w / 2, w)):
+    s, top = w * COS30, base - height
+    low = chamfer if shape == "rounded" else 0
+    high = chamfer if shape != "flat" else 0
+    slots = ((x - 0.75 * w, 2.75), (x, 5.5), (x + 0.75 * w, 2.75)) if slotted else ()
+    foot, head = (s if low else w), (s if high else w)
+    outline = [(x - foot, base), (x - w, base - low), (x - w, top + high), *nut_top(x, top, head, slots, depth),
+               (x + w, top + high), (x + w, base - low), (x + foot, base)]
+    strokes = [polygon(OUTLINE, outline, fill=BODY)]
+    strokes += [line(OUTLINE, (x + edge, base - low), (x + edge, top + high)) for edge in (-w / 2, w / 2)]
+    for left, right in ((x - w, x - w / 2), (x - w / 2, x + w / 2), (x + w / 2, x + w)):
         if high:
-            strokes.append(bow((x + left, top + high), (x + right, top + high), high))
+            strokes += cut_bow((left, top + high), (right, top + high), high, slots)
         if low:
-            strokes.append(bow((x + left, base - low), (x + right, base - low), -low))
-    body = "".join(strokes)
-    if slotted:
-        walls = "".join(polygon(OUTLINE, [(c - h, top), (c - h, top + depth), (c + h, top + depth), (c + h, top)],
-                                closed=False) for c, h in slots)
-        body = f'{clip}<g mask="url(#slots)">{body}</g>{walls}'
-    return [body, line(CENTRE, (x, 4), (x, 57))]
+            strokes += cut_bow((left, base - low), (right, base - low), -low, ())
+    return strokes + [line(CENTRE, (x, 4), (x, 57))]
 
 
 def nut_plan(slotted):
@@ -147,9 +144,7 @@ def rivet_head(shape, outwards):
         far = face - outwards * 13 if sunk else face + outwards * (height if shape == "pan" else 9)
         head = [polygon(OUTLINE, [left, (x - inner, far), (x + inner, far), right], fill=BODY)]
     plate = [line(MATERIAL, (8, face), left), line(MATERIAL, right, (92, face))]
-    walls = [polygon(OUTLINE, [(x - shank, neck), (x - shank, end), (x + shank, end), (x + shank, neck)], closed=False,
-                     fill=BODY)]
-    walls[0] = polygon("", [(x - shank, neck), (x - shank, end), (x + shank, end), (x + shank, neck)], fill=BODY)
+    walls = [polygon("", [(x - shank, neck), (x - shank, end), (x + shank, end), (x + shank, neck)], fill=BODY)]
     walls += [line(OUTLINE, (x + side, neck), (x + side, end)) for side in (-shank, shank)]
     return plate + walls + head + [line(CENTRE, (x, 3), (x, 57))]
 
@@ -210,10 +205,10 @@ def key(shape):
         arm, half, bend = 15, 2.5, 7.5
         commands = [f"M{pair((x + half, y - arm))}"]
         for quarter in range(4):
-            turn = [(math.cos(math.pi / 2 * quarter), math.sin(math.pi / 2 * quarter))][0]
-            at = lambda a, b: (x + a * turn[0] - b * turn[1], y + a * turn[1] + b * turn[0])
-            commands += [f"L{pair(at(half, -bend))}", f"A5 5 0 0 0 {pair(at(bend, -half))}", f"L{pair(at(arm, -half))}",
-                         f"L{pair(at(arm, half))}"]
+            c, s = round(math.cos(math.pi / 2 * quarter)), round(math.sin(math.pi / 2 * quarter))
+            corners = ((half, -bend), (bend, -half), (arm, -half), (arm, half))
+            start, *ends = (pair((x + a * c - b * s, y + a * s + b * c)) for a, b in corners)
+            commands += [f"L{start}", f"A5 5 0 0 0 {ends[0]}", *(f"L{end}" for end in ends[1:])]
         strokes.append(path(OUTLINE, *commands, "Z"))
     return strokes + cross(centre, 29)
 
