@@ -153,8 +153,13 @@ TEST(HolePreview, ABlindHoleEndsAboveTheFarFace) {
 
 TEST(HolePreview, AThroughHoleIsCounterboredAndTapped) {
   RecordingCanvas canvas(200, 250);
-  paintHolePreview(canvas, {.diameter = 8, .threadDiameter = 10, .length = 20, .countersinkDepth = 2,
-                            .type = HoleType::kTapped, .range = HoleRange::kThrough, .counterboreDiameter = 12,
+  paintHolePreview(canvas, {.diameter = 8,
+                            .threadDiameter = 10,
+                            .length = 20,
+                            .countersinkDepth = 2,
+                            .type = HoleType::kTapped,
+                            .range = HoleRange::kThrough,
+                            .counterboreDiameter = 12,
                             .threadLength = 18});  // 10 pixels a unit, the faces at 25 and 225
   for (const char* stroke : {"line 60 45 60 225", "line 60 45 40 45", "line 40 45 40 25", "line 60 45 140 45",
                              "line 50 45 50 225", "line 50 225 150 225"}) {
@@ -164,7 +169,10 @@ TEST(HolePreview, AThroughHoleIsCounterboredAndTapped) {
 
 TEST(HolePreview, ThePlanIsPaintedAtTheSidesScale) {
   RecordingCanvas canvas(200, 89);
-  HoleRecord hole{.diameter = 5, .length = 23, .countersinkDepth = 1, .type = HoleType::kDowel,
+  HoleRecord hole{.diameter = 5,
+                  .length = 23,
+                  .countersinkDepth = 1,
+                  .type = HoleType::kDowel,
                   .range = HoleRange::kThrough};  // 0.8 * 236 / 23: 8.2 pixels a unit
   paintHolePreview(canvas, hole);
   for (const char* stroke : {"axis 100 0 100 89", "axis 0 44 200 44", "PLAN 2 2", "circle 100 44 20",

@@ -19,8 +19,8 @@ class FastenerSession : public CommandSession {
   static constexpr double kThin = 2.5;  // threads
 
   // Runs a command with these edits in its dialog and these answers after it.
-  void draw(const std::string& command, const std::string& title, const std::string& edits,
-            const std::string& answers, const std::string& before = "") {
+  void draw(const std::string& command, const std::string& title, const std::string& edits, const std::string& answers,
+            const std::string& before = "") {
     log_.lines.clear();
     play(before + "run " + command + "\ndialog \"Mechanical Ardenix - " + title + "\"\n" + edits + "press \"OK\"\n" +
          answers);

@@ -87,6 +87,28 @@ TEST_F(NutTest, SendsTheCutsOfItsSlotsBetweenItsBrackets) {
   }
 }
 
+TEST_F(NutTest, SlotsAreCutOutOfTheNutAndOfNothingElse) {
+  useLibrary(std::string(kSetup) + "[NUTS]\nNut1=M12,18,10.8,12,16.6,10.106,0,3.5,5,1,0\n");
+  draw("MechDrawNuts", "Nuts", "", "point 0 0\npoint 0 0\npoint 0 40\npoint 0 40\nspace\n",
+       "line -20 8 20 8\nline 0 0 0 60\n");
+  EXPECT_TRUE(hasLine({-20, 8}, {20, 8})) << "what was there before stays whole";
+  EXPECT_TRUE(hasLine({0, 0}, {0, 60}));
+  EXPECT_EQ(groups(), (Texts{"NUTS M12_S1 32", "NUTS M12_S2 32"}));
+  EXPECT_FALSE(hasLine({-9, 10.8}, {9, 10.8}));
+  EXPECT_TRUE(hasLine({1.75, 10.8}, {6.91922863, 10.8})) << "the top between two slots";
+  for (const double slot : {0.0, -0.75 * kCorner, 0.75 * kCorner}) {
+    EXPECT_FALSE(hasArcThrough({slot, 10.8})) << slot;
+    EXPECT_TRUE(hasArcThrough({slot, 0})) << "the base is whole";
+  }
+}
+
+TEST_F(NutTest, EachNutIsOneStepBack) {
+  useLibrary(std::string(kSetup) + "[NUTS]\nNut1=M12,18,10.8,12,16.6,10.106,0,3.5,5,1,0\n");
+  draw("MechDrawNuts", "Nuts", "", "point 0 0\npoint 0 0\npoint 0 40\npoint 0 40\nspace\n");
+  ASSERT_TRUE(drawing().undo());
+  EXPECT_EQ(groups(), Texts{"NUTS M12_S1 32"});
+}
+
 TEST_F(NutTest, TurnsTowardsThePointAskedFor) {
   drawNut(kHexagon, kFlat, "16.6,10.106,0", "", "point 5 5\npoint 40 5\nspace\n");
   EXPECT_EQ(log_.of("prompt")[0], "Indicate the position of the Nut side view");
