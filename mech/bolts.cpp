@@ -1,6 +1,5 @@
-#include "mech/bolts.h"
-
 #include "frame/host/core_services.h"
+#include "mech/fastener_commands.h"
 #include "mech/fastener_dialog.h"
 #include "mech/hex_bolt.h"
 

@@ -1,8 +1,7 @@
-#include "mech/holes.h"
-
 #include <algorithm>
 
 #include "mech/drilled_hole.h"
+#include "mech/fastener_commands.h"
 #include "mech/fastener_dialog.h"
 #include "mech/hole_preview.h"
 

@@ -1,7 +1,6 @@
-#include "mech/nuts.h"
-
 #include <algorithm>
 
+#include "mech/fastener_commands.h"
 #include "mech/fastener_dialog.h"
 #include "mech/nut.h"
 

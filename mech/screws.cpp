@@ -1,5 +1,4 @@
-#include "mech/screws.h"
-
+#include "mech/fastener_commands.h"
 #include "mech/fastener_dialog.h"
 #include "mech/socket_screw.h"
 

@@ -14,11 +14,12 @@ from types import SimpleNamespace
 
 LIBRARY = Path(__file__).resolve().parents[1] / "data" / "ISO Mechspecs.ini"
 
-# A sheet of A1 in paper millimetres, its margin, and the room between parts and for a name.
-WIDTH, HEIGHT, MARGIN, GAP, LABEL = 841, 594, 12, 3, 4
+# Sheets, and on them the margin and the room between parts and for a name, in paper millimetres.
+PAPERS = (("A3", 420, 297), ("A2", 594, 420), ("A1", 841, 594))
+MARGIN, GAP, LABEL = 12, 4, 8
 
 # Parts up to a nominal diameter are drawn at a scale, given by its denominator.
-SCALES = ((2.5, 0.2), (6, 0.5), (12, 1), (1000, 2))
+SCALES = ((2.5, 0.2), (12, 0.5), (1000, 1))
 
 
 def reach(half, above, below, plan):
@@ -85,19 +86,28 @@ def part_script(kind, part, x, top, scale):
             f'draw text {x} {centre - extent.plan - LABEL * scale} 20 "{part.name}"\n')
 
 
-def sheets(kind, parts, scale):
+def smallest_sheets(kind, parts, scale):
+    """One sheet of the smallest paper that takes them all, else sheets of the largest."""
+    for paper in PAPERS:
+        scripts = list(sheets(kind, parts, scale, *paper))
+        if len(scripts) == 1:
+            break
+    return scripts
+
+
+def sheets(kind, parts, scale, paper, width, height):
     """Scripts, each of one sheet, the parts in rows from the top left corner."""
-    width, height = WIDTH * scale, HEIGHT * scale
+    width, height = width * scale, height * scale
     gap, margin = GAP * scale, MARGIN * scale
     head = (f'setting "MechanicalTools" "SpecFile" "{LIBRARY.name}"\nparameter scale {scale}\n'
-            f'sheet "A1" landscape 0 0\nstyle 1 1 0\ntextstyle "Arial" 20 1 4 1\n')
+            f'sheet "{paper}" landscape 0 0\nstyle 1 1 0\ntextstyle "Arial" 50 1 4 1\n')
     body, x, top, row = [], margin, height - margin, 0
     for part in parts:
-        across = 2 * max(part.extent.half, len(part.name) * scale * 0.8) + gap
+        across = 2 * max(part.extent.half, len(part.name) * scale * 1.4) + gap
         down = part.extent.above + part.extent.below + 2 * part.extent.plan + 2 * LABEL * scale + gap
         if x + across > width - margin:
             x, top, row = margin, top - row, 0
-        if top - down < margin:
+        if body and top - down < margin:
             yield head + "".join(body)
             body, x, top, row = [], margin, height - margin, 0
         body.append(part_script(kind, part, round(x + across / 2, 3), round(top, 3), scale))
@@ -115,7 +125,7 @@ def scripts():
             chosen = [part for part in parts if smallest < part.size <= largest]
             smallest = largest
             if chosen:
-                yield from sheets(kind, chosen, scale)
+                yield from smallest_sheets(kind, chosen, scale)
 
 
 def main():

@@ -6,11 +6,7 @@
 #include "frame/entry/toolset_lifetime.h"
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
-#include "mech/bolts.h"
-#include "mech/holes.h"
-#include "mech/nuts.h"
-#include "mech/rivets.h"
-#include "mech/screws.h"
+#include "mech/fastener_commands.h"
 
 // One row a command: export, menu caption, operation. The rows give the exports and the command list.
 #define MECHANICAL_COMMANDS(ROW)                                       \
