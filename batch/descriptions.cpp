@@ -53,7 +53,7 @@ std::string described(dialog::Dialog& dialog) {
     if (const auto* radio = std::get_if<dialog::RadioGroup>(&control.state)) {
       for (const dialog::RadioItem& item : radio->items) {
         if (item.toolTip.empty()) { continue; }
-        text += "    \"" + toUtf8(plainCaption(item.caption)) + "\"  (" + toUtf8(item.toolTip) + ")\n";
+        text += "    \"" + toUtf8(dialog::plainCaption(item.caption)) + "\"  (" + toUtf8(item.toolTip) + ")\n";
       }
     }
   }
