@@ -6,79 +6,180 @@ The file is committed so that a copy of the data folder works without running an
 import sys
 from decimal import ROUND_HALF_UP, Decimal
 from pathlib import Path
-from typing import NamedTuple
+from types import SimpleNamespace
 
 DATA = Path(__file__).resolve().parent
 CATALOGUE = DATA / "ISO Mechspecs.ini"
 
-# The root lies 17/24 of the basic triangle's height below the crest, on both sides, and that height is
-# cos 30 degrees of the pitch.
-MINOR_DIAMETER_DEPTH = Decimal("1.22687")
+# How deep a thread is cut on both sides together, in pitches. The basic triangle is cos 30 degrees of the pitch high;
+# a screw's root lies 17/24 of that below the crest, a nut's crest 5/8.
+SCREW_THREAD_DEPTH = Decimal("1.22687")
+NUT_THREAD_DEPTH = Decimal("1.08253")
+
+CYLINDRICAL, COUNTERSUNK, ROUNDED, _, SET_SCREW = range(5)
+DRILLED, TAPPED, DOWEL = range(3)
+THROUGH, BLIND = range(2)
+SNAP, SUNK = 0, 4
 
 
-class Size(NamedTuple):
-    """One row of the table of hexagon bolts."""
-    diameter: Decimal
-    pitch: Decimal
-    across_flats: Decimal
-    head_height: Decimal
-    shortest_full: Decimal
-    shortest: Decimal
-    longest: Decimal
-
-
-class Bolt(NamedTuple):
-    size: Size
-    length: Decimal
-    full_thread: bool
-
-    def name(self):
-        return f"M{self.size.diameter}x{self.length}" + ("F" if self.full_thread else "")
-
-    def thread_length(self):
-        """The reference length of thread of ISO 4014; ISO 4017 is threaded up to the head."""
-        if self.full_thread:
-            return self.length
-        allowance = 6 if self.length <= 125 else 12 if self.length <= 200 else 25
-        return 2 * self.size.diameter + allowance
-
-    def record(self):
-        minor_diameter = self.size.diameter - MINOR_DIAMETER_DEPTH * self.size.pitch
-        fields = (self.size.across_flats, self.size.head_height, self.size.diameter, self.length,
-                  self.thread_length(), minor_diameter)
-        rounded = (field.quantize(Decimal("0.001"), ROUND_HALF_UP) for field in fields)
-        return ",".join((self.name(), *map(str, rounded)))
-
-
-def read_table(path):
-    """The sizes and the series of lengths; a row that does not fit its head is an error."""
-    sizes, lengths = [], []
+def read_tables(path):
+    """The tables of a file by name, rows and lengths; a row that does not fit its columns is an error."""
+    tables = {}
+    table = None
     for number, line in enumerate(path.read_text(encoding="ascii").splitlines(), 1):
         words = line.partition("#")[0].split()
         if not words:
             continue
-        if words[0] == "lengths":
-            lengths = [Decimal(word) for word in words[1:]]
-        elif len(words) == len(Size._fields):
-            sizes.append(Size(*map(Decimal, words)))
+        if words[0].startswith("[") or table is None:
+            table = SimpleNamespace(columns=[], rows=[], lengths=[])
+            tables[words[0].strip("[]") if words[0].startswith("[") else ""] = table
+            if words[0].startswith("["):
+                continue
+        if words[0] == "columns":
+            table.columns = words[1:]
+        elif words[0] == "lengths":
+            table.lengths = [Decimal(word) for word in words[1:]]
+        elif len(words) == len(table.columns):
+            table.rows.append(SimpleNamespace(**dict(zip(table.columns, map(Decimal, words)))))
         else:
-            sys.exit(f"{path}:{number}: a size takes {len(Size._fields)} figures, got {len(words)}")
-    return sizes, lengths
+            sys.exit(f"{path}:{number}: a row takes {len(table.columns)} figures, got {len(words)}")
+    return tables
 
 
-def bolts(sizes, lengths):
+def record(name, *fields):
+    """Lengths with three decimals, list indexes as they are."""
+    texts = (str(f) if isinstance(f, int) else str(f.quantize(Decimal("0.001"), ROUND_HALF_UP)) for f in fields)
+    return ",".join((name, *texts))
+
+
+def sized(table, shortest="from"):
+    """Every size of a table in every length in which it is made."""
+    for size in table.rows:
+        for length in table.lengths:
+            if getattr(size, shortest) <= length <= size.to:
+                yield size, length
+
+
+def screw_minor(size):
+    return size.d - SCREW_THREAD_DEPTH * size.pitch
+
+
+# ---- Bolts and screws ------------------------------------------------------------------------------------------------
+
+def bolt_thread_length(size, length):
+    """The reference length of thread of ISO 4014; ISO 4017 is threaded up to the head."""
+    if length < getattr(size, "from"):
+        return length
+    allowance = 6 if length <= 125 else 12 if length <= 200 else 25
+    return 2 * size.d + allowance
+
+
+def bolts(tables):
+    for size, length in sized(tables[""], shortest="full"):
+        name = f"M{size.d}x{length}" + ("F" if length < getattr(size, "from") else "")
+        yield record(name, size.s, size.k, size.d, length, bolt_thread_length(size, length), screw_minor(size))
+
+
+def screws(tables):
+    for size, length in sized(tables["cap"]):
+        shank = length - size.b if length >= size.partial else Decimal(0)
+        yield record(f"M{size.d}x{length}", size.dk, size.k, size.d, length, shank, screw_minor(size), size.d, size.s,
+                     CYLINDRICAL, 0)
+    for size, length in sized(tables["countersunk"]):
+        shank = length - size.b - size.k if length >= size.partial else Decimal(0)
+        yield record(f"M{size.d}x{length}CSK", size.dk, size.k, size.d, length - size.k, shank, screw_minor(size), size.d,
+                     size.s, COUNTERSUNK, 0)
+    for size, length in sized(tables["button"]):
+        yield record(f"M{size.d}x{length}BH", size.dk, size.k, size.d, length, Decimal(0), screw_minor(size), size.d,
+                     size.s, ROUNDED, 0)
+    # Without a head: its diameter is the thread's, its height makes the centre line end above the screw.
+    for size, length in sized(tables["set"]):
+        yield record(f"M{size.d}x{length}SET", size.d, size.d / 4, size.d, length, Decimal(0), screw_minor(size), size.d,
+                     size.s, SET_SCREW, 0)
+
+
+# ---- Nuts ------------------------------------------------------------------------------------------------------------
+
+def nut(name, size, height, washer=Decimal(0), slot=(Decimal(0), Decimal(0)), slotted=0, shape=0):
+    minor = size.d - NUT_THREAD_DEPTH * size.pitch
+    return record(name, size.s, height, size.d, size.dw, minor, washer, *slot, slotted, shape)
+
+
+def nuts(tables):
+    for table, word in (("regular", ""), ("thin", "THIN")):
+        for size in tables[table].rows:
+            yield nut(f"M{size.d}{word}", size, size.m)
+        for size in tables[table].rows:
+            yield nut(f"M{size.d}{word}WF", size, size.m - size.c, washer=size.c, shape=1)
+    for size in tables["castle"].rows:
+        yield nut(f"M{size.d}CASTLE", size, size.m, slot=(size.n, size.m - size.w), slotted=1)
+
+
+# ---- Holes -----------------------------------------------------------------------------------------------------------
+
+def hole(name, diameter, length, kind, reach, thread=Decimal(0), thread_length=Decimal(0), sink=Decimal(0),
+         bore=Decimal(0)):
+    return record(name, diameter, thread, length, sink, kind, reach, bore, thread_length)
+
+
+def trimmed(number):
+    """4.50 as 4.5, 15.0 as 15."""
+    return f"{number.normalize():f}"
+
+
+def tapped_holes(sizes):
     for size in sizes:
-        for length in lengths:
-            if size.shortest_full <= length <= size.longest:
-                yield Bolt(size, length, full_thread=length < size.shortest)
+        for depth in (size.d * 3 / 2, size.d * 2):
+            yield hole(f"M{size.d}x{trimmed(depth)}TAP", size.drill, depth + size.runout, TAPPED, BLIND, size.d, depth)
+        yield hole(f"M{size.d}TAPTHRU", size.drill, size.d * 2, TAPPED, THROUGH, size.d, size.d * 2)
+
+
+def holes(tables):
+    sizes = tables["screws"].rows
+    medium = {size.d: size.medium for size in sizes}
+    yield from tapped_holes(sizes)
+    for size in sizes:
+        for word, diameter in (("CLR", size.medium), ("CLRF", size.fine), ("CLRC", size.coarse)):
+            yield hole(f"M{size.d}{word}", diameter, size.d * 2, DRILLED, THROUGH)
+    for size in sizes:
+        yield hole(f"M{size.d}CB", size.medium, size.depth + size.d, DRILLED, THROUGH, sink=size.depth, bore=size.bore)
+    for size in tables["countersinks"].rows:
+        clearance = medium[size.d]
+        yield hole(f"M{size.d}CSK", clearance, size.d * 2, DRILLED, THROUGH, sink=(size.sink - clearance) / 2)
+    for size in tables["dowels"].rows:
+        yield hole(f"{size.d}DOWEL", size.d, size.d * 2, DOWEL, THROUGH)
+
+
+# ---- Rivets ----------------------------------------------------------------------------------------------------------
+
+def rivets(tables):
+    kinds = (("snap", "SNAP", SNAP, Decimal("1.5")), ("countersunk", "CSK", SUNK, Decimal("0.6")))
+    for table, word, head, closing in kinds:
+        for size in tables[table].rows:
+            for length in (size.short, size.middle, size.long):
+                joined = length - closing * size.d
+                yield record(f"{size.d}x{length}{word}", size.d, size.k, size.dk, head, joined, size.k, size.dk, head)
+
+
+# ---- The file --------------------------------------------------------------------------------------------------------
+
+# Place in the frame, key of a record, table, maker.
+SECTIONS = (
+    ("@bolts@", "Bolt", "hex_bolts.txt", bolts),
+    ("@screws@", "Bolt", "socket_screws.txt", screws),
+    ("@nuts@", "Nut", "nuts.txt", nuts),
+    ("@holes@", "Hole", "holes.txt", holes),
+    ("@rivets@", "Bolt", "rivets.txt", rivets),
+)
 
 
 def catalogue():
     """The whole file as bytes, with the line ends that Windows editors expect."""
-    sizes, lengths = read_table(DATA / "tables" / "hex_bolts.txt")
-    records = [f"Bolt{n}={bolt.record()}" for n, bolt in enumerate(bolts(sizes, lengths), 1)]
-    frame = (DATA / "tables" / "mechspecs_frame.txt").read_text(encoding="ascii")
-    return frame.replace("@bolts@", "\n".join(records)).replace("\n", "\r\n").encode("cp1252")
+    text = (DATA / "tables" / "mechspecs_frame.txt").read_text(encoding="ascii")
+    for place, key, table, maker in SECTIONS:
+        records = maker(read_tables(DATA / "tables" / table))
+        text = text.replace(place, "\n".join(f"{key}{n}={line}" for n, line in enumerate(records, 1)))
+    return text.replace("\n", "\r\n").encode("cp1252")
 
 
 def main():

@@ -36,6 +36,10 @@ std::string repeatPolar(int copies, Point centre, double angle) {
   return format("#REPEAT %d \"N\" [%.8f,%.8f] %.8f", copies, centre.x, centre.y, angle);
 }
 
+std::string cutOut(Point corner, Point opposite) {
+  return format("#SNIP \"Y\" \"Y\" \"N\" [%.8f,%.8f] [%.8f,%.8f] [#]", corner.x, corner.y, opposite.x, opposite.y);
+}
+
 std::string lockAngle(double angle) { return format("#LOCKANG \"K\" %.8f [#]", angle); }
 
 std::string lockOntoLine(Point at) { return format("#LOCKANG L [%.8f,%.8f]", at.x, at.y); }

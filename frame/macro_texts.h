@@ -13,6 +13,12 @@ namespace ardenix::macroText {
 inline constexpr std::string_view kRootParent = "#PARENT \"A\"";
 inline constexpr std::string_view kNextPattern = "#STARTPAT \"P1\"";
 inline constexpr std::string_view kFreeAngle = "#LOCKANG \"U\"";
+// What is drawn between the two joins the selection.
+inline constexpr std::string_view kSelectNew = "#SELECTNEW 1";
+inline constexpr std::string_view kSelectNewEnd = "#SELECTNEW 0";
+// What happens between the two is one step of undo.
+inline constexpr std::string_view kUndoStep = "SETMACUNDO 1";
+inline constexpr std::string_view kUndoStepEnd = "SETMACUNDO 0";
 
 std::string parent(std::string_view name);
 std::string beginGroup(std::string_view name);
@@ -28,6 +34,9 @@ std::string move(Point from, Point to);
 // angle.
 std::string repeatLinear(int copies, Point from, Point to);
 std::string repeatPolar(int copies, Point centre, double angle);
+
+// Removes what the selection, or else the drawing, has inside the window between two corners.
+std::string cutOut(Point corner, Point opposite);
 
 // Locks the cursor at an angle, or to the line at a point.
 std::string lockAngle(double angle);

@@ -32,6 +32,11 @@ struct Show {
   void operator()(const dialog::DropDownHandle& list) const { list.select(static_cast<int>(value)); }
 };
 
+struct AsHandle {
+  dialog::Handle operator()(std::monostate) const { return {}; }
+  dialog::Handle operator()(const dialog::Handle& control) const { return control; }
+};
+
 struct Read {
   double operator()(std::monostate) const { return 0.0; }
   double operator()(const CFloatEdit& edit) const { return edit.GetValue(); }
@@ -146,6 +151,8 @@ std::vector<double> DefinitionDialog::values() const {
   for (const FieldControl& control : controls_) { values.push_back(std::visit(Read{}, control)); }
   return values;
 }
+
+dialog::Handle DefinitionDialog::control(size_t field) const { return std::visit(AsHandle{}, controls_.at(field)); }
 
 void DefinitionDialog::chooseOther() {
   if (settleEdits()) { return loadSelected(); }

@@ -67,6 +67,8 @@ class DefinitionDialog {
   // Tells of every rule that is not met, the focus on the last; true when all are.
   bool meets(std::initializer_list<Rule> rules);
   void showValues(std::span<const double> values);
+  // The control that shows a field.
+  [[nodiscard]] dialog::Handle control(size_t field) const;
   [[nodiscard]] std::vector<double> values() const;
   // The name that the list shows, "" where nothing is selected.
   [[nodiscard]] std::string shownName() const { return list_.text(); }

@@ -2,18 +2,17 @@
 
 namespace ardenix {
 
-LineStyle Fastener::threadStyle() const {
-  LineStyle style = shaftStyle();
+LineStyle Fastener::threadStyle(const LineStyle& part) const {
+  LineStyle style = part;
   style.width = hidden.width;
   return style;
 }
 
-Fastener makeFastener(const DefinitionStore& store, std::string_view category) {
+Fastener makeFastener(const DefinitionStore& store) {
   Fastener fastener;
   fastener.solid = lineStyle(store, LineKind::kSolid);
   fastener.hidden = lineStyle(store, LineKind::kHidden);
   fastener.centre = lineStyle(store, LineKind::kCentre);
-  fastener.category = category;
   return fastener;
 }
 

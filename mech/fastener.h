@@ -23,20 +23,33 @@ struct Repeat {
 
 enum class ViewMode { kSide, kPlan, kBoth };
 
+// How a kind of fastener is named and placed. A base of group names that starts with "_" follows the
+// definition's name, another stands alone.
+struct FastenerTrade {
+  std::string_view category;  // parent of the groups
+  std::string_view word;      // in the prompts of the side view
+  std::string_view planWord;  // in the prompts of the plan
+  std::string_view sideGroup;
+  std::string_view planGroup;
+  bool turnsToPoint = false;     // its side view is turned to a second point, never aligned nor turned by the menu
+  bool cutByMacros = false;      // what is drawn is selected for the cuts, and a part is one step of undo
+  bool clearsSelection = false;  // when a view is finished
+  bool returnsToRoot = true;     // likewise: what follows belongs to the root of the groups
+};
+
 // What the fasteners have in common while one command draws them: line styles, choices of the dialog, and the
 // place of the part that was drawn last.
 struct Fastener {
   LineStyle solid;
   LineStyle hidden;
   LineStyle centre;
-  bool headHidden = false;
-  bool shaftHidden = false;
+  bool headHidden = false;   // of nuts and holes: the plan
+  bool shaftHidden = false;  // likewise: the side view
   bool autoAlign = false;
   Repeat repeat;
 
-  std::string name = "FASTENER";       // of the definition
-  std::string category = "FASTENERS";  // parent of the groups
-  std::string group;                   // of the view last drawn
+  std::string name = "FASTENER";  // of the definition
+  std::string group;              // of the view last drawn
 
   Point position;         // of the part being drawn
   Point axisEnd;          // far end of the side view last drawn; the origin until there is one
@@ -44,10 +57,10 @@ struct Fastener {
 
   [[nodiscard]] const LineStyle& headStyle() const { return headHidden ? hidden : solid; }
   [[nodiscard]] const LineStyle& shaftStyle() const { return shaftHidden ? hidden : solid; }
-  // Threads are as thin as hidden lines.
-  [[nodiscard]] LineStyle threadStyle() const;
+  // Threads are drawn in their part's style, as thin as hidden lines.
+  [[nodiscard]] LineStyle threadStyle(const LineStyle& part) const;
 };
 
-Fastener makeFastener(const DefinitionStore& store, std::string_view category);
+Fastener makeFastener(const DefinitionStore& store);
 
 }  // namespace ardenix

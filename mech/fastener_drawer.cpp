@@ -1,18 +1,46 @@
 #include "mech/fastener_drawer.h"
 
-#include "mech/fastener_placement.h"
+#include "frame/macro_texts.h"
 
 namespace ardenix {
 
+bool FastenerDrawer::drawSideView() {
+  const auto placement = placement_.askSideView();
+  if (!placement) { return false; }
+  placement_.startSideGroup();
+  strokeSideView();
+  placement_.finishSideView(*placement, reach());
+  return true;
+}
+
+bool FastenerDrawer::drawPlanView() {
+  const auto rotationPoint = placement_.askPlanView();
+  if (!rotationPoint) { return false; }
+  placement_.startPlanGroup();
+  strokePlanView();
+  placement_.finishPlanView(*rotationPoint, reach());
+  return true;
+}
+
 namespace {
 
-bool drawPart(FastenerDrawer& drawer, ViewMode mode) {
+bool drawViews(FastenerDrawer& drawer, ViewMode mode) {
   return (mode == ViewMode::kPlan || drawer.drawSideView()) && (mode == ViewMode::kSide || drawer.drawPlanView());
+}
+
+// The step of undo is closed however the part ends.
+bool drawPart(FastenerDrawer& drawer, ViewMode mode) {
+  if (!drawer.trade().cutByMacros) { return drawViews(drawer, mode); }
+  drawer.view().gsExecuteMacro(macroText::kUndoStep);
+  const bool drawn = drawViews(drawer, mode);
+  drawer.view().gsExecuteMacro(macroText::kUndoStepEnd);
+  return drawn;
 }
 
 }  // namespace
 
-void drawFasteners(CCadWindow& view, FastenerDrawer& drawer, ViewMode mode) {
+void drawFasteners(FastenerDrawer& drawer, ViewMode mode) {
+  CCadWindow& view = drawer.view();
   view.SetFocus();
   view.gsSetViewDirty(1);
   view.gsRefresh();

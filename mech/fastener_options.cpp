@@ -63,16 +63,14 @@ void FastenerOptions::addViews(dialog::Dialog& dialog, int row) {
 
 void FastenerOptions::addStyles(dialog::Dialog& dialog, int row) {
   const int group = dialog.addGroup({.place = {.row = row}});
-  const auto setting = [&](std::string_view caption, const char* name, int column) {
-    return dialog::Setting{.caption = std::string(caption),
-                           .group = group,
-                           .place = {.column = column},
-                           .name = caption.empty() ? name : ""};
+  const auto add = [&](std::string_view caption, std::string_view part, int column) {
+    dialog::Setting setting{.caption = std::string(caption), .group = group, .place = {.column = column}};
+    if (caption.empty()) { setting.name = numberText::format("Style of the %s", part); }
+    return addRadio(dialog, std::move(setting), styleItems(texts_.word, part));
   };
-  headStyle_ =
-      addRadio(dialog, setting(texts_.headStyleCaption, "Head style", 0), styleItems(texts_.word, texts_.headPart));
-  shaftStyle_ =
-      addRadio(dialog, setting(texts_.shaftStyleCaption, "Shaft style", 1), styleItems(texts_.word, texts_.shaftPart));
+  // Styles of views stand below their views.
+  headStyle_ = add(texts_.headStyleCaption, texts_.headPart, texts_.stylesOfViews ? 1 : 0);
+  shaftStyle_ = add(texts_.shaftStyleCaption, texts_.shaftPart, texts_.stylesOfViews ? 0 : 1);
 }
 
 void FastenerOptions::addRepeat(dialog::Dialog& dialog, int row) {

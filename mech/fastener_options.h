@@ -20,6 +20,7 @@ struct FastenerOptionTexts {
   std::string_view repeatKey;
   std::string_view polarTip;
   bool alignable = true;
+  bool stylesOfViews = false;  // the "head" style is the plan's, the "shaft" style the side view's
 };
 
 // The controls of a fastener dialog that do not belong to a definition: views, line styles, alignment and

@@ -39,19 +39,29 @@ std::optional<Point> FastenerPlacement::askPoint(std::string_view prompt) {
 
 // ---- Side view ----------------------------------------------------------------------------------------------
 
-std::optional<SidePlacement> FastenerPlacement::askSideView(std::string_view word) {
+std::optional<SidePlacement> FastenerPlacement::askSideView() {
   view_.SetFocus();
+  if (trade_.turnsToPoint) { return askSideByTwoPoints(); }
   const std::string_view ending = fastener_.autoAlign ? " (auto-align)" : "";
-  const auto picked = askPoint(numberText::format("Indicate the position of the %s side view%s", word, ending));
+  const auto picked = askPoint(numberText::format("Indicate the position of the %s side view%s", trade_.word, ending));
   if (!picked) { return std::nullopt; }
   SidePlacement placement{*picked, fastener_.autoAlign};
-  fastener_.position = placement.aligned ? alignedPoint(*picked) : *picked;
-  if (placement.aligned && nearlyEqual(fastener_.position, *picked)) {
-    placement.aligned = false;
+  fastener_.position = fastener_.autoAlign ? alignedPoint(*picked) : *picked;
+  if (fastener_.autoAlign && nearlyEqual(fastener_.position, *picked)) {
+    placement.turnsToPicked = false;
     view_.gsSetPrompt(numberText::format("No line found nearby to align this %s to. Please specify rotation manually.",
-                                         lowerCased(word)));
+                                         lowerCased(trade_.word)));
   }
   return placement;
+}
+
+std::optional<SidePlacement> FastenerPlacement::askSideByTwoPoints() {
+  const auto position = askPoint(numberText::format("Indicate the position of the %s side view", trade_.word));
+  if (!position) { return std::nullopt; }
+  const auto target = askPoint(numberText::format("Indicate a point on the %s center line for rotation", trade_.word));
+  if (!target) { return std::nullopt; }
+  fastener_.position = *position;
+  return SidePlacement{*target, true};
 }
 
 // The foot of the perpendicular on the line nearest the picked point; that point where there is no line. The
@@ -74,21 +84,23 @@ Point FastenerPlacement::alignedPoint(Point picked) {
   return isOrigin(crossing) ? picked : crossing;
 }
 
-void FastenerPlacement::finishSideView(const SidePlacement& placement, Point reference, double axisLength) {
+void FastenerPlacement::finishSideView(const SidePlacement& placement, const FastenerReach& reach) {
   selectGroup();
-  if (placement.aligned) {
-    turnOnto(placement, reference);
+  if (placement.turnsToPicked) {
+    turnOnto(placement.picked, reach.length);
   } else {
-    turnByMenu(axisLength);
+    turnByMenu(reach.axisLength);
   }
   finish();
 }
 
-void FastenerPlacement::turnOnto(const SidePlacement& placement, Point reference) {
+// The axis, drawn straight down, comes to point at the target; a target on the part's position turns nothing.
+void FastenerPlacement::turnOnto(Point target, double length) {
   const Point base = fastener_.position;
-  const Point target = placement.picked;
-  view_.gsExecuteMacro(macroText::rotateOnto(base, reference, target));
   fastener_.axisEnd = target;
+  fastener_.rotation = 0.0;
+  if (nearlyEqual(target, base)) { return; }
+  view_.gsExecuteMacro(macroText::rotateOnto(base, base + Point{0, -length}, target));
   fastener_.rotation = degrees(std::atan2(target.x - base.x, base.y - target.y));
 }
 
@@ -112,31 +124,31 @@ double FastenerPlacement::askRotation() {
 
 // ---- Plan view ----------------------------------------------------------------------------------------------
 
-std::optional<Point> FastenerPlacement::askPlanView(std::string_view word) {
+std::optional<Point> FastenerPlacement::askPlanView() {
   view_.SetFocus();
-  return isOrigin(fastener_.axisEnd) ? askFreePlan(word) : askPlanOnAxis(word);
+  return isOrigin(fastener_.axisEnd) ? askFreePlan() : askPlanOnAxis();
 }
 
-std::optional<Point> FastenerPlacement::askFreePlan(std::string_view word) {
-  const auto centre = askPoint(numberText::format("Indicate %s center for plan view", word));
+std::optional<Point> FastenerPlacement::askFreePlan() {
+  const auto centre = askPoint(numberText::format("Indicate %s center for plan view", trade_.planWord));
   if (!centre) { return std::nullopt; }
   fastener_.position = *centre;
-  return askPoint(numberText::format("Indicate a point on the %s plan view center line for rotation", word));
+  return askPoint(numberText::format("Indicate a point on the %s plan view center line for rotation", trade_.planWord));
 }
 
 // The plan lies on the axis of the side view just drawn. Where the user ends a prompt the cursor stays held
 // and locked until endPart.
-std::optional<Point> FastenerPlacement::askPlanOnAxis(std::string_view word) {
+std::optional<Point> FastenerPlacement::askPlanOnAxis() {
   const Point axis{(fastener_.axisEnd.x + fastener_.position.x) / 2.0,
                    (fastener_.axisEnd.y + fastener_.position.y) / 2.0};
   view_.gsSetCurrCoord(axis.x, axis.y);
   view_.gsExecuteMacro(macroText::lockOntoLine(axis));
   view_.gsSetCursorHold(1);
-  const auto centre = askPoint(numberText::format(planPrompt(), word));
+  const auto centre = askPoint(numberText::format(planPrompt(), trade_.planWord));
   if (!centre) { return std::nullopt; }
   fastener_.position = *centre;
   const auto rotationPoint =
-      askPoint(numberText::format("Enter a point on the %s plan view center line for rotation", word));
+      askPoint(numberText::format("Enter a point on the %s plan view center line for rotation", trade_.planWord));
   if (!rotationPoint) { return std::nullopt; }
   view_.gsSetCursorHold(0);
   view_.gsExecuteMacro(macroText::kFreeAngle);
@@ -149,11 +161,11 @@ std::string_view FastenerPlacement::planPrompt() const {
                                                       : "Indicate center of %s polar repeat for plan view";
 }
 
-void FastenerPlacement::finishPlanView(Point reference, Point rotationPoint) {
+void FastenerPlacement::finishPlanView(Point rotationPoint, const FastenerReach& reach) {
   selectGroup();
   const Point centre = fastener_.position;
   if (!nearlyEqual(rotationPoint, centre)) {
-    view_.gsExecuteMacro(macroText::rotateOnto(centre, reference, rotationPoint));
+    view_.gsExecuteMacro(macroText::rotateOnto(centre, centre + Point{0, -reach.planRadius}, rotationPoint));
   }
   finish();
 }
@@ -163,11 +175,13 @@ void FastenerPlacement::finishPlanView(Point reference, Point rotationPoint) {
 void FastenerPlacement::startGroup(std::string_view base) {
   view_.gsClearSelection();
   view_.gsClearWorkSpace();
-  fastener_.group = startNumberedGroup(view_, fastener_.category, base);
+  const std::string prefix = base.starts_with('_') ? fastener_.name + std::string(base) : std::string(base);
+  fastener_.group = startNumberedGroup(view_, trade_.category, prefix);
+  if (trade_.cutByMacros) { view_.gsExecuteMacro(macroText::kSelectNew); }
 }
 
 void FastenerPlacement::selectGroup() {
-  view_.gsExecuteMacro(macroText::selectName(fastener_.category, fastener_.group));
+  view_.gsExecuteMacro(macroText::selectName(trade_.category, fastener_.group));
   view_.gsExecuteMacro(macroText::linkSelection(fastener_.group));
 }
 
@@ -208,9 +222,12 @@ void FastenerPlacement::repeatPolar() {
 
 void FastenerPlacement::finish() {
   repeat();
-  view_.gsClearSelection();
-  view_.gsClearWorkSpace();
-  view_.gsExecuteMacro(macroText::kRootParent);
+  if (trade_.clearsSelection) {
+    view_.gsClearSelection();
+    view_.gsClearWorkSpace();
+  }
+  if (trade_.returnsToRoot) { view_.gsExecuteMacro(macroText::kRootParent); }
+  if (trade_.cutByMacros) { view_.gsExecuteMacro(macroText::kSelectNewEnd); }
 }
 
 }  // namespace ardenix

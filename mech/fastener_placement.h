@@ -12,35 +12,45 @@ namespace ardenix {
 // Where the user put a side view.
 struct SidePlacement {
   Point picked;
-  bool aligned = false;  // the part stands on a line of the drawing and points at the picked point
+  bool turnsToPicked = false;  // its axis is to point at the picked point; else the user is asked for the angle
+};
+
+// The points of a part, as drawn, by which its views are turned: how far they lie below its position.
+struct FastenerReach {
+  double length = 0.0;      // the side view's reference point
+  double axisLength = 0.0;  // the far end of its axis
+  double planRadius = 0.0;  // the plan's reference point
 };
 
 // Asks where the views of a fastener go, opens their groups, turns and repeats them.
 class FastenerPlacement {
  public:
-  FastenerPlacement(CCadWindow& view, Fastener& fastener) : view_(view), fastener_(fastener) {}
+  FastenerPlacement(CCadWindow& view, Fastener& fastener, const FastenerTrade& trade)
+      : view_(view), fastener_(fastener), trade_(trade) {}
 
-  // Ask for the position of a view and set the fastener's; nothing when the user ended a prompt. The word
-  // names the part in the prompts ("Bolt"). A plan's answer is the point to which it is turned.
-  std::optional<SidePlacement> askSideView(std::string_view word);
-  std::optional<Point> askPlanView(std::string_view word);
+  // Ask for the position of a view and set the fastener's; nothing when the user ended a prompt. A plan's
+  // answer is the point to which it is turned.
+  std::optional<SidePlacement> askSideView();
+  std::optional<Point> askPlanView();
 
-  // Opens the group of the view to be drawn, numbered under the fastener's category.
-  void startGroup(std::string_view base);
+  // Open the group of the view to be drawn, numbered under the trade's category.
+  void startSideGroup() { startGroup(trade_.sideGroup); }
+  void startPlanGroup() { startGroup(trade_.planGroup); }
 
-  // Name the group drawn, turn it, repeat it and leave the drawing ready for the next part. `reference` is the
-  // point of the part, as drawn, that is turned onto the point which the user gave.
-  void finishSideView(const SidePlacement& placement, Point reference, double axisLength);
-  void finishPlanView(Point reference, Point rotationPoint);
+  // Name the group drawn, turn it, repeat it and leave the drawing ready for the next part.
+  void finishSideView(const SidePlacement& placement, const FastenerReach& reach);
+  void finishPlanView(Point rotationPoint, const FastenerReach& reach);
 
  private:
   std::optional<Point> askPoint(std::string_view prompt);
+  std::optional<SidePlacement> askSideByTwoPoints();
   Point alignedPoint(Point picked);
-  std::optional<Point> askFreePlan(std::string_view word);
-  std::optional<Point> askPlanOnAxis(std::string_view word);
+  std::optional<Point> askFreePlan();
+  std::optional<Point> askPlanOnAxis();
   std::string_view planPrompt() const;
+  void startGroup(std::string_view base);
   void selectGroup();
-  void turnOnto(const SidePlacement& placement, Point reference);
+  void turnOnto(Point target, double length);
   void turnByMenu(double axisLength);
   double askRotation();
   void repeat();
@@ -50,6 +60,7 @@ class FastenerPlacement {
 
   CCadWindow& view_;
   Fastener& fastener_;
+  const FastenerTrade& trade_;
 };
 
 // Closes a finished part: the next primitive belongs to no group, the cursor is free.

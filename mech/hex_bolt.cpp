@@ -1,13 +1,17 @@
 #include "mech/hex_bolt.h"
 
-#include "mech/drafting_pen.h"
+#include "mech/outline.h"
 
 namespace ardenix {
 
 namespace {
 
-// Centre lines of a plan view reach so far beyond the outline, in drawing units.
-constexpr double kPlanOverhang = 5.0;
+constexpr FastenerTrade kTrade = {.category = "BOLTS",
+                                  .word = "Bolt",
+                                  .planWord = "Bolt",
+                                  .sideGroup = "_S",
+                                  .planGroup = "_P",
+                                  .clearsSelection = true};
 
 }  // namespace
 
@@ -48,44 +52,31 @@ BoltDimensions boltDimensions(const BoltRecord& record) {
 }
 
 HexBolt::HexBolt(CCadWindow& view, const DefinitionStore& store)
-    : view_(view),
-      fastener_(makeFastener(store, "BOLTS")),
-      placement_(view, fastener_),
-      dimensions_(boltDimensions(standardBolt(0.0, 0.0))) {}
+    : FastenerDrawer(view, store, kTrade), dimensions_(boltDimensions(standardBolt(0.0, 0.0))) {}
+
+FastenerReach HexBolt::reach() const {
+  return {
+      .length = dimensions_.length, .axisLength = dimensions_.length, .planRadius = dimensions_.head.halfAcrossFlats};
+}
 
 // ---- Side view ----------------------------------------------------------------------------------------------
 
-bool HexBolt::drawSideView() {
-  const auto placement = placement_.askSideView("Bolt");
-  if (!placement) { return false; }
-  placement_.startGroup(fastener_.name + "_S");
+void HexBolt::strokeSideView() {
   drawHead();
   drawShaft();
   drawThread();
   drawAxis();
-  placement_.finishSideView(*placement, fastener_.position + Point{0, -dimensions_.length}, dimensions_.length);
-  return true;
 }
 
-void HexBolt::drawHead() {
-  const DraftingPen pen(view_, fastener_.headStyle());
-  const Point base = fastener_.position;
-  const Hexagon& head = dimensions_.head;
-  const double s = head.halfAcrossFlats;
-  const double w = head.halfAcrossCorners;
-  const double t = head.halfSide;
-  const double corner = head.cornerHeight;
-  const double top = head.height;
-  pen.path({base, base + Point{-w, 0}, base + Point{-w, corner}, base + Point{-s, top}, base + Point{0, top},
-            base + Point{s, top}, base + Point{w, corner}, base + Point{w, 0}, base});
-  pen.line(base + Point{-t, 0}, base + Point{-t, corner});
-  pen.line(base + Point{t, 0}, base + Point{t, corner});
-  drawChamferCurves(pen, head, base);
+void HexBolt::drawHead() const {
+  const DraftingPen pen = headPen();
+  drawHeadOutline(pen, dimensions_.head, position());
+  drawChamferCurves(pen, dimensions_.head, position());
 }
 
-void HexBolt::drawShaft() {
-  const DraftingPen pen(view_, fastener_.shaftStyle());
-  const Point base = fastener_.position;
+void HexBolt::drawShaft() const {
+  const DraftingPen pen = shaftPen();
+  const Point base = position();
   const double r = dimensions_.radius;
   const double minor = dimensions_.minorRadius;
   const double chamfer = -dimensions_.chamferStart;
@@ -98,9 +89,9 @@ void HexBolt::drawShaft() {
   pen.line(base + Point{r, thread}, base + Point{-r, thread});
 }
 
-void HexBolt::drawThread() {
-  const DraftingPen pen(view_, fastener_.threadStyle());
-  const Point base = fastener_.position;
+void HexBolt::drawThread() const {
+  const DraftingPen pen = shaftThreadPen();
+  const Point base = position();
   const double minor = dimensions_.minorRadius;
   const double end = -dimensions_.length;
   const double thread = -dimensions_.threadEnd;
@@ -108,31 +99,22 @@ void HexBolt::drawThread() {
   pen.line(base + Point{-minor, thread}, base + Point{-minor, end});
 }
 
-void HexBolt::drawAxis() {
-  const Point base = fastener_.position;
+void HexBolt::drawAxis() const {
+  const Point base = position();
   const double overhang = dimensions_.overhang;
-  DraftingPen(view_, fastener_.centre)
-      .line(base + Point{0, -(dimensions_.length + overhang)}, base + Point{0, dimensions_.head.height + overhang});
+  centrePen().line(base + Point{0, -(dimensions_.length + overhang)},
+                   base + Point{0, dimensions_.head.height + overhang});
 }
 
 // ---- Plan view ----------------------------------------------------------------------------------------------
 
-bool HexBolt::drawPlanView() {
-  const auto rotationPoint = placement_.askPlanView("Bolt");
-  if (!rotationPoint) { return false; }
-  placement_.startGroup(fastener_.name + "_P");
-  const Point centre = fastener_.position;
+void HexBolt::strokePlanView() {
+  const Point centre = position();
   const Hexagon& head = dimensions_.head;
-  const DraftingPen outline(view_, fastener_.headStyle());
+  const DraftingPen outline = headPen();
   outline.circle(centre, head.halfAcrossFlats);
   outline.path(hexagonOutline(head, centre));
-  const DraftingPen axes(view_, fastener_.centre);
-  const double across = head.halfAcrossCorners + kPlanOverhang;
-  const double up = head.halfAcrossFlats + kPlanOverhang;
-  axes.line(centre + Point{-across, 0}, centre + Point{across, 0});
-  axes.line(centre + Point{0, -up}, centre + Point{0, up});
-  placement_.finishPlanView(centre + Point{0, -head.halfAcrossFlats}, *rotationPoint);
-  return true;
+  drawCentreCross(centrePen(), centre, head.halfAcrossCorners + kPlanOverhang, head.halfAcrossFlats + kPlanOverhang);
 }
 
 }  // namespace ardenix

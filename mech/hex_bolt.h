@@ -3,7 +3,6 @@
 #include <span>
 
 #include "mech/fastener_drawer.h"
-#include "mech/fastener_placement.h"
 #include "mech/hexagon.h"
 
 namespace ardenix {
@@ -43,22 +42,20 @@ class HexBolt : public FastenerDrawer {
  public:
   HexBolt(CCadWindow& view, const DefinitionStore& store);
 
-  [[nodiscard]] Fastener& fastener() { return fastener_; }
-  void take(const BoltRecord& record) { dimensions_ = boltDimensions(record); }
+  void take(std::span<const double> fields) override { dimensions_ = boltDimensions(boltOf(fields)); }
 
+ protected:
   // The head stands above the position that the user gives, the shaft hangs below.
-  bool drawSideView() override;
-  bool drawPlanView() override;
+  void strokeSideView() override;
+  void strokePlanView() override;
+  [[nodiscard]] FastenerReach reach() const override;
 
  private:
-  void drawHead();
-  void drawShaft();
-  void drawThread();
-  void drawAxis();
+  void drawHead() const;
+  void drawShaft() const;
+  void drawThread() const;
+  void drawAxis() const;
 
-  CCadWindow& view_;
-  Fastener fastener_;
-  FastenerPlacement placement_;
   BoltDimensions dimensions_;
 };
 

@@ -1,11 +1,23 @@
 #include "mech/hexagon.h"
 
 #include <cmath>
-#include <numbers>
 
-#include "frame/host/core_services.h"
+#include "mech/outline.h"
 
 namespace ardenix {
+
+namespace {
+
+using Face = std::array<double, 2>;
+
+// The left and the right edge of the three faces seen from the side: left, middle, right face.
+std::array<Face, 3> faces(const Hexagon& hexagon) {
+  const double w = hexagon.halfAcrossCorners;
+  const double t = hexagon.halfSide;
+  return {{{-w, -t}, {-t, t}, {t, w}}};
+}
+
+}  // namespace
 
 Hexagon hexagon(double acrossFlats, double height) {
   Hexagon hexagon;
@@ -17,16 +29,6 @@ Hexagon hexagon(double acrossFlats, double height) {
   return hexagon;
 }
 
-double radiusThrough(Point first, Point second, Point third) {
-  double chord = 0.0;
-  double firstDirection = 0.0;
-  double secondDirection = 0.0;
-  coreSurvJoin(first.y, first.x, second.y, second.x, chord, firstDirection);
-  coreSurvJoin(second.y, second.x, third.y, third.x, chord, secondDirection);
-  const double turn = firstDirection - secondDirection;
-  return std::fabs(chord / 2.0 / std::cos((std::numbers::pi - turn) / 2.0));
-}
-
 std::array<Point, 7> hexagonOutline(const Hexagon& hexagon, Point centre) {
   const double s = hexagon.halfAcrossFlats;
   const double w = hexagon.halfAcrossCorners;
@@ -35,16 +37,30 @@ std::array<Point, 7> hexagonOutline(const Hexagon& hexagon, Point centre) {
           centre + Point{t, -s}, centre + Point{-t, -s}, centre + Point{-w, 0}};
 }
 
-void drawChamferCurves(const DraftingPen& pen, const Hexagon& hexagon, Point base) {
+void drawHeadOutline(const DraftingPen& pen, const Hexagon& hexagon, Point base) {
+  const double s = hexagon.halfAcrossFlats;
   const double w = hexagon.halfAcrossCorners;
   const double t = hexagon.halfSide;
-  const std::array<std::array<double, 2>, 3> faces = {{{-w, -t}, {-t, t}, {t, w}}};
-  for (const auto& [leftEdge, rightEdge] : faces) {
-    const Point left = base + Point{leftEdge, hexagon.cornerHeight};
-    const Point right = base + Point{rightEdge, hexagon.cornerHeight};
-    const Point top = base + Point{(leftEdge + rightEdge) / 2.0, hexagon.height};
-    const Point centre{top.x, top.y - radiusThrough(left, top, right)};
-    pen.arc(right, centre, left, ArcSense::kCounterClockwise);
+  const double corner = hexagon.cornerHeight;
+  const double top = hexagon.height;
+  pen.path({base, base + Point{-w, 0}, base + Point{-w, corner}, base + Point{-s, top}, base + Point{0, top},
+            base + Point{s, top}, base + Point{w, corner}, base + Point{w, 0}, base});
+  pen.line(base + Point{-t, 0}, base + Point{-t, corner});
+  pen.line(base + Point{t, 0}, base + Point{t, corner});
+}
+
+void drawChamferCurves(const DraftingPen& pen, const Hexagon& hexagon, Point base) {
+  for (const auto& [left, right] : faces(hexagon)) {
+    drawCrown(pen, base + Point{right, hexagon.cornerHeight}, base + Point{(left + right) / 2.0, hexagon.height},
+              base + Point{left, hexagon.cornerHeight});
+  }
+}
+
+void drawBottomChamferCurves(const DraftingPen& pen, const Hexagon& hexagon, Point base) {
+  const double corner = hexagon.height - hexagon.cornerHeight;
+  for (const auto& [left, right] : faces(hexagon)) {
+    drawCrown(pen, base + Point{right, corner}, base + Point{(left + right) / 2.0, 0}, base + Point{left, corner},
+              ArcSense::kClockwise);
   }
 }
 

@@ -19,15 +19,17 @@ struct Hexagon {
 
 Hexagon hexagon(double acrossFlats, double height);
 
-// The radius of the circle through three points in order; 0 where the last two coincide, very large where
-// all lie on a line.
-double radiusThrough(Point first, Point second, Point third);
-
 // The plan: six sides, closed, from the left corner over the top.
 std::array<Point, 7> hexagonOutline(const Hexagon& hexagon, Point centre);
 
+// The side view of a head or nut on a flat base, but for its chamfer curves: the closed outline from the middle
+// of the foot, then the two edges between the faces. `base` is the foot of the axis, here and below.
+void drawHeadOutline(const DraftingPen& pen, const Hexagon& hexagon, Point base);
+
 // The curves that the chamfer leaves on the three visible faces, each from a face's right corner to its left
-// one with its highest point at the top of the head; left, middle, right face. `base` is the foot of the axis.
+// one with its highest point at the top of the head; left, middle, right face.
 void drawChamferCurves(const DraftingPen& pen, const Hexagon& hexagon, Point base);
+// Those of a chamfer at the foot, with their lowest points at the foot.
+void drawBottomChamferCurves(const DraftingPen& pen, const Hexagon& hexagon, Point base);
 
 }  // namespace ardenix

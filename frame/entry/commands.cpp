@@ -6,12 +6,16 @@
 #include "frame/entry/toolset_lifetime.h"
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
-#include "mech/bolts.h"
+#include "mech/fastener_commands.h"
 
 // One row a command: export, menu caption, operation. The rows give the exports and the command list.
 #define MECHANICAL_COMMANDS(ROW)                                       \
   ROW(DisplayMechSetup, "Mechanical &Setup...", ardenix::displaySetup) \
-  ROW(MechDrawBolts, "Hex &Bolts...", ardenix::drawBolts)
+  ROW(MechDrawBolts, "Hex &Bolts...", ardenix::drawBolts)              \
+  ROW(MechDrawScrews, "Socket S&crews...", ardenix::drawScrews)        \
+  ROW(MechDrawNuts, "&Nuts...", ardenix::drawNuts)                     \
+  ROW(MechDrawHoles, "&Drilled Holes...", ardenix::drawHoles)          \
+  ROW(MechDrawRivets, "&Rivets...", ardenix::drawRivets)
 
 namespace {
 

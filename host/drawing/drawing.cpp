@@ -360,10 +360,13 @@ PrimitiveId Drawing::nearest(Point p, double reach, const Filter& filter) const 
   PrimitiveId best = 0;
   double bestDistance = reach;
   bool bestIsSymbol = false;
+  // Of all that passes through the point the newest counts: points come printed with eight decimals.
+  const double onPoint = 1e-8 + 1e-12 * std::max(std::fabs(p.x), std::fabs(p.y));
   index_.query(around.grownBy(reach), [&](PrimitiveId id) {
     const Primitive& primitive = *find(id);
     if (!filter(id, primitive)) { return; }
-    const double away = distanceTo(primitive, p);
+    const double distance = distanceTo(primitive, p);
+    const double away = distance <= onPoint ? 0.0 : distance;
     const bool symbol = std::holds_alternative<Symbol>(primitive.geometry);
     // Written so that a distance that is no number, of a line too long to measure, never counts.
     const bool nearer = away < bestDistance || (away == bestDistance && (symbol == bestIsSymbol ? id > best : symbol));

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "mech/fastener_options.h"
+#include "mech/outline.h"
 #include "tests/core_fixture.h"
 
 namespace ardenix {

@@ -209,6 +209,8 @@ TEST(Drawing, PicksAtAPoint) {
   EXPECT_EQ(drawing.nearest({30, 1}, 5.0, all), line);
   const PrimitiveId circle = drawing.add({.geometry = Arc{{330, 0}, {300, 0}, {330, 0}}});
   EXPECT_EQ(drawing.nearest({301, 0}, 5.0, all), circle) << "the centre counts as well as the curve";
+  const PrimitiveId across = drawing.add({.geometry = Line{{100 + 4e-9, -50}, {100 + 4e-9, 50}}});
+  EXPECT_EQ(drawing.nearest({100, 1}, 5.0, all), across) << "of two lines through a point the newer, but for rounding";
 }
 
 TEST(Drawing, GroupsAreToldApartByParentAndName) {

@@ -1,0 +1,252 @@
+#!/usr/bin/python3
+"""Makes the pictures of the fastener dialogs, SVG files under pictures/; with --check only compares.
+
+Every picture is 100 wide and 60 high, drawn from the proportions of the real part in four inks of a middle
+lightness, which stand out from a light ground and from a dark one.
+"""
+import math
+import sys
+from pathlib import Path
+
+FOLDER = Path(__file__).resolve().parent / "pictures"
+
+OUTLINE = 'stroke="#3f7fbf" stroke-width="1.6"'
+BODY = 'fill="#3f7fbf" fill-opacity="0.16"'
+THREAD = 'stroke="#3f7fbf" stroke-width="0.8"'
+CENTRE = 'stroke="#c26a2b" stroke-width="0.7" stroke-dasharray="7 1.6 1.2 1.6"'
+MATERIAL = 'stroke="#7a7f87" stroke-width="0.9"'
+
+TAN30 = math.tan(math.radians(30))
+COS30 = math.cos(math.radians(30))
+
+
+def number(value):
+    text = f"{value:.2f}".rstrip("0").rstrip(".")
+    return "0" if text == "-0" else text
+
+
+def pair(point):
+    return f"{number(point[0])} {number(point[1])}"
+
+
+def path(ink, *commands, fill='fill="none"'):
+    return f'<path {fill} {ink} d="{" ".join(commands)}"/>'
+
+
+def polygon(ink, points, closed=True, fill='fill="none"'):
+    start, *rest = points
+    return path(ink, f"M{pair(start)}", *(f"L{pair(point)}" for point in rest), *(["Z"] if closed else []), fill=fill)
+
+
+def line(ink, start, end):
+    return polygon(ink, (start, end), closed=False)
+
+
+def circle(ink, centre, radius, fill='fill="none"'):
+    return f'<circle {fill} {ink} cx="{number(centre[0])}" cy="{number(centre[1])}" r="{number(radius)}"/>'
+
+
+def bow_to(start, end, rise):
+    """An arc over the middle of a level chord, `rise` above it; below it where that is negative."""
+    half = abs(end[0] - start[0]) / 2
+    radius = (half * half + rise * rise) / (2 * abs(rise))
+    over = (end[0] > start[0]) == (rise > 0)
+    return f"A{number(radius)} {number(radius)} 0 {int(abs(rise) > half)} {int(over)} {pair(end)}"
+
+
+def thread_arc(centre, radius):
+    at = [(centre[0] + radius * math.cos(math.radians(a)), centre[1] - radius * math.sin(math.radians(a))) for a in (70, 20)]
+    return path(THREAD, f"M{pair(at[0])}", f"A{number(radius)} {number(radius)} 0 1 0 {pair(at[1])}")
+
+
+def cross(centre, reach):
+    return [line(CENTRE, (centre[0] - reach, centre[1]), (centre[0] + reach, centre[1])),
+            line(CENTRE, (centre[0], centre[1] - reach), (centre[0], centre[1] + reach))]
+
+
+def regular(centre, corner, start=0):
+    angles = (math.radians(start + 60 * i) for i in range(6))
+    return [(centre[0] + corner * math.cos(a), centre[1] - corner * math.sin(a)) for a in angles]
+
+
+# ---- Nuts ------------------------------------------------------------------------------------------------------------
+
+def nut_top(x, top, half, slots, depth):
+    """The upper edge from left to right, down into every slot and up again."""
+    points = [(x - half, top)]
+    for middle, width in slots:
+        points += [(middle - width, top), (middle - width, top + depth), (middle + width, top + depth),
+                   (middle + width, top)]
+    return points + [(x + half, top)]
+
+
+def cut_bow(start, end, rise, slots):
+    """A bow between level points with nothing inside the slots."""
+    half = (end[0] - start[0]) / 2
+    radius = (half * half + rise * rise) / (2 * abs(rise))
+    middle = start[0] + half
+    centre = start[1] + math.copysign(radius - abs(rise), rise)
+    edges = [start[0], *(edge for c, w in slots if start[0] < c < end[0] for edge in (c - w, c + w)), end[0]]
+    on_bow = [(x, centre - math.copysign(math.sqrt(radius * radius - (x - middle) ** 2), rise)) for x in edges]
+    turn = f"A{number(radius)} {number(radius)} 0 0 {int(rise > 0)} "
+    return [path(OUTLINE, f"M{pair(on_bow[i])}", turn + pair(on_bow[i + 1])) for i in range(0, len(on_bow), 2)]
+
+
+def nut_side(slotted, shape):
+    x, base, w, height, depth = 50, 49, 34, 36, 15
+    chamfer = (w - w * COS30) * TAN30 * 1.6
+    s, top = w * COS30, base - height
+    low = chamfer if shape == "rounded" else 0
+    high = chamfer if shape != "flat" else 0
+    slots = ((x - 0.75 * w, 2.75), (x, 5.5), (x + 0.75 * w, 2.75)) if slotted else ()
+    foot, head = (s if low else w), (s if high else w)
+    outline = [(x - foot, base), (x - w, base - low), (x - w, top + high), *nut_top(x, top, head, slots, depth),
+               (x + w, top + high), (x + w, base - low), (x + foot, base)]
+    strokes = [polygon(OUTLINE, outline, fill=BODY)]
+    strokes += [line(OUTLINE, (x + edge, base - low), (x + edge, top + high)) for edge in (-w / 2, w / 2)]
+    for left, right in ((x - w, x - w / 2), (x - w / 2, x + w / 2), (x + w / 2, x + w)):
+        if high:
+            strokes += cut_bow((left, top + high), (right, top + high), high, slots)
+        if low:
+            strokes += cut_bow((left, base - low), (right, base - low), -low, ())
+    return strokes + [line(CENTRE, (x, 4), (x, 57))]
+
+
+def nut_plan(slotted):
+    centre, w = (50, 30), 27
+    s, bore, thread, half = w * COS30, 11, 13, 3
+    strokes = [polygon(OUTLINE, regular(centre, w), fill=BODY), circle(OUTLINE, centre, s), circle(OUTLINE, centre, bore),
+               thread_arc(centre, thread)]
+    for axis in range(30, 390, 60) if slotted else ():
+        along = (math.cos(math.radians(axis)), -math.sin(math.radians(axis)))
+        across = (-along[1], along[0])
+        inner = math.sqrt(bore * bore - half * half)
+        for side in (-half, half):
+            strokes.append(line(OUTLINE, *(tuple(c + a * far + b * side for c, a, b in zip(centre, along, across))
+                                           for far in (inner, s))))
+    return strokes + cross(centre, 29)
+
+
+# ---- Rivets ----------------------------------------------------------------------------------------------------------
+
+def rivet_head(shape, outwards):
+    """A head on a plate at half height; outwards is -1 for the head above the plate, 1 for the one below it."""
+    x, face, half, shank, height = 50, 30 + outwards * 2, 20, 10, 15
+    end = face - outwards * 26
+    sunk = shape == "countersunk"
+    neck = face - outwards * (13 if sunk else 0)
+    left, right = (x - half, face), (x + half, face)
+    if shape in ("snap", "mushroom"):
+        rise = -outwards * (height if shape == "snap" else 8)
+        head = [path(OUTLINE, f"M{pair(left)}", bow_to(left, right, rise), "Z", fill=BODY)]
+    else:
+        inner = {"pan": half - height / 4, "flat": half, "countersunk": shank}[shape]
+        far = face - outwards * 13 if sunk else face + outwards * (height if shape == "pan" else 9)
+        head = [polygon(OUTLINE, [left, (x - inner, far), (x + inner, far), right], fill=BODY)]
+    plate = [line(MATERIAL, (8, face), left), line(MATERIAL, right, (92, face))]
+    walls = [polygon("", [(x - shank, neck), (x - shank, end), (x + shank, end), (x + shank, neck)], fill=BODY)]
+    walls += [line(OUTLINE, (x + side, neck), (x + side, end)) for side in (-shank, shank)]
+    return plate + walls + head + [line(CENTRE, (x, 3), (x, 57))]
+
+
+# ---- Screws ----------------------------------------------------------------------------------------------------------
+
+def screw_shaft(x, top, radius, tip):
+    minor, chamfer = radius * 0.8, radius * 0.2
+    strokes = [polygon(OUTLINE, [(x - radius, top), (x - radius, tip - chamfer), (x - minor, tip), (x + minor, tip),
+                                 (x + radius, tip - chamfer), (x + radius, top)], closed=False, fill=BODY),
+               line(OUTLINE, (x - radius, tip - chamfer), (x + radius, tip - chamfer))]
+    return strokes + [line(THREAD, (x + side, top), (x + side, tip)) for side in (-minor, minor)]
+
+
+def screw_head(head):
+    x, face, half, radius = 50, 27, 20, 11
+    surface = [line(MATERIAL, (8, face), (x - half, face)), line(MATERIAL, (x + half, face), (92, face))]
+    left, right = (x - half, face), (x + half, face)
+    if head == "cylindrical":
+        shape = [polygon(OUTLINE, [left, (x - half, 9), (x - half + 3, 6), (x + half - 3, 6), (x + half, 9), right], fill=BODY),
+                 line(OUTLINE, (x - half, 9), (x + half, 9))]
+        neck = face
+    elif head == "countersunk":
+        neck = face + 10
+        shape = [polygon(OUTLINE, [left, (x - radius, neck), (x + radius, neck), right], fill=BODY)]
+    elif head == "rounded":
+        neck = face
+        shape = [path(OUTLINE, f"M{pair(left)}", f"L{x - half} {face - 6}", bow_to((x - half, face - 6), (x + half, face - 6), 9),
+                      f"L{pair(right)}", "Z", fill=BODY)]
+    else:
+        neck = face + 9
+        shape = [path(OUTLINE, f"M{pair(left)}", bow_to(left, right, 9), f"L{x + radius} {neck}", f"L{x - radius} {neck}", "Z",
+                      fill=BODY), line(OUTLINE, left, right)]
+    return surface + screw_shaft(x, neck, radius, 55) + shape + [line(CENTRE, (x, 2), (x, 58))]
+
+
+def set_screw():
+    x, top, tip, radius = 50, 9, 51, 15
+    minor, edge, point = radius * 0.8, radius * 0.2, radius / 2
+    outline = [(x - minor, top), (x - radius, top + edge), (x - radius, tip - point), (x - radius + point, tip),
+               (x + radius - point, tip), (x + radius, tip - point), (x + radius, top + edge), (x + minor, top)]
+    strokes = [polygon(OUTLINE, outline, fill=BODY), line(OUTLINE, (x - radius, top + edge), (x + radius, top + edge)),
+               line(OUTLINE, (x - radius, tip - point), (x + radius, tip - point))]
+    strokes += [line(THREAD, (x + side, top), (x + side, tip - point)) for side in (-minor, minor)]
+    return strokes + [line(CENTRE, (x, 3), (x, 57))]
+
+
+def key(shape):
+    centre, radius = (50, 30), 24
+    x, y = centre
+    strokes = [circle(OUTLINE, centre, radius, fill=BODY)]
+    if shape == "hexagon":
+        strokes.append(polygon(OUTLINE, regular(centre, 12 / COS30)))
+    elif shape == "slot":
+        end = math.sqrt(radius * radius - 16)
+        strokes += [line(OUTLINE, (x - end, y + side), (x + end, y + side)) for side in (-4, 4)]
+    else:
+        arm, half, bend = 15, 2.5, 7.5
+        commands = [f"M{pair((x + half, y - arm))}"]
+        for quarter in range(4):
+            c, s = round(math.cos(math.pi / 2 * quarter)), round(math.sin(math.pi / 2 * quarter))
+            corners = ((half, -bend), (bend, -half), (arm, -half), (arm, half))
+            start, *ends = (pair((x + a * c - b * s, y + a * s + b * c)) for a, b in corners)
+            commands += [f"L{start}", f"A5 5 0 0 0 {ends[0]}", *(f"L{end}" for end in ends[1:])]
+        strokes.append(path(OUTLINE, *commands, "Z"))
+    return strokes + cross(centre, 29)
+
+
+# ---- The files -------------------------------------------------------------------------------------------------------
+
+def pictures():
+    for kind, slotted in (("hexagon", False), ("slotted", True)):
+        for shape in ("rounded", "flat_base", "flat"):
+            yield f"nut_{kind}_{shape}", nut_side(slotted, shape)
+        yield f"nut_{kind}_plan", nut_plan(slotted)
+    for side, outwards in (("left", -1), ("right", 1)):
+        for shape in ("snap", "pan", "mushroom", "flat", "countersunk"):
+            yield f"rivet_{side}_{shape}", rivet_head(shape, outwards)
+    for head in ("cylindrical", "countersunk", "rounded", "rounded_countersunk"):
+        yield f"screw_{head}", screw_head(head)
+    yield "screw_set", set_screw()
+    for shape in ("hexagon", "slot", "cross"):
+        yield f"key_{shape}", key(shape)
+
+
+def svg(strokes):
+    body = "\n".join(strokes)
+    return ('<svg xmlns="http://www.w3.org/2000/svg" width="100" height="60" viewBox="0 0 100 60" stroke-linejoin="round">\n'
+            f"{body}\n</svg>\n")
+
+
+def main():
+    check = "--check" in sys.argv[1:]
+    FOLDER.mkdir(exist_ok=True)
+    for name, strokes in pictures():
+        path_of = FOLDER / f"{name}.svg"
+        content = svg(strokes)
+        if not check:
+            path_of.write_text(content, encoding="ascii")
+        elif not path_of.exists() or path_of.read_text(encoding="ascii") != content:
+            sys.exit(f"{path_of}: differs from what {Path(__file__).name} makes; run it and commit the result")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <span>
+
+#include "mech/definition_store.h"
+#include "mech/record_format.h"
+#include "tests/mech/fastener_session.h"
+
+namespace {
+
+using brevan::Arc;
+using brevan::Line;
+using brevan::Primitive;
+
+constexpr int kAxisPen = 3;
+constexpr double kApart = 1000.0;  // from part to part
+constexpr double kPlanBelow = -600.0;
+
+// How many ends of strokes meet nothing in the side view of the definitions whose names end so; the first row
+// that fits counts.
+struct OpenEnds {
+  const char* suffix;
+  int ends;
+};
+// The chamfer's edge at a screw's end stays open in the middle, a set screw's sides begin beside its chamfer.
+constexpr OpenEnds kOfScrews[] = {{"SET", 4}, {"", 2}};
+constexpr OpenEnds kNone[] = {{"", 0}};
+// Walls and threads begin at the surface, and end in the open where the hole goes through.
+constexpr OpenEnds kOfHoles[] = {{"TAPTHRU", 8}, {"", 4}};
+
+struct Kind {
+  const char* section;
+  const char* command;
+  const char* title;
+  const char* sideView;
+  const char* planView;
+  const char* turn;  // what answers after the position of a side view
+  std::span<const OpenEnds> openEnds;
+};
+
+const Kind kKinds[] = {
+    {"BOLTS", "MechDrawBolts", "Hex Bolts", "Side View (elevation)", "Top View (plan)", "menu \"No Rotation\"\n",
+     kOfScrews},
+    {"CAPSCREWS", "MechDrawScrews", "Socket Screws", "Draw Side View (elevation)", "Draw Top View (plan)",
+     "menu \"No Rotation\"\n", kOfScrews},
+    {"NUTS", "MechDrawNuts", "Nuts", "Draw side view (elevation)", "Draw top view (plan view)", "", kNone},
+    {"HOLES", "MechDrawHoles", "Drilled Holes", "Draw Side View (elevation)", "Draw Top View (plan)",
+     "menu \"No Rotation\"\n", kOfHoles},
+    {"RIVETS", "MechDrawRivets", "Rivets", "Side View (elevation)", "Top View (plan)", "menu \"No Rotation\"\n", kNone},
+};
+
+double distanceTo(const Primitive& stroke, brevan::Point point) {
+  brevan::Point nearest{std::numeric_limits<double>::infinity(), 0};
+  if (const auto* line = std::get_if<Line>(&stroke.geometry)) { nearest = brevan::nearestOnSegment(*line, point); }
+  if (const auto* arc = std::get_if<Arc>(&stroke.geometry)) { nearest = brevan::nearestOnArc(*arc, point); }
+  return std::hypot(nearest.x - point.x, nearest.y - point.y);
+}
+
+std::vector<brevan::Point> endsOf(const Primitive& stroke) {
+  if (const auto* line = std::get_if<Line>(&stroke.geometry)) { return {line->a, line->b}; }
+  if (const auto* arc = std::get_if<Arc>(&stroke.geometry)) { return {arc->start, arc->end}; }
+  return {};
+}
+
+class FastenerLibraryTest : public FastenerSession, public ::testing::WithParamInterface<Kind> {
+ protected:
+  FastenerLibraryTest() : path_(useLibrary(read(std::string(SOURCE_ROOT) + "/data/ISO Mechspecs.ini"))) {}
+
+  // Both views of every definition, side by side, by one script. Fills strokes_: side, plan, side, plan, ...
+  void drawAll() {
+    const Kind& kind = GetParam();
+    names_ = ardenix::DefinitionStore(path_).names(kind.section);
+    std::string script;
+    for (size_t i = 0; i < names_.size(); ++i) {
+      const std::string x = std::to_string(kApart * static_cast<double>(i)) + ' ';
+      const std::string plan = "point " + x + std::to_string(kPlanBelow) + '\n';
+      const std::string position = "point " + x + "0\n";
+      script += std::string("run ") + kind.command + "\ndialog \"Mechanical Ardenix - " + kind.title +
+                "\"\npick \"Definition\" \"" + names_[i] + "\"\ncheck \"" + kind.sideView + "\"\ncheck \"" +
+                kind.planView + "\"\npress \"OK\"\n" + position + (*kind.turn == '\0' ? position : kind.turn) + plan +
+                plan + "space\n";
+    }
+    play(script);
+    drawing().forEachGroup([this](const brevan::Group& group) {
+      std::vector<Primitive> strokes;
+      for (const auto id : drawing().membersOf(group.id)) { strokes.push_back(*drawing().find(id)); }
+      strokes_.push_back(std::move(strokes));
+    });
+  }
+
+  // The strokes of a side view without its centre line, their axis moved to x = 0.
+  std::vector<Primitive> sideView(size_t definition) {
+    std::vector<Primitive> view;
+    for (Primitive stroke : strokes_.at(2 * definition)) {
+      if (stroke.pen == kAxisPen) { continue; }
+      const auto moved = brevan::Transform::shift({-kApart * static_cast<double>(definition), 0});
+      stroke.geometry = brevan::transformed(stroke.geometry, moved);
+      view.push_back(std::move(stroke));
+    }
+    return view;
+  }
+
+  static int openEnds(const std::vector<Primitive>& view) {
+    int open = 0;
+    for (size_t i = 0; i < view.size(); ++i) {
+      for (const brevan::Point end : endsOf(view[i])) {
+        bool met = false;
+        for (size_t j = 0; j < view.size() && !met; ++j) { met = j != i && distanceTo(view[j], end) < 1e-6; }
+        open += met ? 0 : 1;
+      }
+    }
+    return open;
+  }
+
+  std::string path_;
+  Texts names_;
+  std::vector<std::vector<Primitive>> strokes_;
+};
+
+TEST_P(FastenerLibraryTest, EveryDefinitionIsDrawnWholeAndSymmetricalInBothViews) {
+  drawAll();
+  ASSERT_EQ(strokes_.size(), 2 * names_.size());
+  ASSERT_GE(names_.size(), 50U);
+  EXPECT_EQ(log_.of("message"), Texts{});
+  for (size_t i = 0; i < names_.size(); ++i) {
+    SCOPED_TRACE(names_[i]);
+    const std::vector<Primitive> view = sideView(i);
+    const auto row = std::ranges::find_if(GetParam().openEnds,
+                                          [&](const OpenEnds& wanted) { return names_[i].ends_with(wanted.suffix); });
+    EXPECT_EQ(openEnds(view), row->ends);
+    for (const Primitive& stroke : view) {
+      for (const brevan::Point end : endsOf(stroke)) {
+        const bool mirrored = std::ranges::any_of(view, [&](const Primitive& other) {
+          return std::ranges::any_of(endsOf(other), [&](brevan::Point p) { return same(p, {-end.x, end.y}); });
+        });
+        EXPECT_TRUE(mirrored) << end.x << ' ' << end.y;
+      }
+    }
+    brevan::Box plan;
+    for (const Primitive& stroke : strokes_[2 * i + 1]) { plan.add(drawing().bounds(stroke)); }
+    EXPECT_NEAR((plan.low.x + plan.high.x) / 2, kApart * static_cast<double>(i), 1e-6);
+    EXPECT_NEAR((plan.low.y + plan.high.y) / 2, kPlanBelow, 1e-6);
+  }
+}
+
+// Threads lie inside a shank and outside a bore.
+TEST_P(FastenerLibraryTest, ThreadsLieInTheMaterial) {
+  drawAll();
+  const bool hole = std::string_view(GetParam().section) == "HOLES";
+  for (size_t i = 0; i < names_.size(); ++i) {
+    double thread = hole ? std::numeric_limits<double>::infinity() : 0.0;
+    double wall = thread;
+    for (const Primitive& stroke : sideView(i)) {
+      const auto* line = std::get_if<Line>(&stroke.geometry);
+      if (line == nullptr || line->a.x != line->b.x) { continue; }
+      double& reach = stroke.width == kThin ? thread : wall;
+      const double x = std::fabs(line->a.x);
+      reach = hole ? std::min(reach, x) : std::max(reach, x);
+    }
+    EXPECT_TRUE(hole ? wall < thread || names_[i].find("TAP") == std::string::npos : thread < wall) << names_[i];
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Shipped, FastenerLibraryTest, ::testing::ValuesIn(kKinds),
+                         [](const auto& kind) { return std::string(kind.param.section); });
+
+}  // namespace
