@@ -87,7 +87,7 @@ Refusal closeDialog(const DialogStep& step) {
 }
 
 constexpr auto kAnswers = std::to_array<DialogAnswer>({
-    {"set", 3, 1000, setValue},  // a multi-line text: a word a line
+    {"set", 3, kAnyNumberOfWords, setValue},  // a multi-line text: a word a line
     {"type", 3, 3, typeKeys},
     {"spin", 3, 3, spinArrow},
     {"pick", 3, 3, pickItem},

@@ -46,8 +46,12 @@ Point ScriptCursor::point(const Statement& statement, size_t word) const {
 void ScriptCursor::expectWords(const Statement& statement, size_t least, size_t most) const {
   const size_t count = statement.words.size();
   if (count >= least && count <= most) { return; }
-  const std::string range =
-      least == most ? std::to_string(least - 1) : std::to_string(least - 1) + " to " + std::to_string(most - 1);
+  std::string range = std::to_string(least - 1);
+  if (most >= kAnyNumberOfWords) {
+    range += " or more";
+  } else if (least != most) {
+    range += " to " + std::to_string(most - 1);
+  }
   fail(statement, toUtf8(statement.name()) + " expects " + range + " words after it, got " + std::to_string(count - 1));
 }
 

@@ -8,6 +8,8 @@
 
 namespace brevan {
 
+inline constexpr size_t kAnyNumberOfWords = 1000;
+
 // Where a script has come to, and the reading of its words.
 class ScriptCursor {
  public:

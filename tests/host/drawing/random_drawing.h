@@ -12,10 +12,9 @@
 class RandomDrawing {
  public:
   explicit RandomDrawing(unsigned seed) : random_(seed) {
-    brevan::SymbolDefinition box{"BOX", {}, true, false};
-    box.parts.push_back({.geometry = brevan::Line{{0, 0}, {4, 0}}});
-    box.parts.push_back({.geometry = brevan::Line{{4, 0}, {4, 3}}});
-    drawing.addSymbol(std::move(box));
+    drawing.beginLoading();
+    defineSymbol();
+    drawing.endLoading();
   }
 
   brevan::Drawing drawing;
@@ -28,12 +27,12 @@ class RandomDrawing {
 
   void change() {
     using Change = void (RandomDrawing::*)();
-    constexpr std::array<Change, 13> kChanges = {
-        &RandomDrawing::draw,      &RandomDrawing::draw,       &RandomDrawing::draw,      &RandomDrawing::draw,
-        &RandomDrawing::erase,     &RandomDrawing::move,       &RandomDrawing::move,      &RandomDrawing::relayer,
-        &RandomDrawing::makeLayer, &RandomDrawing::alterLayer, &RandomDrawing::dropLayer, &RandomDrawing::makeGroup,
-        &RandomDrawing::alterSheet};
-    (this->*kChanges[static_cast<size_t>(whole(0, 12))])();
+    constexpr std::array<Change, 14> kChanges = {
+        &RandomDrawing::draw,       &RandomDrawing::draw,        &RandomDrawing::draw,      &RandomDrawing::draw,
+        &RandomDrawing::erase,      &RandomDrawing::move,        &RandomDrawing::move,      &RandomDrawing::relayer,
+        &RandomDrawing::makeLayer,  &RandomDrawing::alterLayer,  &RandomDrawing::dropLayer, &RandomDrawing::makeGroup,
+        &RandomDrawing::alterSheet, &RandomDrawing::defineSymbol};
+    (this->*kChanges[static_cast<size_t>(whole(0, 13))])();
   }
 
   int whole(int from, int to) { return std::uniform_int_distribution<int>(from, to)(random_); }
@@ -68,6 +67,12 @@ class RandomDrawing {
   }
 
   void draw() { add(); }
+  void defineSymbol() {
+    brevan::SymbolDefinition box{whole(0, 1) == 1 ? "BOX" : "SPARE", {}, whole(0, 1) == 1, false};
+    box.parts.push_back({.geometry = brevan::Line{{0, 0}, {static_cast<double>(whole(1, 9)), 0}}});
+    box.parts.push_back({.geometry = brevan::Line{{4, 0}, {4, 3}}});
+    drawing.addSymbol(std::move(box));
+  }
   void erase() { drawing.remove(anyPrimitive()); }
   void move() {
     const brevan::PrimitiveId id = anyPrimitive();

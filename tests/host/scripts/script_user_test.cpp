@@ -145,7 +145,7 @@ TEST_F(Answers, ControlsAreExpectedInEveryState) {
 TEST_F(Answers, DialogStatementsFailWithTheirLineAndRule) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"set \"Length\" 4O", "answers.scr:2: \"Length\" takes 0 to 10000, got \"4O\""},
-      {"set \"Length\"", "answers.scr:2: set expects 2 words after it, got 1"},
+      {"set \"Length\"", "answers.scr:2: set expects 2 or more words after it, got 1"},
       {"spin \"Copies\" upwards", "answers.scr:2: spin expects up or down, got upwards"},
       {"cell \"Walls\" one \"Name\" \"x\"", "answers.scr:2: cell expects a number, got \"one\""},
       {"cell \"Walls\" 1 \"\" \"x\"", "answers.scr:2: \"Walls\" has no column \"\""},
