@@ -7,6 +7,7 @@
 
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
+#include "host/core/safe_file.h"
 
 namespace {
 
@@ -21,12 +22,20 @@ std::string ownData(const std::string& shipped, const std::string& own) {
   return failed ? shipped : own;
 }
 
+// What a first start finds: the libraries that ship.
+void writeFirstSettings(const std::string& file) {
+  namespace fs = std::filesystem;
+  if (fs::exists(file)) { return; }
+  saveWhole(file, "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n");
+}
+
 DesktopParts partsOf(const QCommandLineParser& line) {
   DesktopParts parts;
   parts.places = findPlaces(line.value("data").toStdString());
   parts.settingsFile = line.isSet("settings") ? QFileInfo(line.value("settings")).absoluteFilePath().toStdString() : userSettingsFile();
   const std::string beside = std::filesystem::path(parts.settingsFile).parent_path().string();
   std::filesystem::create_directories(beside);
+  writeFirstSettings(parts.settingsFile);
   parts.recoveryFolder = beside + "/recovery";
   if (!line.isSet("data")) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/brevan";
