@@ -1,0 +1,97 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <deque>
+#include <filesystem>
+#include <fstream>
+
+#include "desktop/dialog_window.h"
+#include "desktop/main_window.h"
+#include "desktop/prompt_bar.h"
+#include "host/files/json_writer.h"
+
+// The real main window, offscreen, and a person's hands: steps that each wait for their moment, taken from the
+// event loop, so that they go on while a command asks.
+class DesktopSession : public ::testing::Test {
+ protected:
+  void SetUp() override { start(); }
+  void TearDown() override { window_.reset(); }
+
+  void start() {
+    window_.reset();
+    const std::string data = folder_.path().toStdString() + "/data";
+    std::filesystem::copy(BREVAN_DATA, data, std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing);
+    brevan::DesktopParts parts;
+    parts.places = {data, ARDENIX_MODULE, ""};
+    parts.settingsFile = folder_.path().toStdString() + "/settings.ini";
+    parts.recoveryFolder = folder_.path().toStdString() + "/recovery";
+    if (!std::filesystem::exists(parts.settingsFile)) {
+      std::ofstream(parts.settingsFile) << "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n";
+    }
+    window_ = std::make_unique<brevan::MainWindow>(parts);
+    window_->show();
+    QApplication::setActiveWindow(window_.get());
+    QTest::qWait(20);
+  }
+
+  // Done once the moment has come.
+  using Moment = std::function<bool()>;
+  void when(Moment moment, std::function<void()> action) { steps_.push_back({std::move(moment), std::move(action)}); }
+  void whenPrompted(const QString& start, std::function<void()> action) {
+    when([this, start] { return user().wantsPoint() && prompt().startsWith(start); }, std::move(action));
+  }
+  void whenDialog(std::function<void(brevan::DialogWindow&)> action) {
+    when([] { return dialogShown() != nullptr; }, [action = std::move(action)] { action(*dialogShown()); });
+  }
+  // Begins and takes the steps until all are done and no command runs.
+  void act(const std::function<void()>& begin) {
+    QTimer hands;
+    QElapsedTimer clock;
+    clock.start();
+    constexpr int kPatience = 10'000;
+    QObject::connect(&hands, &QTimer::timeout, [&] {
+      if (clock.elapsed() > kPatience) {
+        if (!steps_.empty()) { ADD_FAILURE() << steps_.size() << " steps never had their moment; the prompt is " << prompt().toStdString(); }
+        steps_.clear();
+        window_->runner().cancel();
+        return;
+      }
+      if (steps_.empty() || !steps_.front().moment()) { return; }
+      const auto action = steps_.front().action;
+      steps_.pop_front();
+      action();
+    });
+    hands.start(10);
+    begin();
+    while ((!steps_.empty() || window_->runner().busy()) && clock.elapsed() < 2 * kPatience) { QTest::qWait(10); }
+  }
+
+  static brevan::DialogWindow* dialogShown() { return qobject_cast<brevan::DialogWindow*>(QApplication::activeModalWidget()); }
+  QLineEdit& edit() { return *window_->promptBar().edit(); }
+  QString prompt() { return window_->findChild<QLabel*>("promptText")->text(); }
+  brevan::DesktopUser& user() { return *window_->findChild<brevan::DesktopUser*>(); }
+  brevan::Drawing& drawing() { return window_->host().window().drawing(); }
+  std::string json() { return drawingJson(drawing()); }
+  void keys(const QString& text) { QTest::keyClicks(&edit(), text); }
+  void key(Qt::Key which) { QTest::keyClick(&edit(), which); }
+  void click(brevan::Point at) {
+    QTest::mouseClick(&window_->view(), Qt::LeftButton, Qt::NoModifier, window_->view().toDevice(at).toPoint());
+  }
+
+  QTemporaryDir folder_;
+  std::unique_ptr<brevan::MainWindow> window_;
+
+ private:
+  struct Step {
+    Moment moment;
+    std::function<void()> action;
+  };
+  std::deque<Step> steps_;
+};

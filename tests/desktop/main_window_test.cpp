@@ -1,0 +1,186 @@
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "host/scripts/script_player.h"
+#include "tests/desktop/desktop_session.h"
+
+namespace {
+
+using namespace brevan;
+
+class Window : public DesktopSession {
+ protected:
+  // Places one bolt with keys alone, with its rotation menu left by "No Rotation".
+  void placeBolt() {
+    whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+    whenPrompted("Indicate the position of the Bolt", [this] { keys("60,60"), key(Qt::Key_Return); });
+    when([] { return QApplication::activePopupWidget() != nullptr; },
+         [] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_1); });
+    whenPrompted("Indicate the position of the Bolt", [this] { key(Qt::Key_Space); });
+    act([this] { keys("MechDrawBolts"), key(Qt::Key_Return); });
+  }
+  // What the recorded script draws in a host without a window.
+  std::string replayed() {
+    const std::string text = window_->recorder().script().toStdString();
+    const Script script = readScript("recorded.scr", text);
+    FileServices files(folder_.path().toStdString(), folder_.path().toStdString() + "/data");
+    INI_LIST settings("");
+    settings.SetString("MechanicalTools", "SpecFile", "ISO Mechspecs.ini");
+    ScriptPlayer player(script, PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});
+    try {
+      player.play();
+    } catch (const std::exception& failure) { return std::string(failure.what()) + "\n" + text; }
+    return drawingJson(player.host().window().drawing());
+  }
+};
+
+TEST_F(Window, ABoltIsPlacedByKeysUndoneRedoneRecordedAndReplayed) {
+  const std::string empty = json();
+  placeBolt();
+  EXPECT_GT(drawing().count(), 10U);
+  const std::string placed = json();
+  EXPECT_EQ(replayed(), placed);
+  window_->undo();
+  EXPECT_EQ(json(), empty);
+  window_->redo();
+  EXPECT_EQ(json(), placed);
+  EXPECT_EQ(replayed(), placed);
+}
+
+TEST_F(Window, ABoltIsPlacedByTheMouseAlone) {
+  placeBolt();
+  const size_t byKeys = drawing().count();
+  window_->undo();
+  const auto item = [this](const QString& menu, const QString& command) {
+    for (QAction* top : window_->menuBar()->actions()) {
+      if (top->text().remove('&') != menu) { continue; }
+      for (QAction* action : top->menu()->actions()) {
+        if (action->objectName() == command) { return action; }
+      }
+    }
+    return static_cast<QAction*>(nullptr);
+  };
+  QAction* bolts = item("Mechanical", "MechDrawBolts");
+  ASSERT_NE(bolts, nullptr);
+  Box about;
+  about.add(Point{0, 0});
+  about.add(Point{120, 120});
+  window_->view().zoomTo(about);
+  whenDialog([](DialogWindow& dialog) {
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+      if (button->text() == "OK") { QTest::mouseClick(button, Qt::LeftButton); }
+    }
+  });
+  whenPrompted("Indicate the position of the Bolt", [this] { click({60, 60}); });
+  when([] { return QApplication::activePopupWidget() != nullptr; }, [] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(menu->actions().front()).center());
+  });
+  whenPrompted("Indicate the position of the Bolt",
+               [this] { QTest::mouseClick(&window_->view(), Qt::RightButton); });
+  act([bolts] { bolts->trigger(); });
+  EXPECT_EQ(drawing().count(), byKeys);
+}
+
+TEST_F(Window, EscapeAtEveryQuestionLeavesAWholeDrawing) {
+  const std::string empty = json();
+  // At the dialog: by key and by the window's cross.
+  whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  act([this] { window_->runCommand("MechDrawBolts"); });
+  EXPECT_EQ(json(), empty);
+  whenDialog([](DialogWindow& dialog) { dialog.close(); });
+  act([this] { window_->runCommand("MechDrawBolts"); });
+  EXPECT_EQ(json(), empty);
+  // At the position.
+  whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+  whenPrompted("Indicate the position", [this] { key(Qt::Key_Escape); });
+  act([this] { window_->runCommand("MechDrawBolts"); });
+  EXPECT_EQ(json(), empty);
+  EXPECT_FALSE(window_->runner().busy());
+}
+
+TEST_F(Window, AnotherCommandEndsTheOneThatAsks) {
+  whenPrompted("Indicate the start of the line", [this] { click(window_->view().toDrawing({200, 200})); });
+  whenPrompted("Indicate the next point", [this] { window_->runTool("circle"); });
+  whenPrompted("Indicate the circle's centre", [this] { keys("10,10"), key(Qt::Key_Return); });
+  whenPrompted("Indicate a point on the circle", [this] { keys("@5<0"), key(Qt::Key_Return); });
+  whenPrompted("Indicate the circle's centre", [this] { key(Qt::Key_Space); });
+  act([this] { window_->runTool("line"); });
+  ASSERT_EQ(drawing().count(), 1U);
+  EXPECT_EQ(std::get<Arc>(drawing().find(1)->geometry), (Arc{{15, 10}, {10, 10}, {15, 10}}));
+}
+
+TEST_F(Window, ARefusedValueKeepsTheFocusAndSaysWhy) {
+  QString refusal;
+  QWidget* focus = nullptr;
+  QLineEdit* length = nullptr;
+  whenDialog([&](DialogWindow& dialog) {
+    length = dialog.findChildren<QLineEdit*>().front();
+    length->setFocus();
+    length->selectAll();
+    QTest::keyClicks(length, "4O");
+    QTest::keyClick(length, Qt::Key_Tab);
+  });
+  whenDialog([&](DialogWindow& dialog) {
+    refusal = dialog.refusalShown();
+    focus = dialog.focusWidget();
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  act([this] { window_->runCommand("MechDrawBolts"); });
+  EXPECT_TRUE(refusal.contains("4O")) << refusal.toStdString();
+  EXPECT_EQ(focus, length);
+}
+
+TEST_F(Window, WhatIsNotSavedIsOfferedBackAfterAKill) {
+  placeBolt();
+  const std::string placed = json();
+  // Another process's file whose process is gone stands for this one's after a kill.
+  const std::string recovery = folder_.path().toStdString() + "/recovery";
+  std::string kept;
+  for (const auto& entry : std::filesystem::directory_iterator(recovery)) { kept = entry.path().string(); }
+  ASSERT_FALSE(kept.empty());
+  std::filesystem::rename(kept, recovery + "/999999999-1-Drawing1.drg");
+  start();
+  when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
+       [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+  act([this] { EXPECT_TRUE(window_->offerRecovery()); });
+  EXPECT_EQ(json(), placed);
+}
+
+TEST(Prompt, PointsAreTypedAbsoluteRelativeAndPolar) {
+  const Point from{100, 50};
+  EXPECT_EQ(typedPoint("10,20", from), (Point{10, 20}));
+  EXPECT_EQ(typedPoint(" @ 5 , -5 ", from), (Point{105, 45}));
+  const Point polar = typedPoint("@10<90", from).value_or(Point{});
+  EXPECT_NEAR(polar.x, 100.0, 1e-9);
+  EXPECT_NEAR(polar.y, 60.0, 1e-9);
+  for (const char* wrong : {"", "10", "1,2,3", "10.5;3", "a,b", "@<"}) { EXPECT_FALSE(typedPoint(wrong, from)) << wrong; }
+}
+
+TEST(Snap, TheBestPointWithinReachWins) {
+  Drawing drawing;
+  drawing.add({.geometry = Line{{0, 0}, {100, 0}}});
+  drawing.add({.geometry = Line{{30, -10}, {30, 40}}});
+  const std::set<SnapKind> all = {SnapKind::kEnd,          SnapKind::kMiddle,        SnapKind::kCentre,
+                                  SnapKind::kIntersection, SnapKind::kPerpendicular, SnapKind::kNearest};
+  const auto at = [&](Point p, std::optional<Point> from = std::nullopt) { return snapAt(drawing, p, 2.0, all, from); };
+  EXPECT_EQ(at({1, 1})->kind, SnapKind::kEnd);
+  EXPECT_EQ(at({30.5, 0.5})->at, (Point{30, 0}));
+  EXPECT_EQ(at({49, 1})->kind, SnapKind::kMiddle);
+  EXPECT_EQ(at({70, 1})->at, (Point{70, 0}));
+  EXPECT_EQ(at({70, 1})->kind, SnapKind::kNearest);
+  EXPECT_EQ(at({81, 1}, Point{80, 60})->kind, SnapKind::kPerpendicular);
+  EXPECT_FALSE(at({70, 3}));
+  EXPECT_FALSE(snapAt(drawing, {1, 1}, 2.0, {SnapKind::kMiddle}, std::nullopt));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
