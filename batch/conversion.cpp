@@ -4,13 +4,13 @@
 #include <iostream>
 
 #include "batch/exit_codes.h"
-#include "render/exporters.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
 #include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
 #include "host/files/drawing_files.h"
 #include "host/files/drg_writer.h"
+#include "render/exporters.h"
 
 namespace brevan {
 

@@ -4,10 +4,10 @@
 #include "batch/conversion.h"
 #include "batch/descriptions.h"
 #include "batch/exit_codes.h"
-#include "host/core/installation.h"
 #include "batch/script_runs.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
+#include "host/core/installation.h"
 #include "host/scripts/script_syntax.h"
 
 namespace {
@@ -66,7 +66,9 @@ void execute(const CommandLine& line) {
   const brevan::Places places = inputs([&line] { return brevan::findPlaces(line.dataFolder); });
   if (line.run->parsed()) {
     brevan::RunOptions options = line.runOptions;
-    if (line.userSettings) { options.settings = inputs([] { return brevan::userSettingsFile(); }); }
+    if (line.userSettings) {
+      options.settings = inputs([] { return brevan::userSettingsFile(); });
+    }
     brevan::runScripts(options, places);
   }
   if (line.commands->parsed()) { std::cout << brevan::commandList(places); }

@@ -5,12 +5,12 @@
 #include <memory>
 
 #include "batch/exit_codes.h"
-#include "render/exporters.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
 #include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
 #include "host/scripts/script_player.h"
+#include "render/exporters.h"
 
 namespace brevan {
 

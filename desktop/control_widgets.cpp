@@ -44,8 +44,9 @@ class CheckWidget : public ControlWidget {
     box_ = new QCheckBox(brevan::shown(this->control().caption), parent);
     widget_ = target_ = box_;
     QObject::connect(box_, &QCheckBox::clicked, box_, [this](bool checked) {
-      owner_.operate(control_, [this, checked](DialogSession& session) { return session.check(control_, checked); },
-                     statement(checked ? "check" : "uncheck"));
+      owner_.operate(
+          control_, [this, checked](DialogSession& session) { return session.check(control_, checked); },
+          statement(checked ? "check" : "uncheck"));
     });
   }
   void show() override { box_->setChecked(state<CheckBox>().checked); }
@@ -69,8 +70,9 @@ class RadioWidget : public ControlWidget {
       buttons_.push_back(button);
       QObject::connect(button, &QRadioButton::clicked, button, [this, item] {
         const std::string caption = itemTexts(this->control().state).at(item);
-        owner_.operate(control_, [this, caption](DialogSession& session) { return session.choose(control_, caption); },
-                       statement("pick", scriptString(brevan::shown(caption))));
+        owner_.operate(
+            control_, [this, caption](DialogSession& session) { return session.choose(control_, caption); },
+            statement("pick", scriptString(brevan::shown(caption))));
       });
     }
     target_ = buttons_.empty() ? nullptr : buttons_.front();
@@ -97,7 +99,8 @@ class ButtonWidget : public ControlWidget {
     button_->setDefault(state<Button>().role == ButtonRole::kOk);
     widget_ = target_ = button_;
     QObject::connect(button_, &QPushButton::clicked, button_, [this] {
-      owner_.operate(control_, [this](DialogSession& session) { return session.press(control_); }, statement("press"));
+      owner_.operate(
+          control_, [this](DialogSession& session) { return session.press(control_); }, statement("press"));
     });
   }
   void show() override {}
@@ -113,7 +116,8 @@ class PenWidget : public ControlWidget {
     button_->setAutoDefault(false);
     widget_ = target_ = button_;
     QObject::connect(button_, &QPushButton::clicked, button_, [this] {
-      owner_.operate(control_, [this](DialogSession& session) { return session.press(control_); }, statement("press"));
+      owner_.operate(
+          control_, [this](DialogSession& session) { return session.press(control_); }, statement("press"));
     });
   }
   void show() override {
@@ -134,8 +138,9 @@ class TabsWidget : public ControlWidget {
     QObject::connect(bar_, &QTabBar::tabBarClicked, bar_, [this](int page) {
       if (page < 0) { return; }
       const std::string name = state<Tabs>().pages.at(static_cast<size_t>(page));
-      owner_.operate(control_, [this, name](DialogSession& session) { return session.choose(control_, name); },
-                     "tab " + scriptString(brevan::shown(name)));
+      owner_.operate(
+          control_, [this, name](DialogSession& session) { return session.choose(control_, name); },
+          "tab " + scriptString(brevan::shown(name)));
     });
   }
   void show() override { bar_->setCurrentIndex(state<Tabs>().current); }

@@ -39,7 +39,11 @@ QString qtFilter(const std::string& filter) {
 }  // namespace
 
 DesktopUser::DesktopUser(PromptBar& promptBar, Recorder& recorder, QString pictureFolder, QWidget* window)
-    : QObject(window), promptBar_(promptBar), recorder_(recorder), pictureFolder_(std::move(pictureFolder)), window_(window) {
+    : QObject(window),
+      promptBar_(promptBar),
+      recorder_(recorder),
+      pictureFolder_(std::move(pictureFolder)),
+      window_(window) {
   connect(&promptBar, &PromptBar::pointTyped, this, &DesktopUser::givePoint);
   connect(&promptBar, &PromptBar::spacePressed, this, &DesktopUser::giveSpace);
   connect(&promptBar, &PromptBar::escapePressed, this, &DesktopUser::giveEscape);
@@ -170,7 +174,8 @@ std::optional<size_t> DesktopUser::chooseFromMenu(const std::vector<std::string>
     QString caption = shown(items[item]);
     caption.replace('&', "&&");
     constexpr size_t kDigits = 9;
-    menu.addAction(item < kDigits ? QString("&%1  %2").arg(item + 1).arg(caption) : caption)->setData(QVariant::fromValue(item));
+    menu.addAction(item < kDigits ? QString("&%1  %2").arg(item + 1).arg(caption) : caption)
+        ->setData(QVariant::fromValue(item));
   }
   if (!menu.actions().isEmpty()) { menu.setActiveAction(menu.actions().front()); }
   modal_ = &menu;
@@ -183,7 +188,9 @@ std::optional<size_t> DesktopUser::chooseFromMenu(const std::vector<std::string>
 std::optional<std::string> DesktopUser::chooseFile(const FileRequest& request) {
   if (cancelled_) { return std::nullopt; }
   QFileDialog chooser(topWindow(), shown(request.title));
-  chooser.setFileMode(request.folder ? QFileDialog::Directory : request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  chooser.setFileMode(request.folder ? QFileDialog::Directory
+                      : request.open ? QFileDialog::ExistingFile
+                                     : QFileDialog::AnyFile);
   chooser.setAcceptMode(request.open || request.folder ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
   if (!request.filter.empty()) { chooser.setNameFilter(qtFilter(request.filter)); }
   chooser.setDefaultSuffix(shown(request.defaultExtension));

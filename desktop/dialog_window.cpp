@@ -97,7 +97,8 @@ QWidget* DialogWindow::build(int group) {
   for (int child = 1; child < static_cast<int>(groups_.size()); ++child) {
     const dialog::Group& inner = description_.groups()[static_cast<size_t>(child)];
     if (inner.parent != group) { continue; }
-    grid->addWidget(build(child), inner.place.row, 2 * inner.place.column, inner.place.rowSpan, 2 * inner.place.columnSpan);
+    grid->addWidget(build(child), inner.place.row, 2 * inner.place.column, inner.place.rowSpan,
+                    2 * inner.place.columnSpan);
   }
   return box;
 }
@@ -121,8 +122,9 @@ void DialogWindow::addMenuBar(int index) {
           action->setCheckable(item.checked);
           action->setChecked(item.checked);
           connect(action, &QAction::triggered, this, [this, index, here] {
-            operate(index, [here](DialogSession& session) { return session.chooseMenu(here); },
-                    "menu " + scriptString(shown(here)));
+            operate(
+                index, [here](DialogSession& session) { return session.chooseMenu(here); },
+                "menu " + scriptString(shown(here)));
           });
         }
       };
@@ -152,7 +154,9 @@ void DialogWindow::showControl(int control) {
   for (size_t other = 0; other < controls_.size(); ++other) {
     if (controls_[other] == nullptr) { continue; }
     const State& state = description_.control(static_cast<int>(other)).state;
-    if (std::holds_alternative<PixelCanvas>(state) || std::holds_alternative<Preview>(state)) { controls_[other]->show(); }
+    if (std::holds_alternative<PixelCanvas>(state) || std::holds_alternative<Preview>(state)) {
+      controls_[other]->show();
+    }
   }
 }
 
@@ -163,7 +167,9 @@ void DialogWindow::showGroups() {
   }
   for (size_t group = 1; group < groups_.size(); ++group) {
     const dialog::Group& described = description_.groups()[group];
-    if (groups_[group] != nullptr) { groups_[group]->setVisible(described.visible && (described.page < 0 || described.page == page)); }
+    if (groups_[group] != nullptr) {
+      groups_[group]->setVisible(described.visible && (described.page < 0 || described.page == page));
+    }
   }
 }
 
@@ -217,8 +223,9 @@ void DialogWindow::operate(int, const std::function<DialogSession::Refusal(Dialo
 
 void DialogWindow::focusArrived(int control) {
   if (operating_ > 0 || control == description_.focus() || description_.closed()) { return; }
-  operate(control, [control](DialogSession& session) { return session.focus(control); },
-          "focus " + scriptString(shown(addressOf(description_, control))));
+  operate(
+      control, [control](DialogSession& session) { return session.focus(control); },
+      "focus " + scriptString(shown(addressOf(description_, control))));
 }
 
 bool DialogWindow::eventFilter(QObject* object, QEvent* event) {
@@ -231,10 +238,13 @@ bool DialogWindow::eventFilter(QObject* object, QEvent* event) {
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) {
-    operate(-1, [this](DialogSession& session) -> DialogSession::Refusal {
-      session.help(description_.focus());
-      return std::nullopt;
-    }, "help");
+    operate(
+        -1,
+        [this](DialogSession& session) -> DialogSession::Refusal {
+          session.help(description_.focus());
+          return std::nullopt;
+        },
+        "help");
   } else if (event->key() == Qt::Key_Escape) {
     cancel();
   } else {
@@ -256,10 +266,13 @@ void DialogWindow::changeEvent(QEvent* event) {
 }
 
 void DialogWindow::cancel() {
-  operate(-1, [](DialogSession& session) -> DialogSession::Refusal {
-    session.cancel();
-    return std::nullopt;
-  }, "close");
+  operate(
+      -1,
+      [](DialogSession& session) -> DialogSession::Refusal {
+        session.cancel();
+        return std::nullopt;
+      },
+      "close");
 }
 
 void DialogWindow::endIfClosed() {

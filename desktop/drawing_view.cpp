@@ -197,7 +197,8 @@ void DrawingView::paintEvent(QPaintEvent*) {
     const double ratio = devicePixelRatioF();
     const Transform now = transformOf(placing_) * transformOf(picturePlacing_).inverted();
     const Point low = now({0.0, 0.0}) * (1.0 / ratio);
-    const Point high = now({static_cast<double>(picture_.width()), static_cast<double>(picture_.height())}) * (1.0 / ratio);
+    const Point high =
+        now({static_cast<double>(picture_.width()), static_cast<double>(picture_.height())}) * (1.0 / ratio);
     painter.drawImage(QRectF(QPointF(low.x, low.y), QPointF(high.x, high.y)), picture_);
   }
   paintOverlay(painter);
@@ -348,9 +349,9 @@ Point DrawingView::pickedPoint(QPointF at, SnapPoint* snap) const {
 
 void DrawingView::updateHover(QPointF at) {
   static const std::map<SnapKind, const char*> kNames = {
-      {SnapKind::kEnd, "end"},           {SnapKind::kMiddle, "middle"},
-      {SnapKind::kCentre, "centre"},     {SnapKind::kIntersection, "intersection"},
-      {SnapKind::kNearest, "nearest"},   {SnapKind::kPerpendicular, "perpendicular"}};
+      {SnapKind::kEnd, "end"},         {SnapKind::kMiddle, "middle"},
+      {SnapKind::kCentre, "centre"},   {SnapKind::kIntersection, "intersection"},
+      {SnapKind::kNearest, "nearest"}, {SnapKind::kPerpendicular, "perpendicular"}};
   mouse_ = at;
   snap_.reset();
   Point shown = toDrawing(at);

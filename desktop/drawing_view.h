@@ -94,16 +94,16 @@ class DrawingView : public QWidget {
   const ViewStyle& style_;
   Placing placing_;
   bool fitted_ = true;  // shows all, and goes on doing so when the window changes its size
-  QImage picture_;    // what is shown, painted for picturePlacing_
+  QImage picture_;      // what is shown, painted for picturePlacing_
   Placing picturePlacing_;
-  QImage upcoming_;   // being painted for placing_
+  QImage upcoming_;           // being painted for placing_
   std::vector<QRect> tiles_;  // of upcoming_, still to be painted
   uint64_t paintedRevision_ = 0;
   QTimer painting_;
   bool picking_ = false;
   bool selecting_ = true;
   bool zoomWindow_ = false;
-  std::optional<QPointF> dragFrom_;    // of a window being drawn
+  std::optional<QPointF> dragFrom_;  // of a window being drawn
   std::optional<QPointF> panFrom_;
   QPointF mouse_;
   bool mouseInside_ = false;

@@ -71,14 +71,14 @@ class GridWidget : public ControlWidget {
     table_->setTabKeyNavigation(false);
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setItemDelegate(new CellEditors([this](const QModelIndex& index) { return cellAt(index.row(), index.column()); },
-                                            [this](const QModelIndex& index, const QString& text) {
-                                              edit(index.row(), index.column(), text);
-                                            },
-                                            table_));
-    QObject::connect(table_, &QTableWidget::currentCellChanged, table_,
-                     [this](int row, int column, int, int) { click(row, column, DialogSession::Click::kSelect, "click"); });
-    QObject::connect(table_, &QTableWidget::cellDoubleClicked, table_, [this](int row, int column) { press(row, column); });
+    table_->setItemDelegate(new CellEditors(
+        [this](const QModelIndex& index) { return cellAt(index.row(), index.column()); },
+        [this](const QModelIndex& index, const QString& text) { edit(index.row(), index.column(), text); }, table_));
+    QObject::connect(table_, &QTableWidget::currentCellChanged, table_, [this](int row, int column, int, int) {
+      click(row, column, DialogSession::Click::kSelect, "click");
+    });
+    QObject::connect(table_, &QTableWidget::cellDoubleClicked, table_,
+                     [this](int row, int column) { press(row, column); });
     QObject::connect(table_, &QTableWidget::itemChanged, table_, [this](QTableWidgetItem* item) {
       const Cell* cell = cellAt(item->row(), item->column());
       if (cell == nullptr || cell->kind != CellKind::kCheck) { return; }
@@ -107,10 +107,12 @@ class GridWidget : public ControlWidget {
     table_->verticalHeader()->setVisible(!grid.rowHeadings.empty());
     for (size_t row = 0; row < grid.rows.size(); ++row) {
       if (row < grid.rowHeadings.size()) {
-        table_->setVerticalHeaderItem(static_cast<int>(row), new QTableWidgetItem(brevan::shown(grid.rowHeadings[row])));
+        table_->setVerticalHeaderItem(static_cast<int>(row),
+                                      new QTableWidgetItem(brevan::shown(grid.rowHeadings[row])));
       }
       for (size_t column = 0; column < grid.rows[row].size(); ++column) {
-        table_->setItem(static_cast<int>(row), static_cast<int>(column), itemOf(grid.rows[row][column], grid.columns[column]));
+        table_->setItem(static_cast<int>(row), static_cast<int>(column),
+                        itemOf(grid.rows[row][column], grid.columns[column]));
       }
     }
     for (size_t column = 0; column < grid.columns.size(); ++column) {
@@ -140,8 +142,12 @@ class GridWidget : public ControlWidget {
       item->setForeground(table_->palette().color(QPalette::Disabled, QPalette::Text));
     }
     if (cell.kind == CellKind::kPen) { item->setIcon(penIcon(QString::fromStdString(cell.text).toInt(), *table_)); }
-    if (cell.kind == CellKind::kLineType) { item->setIcon(lineTypeIcon(QString::fromStdString(cell.text).toInt(), *table_)); }
-    if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger) { item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter); }
+    if (cell.kind == CellKind::kLineType) {
+      item->setIcon(lineTypeIcon(QString::fromStdString(cell.text).toInt(), *table_));
+    }
+    if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger) {
+      item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
     if (cell.ground != kUsual) { item->setBackground(QColor(QRgb(cell.ground))); }
     item->setFlags(flags);
     return item;
@@ -155,14 +161,16 @@ class GridWidget : public ControlWidget {
   void click(int row, int column, DialogSession::Click kind, const char* word) {
     if (row < 0) { return; }
     const std::string title = columnTitle(column);
-    owner_.operate(control_,
-                   [this, row, title, kind](DialogSession& session) { return session.clickCell(control_, row + 1, title, kind); },
-                   statement(word, place(row, column)));
+    owner_.operate(
+        control_,
+        [this, row, title, kind](DialogSession& session) { return session.clickCell(control_, row + 1, title, kind); },
+        statement(word, place(row, column)));
   }
   void press(int row, int column) {
     const Cell* cell = cellAt(row, column);
     if (cell != nullptr && cell->kind == CellKind::kPen && !cell->readOnly && !state<Grid>().onCellPress) {
-      if (const auto pen = choosePenFrom(table_, brevan::shown(columnTitle(column)), QString::fromStdString(cell->text).toInt())) {
+      if (const auto pen =
+              choosePenFrom(table_, brevan::shown(columnTitle(column)), QString::fromStdString(cell->text).toInt())) {
         edit(row, column, QString::number(*pen));
       }
       return;
@@ -174,9 +182,12 @@ class GridWidget : public ControlWidget {
     const Cell* cell = cellAt(row, column);
     if (!taken || cell == nullptr || *taken == cell->text) { return; }
     const std::string title = columnTitle(column);
-    owner_.operate(control_,
-                   [this, row, title, taken](DialogSession& session) { return session.editCell(control_, row + 1, title, *taken); },
-                   statement("cell", place(row, column) + ' ' + scriptString(text)));
+    owner_.operate(
+        control_,
+        [this, row, title, taken](DialogSession& session) {
+          return session.editCell(control_, row + 1, title, *taken);
+        },
+        statement("cell", place(row, column) + ' ' + scriptString(text)));
     show();
   }
   QTableWidget* table_;

@@ -29,7 +29,9 @@ const std::map<QString, const char*>& drawings() {
       {"text", "M5 6V4h14v2M12 4v16M9 20h6"},
       {"select", "M5 3l13 8-6 1.5L9.5 19z"},
       {"erase", "M8 19l-5-5L13 4l7 7-8 8zM8 9l7 7M6 19h14"},
-      {"move", "M12 3v18M3 12h18M12 3l-2.5 2.5M12 3l2.5 2.5M12 21l-2.5-2.5M12 21l2.5-2.5M3 12l2.5-2.5M3 12l2.5 2.5M21 12l-2.5-2.5M21 12l-2.5 2.5"},
+      {"move",
+       "M12 3v18M3 12h18M12 3l-2.5 2.5M12 3l2.5 2.5M12 21l-2.5-2.5M12 21l2.5-2.5M3 12l2.5-2.5M3 12l2.5 2.5M21 "
+       "12l-2.5-2.5M21 12l-2.5 2.5"},
       {"copy", "M4 4h11v11H4zM9 15v5h11V9h-5"},
       {"rotate", "M19 12a7 7 0 1 1-3-5.7M16 2v5h5"},
       {"mirror", "M12 3v3M12 8v3M12 13v3M12 18v3M9 6L3 18h6zM15 6l6 12h-6z"},
@@ -61,9 +63,11 @@ QIcon toolIcon(const QString& name, const QWidget& beside) {
   const QColor ink = beside.palette().color(QPalette::WindowText);
   const auto drawing = drawings().find(name);
   if (drawing == drawings().end()) { return letters(name, {kSize, kSize}, ink, ratio); }
-  const QString art = QString("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 24 24'><path d='%1' fill='none' stroke='%2' "
-                              "stroke-width='1.6' stroke-linecap='round' stroke-linejoin='round'/></svg>")
-                          .arg(QString(drawing->second), ink.name());
+  const QString art =
+      QString(
+          "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 24 24'><path d='%1' fill='none' stroke='%2' "
+          "stroke-width='1.6' stroke-linecap='round' stroke-linejoin='round'/></svg>")
+          .arg(QString(drawing->second), ink.name());
   QPixmap pixmap(QSize(kSize, kSize) * ratio);
   pixmap.setDevicePixelRatio(ratio);
   pixmap.fill(Qt::transparent);
@@ -75,7 +79,8 @@ QIcon toolIcon(const QString& name, const QWidget& beside) {
 // A drawn angle with its bisector.
 QIcon programIcon() {
   static const char* const kArt =
-      "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 64 64'><rect width='64' height='64' rx='12' fill='#1f4e79'/>"
+      "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 64 64'><rect width='64' height='64' rx='12' "
+      "fill='#1f4e79'/>"
       "<path d='M14 50L32 12L50 50M21 36h22' fill='none' stroke='#ffffff' stroke-width='5' stroke-linejoin='round' "
       "stroke-linecap='round'/><circle cx='32' cy='12' r='4.5' fill='#f2a33a'/></svg>";
   QPixmap pixmap(128, 128);

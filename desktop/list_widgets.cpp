@@ -28,8 +28,9 @@ class ComboWidget : public ControlWidget {
     combo_->setMinimumContentsLength(8);
     QObject::connect(combo_, &QComboBox::activated, combo_, [this](int item) {
       const std::string entry = entries().at(static_cast<size_t>(item));
-      owner_.operate(control_, [this, entry](DialogSession& session) { return session.choose(control_, entry); },
-                     statement("pick", scriptString(brevan::shown(entry))));
+      owner_.operate(
+          control_, [this, entry](DialogSession& session) { return session.choose(control_, entry); },
+          statement("pick", scriptString(brevan::shown(entry))));
     });
     const auto* list = std::get_if<DropDown>(&this->control().state);
     if (list == nullptr || !list->editable) { return; }
@@ -39,8 +40,9 @@ class ComboWidget : public ControlWidget {
     QObject::connect(combo_->lineEdit(), &QLineEdit::textEdited, combo_, [this](const QString& text) {
       const auto taken = hostText(text);
       if (!taken) { return; }
-      owner_.operate(control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
-                     statement("type", scriptString(text)));
+      owner_.operate(
+          control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
+          statement("type", scriptString(text)));
     });
   }
 
@@ -117,8 +119,9 @@ class ListWidget : public ControlWidget {
       words.append(scriptString(list_->item(row)->text()));
     }
     if (items.empty()) { return; }
-    owner_.operate(control_, [this, items](DialogSession& session) { return session.chooseSeveral(control_, items); },
-                   statement("select", words.join(' ')));
+    owner_.operate(
+        control_, [this, items](DialogSession& session) { return session.chooseSeveral(control_, items); },
+        statement("select", words.join(' ')));
   }
   QListWidget* list_;
 };
@@ -135,15 +138,18 @@ class ColumnsWidget : public ControlWidget {
     list_->setHeaderLabels(titles);
     QObject::connect(list_, &QTreeWidget::itemSelectionChanged, list_, [this] {
       if (list_->currentItem() == nullptr) { return; }
-      const std::string entry = itemTexts(this->control().state).at(static_cast<size_t>(list_->indexOfTopLevelItem(list_->currentItem())));
-      owner_.operate(control_, [this, entry](DialogSession& session) { return session.choose(control_, entry); },
-                     statement("pick", scriptString(brevan::shown(entry))));
+      const std::string entry =
+          itemTexts(this->control().state).at(static_cast<size_t>(list_->indexOfTopLevelItem(list_->currentItem())));
+      owner_.operate(
+          control_, [this, entry](DialogSession& session) { return session.choose(control_, entry); },
+          statement("pick", scriptString(brevan::shown(entry))));
     });
     QObject::connect(list_->header(), &QHeaderView::sectionResized, list_, [this](int column, int, int size) {
       const std::string title = state<ColumnList>().columns.at(static_cast<size_t>(column)).title;
-      owner_.operate(control_,
-                     [this, title, size](DialogSession& session) { return session.setColumnWidth(control_, title, size); },
-                     statement("width", scriptString(brevan::shown(title)) + ' ' + QString::number(size)));
+      owner_.operate(
+          control_,
+          [this, title, size](DialogSession& session) { return session.setColumnWidth(control_, title, size); },
+          statement("width", scriptString(brevan::shown(title)) + ' ' + QString::number(size)));
     });
   }
   void show() override {
@@ -180,8 +186,9 @@ class BranchesWidget : public ControlWidget {
       for (; item != nullptr; item = item->parent()) { path.prepend(item->text(0)); }
       const auto entry = hostText(path.join('/'));
       if (!entry) { return; }
-      owner_.operate(control_, [this, entry](DialogSession& session) { return session.choose(control_, *entry); },
-                     statement("pick", scriptString(path.join('/'))));
+      owner_.operate(
+          control_, [this, entry](DialogSession& session) { return session.choose(control_, *entry); },
+          statement("pick", scriptString(path.join('/'))));
     });
   }
   void show() override {

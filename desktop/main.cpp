@@ -32,7 +32,8 @@ void writeFirstSettings(const std::string& file) {
 DesktopParts partsOf(const QCommandLineParser& line) {
   DesktopParts parts;
   parts.places = findPlaces(line.value("data").toStdString());
-  parts.settingsFile = line.isSet("settings") ? QFileInfo(line.value("settings")).absoluteFilePath().toStdString() : userSettingsFile();
+  parts.settingsFile =
+      line.isSet("settings") ? QFileInfo(line.value("settings")).absoluteFilePath().toStdString() : userSettingsFile();
   const std::string beside = std::filesystem::path(parts.settingsFile).parent_path().string();
   std::filesystem::create_directories(beside);
   writeFirstSettings(parts.settingsFile);
@@ -50,7 +51,9 @@ int main(int argc, char** argv) {
   // Answers that need no display.
   for (int word = 1; word < argc; ++word) {
     const QString option = argv[word];
-    if (option == "--version" || option == "-v" || option == "--help" || option == "-h") { qputenv("QT_QPA_PLATFORM", "offscreen"); }
+    if (option == "--version" || option == "-v" || option == "--help" || option == "-h") {
+      qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
   }
   QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QApplication application(argc, argv);
@@ -62,8 +65,10 @@ int main(int argc, char** argv) {
   line.setApplicationDescription(QCoreApplication::translate("brevan", "Draws with parametric drafting commands."));
   line.addHelpOption();
   line.addVersionOption();
-  line.addOption({"data", QCoreApplication::translate("brevan", "The folder of libraries, symbols and templates."), "folder"});
-  line.addOption({"settings", QCoreApplication::translate("brevan", "The settings file, in place of your own."), "file"});
+  line.addOption(
+      {"data", QCoreApplication::translate("brevan", "The folder of libraries, symbols and templates."), "folder"});
+  line.addOption(
+      {"settings", QCoreApplication::translate("brevan", "The settings file, in place of your own."), "file"});
   line.addPositionalArgument("drawings", QCoreApplication::translate("brevan", "Drawings to open."), "[drawings...]");
   line.process(application);
   try {

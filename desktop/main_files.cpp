@@ -36,7 +36,8 @@ void MainWindow::newDrawing() {
 }
 
 void MainWindow::askOpen() {
-  const QString path = QFileDialog::getOpenFileName(this, tr("Open"), {}, tr("Drawings (*.drg *.dxf *.sym *.DRG *.DXF);;All files (*)"));
+  const QString path =
+      QFileDialog::getOpenFileName(this, tr("Open"), {}, tr("Drawings (*.drg *.dxf *.sym *.DRG *.DXF);;All files (*)"));
   if (!path.isEmpty()) { openFile(path); }
 }
 
@@ -88,9 +89,9 @@ bool MainWindow::saveAs() {
 }
 
 void MainWindow::exportAs() {
-  const QString path = QFileDialog::getSaveFileName(
-      this, tr("Export"), shown(host_->window().name()) + ".pdf",
-      tr("PDF (*.pdf);;DXF (*.dxf);;SVG (*.svg);;PNG (*.png);;JSON (*.json)"));
+  const QString path =
+      QFileDialog::getSaveFileName(this, tr("Export"), shown(host_->window().name()) + ".pdf",
+                                   tr("PDF (*.pdf);;DXF (*.dxf);;SVG (*.svg);;PNG (*.png);;JSON (*.json)"));
   if (path.isEmpty()) { return; }
   runner_.run(tr("Export"), [this, path] {
     const auto all = exporters(plain(path).toStdString());
@@ -106,7 +107,8 @@ void MainWindow::print() {
   QPrinter printer(QPrinter::HighResolution);
   const Drawing& drawing = host_->window().drawing();
   const Sheet sheet = drawing.sheet().value_or(sheetFor(drawing.extents(), drawing.parameters()));
-  printer.setPageSize(QPageSize(QSizeF(std::min(sheet.width, sheet.height), std::max(sheet.width, sheet.height)), QPageSize::Millimeter));
+  printer.setPageSize(QPageSize(QSizeF(std::min(sheet.width, sheet.height), std::max(sheet.width, sheet.height)),
+                                QPageSize::Millimeter));
   printer.setPageOrientation(sheet.width > sheet.height ? QPageLayout::Landscape : QPageLayout::Portrait);
   printer.setFullPage(true);
   QPrintDialog chooser(&printer, this);
@@ -118,15 +120,19 @@ void MainWindow::print() {
 }
 
 void MainWindow::saveRecording() {
-  const QString path = QFileDialog::getSaveFileName(this, tr("Save Recorded Script"), "recorded.scr", tr("Scripts (*.scr)"));
+  const QString path =
+      QFileDialog::getSaveFileName(this, tr("Save Recorded Script"), "recorded.scr", tr("Scripts (*.scr)"));
   if (path.isEmpty()) { return; }
   try {
     saveWhole(path.toStdString(), recorder_.script().toStdString());
     statusBar()->showMessage(tr("Saved %1").arg(path));
-  } catch (const std::exception& failure) { QMessageBox::critical(this, tr("Save Recorded Script"), shown(failure.what())); }
+  } catch (const std::exception& failure) {
+    QMessageBox::critical(this, tr("Save Recorded Script"), shown(failure.what()));
+  }
 }
 
-// ---- Recent files ----------------------------------------------------------------------------------------------------
+// ---- Recent files
+// ----------------------------------------------------------------------------------------------------
 
 void MainWindow::noteRecent(const QString& path) {
   QStringList recent{QDir(path).absolutePath()};
@@ -145,19 +151,22 @@ void MainWindow::showRecent() {
   for (int number = 1; number <= kMostRecent; ++number) {
     const QString path = shown(setting("Recent" + std::to_string(number)));
     if (path.isEmpty()) { continue; }
-    connect(recent_->addAction(QString("&%1  %2").arg(number).arg(path)), &QAction::triggered, this, [this, path] { openFile(path); });
+    connect(recent_->addAction(QString("&%1  %2").arg(number).arg(path)), &QAction::triggered, this,
+            [this, path] { openFile(path); });
   }
   if (recent_->isEmpty()) { recent_->addAction(tr("(none yet)"))->setEnabled(false); }
 }
 
-// ---- Nothing lost ----------------------------------------------------------------------------------------------------
+// ---- Nothing lost
+// ----------------------------------------------------------------------------------------------------
 
 bool MainWindow::mayClose(const std::string& name) {
   if (!isModified(name)) { return true; }
   host_->goToWindow(name);
   followHost();
-  const auto answer = QMessageBox::question(this, "Brevan", tr("Save the changes to %1?").arg(shown(name)),
-                                            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+  const auto answer =
+      QMessageBox::question(this, "Brevan", tr("Save the changes to %1?").arg(shown(name)),
+                            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
   return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
 }
 
@@ -167,7 +176,8 @@ bool MainWindow::offerRecovery() {
   QStringList names;
   for (const Recovery::Kept& kept : left) { names.append(shown(kept.name)); }
   const auto answer = QMessageBox::question(
-      this, "Brevan", tr("The last session did not end well. Its drawings were kept: %1.\nOpen them?").arg(names.join(", ")),
+      this, "Brevan",
+      tr("The last session did not end well. Its drawings were kept: %1.\nOpen them?").arg(names.join(", ")),
       QMessageBox::Open | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Open);
   for (const Recovery::Kept& kept : left) {
     if (answer == QMessageBox::Discard) { Recovery::remove(kept.file); }

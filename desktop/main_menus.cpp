@@ -9,8 +9,8 @@
 #include <QStyleFactory>
 #include <QToolBar>
 
-#include "desktop/icons.h"
 #include "desktop/control_widgets.h"
+#include "desktop/icons.h"
 #include "desktop/main_window.h"
 #include "desktop/panels.h"
 #include "desktop/pen_widgets.h"
@@ -60,7 +60,9 @@ void MainWindow::refreshIcons() {
   for (const auto& [action, icon] : icons_) { action->setIcon(toolIcon(icon, *this)); }
   if (penChoice_ == nullptr) { return; }
   for (int pen = 0; pen < penChoice_->count(); ++pen) { penChoice_->setItemIcon(pen, penIcon(pen + 1, *this)); }
-  for (int type = 0; type < lineTypeChoice_->count(); ++type) { lineTypeChoice_->setItemIcon(type, lineTypeIcon(type + 1, *this)); }
+  for (int type = 0; type < lineTypeChoice_->count(); ++type) {
+    lineTypeChoice_->setItemIcon(type, lineTypeIcon(type + 1, *this));
+  }
 }
 
 void MainWindow::buildMenus() {
@@ -119,10 +121,12 @@ void MainWindow::buildViewMenu() {
   QMenu& menu = *menuBar()->addMenu(tr("&View"));
   toolBar_->addSeparator();
   toolBar_->addAction(action(menu, "zoom-all", tr("Zoom &All"), QKeySequence("Ctrl+0"), [this] { view().zoomAll(); }));
-  toolBar_->addAction(action(menu, "zoom-window", tr("Zoom &Window"), QKeySequence("Ctrl+W"), [this] { view().beginZoomWindow(); }));
+  toolBar_->addAction(
+      action(menu, "zoom-window", tr("Zoom &Window"), QKeySequence("Ctrl+W"), [this] { view().beginZoomWindow(); }));
   constexpr double kStep = 1.5;
   toolBar_->addAction(action(menu, "zoom-in", tr("Zoom &In"), QKeySequence::ZoomIn, [this] { view().zoomBy(kStep); }));
-  toolBar_->addAction(action(menu, "zoom-out", tr("Zoom &Out"), QKeySequence::ZoomOut, [this] { view().zoomBy(1.0 / kStep); }));
+  toolBar_->addAction(
+      action(menu, "zoom-out", tr("Zoom &Out"), QKeySequence::ZoomOut, [this] { view().zoomBy(1.0 / kStep); }));
   menu.addSeparator();
   const auto toggle = [this, &menu](const QString& caption, const QKeySequence& keys, const char* key, bool before,
                                     const std::function<void(bool)>& change) {
@@ -169,7 +173,8 @@ void MainWindow::buildToolMenus() {
   for (const DrawingTool& tool : drawingTools()) {
     const QString name = shown(tool.name);
     const bool draws = !tool.changesSelection && tool.name != "trim";
-    QAction* made = action(draws ? draw : change, "", tr(std::string(tool.caption).c_str()), {}, [this, name] { runTool(name); });
+    QAction* made =
+        action(draws ? draw : change, "", tr(std::string(tool.caption).c_str()), {}, [this, name] { runTool(name); });
     icons_.emplace_back(made, name);
     made->setToolTip(tr(std::string(tool.hint).c_str()));
     bar->addAction(made);
@@ -200,7 +205,8 @@ void MainWindow::buildHelpMenu() {
   });
   action(menu, "", tr("&About Brevan"), {}, [this] {
     QMessageBox::about(this, tr("About Brevan"),
-                       tr("Brevan %1\nDrawing host\n\nArdenix %2\nParametric drafting commands").arg(BREVAN_VERSION, shown(host_->module()->version())));
+                       tr("Brevan %1\nDrawing host\n\nArdenix %2\nParametric drafting commands")
+                           .arg(BREVAN_VERSION, shown(host_->module()->version())));
   });
 }
 
@@ -269,7 +275,8 @@ void MainWindow::setStyle() {
   });
 }
 
-// ---- Panels ----------------------------------------------------------------------------------------------------------
+// ---- Panels
+// ----------------------------------------------------------------------------------------------------------
 
 void MainWindow::buildDocks() {
   const auto dock = [this](const QString& title, const char* name, QWidget* panel) {
@@ -304,8 +311,8 @@ void MainWindow::editSettings() {
     Dialog dialog("Drawing Settings");
     const CFloatEdit scale = addFloat(dialog, {"&Scale 1:", "", 0, {0, 0}}, 0.0001, 1e9, "%.4f");
     const CFloatEdit unit = addFloat(dialog, {"Millimetres per &unit:", "", 0, {1, 0}}, 1e-6, 1e9, "%.6f");
-    const RadioHandle system = addRadio(dialog, {"Coordinate system", "", 0, {2, 0, 1, 1}}, {{"Su&rvey", ""}, {"&Cartesian", ""}},
-                                        parameters.coordinateSystem());
+    const RadioHandle system = addRadio(dialog, {"Coordinate system", "", 0, {2, 0, 1, 1}},
+                                        {{"Su&rvey", ""}, {"&Cartesian", ""}}, parameters.coordinateSystem());
     const CheckHandle orientation = addCheck(dialog, {"South &up (survey sheets)", "", 0, {3, 0}});
     const int buttons = dialog.addGroup({"", 0, {4, 0}});
     addButton(dialog, {"OK", "", buttons, {0, 0}}, ButtonRole::kOk);
@@ -347,7 +354,8 @@ void MainWindow::setTheme(bool dark) {
     palette.setColor(QPalette::Dark, QColor(0x1a, 0x1b, 0x1d));
     palette.setColor(QPalette::Light, QColor(0x50, 0x53, 0x57));
     palette.setColor(QPalette::Highlight, QColor(0x3d, 0x7a, 0xc0));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText, QPalette::HighlightedText}) {
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
+                            QPalette::HighlightedText}) {
       palette.setColor(role, text);
       palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x83, 0x87));
     }

@@ -1,5 +1,5 @@
-#include "desktop/control_widgets.h"
 #include "desktop/main_window.h"
+#include "desktop/control_widgets.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -47,7 +47,8 @@ MainWindow::MainWindow(const DesktopParts& parts)
       recovery_(parts.recoveryFolder),
       runner_(this),
       promptBar_(new PromptBar(this)),
-      user_(new DesktopUser(*promptBar_, recorder_, QString::fromStdString(parts.places.dataFolder) + "/pictures", this)),
+      user_(
+          new DesktopUser(*promptBar_, recorder_, QString::fromStdString(parts.places.dataFolder) + "/pictures", this)),
       tabs_(new QTabWidget(this)),
       coordinates_(new QLabel(this)),
       unitLabel_(new QLabel(this)),
@@ -143,7 +144,9 @@ void MainWindow::connectUser() {
       const DrawingWindow& window = document.view->window();
       if (!isModified(name)) { continue; }
       const std::string why = recovery_.keep(name, window.drawing());
-      if (!why.empty()) { statusBar()->showMessage(tr("The drawing could not be kept for recovery: %1").arg(shown(why))); }
+      if (!why.empty()) {
+        statusBar()->showMessage(tr("The drawing could not be kept for recovery: %1").arg(shown(why)));
+      }
     }
     view().setFocus();
   });
@@ -174,7 +177,8 @@ void MainWindow::addView(DrawingWindow& window) {
     if (!last_.isEmpty()) { runTyped(last_); }
   });
   connect(view, &DrawingView::cursorMoved, this, [this](Point at, const QString& snap) {
-    coordinates_->setText(QString("%1, %2%3").arg(at.x, 0, 'f', 3).arg(at.y, 0, 'f', 3).arg(snap.isEmpty() ? "" : "  " + snap));
+    coordinates_->setText(
+        QString("%1, %2%3").arg(at.x, 0, 'f', 3).arg(at.y, 0, 'f', 3).arg(snap.isEmpty() ? "" : "  " + snap));
   });
   tabs_->addTab(view, shown(window.name()));
 }
@@ -253,7 +257,8 @@ void MainWindow::showChanges() {
   setWindowTitle(tabs_->tabText(tabs_->currentIndex()) + " - Brevan");
 }
 
-// ---- Commands --------------------------------------------------------------------------------------------------------
+// ---- Commands
+// --------------------------------------------------------------------------------------------------------
 
 void MainWindow::runTyped(const QString& text) {
   last_ = text;
@@ -321,7 +326,8 @@ void MainWindow::redo() {
   });
 }
 
-// ---- Selecting -------------------------------------------------------------------------------------------------------
+// ---- Selecting
+// -------------------------------------------------------------------------------------------------------
 
 void MainWindow::select(PrimitiveId id, bool more) {
   if (runner_.busy()) { return; }
@@ -338,8 +344,9 @@ void MainWindow::select(PrimitiveId id, bool more) {
       }
     }
     const Primitive& primitive = *drawing.find(id);
-    statusBar()->showMessage(tr("%1 on layer %2").arg(shown(kindName(primitive.geometry)), shown(drawing.layer(primitive.layer)->name)) +
-                             (group == 0 ? QString() : "   " + shown(drawing.group(group).parent) + " " + shown(drawing.group(group).name)));
+    statusBar()->showMessage(
+        tr("%1 on layer %2").arg(shown(kindName(primitive.geometry)), shown(drawing.layer(primitive.layer)->name)) +
+        (group == 0 ? QString() : "   " + shown(drawing.group(group).parent) + " " + shown(drawing.group(group).name)));
   }
   view().update();
 }
@@ -373,7 +380,8 @@ void MainWindow::selectGroup(GroupId group) {
   view().update();
 }
 
-// ---- Settings ----------------------------------------------------------------------------------------------------------
+// ---- Settings
+// ----------------------------------------------------------------------------------------------------------
 
 std::string MainWindow::setting(const std::string& key) const {
   std::array<char, 4096> text{};
@@ -385,7 +393,9 @@ int MainWindow::setting(const std::string& key, int fallback) const {
   return static_cast<int>(numberText::parseInteger(setting(key)).value_or(fallback));
 }
 
-void MainWindow::setSetting(const std::string& key, const std::string& value) { settings_.SetString(kSection, key, value); }
+void MainWindow::setSetting(const std::string& key, const std::string& value) {
+  settings_.SetString(kSection, key, value);
+}
 
 // ---- The program's end ---------------------------------------------------------------------------------------------
 

@@ -79,7 +79,8 @@ class MainWindow : public QMainWindow {
   void buildHelpMenu();
   void buildStyleBar();
   void buildDocks();
-  QAction* action(QMenu& menu, const char* icon, const QString& caption, const QKeySequence& keys, const std::function<void()>& work);
+  QAction* action(QMenu& menu, const char* icon, const QString& caption, const QKeySequence& keys,
+                  const std::function<void()>& work);
 
   void recordSelection();
   void followHost();

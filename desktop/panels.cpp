@@ -26,7 +26,9 @@ LayersPanel::LayersPanel(QWidget* parent) : QTableWidget(0, kColumns, parent) {
   setObjectName("layersPanel");
   setHorizontalHeaderLabels({tr("Layer"), tr("Shown"), tr("Locked")});
   horizontalHeader()->setSectionResizeMode(kName, QHeaderView::Stretch);
-  for (const int column : {kVisible, kLocked}) { horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents); }
+  for (const int column : {kVisible, kLocked}) {
+    horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+  }
   verticalHeader()->hide();
   setSelectionBehavior(QAbstractItemView::SelectRows);
   setEditTriggers(QAbstractItemView::NoEditTriggers);

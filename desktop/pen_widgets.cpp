@@ -58,7 +58,9 @@ QIcon lineTypeIcon(int number, const QWidget& beside) {
   QPen pen(beside.palette().color(QPalette::Text), 1.5);
   pen.setCapStyle(Qt::FlatCap);
   QList<qreal> dashes;
-  for (const double length : lineType(number).pattern) { dashes.append(std::max(length, 0.3) * kPixelsAMillimetre / 1.5); }
+  for (const double length : lineType(number).pattern) {
+    dashes.append(std::max(length, 0.3) * kPixelsAMillimetre / 1.5);
+  }
   if (!dashes.isEmpty()) { pen.setDashPattern(dashes); }
   painter.setPen(pen);
   painter.drawLine(QPointF(0, size.height() / 2.0), QPointF(size.width(), size.height() / 2.0));

@@ -6,7 +6,8 @@
 
 namespace brevan {
 
-bool paintPicture(QPainter& painter, const QRectF& into, const QString& folder, const QString& name, const QWidget& beside) {
+bool paintPicture(QPainter& painter, const QRectF& into, const QString& folder, const QString& name,
+                  const QWidget& beside) {
   QFile file(folder + '/' + name + ".svg");
   if (name.isEmpty() || name.contains('/') || !file.open(QIODevice::ReadOnly)) { return false; }
   QByteArray art = file.readAll();

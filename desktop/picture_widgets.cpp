@@ -38,7 +38,8 @@ class PictureWidget : public ControlWidget {
   PictureWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
     const Picture& picture = state<Picture>();
     constexpr double kPixelsADialogUnit = 1.6;
-    const QSize size(static_cast<int>(picture.width * kPixelsADialogUnit), static_cast<int>(picture.height * kPixelsADialogUnit));
+    const QSize size(static_cast<int>(picture.width * kPixelsADialogUnit),
+                     static_cast<int>(picture.height * kPixelsADialogUnit));
     widget_ = new PaintedWidget(
         size,
         [this](QPainter& painter, QWidget& self) {
@@ -129,8 +130,9 @@ class PreviewWidget : public ControlWidget {
  public:
   PreviewWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
     const Preview& preview = state<Preview>();
-    widget_ = new PaintedWidget({preview.width, preview.height},
-                                [this](QPainter& painter, QWidget& self) { paintPart(painter, self); }, parent);
+    widget_ = new PaintedWidget(
+        {preview.width, preview.height}, [this](QPainter& painter, QWidget& self) { paintPart(painter, self); },
+        parent);
   }
   void show() override { widget_->update(); }
 
@@ -146,7 +148,8 @@ class PreviewWidget : public ControlWidget {
     } catch (const std::exception&) { return; }  // values that make no part show none
     const Box box = view.drawing().extents();
     if (box.empty()) { return; }
-    const double scale = 0.9 * std::min(self.width() / std::max(box.width(), 1e-6), self.height() / std::max(box.height(), 1e-6));
+    const double scale =
+        0.9 * std::min(self.width() / std::max(box.width(), 1e-6), self.height() / std::max(box.height(), 1e-6));
     const Transform toDevice = Transform::shift({self.width() / 2.0, self.height() / 2.0}) *
                                Transform::scaling({}, scale, -scale) * Transform::shift(Point{} - box.centre());
     paint(painter, view.drawing(), toDevice, {dark ? Ground::kDark : Ground::kPaper, false, std::nullopt});

@@ -21,8 +21,8 @@ std::optional<Point> typedPoint(const QString& text, Point origin) {
   const auto first = numberText::parseDouble(parts[0].trimmed().toStdString());
   const auto second = numberText::parseDouble(parts[1].trimmed().toStdString());
   if (!first || !second) { return std::nullopt; }
-  const Point given =
-      polar ? Point{*first * std::cos(*second * kPi / 180.0), *first * std::sin(*second * kPi / 180.0)} : Point{*first, *second};
+  const Point given = polar ? Point{*first * std::cos(*second * kPi / 180.0), *first * std::sin(*second * kPi / 180.0)}
+                            : Point{*first, *second};
   return relative ? origin + given : given;
 }
 
@@ -123,9 +123,7 @@ bool PromptBar::pressed(QKeyEvent* event) {
   const bool completing = completer_ != nullptr && edit_->completer() != nullptr && completer_->popup()->isVisible();
   switch (event->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter:
-      enter();
-      return true;
+    case Qt::Key_Enter: enter(); return true;
     case Qt::Key_Escape:
       if (asks_ != Asks::kText && !edit_->text().isEmpty()) {
         edit_->clear();
@@ -142,8 +140,7 @@ bool PromptBar::pressed(QKeyEvent* event) {
       if (completing || asks_ == Asks::kText) { return false; }
       recall(event->key() == Qt::Key_Up ? -1 : 1);
       return true;
-    default:
-      return false;
+    default: return false;
   }
 }
 

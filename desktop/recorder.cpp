@@ -14,7 +14,8 @@ void Recorder::dialogStatement(const QString& line) {
   const QString indented = "      " + line;
   // "type "Length" "6"" goes before "type "Length" "60"".
   const qsizetype value = line.lastIndexOf(" \"");
-  const bool typedOn = line.startsWith("type ") && value > 0 && lines_.last().startsWith("      " + line.left(value + 2));
+  const bool typedOn =
+      line.startsWith("type ") && value > 0 && lines_.last().startsWith("      " + line.left(value + 2));
   if (typedOn) {
     lines_.last() = indented;
   } else {
@@ -29,8 +30,9 @@ void Recorder::dropDialog() {
 
 void Recorder::pointPrompted(std::string_view, PromptEnd end, Point at) {
   if (end == PromptEnd::kGiven) {
-    answer(QString("point %1 %2").arg(QString::fromStdString(numberText::shortest(at.x)),
-                                      QString::fromStdString(numberText::shortest(at.y))));
+    answer(QString("point %1 %2")
+               .arg(QString::fromStdString(numberText::shortest(at.x)),
+                    QString::fromStdString(numberText::shortest(at.y))));
   } else {
     answer(end == PromptEnd::kSpace ? "space" : "escape");
   }

@@ -36,7 +36,8 @@ std::string Recovery::fileOf(const std::string& name) {
     for (char& c : plain) {
       if (c == '/' || c == '\\') { c = '_'; }
     }
-    entry->second = folder_ + '/' + std::to_string(getpid()) + '-' + std::to_string(files_.size()) + '-' + plain + ".drg";
+    entry->second =
+        folder_ + '/' + std::to_string(getpid()) + '-' + std::to_string(files_.size()) + '-' + plain + ".drg";
   }
   return entry->second;
 }
@@ -66,7 +67,8 @@ std::vector<Recovery::Kept> Recovery::left() const {
     const std::string stem = entry.path().stem().string();
     const size_t number = stem.find('-');
     const size_t name = number == std::string::npos ? number : stem.find('-', number + 1);
-    kept.push_back({entry.path().string(), toWindows1252(name == std::string::npos ? stem : stem.substr(name + 1)).value_or("Drawing")});
+    kept.push_back({entry.path().string(),
+                    toWindows1252(name == std::string::npos ? stem : stem.substr(name + 1)).value_or("Drawing")});
   }
   return kept;
 }

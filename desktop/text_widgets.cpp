@@ -67,8 +67,9 @@ class LineWidget : public ControlWidget {
     QObject::connect(edit_, &QLineEdit::textEdited, edit_, [this](const QString& text) {
       const auto taken = takenText(edit_, text);
       if (!taken) { return; }
-      owner_.operate(control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
-                     statement("type", scriptString(text)));
+      owner_.operate(
+          control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
+          statement("type", scriptString(text)));
     });
   }
   void show() override {
@@ -92,8 +93,9 @@ class LineWidget : public ControlWidget {
       arrow->setAutoRepeat(true);
       row->addWidget(arrow);
       QObject::connect(arrow, &QToolButton::clicked, arrow, [this, up] {
-        owner_.operate(control_, [this, up](DialogSession& session) { return session.spin(control_, up); },
-                       statement("spin", up ? "up" : "down"));
+        owner_.operate(
+            control_, [this, up](DialogSession& session) { return session.spin(control_, up); },
+            statement("spin", up ? "up" : "down"));
       });
     }
     row->addStretch();
@@ -131,8 +133,9 @@ class LinesWidget : public ControlWidget {
       if (!taken || *taken == state<TextEdit>().text) { return; }
       QStringList words;
       for (const QString& line : edit_->toPlainText().split('\n')) { words.append(scriptString(line)); }
-      owner_.operate(control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
-                     statement("set", words.join(' ')));
+      owner_.operate(
+          control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
+          statement("set", words.join(' ')));
     });
   }
   void show() override {

@@ -42,7 +42,8 @@ void rectangle(DrawingWindow& window) {
   const GroupId group = newChain(window);
   const Point second{opposite->x, first->y};
   const Point fourth{first->x, opposite->y};
-  for (const Line& side : {Line{*first, second}, Line{second, *opposite}, Line{*opposite, fourth}, Line{fourth, *first}}) {
+  for (const Line& side :
+       {Line{*first, second}, Line{second, *opposite}, Line{*opposite, fourth}, Line{fourth, *first}}) {
     window.addPlain(side, group);
   }
 }

@@ -32,8 +32,7 @@ bool isChangeable(const Drawing& drawing, const Primitive& primitive) {
 void toggle(Drawing& drawing, PrimitiveId picked) {
   const bool selected = drawing.isSelected(picked);
   const GroupId group = drawing.find(picked)->group;
-  const std::vector<PrimitiveId> ids =
-      group == 0 ? std::vector<PrimitiveId>{picked} : drawing.membersOf(group);
+  const std::vector<PrimitiveId> ids = group == 0 ? std::vector<PrimitiveId>{picked} : drawing.membersOf(group);
   for (const PrimitiveId id : ids) {
     if (selected) {
       drawing.deselect(id);
@@ -59,9 +58,8 @@ bool askSelection(DrawingWindow& window) {
   Drawing& drawing = window.drawing();
   if (drawing.hasSelection()) { return true; }
   while (const auto at = askPoint(window, "Indicate the items (space bar to go on)")) {
-    const PrimitiveId picked = drawing.nearest(*at, aperture(drawing), [&drawing](PrimitiveId, const Primitive& item) {
-      return isChangeable(drawing, item);
-    });
+    const PrimitiveId picked = drawing.nearest(
+        *at, aperture(drawing), [&drawing](PrimitiveId, const Primitive& item) { return isChangeable(drawing, item); });
     if (picked != 0) {
       toggle(drawing, picked);
     } else if (const auto opposite = askPointFrom(window, *at, "Indicate the window's opposite corner")) {

@@ -27,7 +27,8 @@ class DesktopSession : public ::testing::Test {
   void start() {
     window_.reset();
     const std::string data = folder_.path().toStdString() + "/data";
-    std::filesystem::copy(BREVAN_DATA, data, std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing);
+    std::filesystem::copy(BREVAN_DATA, data,
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing);
     brevan::DesktopParts parts;
     parts.places = {data, ARDENIX_MODULE, ""};
     parts.settingsFile = folder_.path().toStdString() + "/settings.ini";
@@ -58,7 +59,9 @@ class DesktopSession : public ::testing::Test {
     constexpr int kPatience = 10'000;
     QObject::connect(&hands, &QTimer::timeout, [&] {
       if (clock.elapsed() > kPatience) {
-        if (!steps_.empty()) { ADD_FAILURE() << steps_.size() << " steps never had their moment; the prompt is " << prompt().toStdString(); }
+        if (!steps_.empty()) {
+          ADD_FAILURE() << steps_.size() << " steps never had their moment; the prompt is " << prompt().toStdString();
+        }
         steps_.clear();
         window_->runner().cancel();
         return;
@@ -73,7 +76,9 @@ class DesktopSession : public ::testing::Test {
     while ((!steps_.empty() || window_->runner().busy()) && clock.elapsed() < 2 * kPatience) { QTest::qWait(10); }
   }
 
-  static brevan::DialogWindow* dialogShown() { return qobject_cast<brevan::DialogWindow*>(QApplication::activeModalWidget()); }
+  static brevan::DialogWindow* dialogShown() {
+    return qobject_cast<brevan::DialogWindow*>(QApplication::activeModalWidget());
+  }
   QLineEdit& edit() { return *window_->promptBar().edit(); }
   QString prompt() { return window_->findChild<QLabel*>("promptText")->text(); }
   brevan::DesktopUser& user() { return *window_->findChild<brevan::DesktopUser*>(); }

@@ -74,12 +74,13 @@ TEST_F(Window, ABoltIsPlacedByTheMouseAlone) {
     }
   });
   whenPrompted("Indicate the position of the Bolt", [this] { click({60, 60}); });
-  when([] { return QApplication::activePopupWidget() != nullptr; }, [] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(menu->actions().front()).center());
-  });
-  whenPrompted("Indicate the position of the Bolt",
-               [this] { QTest::mouseClick(&window_->view(), Qt::RightButton); });
+  when([] { return QApplication::activePopupWidget() != nullptr; },
+       [] {
+         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+         QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                           menu->actionGeometry(menu->actions().front()).center());
+       });
+  whenPrompted("Indicate the position of the Bolt", [this] { QTest::mouseClick(&window_->view(), Qt::RightButton); });
   act([bolts] { bolts->trigger(); });
   EXPECT_EQ(drawing().count(), byKeys);
 }
@@ -156,7 +157,9 @@ TEST(Prompt, PointsAreTypedAbsoluteRelativeAndPolar) {
   const Point polar = typedPoint("@10<90", from).value_or(Point{});
   EXPECT_NEAR(polar.x, 100.0, 1e-9);
   EXPECT_NEAR(polar.y, 60.0, 1e-9);
-  for (const char* wrong : {"", "10", "1,2,3", "10.5;3", "a,b", "@<"}) { EXPECT_FALSE(typedPoint(wrong, from)) << wrong; }
+  for (const char* wrong : {"", "10", "1,2,3", "10.5;3", "a,b", "@<"}) {
+    EXPECT_FALSE(typedPoint(wrong, from)) << wrong;
+  }
 }
 
 TEST(Snap, TheBestPointWithinReachWins) {
