@@ -346,9 +346,9 @@ void MainWindow::setTheme(bool dark) {
     const QColor window(0x2b, 0x2d, 0x30);
     const QColor text(0xdf, 0xe1, 0xe5);
     palette.setColor(QPalette::Window, window);
-    palette.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
+    palette.setColor(QPalette::Base, QColor(0x3a, 0x3d, 0x42));  // lighter: boxes without a tick show
     palette.setColor(QPalette::AlternateBase, window);
-    palette.setColor(QPalette::Button, QColor(0x3a, 0x3d, 0x41));
+    palette.setColor(QPalette::Button, QColor(0x45, 0x49, 0x4f));
     palette.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3d, 0x41));
     palette.setColor(QPalette::Mid, QColor(0x55, 0x58, 0x5c));
     palette.setColor(QPalette::Dark, QColor(0x1a, 0x1b, 0x1d));

@@ -15,6 +15,13 @@ using namespace dialog;
 
 namespace {
 
+// Dialog units are a quarter of a letter's width and an eighth of a line's height.
+QSize pixels(int width, int height) {
+  constexpr double kAcross = 6.0 / 4.0;
+  constexpr double kDown = 13.0 / 8.0;
+  return {qRound(width * kAcross), qRound(height * kDown)};
+}
+
 class PaintedWidget : public QWidget {
  public:
   PaintedWidget(QSize size, std::function<void(QPainter&, QWidget&)> painted, QWidget* parent)
@@ -37,9 +44,7 @@ class PictureWidget : public ControlWidget {
  public:
   PictureWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
     const Picture& picture = state<Picture>();
-    constexpr double kPixelsADialogUnit = 1.6;
-    const QSize size(static_cast<int>(picture.width * kPixelsADialogUnit),
-                     static_cast<int>(picture.height * kPixelsADialogUnit));
+    const QSize size = pixels(picture.width, picture.height);
     widget_ = new PaintedWidget(
         size,
         [this](QPainter& painter, QWidget& self) {
@@ -94,10 +99,10 @@ class CanvasWidget : public ControlWidget {
   CanvasWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
     const PixelCanvas& canvas = state<PixelCanvas>();
     widget_ = new PaintedWidget(
-        {canvas.width, canvas.height},
+        pixels(canvas.width, canvas.height),
         [this](QPainter& painter, QWidget&) {
           const PixelCanvas& now = state<PixelCanvas>();
-          QImage image(now.width, now.height, QImage::Format_RGB32);
+          QImage image(pixels(now.width, now.height), QImage::Format_RGB32);
           image.fill(Qt::white);
           if (now.paint) {
             ImageCanvas paintedOn(image);
@@ -106,7 +111,7 @@ class CanvasWidget : public ControlWidget {
           painter.drawImage(0, 0, image);
         },
         parent);
-    widget_->setFixedSize(canvas.width, canvas.height);
+    widget_->setFixedSize(pixels(canvas.width, canvas.height));
   }
   void show() override { widget_->update(); }
 };
@@ -131,7 +136,7 @@ class PreviewWidget : public ControlWidget {
   PreviewWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
     const Preview& preview = state<Preview>();
     widget_ = new PaintedWidget(
-        {preview.width, preview.height}, [this](QPainter& painter, QWidget& self) { paintPart(painter, self); },
+        pixels(preview.width, preview.height), [this](QPainter& painter, QWidget& self) { paintPart(painter, self); },
         parent);
   }
   void show() override { widget_->update(); }

@@ -33,6 +33,9 @@ class Unit(NamedTuple):
     directory: str
 
 
+# So many sources are read at once; more would wait for the slowest.
+BATCH_SIZE = 8
+
 # What is shipped is linted; tests and benchmarks have the compiler's warnings, the sanitizers and the
 # formatter, and linting them would double the time of the whole check.
 UNLINTED = ("tests/", "bench/", "fuzz/")
@@ -97,12 +100,51 @@ def arguments_of(unit):
     return [word for word in words if not GCC_ONLY.fullmatch(word)]
 
 
-def examine(unit):
-    """The complaints of clang-tidy about one source, "" where there are none, and the seconds taken."""
-    began = time.monotonic()
-    done = subprocess.run(["clang-tidy", "--quiet", unit.source, "--", *arguments_of(unit)],
+class Batch(NamedTuple):
+    """Sources of one folder and command, read together: most of the time goes into headers that they share."""
+    units: tuple
+    text: Path  # includes them one after another
+
+
+def batches_of(units, folder):
+    alike = {}
+    for unit in units:
+        alike.setdefault((unit.source.parent, tuple(arguments_of(unit)), unit.directory), []).append(unit)
+    batches = []
+    for several in alike.values():
+        for at in range(0, len(several), BATCH_SIZE):
+            chosen = several[at:at + BATCH_SIZE]
+            batches.append(Batch(tuple(chosen), folder / f"batch_{len(batches)}.cpp"))
+    return sorted(batches, key=lambda batch: -len(batch.units))
+
+
+def run_tidy(source, unit):
+    done = subprocess.run(["clang-tidy", "--quiet", source, "--", *arguments_of(unit)],
                           cwd=unit.directory, capture_output=True, text=True, stdin=subprocess.DEVNULL)
-    complaints = done.stdout.strip() or (done.stderr.strip() if done.returncode else "")
+    return done.stdout.strip() or (done.stderr.strip() if done.returncode else "")
+
+
+def goes_together(batch):
+    """Whether the sources compile as one: names that each keeps to itself may clash."""
+    batch.text.write_text("".join(f'#include "{unit.source}"\n' for unit in batch.units))
+    unit = batch.units[0]
+    done = subprocess.run(["clang++", "-fsyntax-only", "-w", *arguments_of(unit), batch.text],
+                          cwd=unit.directory, capture_output=True, stdin=subprocess.DEVNULL)
+    return done.returncode == 0
+
+
+def examine(batch):
+    """The complaints of clang-tidy about a batch by source, "" where there are none, and the seconds taken."""
+    began = time.monotonic()
+    first = batch.units[0]
+    if len(batch.units) == 1:
+        return {first: run_tidy(first.source, first)}, time.monotonic() - began
+    if goes_together(batch) and not run_tidy(batch.text, first):
+        return {unit: "" for unit in batch.units}, time.monotonic() - began
+    half = len(batch.units) // 2
+    complaints = {}
+    for part, name in ((batch.units[:half], "a"), (batch.units[half:], "b")):
+        complaints |= examine(Batch(part, batch.text.with_stem(batch.text.stem + name)))[0]
     return complaints, time.monotonic() - began
 
 
@@ -126,14 +168,16 @@ def main():
     changed = [unit for unit in units if unit not in set(passed)]
 
     failures, slowest = 0, (0.0, None)
+    batches = batches_of(changed, marks)
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        for unit, (complaints, seconds) in zip(changed, pool.map(examine, changed)):
-            slowest = max(slowest, (seconds, str(unit.source.relative_to(ROOT))))
-            if complaints:
-                failures += 1
-                print(complaints, flush=True)
-            elif prints[unit]:
-                (marks / prints[unit]).touch()
+        for batch, (found, seconds) in zip(batches, pool.map(examine, batches)):
+            slowest = max(slowest, (seconds, str(batch.units[0].source.relative_to(ROOT))))
+            for unit, complaints in found.items():
+                if complaints:
+                    failures += 1
+                    print(complaints, flush=True)
+                elif prints[unit]:
+                    (marks / prints[unit]).touch()
     print(f"clang-tidy: {len(changed)} files examined, {len(passed)} unchanged, {failures} with complaints"
           + (f"; slowest {slowest[0]:.1f} s {slowest[1]}" if slowest[1] else ""))
     return 1 if failures else 0
