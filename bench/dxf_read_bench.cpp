@@ -1,16 +1,14 @@
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <malloc.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <random>
 
+#include "bench/best_time.h"
 #include "frame/host/number_text.h"
 #include "host/files/dxf_reader.h"
 #include "host/files/dxf_writer.h"
@@ -82,18 +80,8 @@ double parseMapped(const std::string& path) {
   return sum;
 }
 
-template <class Action>
-void keepBest(double& best, Action action) {
-  const auto start = std::chrono::steady_clock::now();
-  benchmark::DoNotOptimize(action());
-  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-  best = std::min(best, taken.count());
-}
-
 void readDxf(benchmark::State& state) {
-  // Big blocks are kept between iterations: clearing fresh pages would drown the work that is measured.
-  mallopt(M_MMAP_THRESHOLD, 1 << 30);
-  mallopt(M_TRIM_THRESHOLD, 1 << 30);
+  bench::keepBigBlocks();
   const std::filesystem::path folder = std::filesystem::temp_directory_path();
   const std::string dxf = folder / ("brevan-bench-" + std::to_string(::getpid()) + ".dxf");
   const std::string numbers = dxf + ".numbers";
@@ -103,17 +91,17 @@ void readDxf(benchmark::State& state) {
     std::ofstream(dxf, std::ios::binary) << drawingDxf(drawing);
     std::ofstream(numbers, std::ios::binary) << bareNumbers(drawing);
   }
-  double parse = 1e9;
-  double read = 1e9;
+  bench::BestTime parse;
+  bench::BestTime read;
   for (auto _ : state) {
-    keepBest(parse, [&] { return parseMapped(numbers); });
-    keepBest(read, [&] { return openDxf(dxf).drawing.count(); });
+    parse.measure([&] { return parseMapped(numbers); });
+    read.measure([&] { return openDxf(dxf).drawing.count(); });
   }
   std::filesystem::remove(dxf);
   std::filesystem::remove(numbers);
-  const double ratio = read / parse;
+  const double ratio = read.seconds() / parse.seconds();
   state.counters["ratio"] = ratio;
-  state.counters["nsAPrimitive"] = read * 1e9 / static_cast<double>(state.range(0));
+  state.counters["nsAPrimitive"] = read.seconds() * 1e9 / static_cast<double>(state.range(0));
   if (ratio > kBound) { state.SkipWithError(("ratio to the bare numbers: " + std::to_string(ratio)).c_str()); }
 }
 BENCHMARK(readDxf)->Arg(15'000)->Arg(60'000)->Arg(240'000)->Iterations(8)->Unit(benchmark::kMillisecond);

@@ -14,6 +14,7 @@ struct Drawing::Slot {
   Primitive primitive;
   uint32_t layerPosition = 0;  // in the lists of its layer and its group
   uint32_t groupPosition = 0;
+  uint32_t selectedPosition = 0;
   bool there = false;
   bool indexed = false;
   bool selected = false;
@@ -106,7 +107,7 @@ void Drawing::replace(PrimitiveId id, Primitive primitive) {
   note(PrimitiveChange{id, std::move(before)});
 }
 
-void Drawing::put(PrimitiveId id, Primitive primitive) {
+void Drawing::put(PrimitiveId id, Primitive&& primitive) {
   store_->reach(id);
   lastId_ = std::max(lastId_, id);
   Slot& place = slot(id);
@@ -262,16 +263,15 @@ std::vector<PrimitiveId> Drawing::membersOf(GroupId group) const {
 void Drawing::select(PrimitiveId id) {
   if (find(id) == nullptr || slot(id).selected) { return; }
   slot(id).selected = true;
+  slot(id).selectedPosition = static_cast<uint32_t>(selected_.size());
   selected_.push_back(id);
 }
 
 void Drawing::deselect(PrimitiveId id) {
   if (find(id) == nullptr || !slot(id).selected) { return; }
   slot(id).selected = false;
-  // The newest is usually the one: a part just drawn is what is taken back.
-  const auto at = std::find(selected_.rbegin(), selected_.rend(), id);
-  *at = selected_.back();
-  selected_.pop_back();
+  removeAt(selected_, slot(id).selectedPosition,
+           [this](PrimitiveId moved) -> uint32_t& { return slot(moved).selectedPosition; });
 }
 
 void Drawing::clearSelection() {
@@ -305,6 +305,7 @@ void Drawing::flushIndex() const {
     forEach([&](PrimitiveId id, const Primitive& primitive) {
       entries.emplace_back(bounds(primitive), id);
       slot(id).indexed = true;
+      noteIndexed(primitive.geometry);
     });
     index_.rebuild(entries);
   } else {
@@ -313,9 +314,19 @@ void Drawing::flushIndex() const {
       if (!place.there || place.indexed) { continue; }
       index_.insert(bounds(place.primitive), id);
       place.indexed = true;
+      noteIndexed(place.primitive.geometry);
     }
   }
   unindexed_.clear();
+}
+
+// A symbol's bounds follow from its definition and from those of the symbols in it.
+void Drawing::noteIndexed(const Geometry& geometry) const {
+  const Symbol* placed = std::get_if<Symbol>(&geometry);
+  if (placed == nullptr || !indexedSymbols_.insert(placed->name).second) { return; }
+  const SymbolDefinition* definition = symbol(placed->name);
+  if (definition == nullptr) { return; }
+  for (const Primitive& part : definition->parts) { noteIndexed(part.geometry); }
 }
 
 std::vector<PrimitiveId> Drawing::inBox(const Box& box) const {
@@ -326,8 +337,17 @@ std::vector<PrimitiveId> Drawing::inBox(const Box& box) const {
   return ids;
 }
 
+// Boxes that double, from about as far as primitives lie apart: what is found in one is nearer than all beyond it.
 PrimitiveId Drawing::nearest(Point p, double reach, const Filter& filter) const {
   flushIndex();
+  for (double near = index_.spacing();; near *= 2.0) {
+    const bool all = !(near < reach) || near <= 0.0;
+    const PrimitiveId found = nearestWithin(p, all ? reach : near, filter);
+    if (found != 0 || all) { return found; }
+  }
+}
+
+PrimitiveId Drawing::nearestWithin(Point p, double reach, const Filter& filter) const {
   Box around;
   around.add(p);
   PrimitiveId best = 0;
@@ -495,14 +515,15 @@ const SymbolDefinition* Drawing::symbol(std::string_view name) const {
 
 void Drawing::addSymbol(SymbolDefinition symbol) {
   std::string name = symbol.name;
+  const bool boundsChange = indexedSymbols_.contains(name);
   symbols_.insert_or_assign(std::move(name), std::move(symbol));
-  indexAnew();  // the bounds of those placed may have changed
+  if (boundsChange) { indexAnew(); }
   ++revision_;
 }
 
 // ---- Loading ---------------------------------------------------------------------------------------------------
 
-void Drawing::load(PrimitiveId id, Primitive primitive) {
+void Drawing::load(PrimitiveId id, Primitive&& primitive) {
   if (id < 1 || find(id) != nullptr) {
     throw RefusedChange("There is a primitive with the number " + std::to_string(id) + " already, or it is below 1.");
   }
@@ -631,6 +652,7 @@ void Drawing::swapPlain(PlainChange& change) {
 
 void Drawing::indexAnew() {
   index_.clear();
+  indexedSymbols_.clear();
   unindexed_.clear();
   forEach([this](PrimitiveId id, const Primitive&) {
     slot(id).indexed = false;

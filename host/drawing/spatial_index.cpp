@@ -2,6 +2,7 @@
 
 #include <boost/geometry.hpp>
 #include <boost/geometry/index/rtree.hpp>
+#include <cmath>
 #include <iterator>
 
 namespace brevan {
@@ -27,6 +28,15 @@ SpatialIndex::SpatialIndex(SpatialIndex&& other) noexcept = default;
 SpatialIndex& SpatialIndex::operator=(SpatialIndex&& other) noexcept = default;
 
 size_t SpatialIndex::size() const { return tree_->entries.size(); }
+
+double SpatialIndex::spacing() const {
+  if (tree_->entries.empty()) { return 0.0; }
+  const TreeBox all = tree_->entries.bounds();
+  const double count = static_cast<double>(tree_->entries.size());
+  const double width = all.max_corner().get<0>() - all.min_corner().get<0>();
+  const double height = all.max_corner().get<1>() - all.min_corner().get<1>();
+  return std::max(std::sqrt(width) * std::sqrt(height / count), std::max(width, height) / count);
+}
 
 void SpatialIndex::rebuild(const std::vector<Entry>& entries) {
   std::vector<TreeEntry> packed;

@@ -23,6 +23,8 @@ class SpatialIndex {
   SpatialIndex& operator=(SpatialIndex&& other) noexcept;
 
   [[nodiscard]] size_t size() const;
+  // About how far the entries lie apart; 0 for an empty tree.
+  [[nodiscard]] double spacing() const;
   // Builds the tree anew from all entries, which packs it well.
   void rebuild(const std::vector<Entry>& entries);
   void insert(const Box& box, PrimitiveId id);

@@ -55,6 +55,17 @@ class DxfScanner {
     line_ = place.line;
   }
 
+  [[nodiscard]] std::string_view between(const Place& begin, const Place& end) const {
+    return bytes_.substr(begin.at, end.at - begin.at);
+  }
+  // Goes past these lines if they come next.
+  bool skip(std::string_view lines, size_t count) {
+    if (!bytes_.substr(at_).starts_with(lines)) { return false; }
+    at_ += lines.size();
+    line_ += count;
+    return true;
+  }
+
   [[noreturn]] void fail(size_t line, const std::string& rule) const {
     throw HostFailure("\"" + file_ + "\", line " + std::to_string(line) + ": " + rule);
   }
