@@ -104,6 +104,6 @@ void readDxf(benchmark::State& state) {
   state.counters["nsAPrimitive"] = read.seconds() * 1e9 / static_cast<double>(state.range(0));
   if (ratio > kBound) { state.SkipWithError(("ratio to the bare numbers: " + std::to_string(ratio)).c_str()); }
 }
-BENCHMARK(readDxf)->Arg(15'000)->Arg(60'000)->Arg(240'000)->Iterations(8)->Unit(benchmark::kMillisecond);
+BENCHMARK(readDxf)->Arg(15'000)->Arg(60'000)->Arg(240'000)->Iterations(30)->Unit(benchmark::kMillisecond);
 
 }  // namespace

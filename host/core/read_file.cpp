@@ -42,14 +42,14 @@ int openRegular(const std::string& path) {
   return descriptor;
 }
 
-}  // namespace
-
-std::string readWhole(const std::string& path, size_t limit, FileStamp* stamp) {
+template <class Bytes>
+Bytes readAll(const std::string& path, size_t limit, FileStamp* stamp) {
   const Descriptor file(openRegular(path));
   struct stat status {};
   if (::fstat(file.number, &status) != 0) { failReading(path, systemReason(errno)); }
   refuseIrregular(path, status);
-  std::string bytes(std::min(static_cast<size_t>(status.st_size), limit) + 1, '\0');
+  Bytes bytes;
+  bytes.resize(std::min(static_cast<size_t>(status.st_size), limit) + 1);
   size_t done = 0;
   while (true) {
     const ssize_t count = ::read(file.number, bytes.data() + done, bytes.size() - done);
@@ -64,5 +64,22 @@ std::string readWhole(const std::string& path, size_t limit, FileStamp* stamp) {
   if (stamp != nullptr) { *stamp = stampFrom(status); }
   return bytes;
 }
+
+}  // namespace
+
+void FileBytes::resize(size_t size) {
+  if (size > size_) {
+    FileBytes larger(size);
+    std::copy_n(data(), size_, larger.data());
+    *this = std::move(larger);
+  }
+  size_ = size;
+}
+
+std::string readWhole(const std::string& path, size_t limit, FileStamp* stamp) {
+  return readAll<std::string>(path, limit, stamp);
+}
+
+FileBytes readBytes(const std::string& path, size_t limit) { return readAll<FileBytes>(path, limit, nullptr); }
 
 }  // namespace brevan

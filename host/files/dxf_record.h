@@ -10,6 +10,7 @@
 
 #include "frame/host/number_text.h"
 #include "host/core/text_encoding.h"
+#include "host/files/dxf_number.h"
 #include "host/files/dxf_scanner.h"
 #include "host/geometry/point.h"
 
@@ -77,7 +78,7 @@ class DxfRecord {
   [[nodiscard]] Point point(int code) const { return {real(code), real(code + 10)}; }
 
   [[nodiscard]] double realOf(const DxfTag& tag) const {
-    if (const auto plain = numberText::parseDouble(tag.value)) { return *plain; }
+    if (const auto plain = plainDecimal(tag.value)) { return *plain; }
     std::string_view text = trimmed(tag.value);
     if (text.size() > 1 && text.front() == '+' && text[1] != '-') { text.remove_prefix(1); }
     const auto value = numberText::parseDouble(text);
