@@ -11,62 +11,113 @@ namespace brevan {
 
 namespace dxfNumber {
 
-inline constexpr int kMostDecimals = 19;  // 10 to this power fits in 64 bits, and any significand beside it
+inline constexpr size_t kMostDigits = 19;  // a significand of so many fits in 64 bits
 
-inline constexpr std::array<uint64_t, kMostDecimals + 1> kPowersOfFive = [] {
-  std::array<uint64_t, kMostDecimals + 1> powers{1};
-  for (size_t n = 1; n < powers.size(); ++n) { powers[n] = powers[n - 1] * 5; }
-  return powers;
+__extension__ using Wide = unsigned __int128;
+
+// A power of five, shifted up until its highest bit is set, and 2 to the 127th divided by that.
+struct Divisor {
+  uint64_t atTop = 0;
+  uint64_t reciprocal = 0;
+  int up = 0;
+};
+inline constexpr std::array<Divisor, kMostDigits + 1> kPowersOfFive = [] {
+  std::array<Divisor, kMostDigits + 1> divisors{};  // the first is not used
+  uint64_t power = 1;
+  for (size_t n = 1; n < divisors.size(); ++n) {
+    power *= 5;
+    const int up = std::countl_zero(power);
+    divisors[n] = {power << up, static_cast<uint64_t>((Wide{1} << 127) / (power << up)), up};
+  }
+  return divisors;
 }();
 
-// significand / 10^decimals, rounded once and to even, for a significand above 0: the quotient is worked out to 63 bits
-// or more, and its last bit is set where a remainder is left, so that turning it into a double rounds as it should.
-inline double quotient(uint64_t significand, int decimals) {
-  const uint64_t divisor = kPowersOfFive[static_cast<size_t>(decimals)];
+// significand / 10^decimals, rounded once and to even, for both above 0: the quotient is worked out to 62 bits or more,
+// and its last bit is set where a remainder is left, so that turning it into a double rounds as it should.
+inline double quotient(uint64_t significand, size_t decimals) {
+  const Divisor& divisor = kPowersOfFive[decimals];
   const int up = std::countl_zero(significand);
-  const int divisorUp = std::countl_zero(divisor);
-  __extension__ using Wide = unsigned __int128;
-  const Wide dividend = static_cast<Wide>(significand << up) << 63;
-  const uint64_t divisorAtTop = divisor << divisorUp;
-  const auto whole = static_cast<uint64_t>(dividend / divisorAtTop);
-  const bool exact = static_cast<Wide>(whole) * divisorAtTop == dividend;
+  const Wide dividend = significand << up;
+  auto whole = static_cast<uint64_t>(dividend * divisor.reciprocal >> 65);  // at most one too small
+  Wide rest = (dividend << 62) - static_cast<Wide>(whole) * divisor.atTop;
+  const bool tooSmall = rest >= divisor.atTop;
+  whole += tooSmall ? 1 : 0;
+  rest -= tooSmall ? divisor.atTop : 0;
   constexpr int kBias = 1023;
   constexpr int kMantissaBits = 52;
-  const int exponent = divisorUp - up - decimals - 63;
+  const int exponent = divisor.up - up - static_cast<int>(decimals) - 62;
   const auto power = std::bit_cast<double>(static_cast<uint64_t>(kBias + exponent) << kMantissaBits);
-  return static_cast<double>(whole | (exact ? 0U : 1U)) * power;
+  return static_cast<double>(static_cast<int64_t>(whole | (rest != 0 ? 1U : 0U))) * power;
+}
+
+// Digits eight at a time, where the first character is the lowest byte.
+inline constexpr size_t kEight = 8;
+inline constexpr uint64_t kZeros = 0x3030303030303030;
+inline constexpr std::array<uint32_t, kEight> kPowersOfTen = {1, 10, 100, 1000, 10'000, 100'000, 1'000'000, 10'000'000};
+
+inline uint64_t loadEight(const char* at) {
+  uint64_t eight = 0;
+  std::memcpy(&eight, at, kEight);
+  return eight;
+}
+inline bool areDigits(uint64_t eight) {
+  return (((eight + 0x4646464646464646) | (eight - kZeros)) & 0x8080808080808080) == 0;
+}
+inline uint64_t eightDigits(uint64_t eight) {
+  eight -= kZeros;
+  eight = eight * 10 + (eight >> 8);  // pairs, in every other byte
+  constexpr uint64_t kPairs = 0x000000FF000000FF;
+  return ((eight & kPairs) * 0x000F424000000064 + (eight >> 16 & kPairs) * 0x0000271000000001) >> 32 & 0xFFFFFFFF;
+}
+
+// Appends the digits from a place to the text's end to a number; false where not all are digits.
+inline bool appendDigits(uint64_t& number, std::string_view text, size_t at) {
+  if constexpr (std::endian::native == std::endian::little) {
+    for (; text.size() - at >= kEight; at += kEight) {
+      const uint64_t eight = loadEight(text.data() + at);
+      if (!areDigits(eight)) { return false; }
+      number = number * 100'000'000 + eightDigits(eight);
+    }
+    if (const size_t left = text.size() - at; left > 0 && text.size() >= kEight) {
+      // The text's last eight characters, those that were counted before made zeros.
+      const uint64_t before = ~uint64_t{0} >> (8 * left);
+      const uint64_t eight = (loadEight(text.data() + text.size() - kEight) & ~before) | (kZeros & before);
+      if (!areDigits(eight)) { return false; }
+      number = number * kPowersOfTen[left] + eightDigits(eight);
+      return true;
+    }
+  }
+  for (; at < text.size(); ++at) {
+    const unsigned digit = static_cast<unsigned>(text[at]) - '0';
+    if (digit > 9) { return false; }
+    number = number * 10 + digit;
+  }
+  return true;
 }
 
 }  // namespace dxfNumber
 
 // The number that a plain decimal such as "-1234.5678" is, the same as the general reading gives; nothing for a text of
-// another form or of more than 19 digits, which may be a number all the same. Nearly all numbers of a DXF file are such,
-// and reading them is most of reading it.
+// another form or of more than 19 digits, which may be a number all the same. Nearly all numbers of a DXF file are
+// such, and reading them is most of reading it.
 inline std::optional<double> plainDecimal(std::string_view text) {
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  const bool negative = at != end && *at == '-';
-  if (negative) { ++at; }
+  const size_t first = text.starts_with('-') ? 1 : 0;
+  if (text.size() - first > dxfNumber::kMostDigits + 1) { return std::nullopt; }
   uint64_t significand = 0;
-  const char* const first = at;
-  const auto takeDigits = [&] {
-    while (at != end && static_cast<unsigned>(*at - '0') < 10) {
-      significand = significand * 10 + static_cast<unsigned>(*at++ - '0');
-    }
-  };
-  takeDigits();
-  std::ptrdiff_t digits = at - first;
-  int decimals = 0;
-  if (at != end && *at == '.') {
-    const char* const point = at++;
-    takeDigits();
-    decimals = static_cast<int>(at - point) - 1;
-    digits += decimals;
+  size_t at = first;
+  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
+    significand = significand * 10 + static_cast<unsigned>(text[at] - '0');
   }
-  if (at != end || digits == 0 || digits > dxfNumber::kMostDecimals) { return std::nullopt; }
+  const size_t ahead = at - first;
+  const bool point = at < text.size() && text[at] == '.';
+  if (point) { ++at; }
+  const size_t decimals = text.size() - at;
+  const size_t digits = ahead + decimals;
+  if (digits == 0 || digits > dxfNumber::kMostDigits) { return std::nullopt; }
+  if (decimals > 0 && !(point && dxfNumber::appendDigits(significand, text, at))) { return std::nullopt; }
   const bool whole = decimals == 0 || significand == 0;
   const double size = whole ? static_cast<double>(significand) : dxfNumber::quotient(significand, decimals);
-  return negative ? -size : size;
+  return first > 0 ? -size : size;
 }
 
 }  // namespace brevan

@@ -267,8 +267,6 @@ ReadDrawing drawingFromDxf(std::string_view bytes, const std::string& file) {
   return DxfReader(bytes, file).read();
 }
 
-ReadDrawing openDxf(const std::string& path) {
-  return drawingFromDxf(readBytes(path, kMostDxfBytes).view(), path);
-}
+ReadDrawing openDxf(const std::string& path) { return drawingFromDxf(readBytes(path, kMostDxfBytes).view(), path); }
 
 }  // namespace brevan

@@ -108,7 +108,7 @@ class DxfRecord {
   [[noreturn]] void refuse(const DxfTag& tag, const std::string& expected) const {
     constexpr size_t kShown = 40;
     scanner_.fail(line_ + tag.line + 1, std::string(kind_) + ", group " + std::to_string(tag.code) + ": " + expected +
-                                    " is expected, got \"" + messageText(tag.value.substr(0, kShown)) + "\"");
+                                            " is expected, got \"" + messageText(tag.value.substr(0, kShown)) + "\"");
   }
 
  private:

@@ -40,7 +40,9 @@ class DxfScanner {
     while (*at == ' ' && at - at_ < kMostBlanks) { ++at; }
     const char* const first = at;
     unsigned code = 0;
-    for (unsigned digit = digitOf(*at); digit < 10 && at - first < 4; digit = digitOf(*++at)) { code = code * 10 + digit; }
+    for (unsigned digit = digitOf(*at); digit < 10 && at - first < 4; digit = digitOf(*++at)) {
+      code = code * 10 + digit;
+    }
     const bool returned = *at == '\r' && at[1] == lineEnd_;
     if (at == first || !(*at == lineEnd_ || returned) || code > kHighestCode) { return nextOdd(tag); }
     at_ = at + (returned ? 2 : 1);
