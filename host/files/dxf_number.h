@@ -38,16 +38,15 @@ inline double quotient(uint64_t significand, size_t decimals) {
   const Divisor& divisor = kPowersOfFive[decimals];
   const int up = std::countl_zero(significand);
   const Wide dividend = significand << up;
-  auto whole = static_cast<uint64_t>(dividend * divisor.reciprocal >> 65);  // at most one too small
-  Wide rest = (dividend << 62) - static_cast<Wide>(whole) * divisor.atTop;
-  const bool tooSmall = rest >= divisor.atTop;
-  whole += tooSmall ? 1 : 0;
-  rest -= tooSmall ? divisor.atTop : 0;
+  const auto least = static_cast<uint64_t>(dividend * divisor.reciprocal >> 65);  // at most one too small
+  const Wide rest = (dividend << 62) - static_cast<Wide>(least) * divisor.atTop;
+  const uint64_t whole = least + static_cast<uint64_t>(rest >= divisor.atTop);
+  const auto inexact = static_cast<uint64_t>((rest != 0) & (rest != divisor.atTop));
   constexpr int kBias = 1023;
   constexpr int kMantissaBits = 52;
   const int exponent = divisor.up - up - static_cast<int>(decimals) - 62;
   const auto power = std::bit_cast<double>(static_cast<uint64_t>(kBias + exponent) << kMantissaBits);
-  return static_cast<double>(static_cast<int64_t>(whole | (rest != 0 ? 1U : 0U))) * power;
+  return static_cast<double>(static_cast<int64_t>(whole | inexact)) * power;
 }
 
 // Digits eight at a time, where the first character is the lowest byte.
