@@ -296,10 +296,10 @@ void Drawing::unindex(PrimitiveId id, Slot& place) {
 }
 
 // New and changed primitives enter the tree when something is looked for, so that drawing costs nothing
-// here; many at once are packed anew.
+// here; many, at once or by and by, are packed anew. That walks the drawing, but seldom enough.
 void Drawing::flushIndex() const {
   if (unindexed_.empty()) { return; }
-  if (unindexed_.size() > index_.size() / 2) {
+  if (index_.insertedSincePacked() + unindexed_.size() > static_cast<size_t>(lastId_) / 2) {
     std::vector<SpatialIndex::Entry> entries;
     entries.reserve(count_);
     forEach([&](PrimitiveId id, const Primitive& primitive) {

@@ -2,6 +2,7 @@
 
 #include <boost/geometry.hpp>
 #include <boost/geometry/index/rtree.hpp>
+#include <boost/iterator/function_output_iterator.hpp>
 #include <cmath>
 #include <iterator>
 
@@ -20,6 +21,7 @@ TreeBox treeBox(const Box& box) { return {{box.low.x, box.low.y}, {box.high.x, b
 
 struct SpatialIndex::Tree {
   bg::index::rtree<TreeEntry, bg::index::quadratic<16>> entries;
+  size_t inserted = 0;  // since it was packed
 };
 
 SpatialIndex::SpatialIndex() : tree_(std::make_unique<Tree>()) {}
@@ -43,18 +45,23 @@ void SpatialIndex::rebuild(const std::vector<Entry>& entries) {
   packed.reserve(entries.size());
   for (const Entry& entry : entries) { packed.emplace_back(treeBox(entry.first), entry.second); }
   tree_->entries = decltype(tree_->entries)(packed.begin(), packed.end());
+  tree_->inserted = 0;
 }
 
-void SpatialIndex::insert(const Box& box, PrimitiveId id) { tree_->entries.insert({treeBox(box), id}); }
+size_t SpatialIndex::insertedSincePacked() const { return tree_->inserted; }
+
+void SpatialIndex::insert(const Box& box, PrimitiveId id) {
+  tree_->entries.insert({treeBox(box), id});
+  ++tree_->inserted;
+}
 
 void SpatialIndex::remove(const Box& box, PrimitiveId id) { tree_->entries.remove({treeBox(box), id}); }
 
-void SpatialIndex::clear() { tree_->entries.clear(); }
+void SpatialIndex::clear() { rebuild({}); }
 
 void SpatialIndex::query(const Box& box, const std::function<void(PrimitiveId)>& found) const {
-  for (auto at = tree_->entries.qbegin(bg::index::intersects(treeBox(box))); at != tree_->entries.qend(); ++at) {
-    found(at->second);
-  }
+  tree_->entries.query(bg::index::intersects(treeBox(box)),
+                       boost::make_function_output_iterator([&found](const TreeEntry& entry) { found(entry.second); }));
 }
 
 }  // namespace brevan

@@ -35,7 +35,7 @@ TEST(PlainDecimal, IsTheNumberThatTheGeneralReadingGives) {
   for (int n = 0; n < 200'000; ++n) { expectAsGeneral(anyDecimal(random)); }
   // Half-way between two doubles, and a unit of the last digit to either side.
   for (const std::string text : {"9007199254740993", "9007199254740992.999", "9007199254740993.001", "0", "-0.0", "5.",
-                                 ".5", "0.0000000000000000001", "9999999999999999999", "4503599627370496.5"}) {
+                                 ".5", ".0000000000000000001", "9999999999999999999", "4503599627370496.5"}) {
     expectAsGeneral(text);
   }
   std::uniform_real_distribution<double> coordinate(-1e4, 1e4);
