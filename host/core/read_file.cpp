@@ -1,8 +1,11 @@
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
+#include <new>
 
 #include "host/core/safe_file.h"
 #include "host/core/stamps.h"
@@ -66,6 +69,22 @@ Bytes readAll(const std::string& path, size_t limit, FileStamp* stamp) {
 }
 
 }  // namespace
+
+void FileBytes::Free::operator()(char* bytes) const { std::free(bytes); }
+
+// In huge pages where the system has them: touching a page for the first time costs as much as reading it.
+FileBytes::FileBytes(size_t size) : size_(size) {
+  constexpr size_t kHugePage = size_t{1} << 21;
+  if (size == 0) { return; }
+  if (size < kHugePage) {
+    bytes_.reset(static_cast<char*>(std::malloc(size)));
+  } else {
+    const size_t whole = (size + kHugePage - 1) / kHugePage * kHugePage;
+    bytes_.reset(static_cast<char*>(std::aligned_alloc(kHugePage, whole)));
+    if (bytes_ != nullptr) { ::madvise(bytes_.get(), whole, MADV_HUGEPAGE); }
+  }
+  if (bytes_ == nullptr) { throw std::bad_alloc(); }
+}
 
 void FileBytes::resize(size_t size) {
   if (size > size_) {

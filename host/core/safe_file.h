@@ -60,14 +60,17 @@ std::string readWhole(const std::string& path, size_t limit, FileStamp* stamp = 
 // The same for files so large that it counts to touch their bytes once less than a string does.
 class FileBytes {
  public:
-  explicit FileBytes(size_t size = 0) : bytes_(std::make_unique_for_overwrite<char[]>(size)), size_(size) {}
+  explicit FileBytes(size_t size = 0);
   [[nodiscard]] char* data() const { return bytes_.get(); }
   [[nodiscard]] size_t size() const { return size_; }
   [[nodiscard]] std::string_view view() const { return {bytes_.get(), size_}; }
   void resize(size_t size);
 
  private:
-  std::unique_ptr<char[]> bytes_;
+  struct Free {
+    void operator()(char* bytes) const;
+  };
+  std::unique_ptr<char, Free> bytes_;
   size_t size_ = 0;
 };
 FileBytes readBytes(const std::string& path, size_t limit);

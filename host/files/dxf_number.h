@@ -119,4 +119,18 @@ inline std::optional<double> plainDecimal(std::string_view text) {
   return first > 0 ? -size : size;
 }
 
+// A handle in hexadecimal digits alone; nothing for a text of another form.
+inline std::optional<uint64_t> plainHandle(std::string_view text) {
+  constexpr size_t kMostHexDigits = 16;
+  if (text.empty() || text.size() > kMostHexDigits) { return std::nullopt; }
+  uint64_t value = 0;
+  for (const char character : text) {
+    const unsigned digit = static_cast<unsigned>(character) - '0';
+    const unsigned letter = (static_cast<unsigned>(character) | 0x20U) - 'a';
+    if (digit > 9 && letter > 5) { return std::nullopt; }
+    value = value << 4 | (digit <= 9 ? digit : letter + 10);
+  }
+  return value;
+}
+
 }  // namespace brevan

@@ -96,6 +96,7 @@ class DxfRecord {
   }
   // Hexadecimal; 0 where there is none.
   [[nodiscard]] uint64_t handleOf(const DxfTag& tag) const {
+    if (const auto plain = plainHandle(tag.value)) { return *plain; }
     const std::string_view text = trimmed(tag.value);
     uint64_t value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, 16);
@@ -118,7 +119,7 @@ class DxfRecord {
   [[gnu::always_inline]] void add(const DxfTag& tag, uint32_t round) {
     if (tag.code >= 0 && tag.code < kIndexed && !has(tag.code)) { index(tag.code, round); }
     if (count_ == tags_.size()) { grow(); }
-    tags_[count_++] = {tag.code, tag.value, tag.line - line_};
+    tags_[count_++] = {tag.code, tag.line - line_, tag.value};
   }
   [[gnu::noinline]] void grow() {
     if (count_ >= kMostTags) {
@@ -132,7 +133,7 @@ class DxfRecord {
   }
 
   void putFirst(const DxfTag& tag) {
-    tags_.front() = {tag.code, tag.value, tag.line - line_};
+    tags_.front() = {tag.code, tag.line - line_, tag.value};
     if (tag.code < 0 || tag.code >= kIndexed) { return; }
     rounds_[static_cast<size_t>(tag.code)] = round_;
     first_[static_cast<size_t>(tag.code)] = 0;
@@ -173,7 +174,7 @@ class DxfRecord {
 
   DxfScanner& scanner_;
   std::string_view kind_;
-  size_t line_ = 0;
+  uint32_t line_ = 0;
   std::vector<DxfTag> tags_;  // the first count_ of them, their lines counted from the record's
   size_t count_ = 0;
   // Which record, or which head, a code was seen in last, and where its first group stands.
@@ -183,7 +184,7 @@ class DxfRecord {
   uint32_t round_ = 0;
   uint32_t headRound_ = 0;
   std::string_view head_;  // without the first group
-  size_t headLines_ = 0;
+  uint32_t headLines_ = 0;
   size_t headTags_ = 0;  // with it; 0: there is none
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bit>
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -16,8 +17,8 @@ namespace brevan {
 // A group of a DXF file: a code and the value on the line after it.
 struct DxfTag {
   int code = 0;
+  uint32_t line = 0;  // of the code
   std::string_view value;
-  size_t line = 0;  // of the code
 };
 
 // Takes a DXF file's bytes apart, without copying any. Lines end with CRLF, LF or CR. Throws HostFailure with the
@@ -55,7 +56,7 @@ class DxfScanner {
 
   struct Place {
     const char* at = nullptr;
-    size_t line = 0;
+    uint32_t line = 0;
   };
   [[nodiscard]] Place place() const { return {at_, line_}; }
   void goTo(const Place& place) {
@@ -67,7 +68,7 @@ class DxfScanner {
     return {begin.at, static_cast<size_t>(end.at - begin.at)};
   }
   // Goes past these lines if they come next.
-  bool skip(std::string_view lines, size_t count) {
+  bool skip(std::string_view lines, uint32_t count) {
     if (left() < lines.size() || std::memcmp(at_, lines.data(), lines.size()) != 0) { return false; }
     at_ += lines.size();
     line_ += count;
@@ -147,7 +148,7 @@ class DxfScanner {
   const char* end_;
   const char* at_;
   std::string file_;
-  size_t line_ = 0;
+  uint32_t line_ = 0;
   char lineEnd_ = '\n';
   bool endsInLine_ = true;
 };
