@@ -22,7 +22,9 @@ namespace {
 
 using namespace brevan;
 
-constexpr double kBound = 9.0;
+// The aim is 3. Measured: 4.0; parsing is a quarter of it, finding the other 26 lines another, copying the file, the
+// drawing's own memory and its groups the rest.
+constexpr double kBound = 4.8;
 
 void fill(Drawing& drawing, int primitives) {
   std::mt19937_64 random(7);
