@@ -29,7 +29,9 @@ class Drawing::Store {
     return (*blocks_[place / kBlock])[place % kBlock];
   }
   void reach(PrimitiveId id) {
-    while (blocks_.size() * kBlock < static_cast<size_t>(id)) { blocks_.push_back(std::make_unique_for_overwrite<Block>()); }
+    while (blocks_.size() * kBlock < static_cast<size_t>(id)) {
+      blocks_.push_back(std::make_unique_for_overwrite<Block>());
+    }
   }
 
  private:
