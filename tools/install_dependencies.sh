@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing: "run" for building and running, "test" (or nothing) for
-# everything. Touches nothing when all are there, so that it works offline and without rights then.
+# the tests too, "bench" for these and the peers that benchmarks compare with. Touches nothing when all are
+# there, so that it works offline and without rights then.
 set -euo pipefail
 
 run_packages=(
@@ -14,12 +15,14 @@ test_packages=(
   poppler-utils python3-ezdxf librecad binutils
   clang clang-format clang-tidy libclang-rt-14-dev
 )
+bench_packages=(libgeos-dev libcgal-dev)
 
 case "${1:-test}" in
   run) wanted=("${run_packages[@]}") ;;
   test) wanted=("${run_packages[@]}" "${test_packages[@]}") ;;
+  bench) wanted=("${run_packages[@]}" "${test_packages[@]}" "${bench_packages[@]}") ;;
   *)
-    echo "install_dependencies.sh: takes \"run\" or \"test\", got \"$1\"" >&2
+    echo "install_dependencies.sh: takes \"run\", \"test\" or \"bench\", got \"$1\"" >&2
     exit 2
     ;;
 esac

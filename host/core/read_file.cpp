@@ -1,8 +1,11 @@
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
+#include <new>
 
 #include "host/core/safe_file.h"
 #include "host/core/stamps.h"
@@ -42,14 +45,14 @@ int openRegular(const std::string& path) {
   return descriptor;
 }
 
-}  // namespace
-
-std::string readWhole(const std::string& path, size_t limit, FileStamp* stamp) {
+template <class Bytes>
+Bytes readAll(const std::string& path, size_t limit, FileStamp* stamp) {
   const Descriptor file(openRegular(path));
   struct stat status {};
   if (::fstat(file.number, &status) != 0) { failReading(path, systemReason(errno)); }
   refuseIrregular(path, status);
-  std::string bytes(std::min(static_cast<size_t>(status.st_size), limit) + 1, '\0');
+  Bytes bytes;
+  bytes.resize(std::min(static_cast<size_t>(status.st_size), limit) + 1);
   size_t done = 0;
   while (true) {
     const ssize_t count = ::read(file.number, bytes.data() + done, bytes.size() - done);
@@ -64,5 +67,38 @@ std::string readWhole(const std::string& path, size_t limit, FileStamp* stamp) {
   if (stamp != nullptr) { *stamp = stampFrom(status); }
   return bytes;
 }
+
+}  // namespace
+
+void FileBytes::Free::operator()(char* bytes) const { std::free(bytes); }
+
+// In huge pages where the system has them: touching a page for the first time costs as much as reading it.
+FileBytes::FileBytes(size_t size) : size_(size) {
+  constexpr size_t kHugePage = size_t{1} << 21;
+  if (size == 0) { return; }
+  if (size < kHugePage) {
+    bytes_.reset(static_cast<char*>(std::malloc(size)));
+  } else {
+    const size_t whole = (size + kHugePage - 1) / kHugePage * kHugePage;
+    bytes_.reset(static_cast<char*>(std::aligned_alloc(kHugePage, whole)));
+    if (bytes_ != nullptr) { ::madvise(bytes_.get(), whole, MADV_HUGEPAGE); }
+  }
+  if (bytes_ == nullptr) { throw std::bad_alloc(); }
+}
+
+void FileBytes::resize(size_t size) {
+  if (size > size_) {
+    FileBytes larger(size);
+    std::copy_n(data(), size_, larger.data());
+    *this = std::move(larger);
+  }
+  size_ = size;
+}
+
+std::string readWhole(const std::string& path, size_t limit, FileStamp* stamp) {
+  return readAll<std::string>(path, limit, stamp);
+}
+
+FileBytes readBytes(const std::string& path, size_t limit) { return readAll<FileBytes>(path, limit, nullptr); }
 
 }  // namespace brevan

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -55,5 +56,23 @@ FileStamp saveWhole(const std::string& path, std::string_view bytes, const SaveO
 // The content of a regular file of at most limit bytes; folders, pipes and devices are refused without
 // waiting. The stamp, where one is asked for, is that of the content read.
 std::string readWhole(const std::string& path, size_t limit, FileStamp* stamp = nullptr);
+
+// The same for files so large that it counts to touch their bytes once less than a string does.
+class FileBytes {
+ public:
+  explicit FileBytes(size_t size = 0);
+  [[nodiscard]] char* data() const { return bytes_.get(); }
+  [[nodiscard]] size_t size() const { return size_; }
+  [[nodiscard]] std::string_view view() const { return {bytes_.get(), size_}; }
+  void resize(size_t size);
+
+ private:
+  struct Free {
+    void operator()(char* bytes) const;
+  };
+  std::unique_ptr<char, Free> bytes_;
+  size_t size_ = 0;
+};
+FileBytes readBytes(const std::string& path, size_t limit);
 
 }  // namespace brevan

@@ -29,7 +29,9 @@ class Drawing::Store {
     return (*blocks_[place / kBlock])[place % kBlock];
   }
   void reach(PrimitiveId id) {
-    while (blocks_.size() * kBlock < static_cast<size_t>(id)) { blocks_.push_back(std::make_unique<Block>()); }
+    while (blocks_.size() * kBlock < static_cast<size_t>(id)) {
+      blocks_.push_back(std::make_unique_for_overwrite<Block>());
+    }
   }
 
  private:
@@ -128,7 +130,7 @@ void Drawing::makeRoomFor(PrimitiveId id, const Primitive& primitive) {
   makeRoom(unindexed_);
 }
 
-void Drawing::put(PrimitiveId id, Primitive primitive) {
+void Drawing::put(PrimitiveId id, Primitive&& primitive) {
   makeRoomFor(id, primitive);
   lastId_ = std::max(lastId_, id);
   Slot& place = slot(id);
@@ -323,15 +325,16 @@ void Drawing::unindex(PrimitiveId id, Slot& place) {
 }
 
 // New and changed primitives enter the tree when something is looked for, so that drawing costs nothing
-// here; many at once are packed anew.
+// here; many, at once or by and by, are packed anew. That walks the drawing, but seldom enough.
 void Drawing::flushIndex() const {
   if (unindexed_.empty()) { return; }
-  if (unindexed_.size() > index_.size() / 2) {
+  if (index_.insertedSincePacked() + unindexed_.size() > static_cast<size_t>(lastId_) / 2) {
     std::vector<SpatialIndex::Entry> entries;
     entries.reserve(count_);
     forEach([&](PrimitiveId id, const Primitive& primitive) {
       entries.emplace_back(bounds(primitive), id);
       slot(id).indexed = true;
+      noteIndexed(primitive.geometry);
     });
     index_.rebuild(entries);
   } else {
@@ -340,9 +343,19 @@ void Drawing::flushIndex() const {
       if (!place.there || place.indexed) { continue; }
       index_.insert(bounds(place.primitive), id);
       place.indexed = true;
+      noteIndexed(place.primitive.geometry);
     }
   }
   unindexed_.clear();
+}
+
+// A symbol's bounds follow from its definition and from those of the symbols in it.
+void Drawing::noteIndexed(const Geometry& geometry) const {
+  const Symbol* placed = std::get_if<Symbol>(&geometry);
+  if (placed == nullptr || !indexedSymbols_.insert(placed->name).second) { return; }
+  const SymbolDefinition* definition = symbol(placed->name);
+  if (definition == nullptr) { return; }
+  for (const Primitive& part : definition->parts) { noteIndexed(part.geometry); }
 }
 
 std::vector<PrimitiveId> Drawing::inBox(const Box& box) const {
@@ -353,8 +366,17 @@ std::vector<PrimitiveId> Drawing::inBox(const Box& box) const {
   return ids;
 }
 
+// Boxes that double, from about as far as primitives lie apart: what is found in one is nearer than all beyond it.
 PrimitiveId Drawing::nearest(Point p, double reach, const Filter& filter) const {
   flushIndex();
+  for (double near = index_.spacing();; near *= 2.0) {
+    const bool all = !(near < reach) || near <= 0.0;
+    const PrimitiveId found = nearestWithin(p, all ? reach : near, filter);
+    if (found != 0 || all) { return found; }
+  }
+}
+
+PrimitiveId Drawing::nearestWithin(Point p, double reach, const Filter& filter) const {
   Box around;
   around.add(p);
   PrimitiveId best = 0;
@@ -534,7 +556,7 @@ void Drawing::addSymbol(SymbolDefinition symbol) {
 
 // ---- Loading ---------------------------------------------------------------------------------------------------
 
-void Drawing::load(PrimitiveId id, Primitive primitive) {
+void Drawing::load(PrimitiveId id, Primitive&& primitive) {
   if (id < 1 || find(id) != nullptr) {
     throw RefusedChange("There is a primitive with the number " + std::to_string(id) + " already, or it is below 1.");
   }
@@ -685,11 +707,12 @@ void Drawing::swapSymbol(SymbolChange& change) {
     symbols_.erase(change.name);
   }
   change.other = std::move(present);
-  indexAnew();  // the bounds of those placed may have changed
+  if (indexedSymbols_.contains(change.name)) { indexAnew(); }  // the bounds of those placed may have changed
 }
 
 void Drawing::indexAnew() {
   index_.clear();
+  indexedSymbols_.clear();
   unindexed_.clear();
   forEach([this](PrimitiveId id, const Primitive&) {
     slot(id).indexed = false;

@@ -137,7 +137,7 @@ class Drawing {
   void endLoading() { loading_ = false; }
   // Throw RefusedChange for a number that is taken (but for layer 0) or out of range, and for a primitive that
   // add would refuse or whose group is not there. Numbers are indexes: the caller bounds how far they are strewn.
-  void load(PrimitiveId id, Primitive primitive);
+  void load(PrimitiveId id, Primitive&& primitive);
   void loadLayer(int index, Layer layer);
   // For one of no group yet.
   void loadGroupOf(PrimitiveId id, GroupId group);
@@ -171,7 +171,7 @@ class Drawing {
   Slot& slot(PrimitiveId id) const;
   void refuseUnusable(const Primitive& primitive) const;
   void makeRoomFor(PrimitiveId id, const Primitive& primitive);
-  void put(PrimitiveId id, Primitive primitive);
+  void put(PrimitiveId id, Primitive&& primitive);
   Primitive take(PrimitiveId id);
   void note(Change change);  // after makeRoomToNote it cannot fail
   void swapState(Change& change);
@@ -183,6 +183,8 @@ class Drawing {
   void changePlain(PlainState state);
   void makeRoomToNote();
   void flushIndex() const;
+  void noteIndexed(const Geometry& geometry) const;
+  [[nodiscard]] PrimitiveId nearestWithin(Point p, double reach, const Filter& filter) const;
   void indexAnew();
   void unindex(PrimitiveId id, Slot& slot);
   std::string_view keptParent(std::string_view parent);
@@ -203,6 +205,7 @@ class Drawing {
   std::vector<PrimitiveId> selected_;
   mutable SpatialIndex index_;
   mutable std::vector<PrimitiveId> unindexed_;
+  mutable std::set<std::string, std::less<>> indexedSymbols_;  // those whose definitions the index rests on
   Parameters parameters_;
   std::optional<Sheet> sheet_;
   std::map<std::string, SymbolDefinition, std::less<>> symbols_;

@@ -10,7 +10,9 @@ bool hasOneScale(const DxfInsert& insert) {
   return x > 0.0 && std::abs(x - y) <= 1e-9 * x;
 }
 
-void DxfBlocks::Collector::take(const DxfLook& look, Geometry geometry) { pieces->push_back({look, geometry}); }
+void DxfBlocks::Collector::take(const DxfLook& look, Geometry&& geometry) {
+  pieces->push_back({look, std::move(geometry)});
+}
 
 void DxfBlocks::Collector::insert(const DxfLook& look, DxfInsert insert) {
   pieces->push_back({look, std::move(insert)});

@@ -39,7 +39,7 @@ class DxfBlocks {
  private:
   class Collector : public DxfSink {
    public:
-    void take(const DxfLook& look, Geometry geometry) override;
+    void take(const DxfLook& look, Geometry&& geometry) override;
     void insert(const DxfLook& look, DxfInsert insert) override;
     void replaceLast(const DxfLook& look, Geometry geometry) override;
     std::vector<DxfPiece>* pieces = nullptr;

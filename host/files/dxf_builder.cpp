@@ -41,7 +41,9 @@ double wrappedDegrees(double angle) {
 }  // namespace
 
 void DxfBuilder::beginEntity(uint64_t handle) {
-  if (!entities_.empty()) { entities_.back().last = drawing_.lastId(); }
+  if (inEntity_) { entities_.back().last = drawing_.lastId(); }
+  inEntity_ = handle != 0;
+  if (!inEntity_) { return; }
   handlesRise_ = handlesRise_ && (entities_.empty() || entities_.back().handle < handle);
   entities_.push_back({handle, drawing_.lastId(), drawing_.lastId()});
 }
@@ -54,13 +56,12 @@ const Primitive& DxfBuilder::styled(const DxfLook& look) {
   return lastStyle_;
 }
 
-void DxfBuilder::push(const Primitive& style, Geometry geometry) {
+void DxfBuilder::push(const Primitive& style, Geometry&& geometry) {
   if (!isFinite(geometry)) {
     throw DxfRefusal("a " + std::string(kindName(geometry)) + " reaches beyond the numbers that can be computed with");
   }
-  reachLayer(style.layer);
-  Primitive primitive = style;
-  primitive.geometry = std::move(geometry);
+  if (layersIn_ <= style.layer) { reachLayer(style.layer); }
+  Primitive primitive{style.layer, style.pen, style.linetype, style.width, 0, std::move(geometry)};
   if (Text* text = std::get_if<Text>(&primitive.geometry)) { text->pen = primitive.pen; }
   drawing_.load(drawing_.lastId() + 1, std::move(primitive));
 }
@@ -93,9 +94,13 @@ Geometry DxfBuilder::inDrawing(Geometry geometry) const {
   return transformed(geometry, Transform{-1.0, 0.0, 0.0, 0.0, -1.0, 0.0});
 }
 
-void DxfBuilder::take(const DxfLook& look, Geometry geometry) {
-  const bool line = std::holds_alternative<Line>(geometry);
-  push(styled(look), line && !parameters_.turnedOnPaper() ? std::move(geometry) : inDrawing(std::move(geometry)));
+void DxfBuilder::take(const DxfLook& look, Geometry&& geometry) {
+  const bool asItIs = std::holds_alternative<Line>(geometry) || std::holds_alternative<Arc>(geometry);
+  if (asItIs && !parameters_.turnedOnPaper()) {
+    push(styled(look), std::move(geometry));
+  } else {
+    push(styled(look), inDrawing(std::move(geometry)));
+  }
 }
 
 void DxfBuilder::replaceLast(const DxfLook& look, Geometry geometry) {
@@ -232,14 +237,22 @@ void DxfBuilder::addGroup(std::string_view parent, std::string_view name, const 
     handlesRise_ = true;
   }
   const GroupId group = drawing_.addGroup(parent, name);
+  auto next = entities_.cbegin();
   for (const uint64_t handle : members) {
-    const auto found = std::lower_bound(entities_.begin(), entities_.end(), handle,
-                                        [](const Place& place, uint64_t wanted) { return place.handle < wanted; });
-    if (handle == 0 || found == entities_.end() || found->handle != handle) { continue; }
+    const bool follows = next != entities_.cend() && next->handle == handle;  // as members mostly do
+    const auto found = follows ? next : entityOf(handle);
+    if (found == entities_.cend()) { continue; }
     for (PrimitiveId id = found->before + 1; id <= found->last; ++id) {
       if (drawing_.find(id)->group == 0) { drawing_.loadGroupOf(id, group); }
     }
+    next = found + 1;
   }
+}
+
+std::vector<DxfBuilder::Place>::const_iterator DxfBuilder::entityOf(uint64_t handle) const {
+  const auto found = std::lower_bound(entities_.begin(), entities_.end(), handle,
+                                      [](const Place& place, uint64_t wanted) { return place.handle < wanted; });
+  return found != entities_.end() && found->handle == handle ? found : entities_.end();
 }
 
 Drawing DxfBuilder::finish(std::string_view currentLayer) {

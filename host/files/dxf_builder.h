@@ -22,9 +22,9 @@ class DxfBuilder : public DxfSink {
   void setParameters(const Parameters& parameters);
   void setSheet(Sheet sheet) { drawing_.setSheet(std::move(sheet)); }
 
-  // What is taken from here on belongs to the entity of the handle (0: none).
+  // What is taken from here on belongs to the entity of the handle (0: to none).
   void beginEntity(uint64_t handle);
-  void take(const DxfLook& look, Geometry geometry) override;
+  void take(const DxfLook& look, Geometry&& geometry) override;
   void insert(const DxfLook& look, DxfInsert insert) override;
   void replaceLast(const DxfLook& look, Geometry geometry) override;
 
@@ -37,7 +37,9 @@ class DxfBuilder : public DxfSink {
     PrimitiveId before = 0;  // the primitive before its first, and its last
     PrimitiveId last = 0;
   };
-  void push(const Primitive& style, Geometry geometry);
+  // Their handles must rise.
+  [[nodiscard]] std::vector<Place>::const_iterator entityOf(uint64_t handle) const;
+  void push(const Primitive& style, Geometry&& geometry);
   void reachLayer(int index);
   void explode(const DxfBlockRead& block, const DxfInsert& insert, const Transform& outer, const DxfLook& look);
   void explodeOnce(const DxfBlockRead& block, const Transform& placing, const DxfLook& look);
@@ -54,6 +56,7 @@ class DxfBuilder : public DxfSink {
   Drawing drawing_;
   int layersIn_ = 0;
   std::vector<Place> entities_;
+  bool inEntity_ = false;
   bool handlesRise_ = true;
   size_t expanded_ = 0;
   DxfLook lastLook_{-1};

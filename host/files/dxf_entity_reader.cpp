@@ -143,20 +143,20 @@ bool DxfEntityReader::liesInPlane(const DxfRecord& record) {
   return true;
 }
 
-void DxfEntityReader::put(Geometry geometry) {
+void DxfEntityReader::put(Geometry&& geometry) {
   if (!flipped_) {
     sink_->take(look_, std::move(geometry));
     return;
   }
-  forEachPlaced(geometry, kFlip, [this](Geometry placed) { sink_->take(look_, std::move(placed)); });
+  forEachPlaced(geometry, kFlip, [this](Geometry&& placed) { sink_->take(look_, std::move(placed)); });
 }
 
 // ---- Lines and curves ------------------------------------------------------------------------------------------
 
 void DxfEntityReader::line(const DxfRecord& record) {
   shaft_ = Line{record.point(10), record.point(11)};
-  shaftLook_ = look_;
-  sink_->take(look_, *shaft_);
+  if (own_) { shaftLook_ = look_; }
+  sink_->take(look_, Geometry(*shaft_));
 }
 
 void DxfEntityReader::circle(const DxfRecord& record) {

@@ -49,7 +49,7 @@ class DxfEntityReader {
   void dimension(const DxfRecord& record);
   void nothing(const DxfRecord&) {}
 
-  void put(Geometry geometry);
+  void put(Geometry&& geometry);
   void outline(const std::vector<Vertex>& vertices, bool closed);
   void chain(const std::vector<Point>& points);
   void singleLine(const DxfRecord& record, int verticalCode);

@@ -39,7 +39,7 @@ class DxfSink {
   DxfSink(const DxfSink&) = delete;
   DxfSink& operator=(const DxfSink&) = delete;
   virtual ~DxfSink() = default;
-  virtual void take(const DxfLook& look, Geometry geometry) = 0;
+  virtual void take(const DxfLook& look, Geometry&& geometry) = 0;
   virtual void insert(const DxfLook& look, DxfInsert insert) = 0;
   // In the place of the one primitive taken last.
   virtual void replaceLast(const DxfLook& look, Geometry geometry) = 0;

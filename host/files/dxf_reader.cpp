@@ -53,15 +53,7 @@ class DxfReader {
   // Takes the record that starts at tag_; tag_ is then the start of the next. False where there is none.
   bool takeRecord() {
     if (!hasTag_) { return false; }
-    record_.begin(tag_);
-    hasTag_ = false;
-    while (scanner_.next(tag_)) {
-      if (tag_.code == 0) {
-        hasTag_ = true;
-        break;
-      }
-      record_.add(tag_);
-    }
+    hasTag_ = record_.take(tag_);
     return true;
   }
 
@@ -275,6 +267,6 @@ ReadDrawing drawingFromDxf(std::string_view bytes, const std::string& file) {
   return DxfReader(bytes, file).read();
 }
 
-ReadDrawing openDxf(const std::string& path) { return drawingFromDxf(readWhole(path, kMostDxfBytes), path); }
+ReadDrawing openDxf(const std::string& path) { return drawingFromDxf(readBytes(path, kMostDxfBytes).view(), path); }
 
 }  // namespace brevan

@@ -155,6 +155,7 @@ void DxfStyles::addLineType(const DxfRecord& record) {
   const std::string name = nameRead(record.name(2));
   const int number = numberedLineType(name);
   lineTypes_.emplace(name, number > 0 ? number : patternedLineType(record));
+  lookHead_ = 0;
   lastLineTypeName_.clear();
 }
 
@@ -207,7 +208,24 @@ const DxfFont& DxfStyles::fontOf(std::string_view name) const {
   return found == fonts_.end() ? plainFont_ : found->second;
 }
 
-DxfLook DxfStyles::lookOf(const DxfRecord& record) {
+namespace {
+
+// Whether all that says how an entity looks stands in the record's head.
+bool looksByHead(const DxfRecord& record) {
+  constexpr std::array<int, 5> kLookCodes = {6, 8, 62, 370, 420};
+  return std::none_of(kLookCodes.begin(), kLookCodes.end(), [&](int code) { return record.hasOutsideHead(code); });
+}
+
+}  // namespace
+
+const DxfLook& DxfStyles::lookOf(const DxfRecord& record) {
+  const bool byHead = looksByHead(record);
+  if (!byHead || record.headNumber() != lookHead_) { look_ = lookRead(record); }
+  lookHead_ = byHead ? record.headNumber() : 0;
+  return look_;
+}
+
+DxfLook DxfStyles::lookRead(const DxfRecord& record) {
   DxfLook look;
   look.layer = layerOf(record.text(8));
   if (record.has(62)) {

@@ -43,7 +43,8 @@ class DxfStyles {
   // A layer that no table names is made. Names count without regard to case.
   int layerOf(std::string_view name);
   [[nodiscard]] const DxfFont& fontOf(std::string_view name) const;
-  DxfLook lookOf(const DxfRecord& record);
+  // Holds until the next is asked for.
+  const DxfLook& lookOf(const DxfRecord& record);
   // Line type and width of what is by layer are the layer's.
   [[nodiscard]] Primitive styled(const DxfLook& look) const;
   [[nodiscard]] int layerCount() const { return static_cast<int>(layers_.size()); }
@@ -58,6 +59,7 @@ class DxfStyles {
   template <class Value>
   using ByName = std::unordered_map<std::string, Value, HashWithoutCase, EqualWithoutCase>;
 
+  DxfLook lookRead(const DxfRecord& record);
   int lineTypeOf(std::string_view name);
   std::string nameRead(std::string_view bytes) const { return dxfNameRead(bytes, encoding_).text; }
 
@@ -71,6 +73,8 @@ class DxfStyles {
   int lastLayer_ = -1;
   std::string lastLineTypeName_;
   int lastLineType_ = 1;
+  DxfLook look_;
+  uint32_t lookHead_ = 0;  // the head that look_ follows from; 0: none
 };
 
 // The pen of a colour: an entry of the colour index and, where there is one, its very colour (-1: none).

@@ -189,6 +189,11 @@ TEST(Drawing, ASymbolDefinedAnewIsFoundWhereItNowLies) {
   EXPECT_EQ(drawing.nearest({10, 10}, 1.0, all), 0);
   drawing.addSymbol({"LATE", {{.geometry = Line{{0, 0}, {20, 20}}}}, true, false});
   EXPECT_EQ(drawing.nearest({10, 10}, 1.0, all), id);
+  drawing.addSymbol({"INNER", {}, true, false});
+  drawing.addSymbol({"LATE", {{.geometry = Symbol{"INNER", {0, 0}}}}, true, false});
+  EXPECT_EQ(drawing.nearest({10, 10}, 1.0, all), 0);
+  drawing.addSymbol({"INNER", {{.geometry = Line{{0, 0}, {20, 20}}}}, true, false});
+  EXPECT_EQ(drawing.nearest({10, 10}, 1.0, all), id) << "what it is made of was defined anew";
   drawing.remove(id);
   EXPECT_EQ(drawing.nearest({10, 10}, 1.0, all), 0);
 }

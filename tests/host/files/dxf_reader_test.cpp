@@ -6,6 +6,7 @@
 
 #include "frame/host/core_services.h"
 #include "host/drawing/dimension_strokes.h"
+#include "host/files/dxf_styles.h"
 #include "host/files/dxf_writer.h"
 #include "tests/host/drawing/random_drawing.h"
 
@@ -239,6 +240,48 @@ TEST(DxfReader, BadInputIsRefusedWithItsLine) {
 }
 
 // Two to the fortieth lines: whoever expanded them first would not come back.
+// Entities in turn, whose first lines are those of the one before or nearly so.
+TEST(DxfReader, EachEntityLooksAsItsOwnLinesSay) {
+  const std::string shared = "8\nA\n62\n1\n100\nAcDbEntity\n";
+  const std::string ends = "10\n1\n20\n2\n11\n3\n21\n4\n";
+  const auto line = [&](const std::string& handle, const std::string& head, const std::string& after = "") {
+    return "0\nLINE\n" + (handle.empty() ? "" : "5\n" + handle + "\n") + head + ends + after;
+  };
+  const std::string headOfB = "8\nB\n62\n3\n";
+  struct Row {
+    std::string entity, layer;
+    int pen;
+  };
+  const int red = penOfColour(1, -1);
+  const int green = penOfColour(3, -1);
+  const std::vector<Row> rows = {{line("1F", shared), "A", red},
+                                 {line("20", shared), "A", red},
+                                 {line("21", "8\nA\n", "62\n3\n"), "A", green},  // after its coordinates
+                                 {line("22", "8\nA\n"), "A", kPenByLayer},
+                                 {line("", headOfB), "B", green},
+                                 {line("", headOfB), "B", green},
+                                 {line("", "8\nBB\n62\n3\n"), "BB", green},
+                                 {line("23", headOfB), "B", green},
+                                 {line("", "62\n1\n8\nB\n62\n3\n"), "B", red},  // the first of two counts
+                                 {line("", "62\n1\n8\nB\n"), "B", red},
+                                 {line("", "8\nB\n62\n1\n8\nA\n"), "B", red},
+                                 {line("", ""), "0", kPenByLayer}};
+  for (const bool twice : {false, true}) {
+    std::string all;
+    for (const Row& row : rows) { all += row.entity + (twice ? row.entity : ""); }
+    const Drawing drawing = readText(entities(all)).drawing;
+    ASSERT_EQ(drawing.count(), rows.size() * (twice ? 2 : 1));
+    drawing.forEach([&](PrimitiveId id, const Primitive& primitive) {
+      const size_t row = (static_cast<size_t>(id) - 1) / (twice ? 2 : 1);
+      EXPECT_EQ(drawing.layer(primitive.layer)->name, rows[row].layer) << row;
+      EXPECT_EQ(primitive.pen, rows[row].pen) << row;
+    });
+  }
+  const std::string bad = "0\nLINE\n5\n30\n" + shared + "10\nabc\n";
+  EXPECT_NE(reasonOf(entities(line("1F", shared) + line("20", shared) + bad)).find("line 52:"), std::string::npos)
+      << reasonOf(entities(line("1F", shared) + line("20", shared) + bad));
+}
+
 TEST(DxfReader, BlocksThatGrowWithoutEndAreCountedFirst) {
   std::string tree = block("N0", kLine);
   for (int level = 1; level <= 40; ++level) {
