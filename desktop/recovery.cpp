@@ -1,9 +1,9 @@
 #include "desktop/recovery.h"
 
-#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 
 #include "frame/host/core_services.h"
