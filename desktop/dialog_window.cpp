@@ -150,7 +150,11 @@ void DialogWindow::showControl(int control) {
     labels_[place]->setEnabled(enabled);
   }
   if (std::holds_alternative<Tabs>(described.state)) { showGroups(); }
-  // Canvases and previews show what the other controls hold.
+  showPictures();
+}
+
+// Canvases and previews show what the other controls hold.
+void DialogWindow::showPictures() {
   for (size_t other = 0; other < controls_.size(); ++other) {
     if (controls_[other] == nullptr) { continue; }
     const State& state = description_.control(static_cast<int>(other)).state;
@@ -218,6 +222,7 @@ void DialogWindow::operate(int, const std::function<DialogSession::Refusal(Dialo
   } else {
     message_->hide();
   }
+  showPictures();  // a preview marks what the field in focus sets
   endIfClosed();
 }
 
@@ -229,10 +234,7 @@ void DialogWindow::focusArrived(int control) {
 }
 
 bool DialogWindow::eventFilter(QObject* object, QEvent* event) {
-  if (event->type() == QEvent::FocusIn && static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason &&
-      static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
-    focusArrived(object->property("control").toInt());
-  }
+  if (event->type() == QEvent::FocusIn) { focusArrived(object->property("control").toInt()); }
   return QDialog::eventFilter(object, event);
 }
 

@@ -46,6 +46,7 @@ class DialogWindow : public QDialog, private DialogOperator {
   void addMenuBar(int control);
   void showControl(int control);
   void showGroups();
+  void showPictures();
   void focusArrived(int control);
   void giveFocus(int control, bool selectAll);
   void refuse(const QString& what);

@@ -15,6 +15,7 @@
 #include "desktop/panels.h"
 #include "desktop/pen_widgets.h"
 #include "desktop/prompt_bar.h"
+#include "desktop/shortcut_bar.h"
 #include "desktop/texts.h"
 #include "frame/host/number_text.h"
 #include "host/tools/drawing_tools.h"
@@ -289,6 +290,9 @@ void MainWindow::buildDocks() {
   groups_ = new GroupsPanel(this);
   dock(tr("Layers"), "layersDock", layers_);
   dock(tr("Groups"), "groupsDock", groups_);
+  dock(tr("Shortcut Bar"), "shortcutDock", shortcutBar_);
+  // Without a group in it the bar is but a frame.
+  findChild<QDockWidget*>("shortcutDock")->setVisible(shortcutBar_->count() > 0);
   connect(groups_, &GroupsPanel::groupPicked, this, &MainWindow::selectGroup);
   connect(layers_, &LayersPanel::layerChanged, this, [this](int index, const Layer& layer) {
     runner_.run(tr("Layer"), [this, index, layer] { host_->window().drawing().changeLayer(index, layer); });

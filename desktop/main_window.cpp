@@ -16,6 +16,7 @@
 #include "desktop/panels.h"
 #include "desktop/pen_widgets.h"
 #include "desktop/prompt_bar.h"
+#include "desktop/shortcut_bar.h"
 #include "desktop/texts.h"
 #include "frame/host/number_text.h"
 #include "host/macros/macro_drawing.h"
@@ -49,13 +50,15 @@ MainWindow::MainWindow(const DesktopParts& parts)
       promptBar_(new PromptBar(this)),
       user_(
           new DesktopUser(*promptBar_, recorder_, QString::fromStdString(parts.places.dataFolder) + "/pictures", this)),
+      shortcutBar_(new ShortcutBar(this)),
       tabs_(new QTabWidget(this)),
       coordinates_(new QLabel(this)),
       unitLabel_(new QLabel(this)),
       progress_(new QProgressBar(this)) {
   setWindowIcon(programIcon());
   resize(kStartWidth, kStartHeight);
-  host_ = std::make_unique<Host>(HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile});
+  host_ = std::make_unique<Host>(
+      HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile, nullptr, shortcutBar_});
   host_->loadModule(parts.places.module);
   build();
   connectUser();

@@ -24,6 +24,7 @@ namespace brevan {
 class GroupsPanel;
 class LayersPanel;
 class PromptBar;
+class ShortcutBar;
 
 // What the program is started with.
 struct DesktopParts {
@@ -125,6 +126,7 @@ class MainWindow : public QMainWindow {
   CommandRunner runner_;
   PromptBar* promptBar_;
   DesktopUser* user_;
+  ShortcutBar* shortcutBar_;
   std::unique_ptr<Host> host_;
   QTabWidget* tabs_;
   std::map<std::string, Document> documents_;  // by the window's name

@@ -3,8 +3,10 @@
 #include "desktop/control_widgets.h"
 #include "desktop/picture_files.h"
 #include "desktop/texts.h"
+#include "frame/host/number_text.h"
 #include "host/drawing/pens.h"
 #include "host/macros/variables.h"
+#include "host/window/control_text.h"
 #include "host/window/drawing_window.h"
 #include "render/drawing_painter.h"
 
@@ -142,23 +144,70 @@ class PreviewWidget : public ControlWidget {
   void show() override { widget_->update(); }
 
  private:
+  // A window of its own in which the part is drawn.
+  struct Scene {
+    Nobody nobody;
+    MacroVariables variables;
+    DrawingWindow view{"Preview", WindowServices{nobody, variables, nullptr}};
+  };
+  [[nodiscard]] std::unique_ptr<Scene> drawn() const {
+    auto scene = std::make_unique<Scene>();
+    try {
+      if (state<Preview>().draw) { state<Preview>().draw(scene->view); }
+    } catch (const std::exception&) { scene->view.setDrawing({}); }  // values that make no part show none
+    return scene;
+  }
+
+  [[nodiscard]] NumberEdit* focused() const {
+    const int control = owner_.description().focus();
+    return control < 0 ? nullptr : std::get_if<NumberEdit>(&owner_.description().control(control).state);
+  }
+  // What the field in focus sets: the strokes that a little more in it moves.
+  [[nodiscard]] std::vector<PrimitiveId> setByFocus(const Drawing& drawing) const {
+    NumberEdit* edit = focused();
+    const auto value = edit == nullptr ? std::nullopt : numberText::parseTyped(edit->text);
+    std::vector<PrimitiveId> moved;
+    if (!value) { return moved; }
+    constexpr double kMore = 1.03;
+    const std::string kept = std::exchange(edit->text, numberText::shortest(*value * kMore + 1e-3));
+    const std::unique_ptr<Scene> other = drawn();
+    edit->text = kept;
+    if (other->view.drawing().count() != drawing.count()) { return moved; }  // another part altogether
+    drawing.forEach([&](PrimitiveId id, const Primitive& primitive) {
+      const Primitive* there = other->view.drawing().find(id);
+      if (there == nullptr || !(there->geometry == primitive.geometry)) { moved.push_back(id); }
+    });
+    return moved;
+  }
+
   void paintPart(QPainter& painter, QWidget& self) {
     const bool dark = self.palette().color(QPalette::Base).lightness() < 128;
     painter.fillRect(self.rect(), self.palette().color(QPalette::Base));
-    Nobody nobody;
-    MacroVariables variables;
-    DrawingWindow view("Preview", WindowServices{nobody, variables, nullptr});
-    try {
-      if (state<Preview>().draw) { state<Preview>().draw(view); }
-    } catch (const std::exception&) { return; }  // values that make no part show none
-    const Box box = view.drawing().extents();
+    const std::unique_ptr<Scene> scene = drawn();
+    const Drawing& drawing = scene->view.drawing();
+    const Box box = drawing.extents();
     if (box.empty()) { return; }
-    const double scale =
-        0.9 * std::min(self.width() / std::max(box.width(), 1e-6), self.height() / std::max(box.height(), 1e-6));
-    const Transform toDevice = Transform::shift({self.width() / 2.0, self.height() / 2.0}) *
+    constexpr double kFilled = 0.86;
+    constexpr double kCaption = 18.0;  // pixels at the foot
+    const double scale = kFilled * std::min(self.width() / std::max(box.width(), 1e-6),
+                                            (self.height() - kCaption) / std::max(box.height(), 1e-6));
+    const Transform toDevice = Transform::shift({self.width() / 2.0, (self.height() - kCaption) / 2.0}) *
                                Transform::scaling({}, scale, -scale) * Transform::shift(Point{} - box.centre());
-    paint(painter, view.drawing(), toDevice, {dark ? Ground::kDark : Ground::kPaper, false, std::nullopt});
+    PaintOptions options{dark ? Ground::kDark : Ground::kPaper, false, std::nullopt};
+    paint(painter, drawing, toDevice, options);
+    const std::vector<PrimitiveId> marked = setByFocus(drawing);
+    if (marked.empty()) { return; }
+    options.only = marked;
+    options.colour = kMark;
+    options.hairline = 2.0;
+    paint(painter, drawing, toDevice, options);
+    const int control = owner_.description().focus();
+    painter.setPen(QColor(QRgb(kMark)));
+    painter.drawText(self.rect().adjusted(4, 0, -4, -3), Qt::AlignBottom | Qt::AlignHCenter,
+                     brevan::shown(addressOf(owner_.description(), control) + "  " + focused()->text));
   }
+
+  static constexpr Colour kMark = 0xE06C00;
 };
 
 }  // namespace

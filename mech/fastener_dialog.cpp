@@ -56,6 +56,18 @@ int FastenerDialog::addPictureGroup(std::string_view caption) {
   return box().addGroup({.caption = std::string(caption), .parent = body_, .place = {.column = 1}});
 }
 
+void FastenerDialog::addPreview(DrawerIn drawerIn) {
+  constexpr int kWidth = 120;
+  constexpr int kHeight = 120;
+  const int group = box().addGroup({.caption = "Preview", .parent = body_, .place = {.column = 2}});
+  dialog::Preview preview{kWidth, kHeight, [this, drawerIn = std::move(drawerIn)](CCadWindow& view) {
+                            const std::unique_ptr<FastenerDrawer> part = drawerIn(view);
+                            part->take(values());
+                            part->sketch();
+                          }};
+  dialog::addControl(box(), std::move(preview), {.group = group});
+}
+
 bool FastenerDialog::repeatClears(double width) const {
   const Repeat repeat = options_->repeat();
   return repeat.number <= 1 || width <= repeat.value;

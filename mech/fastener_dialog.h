@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <memory>
+
 #include "mech/definition_dialog.h"
 #include "mech/fastener_drawer.h"
 #include "mech/fastener_options.h"
@@ -32,6 +35,9 @@ class FastenerDialog : public DefinitionDialog {
   FastenerDialog(const Services& services, DefinitionStore& store, const FastenerForm& form, FastenerDrawer& drawer);
 
   [[nodiscard]] ViewMode viewMode() const { return options_->viewMode(); }
+  // A picture of the part as it would be drawn, by a drawer of its own that works in the preview's view.
+  using DrawerIn = std::function<std::unique_ptr<FastenerDrawer>(CCadWindow& view)>;
+  void addPreview(DrawerIn drawerIn);
 
  protected:
   // Beside the fields, for pictures and previews.
@@ -67,6 +73,9 @@ void runFastenerCommand(MechToolset& toolset) {
   DefinitionStore& store = toolset.configuration().store();
   Drawer drawer(toolset.view(), store);
   KindDialog dialog(toolset.services(), store, drawer);
+  if constexpr (!requires { KindDialog::kPaintsItsOwnPreview; }) {
+    dialog.addPreview([&store](CCadWindow& view) { return std::make_unique<Drawer>(view, store); });
+  }
   if (dialog.run()) { drawFasteners(drawer, dialog.viewMode()); }
 }
 

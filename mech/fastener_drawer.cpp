@@ -22,6 +22,14 @@ bool FastenerDrawer::drawPlanView() {
   return true;
 }
 
+void FastenerDrawer::sketch() {
+  constexpr double kApart = 2.5;  // plan radii between the axes
+  fastener_.position = {};
+  strokeSideView();
+  fastener_.position = {kApart * reach().planRadius, 0.0};
+  strokePlanView();
+}
+
 namespace {
 
 bool drawViews(FastenerDrawer& drawer, ViewMode mode) {

@@ -25,6 +25,8 @@ class FastenerDrawer {
   // Each answers whether the view was drawn; false when the user ended at a prompt.
   bool drawSideView();
   bool drawPlanView();
+  // Both views beside each other where nobody is asked: a picture of the part.
+  void sketch();
 
   [[nodiscard]] Fastener& fastener() { return fastener_; }
   [[nodiscard]] const Fastener& fastener() const { return fastener_; }

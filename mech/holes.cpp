@@ -43,6 +43,7 @@ const FastenerForm kForm = {.section = "HOLES",
 
 class HoleDialog : public FastenerDialog {
  public:
+  static constexpr bool kPaintsItsOwnPreview = true;
   HoleDialog(const Services& services, DefinitionStore& store, DrilledHole& hole)
       : FastenerDialog(services, store, kForm, hole) {
     const int group = addPictureGroup("Preview");

@@ -39,7 +39,7 @@ Host::~Host() = default;
 
 void Host::loadModule(const std::string& path) {
   module_ = std::make_unique<Module>(path);
-  module_->initialise(mainFrame_, shortcutBar_);
+  module_->initialise(mainFrame_, parts_.shortcutBar != nullptr ? *parts_.shortcutBar : shortcutBar_);
 }
 
 DrawingWindow& Host::openWindow(std::string name) {

@@ -119,11 +119,17 @@ TEST_F(Window, ARefusedValueKeepsTheFocusAndSaysWhy) {
   QLineEdit* length = nullptr;
   whenDialog([&](DialogWindow& dialog) {
     length = dialog.findChildren<QLineEdit*>().front();
+    dialog.activateWindow();
     length->setFocus();
-    length->selectAll();
-    QTest::keyClicks(length, "4O");
-    QTest::keyClick(length, Qt::Key_Tab);
   });
+  when([&] { return length->hasFocus(); },
+       [&] {
+         length->selectAll();
+         QTest::keyClicks(length, "4O");
+         QTest::keyClick(length, Qt::Key_Tab);
+       });
+  when([] { return dialogShown() != nullptr && !dialogShown()->refusalShown().isEmpty(); }, [] {});
+  when([&] { return length->hasFocus(); }, [] {});
   whenDialog([&](DialogWindow& dialog) {
     refusal = dialog.refusalShown();
     focus = dialog.focusWidget();

@@ -1,0 +1,193 @@
+#include <array>
+
+#include "host/drawing/dimension_strokes.h"
+#include "host/drawing/drawing.h"
+#include "host/drawing/drawing_store.h"
+#include "host/drawing/symbol_expansion.h"
+#include "host/drawing/text_layout.h"
+
+// What lies where: the spatial index, bounds and distances.
+namespace brevan {
+
+void Drawing::unindex(PrimitiveId id, Slot& place) {
+  if (!place.indexed) { return; }
+  index_.remove(bounds(place.primitive), id);
+  place.indexed = false;
+}
+
+// New and changed primitives enter the tree when something is looked for, so that drawing costs nothing
+// here; many, at once or by and by, are packed anew. That walks the drawing, but seldom enough.
+void Drawing::flushIndex() const {
+  if (unindexed_.empty()) { return; }
+  if (index_.insertedSincePacked() + unindexed_.size() > static_cast<size_t>(lastId_) / 2) {
+    std::vector<SpatialIndex::Entry> entries;
+    entries.reserve(count_);
+    forEach([&](PrimitiveId id, const Primitive& primitive) {
+      entries.emplace_back(bounds(primitive), id);
+      slot(id).indexed = true;
+      noteIndexed(primitive.geometry);
+    });
+    index_.rebuild(entries);
+  } else {
+    for (const PrimitiveId id : unindexed_) {
+      Slot& place = slot(id);
+      if (!place.there || place.indexed) { continue; }
+      index_.insert(bounds(place.primitive), id);
+      place.indexed = true;
+      noteIndexed(place.primitive.geometry);
+    }
+  }
+  unindexed_.clear();
+}
+
+// A symbol's bounds follow from its definition and from those of the symbols in it.
+void Drawing::noteIndexed(const Geometry& geometry) const {
+  const Symbol* placed = std::get_if<Symbol>(&geometry);
+  if (placed == nullptr || !indexedSymbols_.insert(placed->name).second) { return; }
+  const SymbolDefinition* definition = symbol(placed->name);
+  if (definition == nullptr) { return; }
+  for (const Primitive& part : definition->parts) { noteIndexed(part.geometry); }
+}
+
+std::vector<PrimitiveId> Drawing::inBox(const Box& box) const {
+  flushIndex();
+  std::vector<PrimitiveId> ids;
+  index_.query(box, [&ids](PrimitiveId id) { ids.push_back(id); });
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+// Boxes that double, from about as far as primitives lie apart: what is found in one is nearer than all beyond it.
+PrimitiveId Drawing::nearest(Point p, double reach, const Filter& filter) const {
+  flushIndex();
+  for (double near = index_.spacing();; near *= 2.0) {
+    const bool all = !(near < reach) || near <= 0.0;
+    const PrimitiveId found = nearestWithin(p, all ? reach : near, filter);
+    if (found != 0 || all) { return found; }
+  }
+}
+
+PrimitiveId Drawing::nearestWithin(Point p, double reach, const Filter& filter) const {
+  Box around;
+  around.add(p);
+  PrimitiveId best = 0;
+  double bestDistance = reach;
+  bool bestIsSymbol = false;
+  // Of all that passes through the point the newest counts: points come printed with eight decimals.
+  const double onPoint = 1e-8 + 1e-12 * std::max(std::fabs(p.x), std::fabs(p.y));
+  index_.query(around.grownBy(reach), [&](PrimitiveId id) {
+    const Primitive& primitive = *find(id);
+    if (!filter(id, primitive)) { return; }
+    const double distance = distanceTo(primitive, p);
+    const double away = distance <= onPoint ? 0.0 : distance;
+    const bool symbol = std::holds_alternative<Symbol>(primitive.geometry);
+    // Written so that a distance that is no number, of a line too long to measure, never counts.
+    const bool nearer = away < bestDistance || (away == bestDistance && (symbol == bestIsSymbol ? id > best : symbol));
+    if (!nearer) { return; }
+    best = id;
+    bestDistance = away;
+    bestIsSymbol = symbol;
+  });
+  return best;
+}
+
+Box Drawing::extents() const {
+  Box box;
+  forEach([&](PrimitiveId, const Primitive& primitive) { box.add(bounds(primitive)); });
+  return box;
+}
+
+namespace {
+
+Transform symbolPlacing(const Symbol& symbol, const SymbolDefinition& definition, const Parameters& parameters) {
+  const double size = symbol.scale * (definition.paperSize ? parameters.paperMillimetre() : 1.0 / parameters.unit());
+  return symbolPlacement(symbol, size);
+}
+
+// The two extension lines and the dimension line.
+std::array<Segment, 3> dimensionLines(const Dimension& dimension) {
+  const DimensionLine line = dimensionLine(dimension);
+  return {{{dimension.p1, line.first}, {line.first, line.second}, {line.second, dimension.p2}}};
+}
+
+Box arrowBounds(const Arrow& arrow, const Parameters& parameters) {
+  Box box;
+  box.add(arrow.p1);
+  box.add(arrow.p2);
+  return box.grownBy(arrow.width / 20.0 * parameters.paperMillimetre());
+}
+
+}  // namespace
+
+Box Drawing::bounds(const Primitive& primitive) const {
+  struct Bounds {
+    const Drawing& drawing;
+    Box operator()(const Line& line) const {
+      Box box;
+      box.add(line.a);
+      box.add(line.b);
+      return box;
+    }
+    Box operator()(const Arc& arc) const {
+      Box box = arcBounds(arc);
+      box.add(arc.centre);  // a pick at the centre finds it
+      return box;
+    }
+    Box operator()(const Text& text) const { return textBounds(text, drawing.parameters_); }
+    Box operator()(const Arrow& arrow) const { return arrowBounds(arrow, drawing.parameters_); }
+    Box operator()(const Symbol& symbol) const {
+      Box box;
+      box.add(symbol.at);
+      const SymbolDefinition* definition = drawing.symbol(symbol.name);
+      if (definition == nullptr) { return box; }
+      const Transform placing = symbolPlacing(symbol, *definition, drawing.parameters_);
+      for (const Primitive& part : definition->parts) {
+        const Box inner = std::visit(*this, part.geometry);
+        for (const Point corner :
+             {inner.low, inner.high, Point{inner.low.x, inner.high.y}, Point{inner.high.x, inner.low.y}}) {
+          box.add(placing(corner));
+        }
+      }
+      return box;
+    }
+    Box operator()(const Dimension& dimension) const {
+      Box box;
+      box.add(dimension.at);
+      for (const Segment& line : dimensionLines(dimension)) {
+        box.add(line.a);
+        box.add(line.b);
+      }
+      return box.grownBy(5.0 * drawing.parameters_.paperMillimetre());  // text and arrows
+    }
+  };
+  return std::visit(Bounds{*this}, primitive.geometry);
+}
+
+double Drawing::distanceTo(const Primitive& primitive, Point p) const {
+  struct Distance {
+    const Drawing& drawing;
+    const Primitive& primitive;
+    Point p;
+    [[nodiscard]] double toBox() const {
+      const Box box = drawing.bounds(primitive);
+      return distance(p, {std::clamp(p.x, box.low.x, box.high.x), std::clamp(p.y, box.low.y, box.high.y)});
+    }
+    double operator()(const Line& line) const { return distance(p, nearestOnSegment(line, p)); }
+    double operator()(const Arc& arc) const {
+      return std::min(distance(p, nearestOnArc(arc, p)), distance(p, arc.centre));
+    }
+    double operator()(const Text&) const { return toBox(); }
+    double operator()(const Arrow& arrow) const { return distance(p, nearestOnSegment({arrow.p1, arrow.p2}, p)); }
+    double operator()(const Symbol&) const { return toBox(); }
+    double operator()(const Dimension& dimension) const {
+      double least = distance(p, dimension.at);
+      for (const Segment& line : dimensionLines(dimension)) {
+        least = std::min(least, distance(p, nearestOnSegment(line, p)));
+      }
+      return least;
+    }
+  };
+  return std::visit(Distance{*this, primitive, p}, primitive.geometry);
+}
+
+}  // namespace brevan
