@@ -51,8 +51,8 @@ struct HostParts {
   FileServices& files;
   INI_LIST& settings;
   EventSink* events = nullptr;
-  std::string helpFile;               // of the host, in Windows-1252
-  DrawingSource* drawings = nullptr;  // where inserted drawings and symbol files come from; null: the files
+  std::string helpFile;                   // of the host, in Windows-1252
+  DrawingSource* drawings = nullptr;      // where inserted drawings and symbol files come from; null: the files
   COXShortcutBar* shortcutBar = nullptr;  // the side bar; null: one that only remembers its groups
 };
 
