@@ -10,6 +10,7 @@
 #include "host/window/control_text.h"
 #include "host/window/dialog_session.h"
 #include "host/window/host.h"
+#include "host/window/silent_user.h"
 
 namespace brevan {
 
@@ -61,21 +62,13 @@ std::string described(dialog::Dialog& dialog) {
 }
 
 // Looks at every dialog once, presses its plain buttons to see what they open, and leaves by Cancel.
-class Looker : public User {
+class Looker : public SilentUser {
  public:
   [[nodiscard]] const std::string& text() const { return text_; }
 
-  PointAnswer askPoint(const std::string&) override { return {}; }
-  TextAnswer askText(const std::string&, const std::string&) override { return {}; }
   BoxAnswer showMessage(const MessageBox& box) override {
     return box.buttons == BoxButtons::kOk ? BoxAnswer::kOk : BoxAnswer::kNo;
   }
-  std::optional<size_t> chooseFromMenu(const std::vector<std::string>&) override { return std::nullopt; }
-  std::optional<std::string> chooseFile(const FileRequest&) override { return std::nullopt; }
-  std::optional<int> choosePen(const std::string&, int) override { return std::nullopt; }
-  void showStatus(const std::string&) override {}
-  void showPrompt(const std::string&) override {}
-  void showProgress(int, int, const std::string&) override {}
 
   bool runDialog(dialog::Dialog& dialog) override {
     DialogSession session(dialog, *this, nullptr);

@@ -9,24 +9,11 @@
 
 #include "desktop/drawing_view.h"
 #include "host/macros/variables.h"
+#include "host/window/silent_user.h"
 
 namespace {
 
 using namespace brevan;
-
-class Nobody : public User {
- public:
-  PointAnswer askPoint(const std::string&) override { return {}; }
-  TextAnswer askText(const std::string&, const std::string&) override { return {}; }
-  BoxAnswer showMessage(const MessageBox&) override { return BoxAnswer::kCancel; }
-  std::optional<size_t> chooseFromMenu(const std::vector<std::string>&) override { return std::nullopt; }
-  std::optional<std::string> chooseFile(const FileRequest&) override { return std::nullopt; }
-  std::optional<int> choosePen(const std::string&, int) override { return std::nullopt; }
-  bool runDialog(dialog::Dialog&) override { return false; }
-  void showStatus(const std::string&) override {}
-  void showPrompt(const std::string&) override {}
-  void showProgress(int, int, const std::string&) override {}
-};
 
 // Short lines all over a square, as in a township plan.
 void fill(Drawing& drawing, int lines) {
@@ -70,7 +57,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   std::printf("%10s %14s %14s %14s %16s\n", "lines", "zoom all ms", "zoom step ms", "pan step ms", "first answer ms");
   for (const int lines : {10'000, 100'000, 1'000'000}) {
-    Nobody nobody;
+    SilentUser nobody;
     MacroVariables variables;
     DrawingWindow window("Drawing1", {nobody, variables, nullptr});
     fill(window.drawing(), lines);

@@ -5,22 +5,15 @@
 
 #include "host/macros/variables.h"
 #include "host/window/drawing_window.h"
+#include "host/window/silent_user.h"
 
 namespace bench {
 
-// Nobody is asked anything while something is measured.
-class Nobody : public brevan::User {
+// What a benchmark is told is a mistake of its own.
+class Nobody : public brevan::SilentUser {
  public:
-  brevan::PointAnswer askPoint(const std::string&) override { return {}; }
-  brevan::TextAnswer askText(const std::string&, const std::string&) override { return {}; }
   BoxAnswer showMessage(const brevan::MessageBox& box) override { throw std::logic_error(box.text); }
-  std::optional<size_t> chooseFromMenu(const std::vector<std::string>&) override { return std::nullopt; }
-  std::optional<std::string> chooseFile(const brevan::FileRequest&) override { return std::nullopt; }
-  std::optional<int> choosePen(const std::string&, int) override { return std::nullopt; }
-  bool runDialog(dialog::Dialog&) override { return false; }
   void showStatus(const std::string& text) override { throw std::logic_error(text); }
-  void showPrompt(const std::string&) override {}
-  void showProgress(int, int, const std::string&) override {}
 };
 
 // A drawing window on which macros run; one that fails ends the benchmark.

@@ -112,6 +112,7 @@ void DrawingView::zoomBy(double factor, QPointF about) {
 // ---- Painting --------------------------------------------------------------------------------------------------
 
 void DrawingView::refresh() {
+  pictureHolds_ = false;
   startPainting();
   update();
 }
@@ -125,17 +126,21 @@ void DrawingView::refreshIfChanged() {
   }
 }
 
+QColor DrawingView::groundColour() const {
+  return style_.ground == Ground::kPaper ? QColor(Qt::white) : QColor(0x1e, 0x1f, 0x22);
+}
+
 void DrawingView::startPainting() {
   const QSize size = this->size() * devicePixelRatioF();
   if (size.isEmpty()) { return; }
   paintedRevision_ = window_.drawing().revision();
   upcoming_ = QImage(size, QImage::Format_RGB32);
-  upcoming_.fill(style_.ground == Ground::kPaper ? QColor(Qt::white) : QColor(0x1e, 0x1f, 0x22));
+  upcoming_.fill(groundColour());
   tiles_.clear();
   // A picture that was only shifted keeps what of it still fits; the rest is painted anew.
   QRect kept;
   const bool shifted = picture_.size() == size && picturePlacing_.pixelsAUnit == placing_.pixelsAUnit &&
-                       picturePlacing_.turned == placing_.turned && !(picturePlacing_ == placing_);
+                       picturePlacing_.turned == placing_.turned && pictureHolds_;
   if (shifted) {
     const Point move = transformOf(placing_)(placing_.centre) - transformOf(placing_)(picturePlacing_.centre);
     const QPoint whole(static_cast<int>(std::lround(-move.x)), static_cast<int>(std::lround(-move.y)));
@@ -163,13 +168,12 @@ void DrawingView::paintSomeTiles() {
   QElapsedTimer clock;
   clock.start();
   const Transform toDevice = transformOf(placing_);
-  const QColor ground = style_.ground == Ground::kPaper ? QColor(Qt::white) : QColor(0x1e, 0x1f, 0x22);
   while (!tiles_.empty() && clock.elapsed() < kSliceMilliseconds) {
     const QRect tile = tiles_.back();
     tiles_.pop_back();
     QPainter painter(&upcoming_);
     painter.setClipRect(tile);
-    painter.fillRect(tile, ground);
+    painter.fillRect(tile, groundColour());
     const double margin = 4.0 * devicePixelRatioF();  // of wide lines that begin beyond the tile
     const Transform back = toDevice.inverted();
     Box visible;
@@ -181,6 +185,7 @@ void DrawingView::paintSomeTiles() {
   painting_.stop();
   picture_ = upcoming_;
   picturePlacing_ = placing_;
+  pictureHolds_ = true;
   update();
 }
 
@@ -190,8 +195,7 @@ void DrawingView::finishPainting() {
 
 void DrawingView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const QColor ground = style_.ground == Ground::kPaper ? QColor(Qt::white) : QColor(0x1e, 0x1f, 0x22);
-  painter.fillRect(rect(), ground);
+  painter.fillRect(rect(), groundColour());
   if (!picture_.isNull()) {
     // Where the old picture's corners lie now.
     const double ratio = devicePixelRatioF();
@@ -285,7 +289,7 @@ void DrawingView::paintRubber(QPainter& painter) {
     painter.drawLine(held - QPointF(6, 0), held + QPointF(6, 0));
     painter.drawLine(held - QPointF(0, 6), held + QPointF(0, 6));
   }
-  const Point at = pickedPoint(mouse_, nullptr);
+  const Point at = snap_ ? snap_->at : toDrawing(mouse_);
   if (cursor.held() && cursor.rubberBand()) {
     painter.setPen(QPen(colour, 1, Qt::DashLine));
     painter.drawLine(toDevice(cursor.heldAt()), toDevice(at));
@@ -338,15 +342,6 @@ void DrawingView::beginZoomWindow() {
   setCursor(Qt::SizeFDiagCursor);
 }
 
-Point DrawingView::pickedPoint(QPointF at, SnapPoint* snap) const {
-  const Point here = toDrawing(at);
-  const Cursor& cursor = window_.cursor();
-  const std::optional<Point> from = cursor.held() ? std::optional<Point>(cursor.heldAt()) : std::nullopt;
-  const auto found = snapAt(window_.drawing(), here, kReachPixels / placing_.pixelsAUnit, style_.snaps, from);
-  if (found && snap != nullptr) { *snap = *found; }
-  return found ? found->at : here;
-}
-
 void DrawingView::updateHover(QPointF at) {
   static const std::map<SnapKind, const char*> kNames = {
       {SnapKind::kEnd, "end"},         {SnapKind::kMiddle, "middle"},
@@ -378,7 +373,8 @@ void DrawingView::mousePressEvent(QMouseEvent* event) {
     }
   } else if (event->button() == Qt::LeftButton) {
     if (picking_ && !zoomWindow_) {
-      emit pointPicked(pickedPoint(event->position(), nullptr));
+      updateHover(event->position());
+      emit pointPicked(snap_ ? snap_->at : toDrawing(mouse_));
       return;
     }
     dragFrom_ = event->position();

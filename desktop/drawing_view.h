@@ -39,7 +39,6 @@ class DrawingView : public QWidget {
   void refreshIfChanged();
   // While a command waits for a point, clicks answer it and the rubber band follows the mouse.
   void setPicking(bool picking);
-  void setSelecting(bool selecting) { selecting_ = selecting; }
   // Lets the user draw the window that a zoom shall show.
   void beginZoomWindow();
   // Of tests and measurements: paints all of the picture now.
@@ -79,9 +78,8 @@ class DrawingView : public QWidget {
   [[nodiscard]] Transform transformOf(const Placing& placing) const;  // drawing to widget, in device pixels
   void place(Placing placing);
   void startPainting();
+  [[nodiscard]] QColor groundColour() const;
   void paintSomeTiles();
-  void shiftPicture(const Placing& from);
-  [[nodiscard]] Point pickedPoint(QPointF at, SnapPoint* snap) const;
   void paintOverlay(QPainter& painter);
   void paintSheet(QPainter& painter);
   void paintGrid(QPainter& painter);
@@ -96,12 +94,12 @@ class DrawingView : public QWidget {
   bool fitted_ = true;  // shows all, and goes on doing so when the window changes its size
   QImage picture_;      // what is shown, painted for picturePlacing_
   Placing picturePlacing_;
-  QImage upcoming_;           // being painted for placing_
-  std::vector<QRect> tiles_;  // of upcoming_, still to be painted
+  bool pictureHolds_ = false;  // neither drawing nor style has changed since
+  QImage upcoming_;            // being painted for placing_
+  std::vector<QRect> tiles_;   // of upcoming_, still to be painted
   uint64_t paintedRevision_ = 0;
   QTimer painting_;
   bool picking_ = false;
-  bool selecting_ = true;
   bool zoomWindow_ = false;
   std::optional<QPointF> dragFrom_;  // of a window being drawn
   std::optional<QPointF> panFrom_;

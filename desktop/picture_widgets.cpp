@@ -8,6 +8,7 @@
 #include "host/macros/variables.h"
 #include "host/window/control_text.h"
 #include "host/window/drawing_window.h"
+#include "host/window/silent_user.h"
 #include "render/drawing_painter.h"
 
 // Pictures, pixel canvases and previews.
@@ -118,21 +119,6 @@ class CanvasWidget : public ControlWidget {
   void show() override { widget_->update(); }
 };
 
-// A preview asks nobody anything.
-class Nobody : public User {
- public:
-  PointAnswer askPoint(const std::string&) override { return {}; }
-  TextAnswer askText(const std::string&, const std::string&) override { return {}; }
-  BoxAnswer showMessage(const MessageBox&) override { return BoxAnswer::kCancel; }
-  std::optional<size_t> chooseFromMenu(const std::vector<std::string>&) override { return std::nullopt; }
-  std::optional<std::string> chooseFile(const FileRequest&) override { return std::nullopt; }
-  std::optional<int> choosePen(const std::string&, int) override { return std::nullopt; }
-  bool runDialog(Dialog&) override { return false; }
-  void showStatus(const std::string&) override {}
-  void showPrompt(const std::string&) override {}
-  void showProgress(int, int, const std::string&) override {}
-};
-
 class PreviewWidget : public ControlWidget {
  public:
   PreviewWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
@@ -146,7 +132,7 @@ class PreviewWidget : public ControlWidget {
  private:
   // A window of its own in which the part is drawn.
   struct Scene {
-    Nobody nobody;
+    SilentUser nobody;
     MacroVariables variables;
     DrawingWindow view{"Preview", WindowServices{nobody, variables, nullptr}};
   };

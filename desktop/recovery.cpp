@@ -29,14 +29,14 @@ std::optional<long long> processOf(const std::string& fileName) {
 
 Recovery::Recovery(std::string folder) : folder_(std::move(folder)) {}
 
-std::string Recovery::fileOf(const std::string& name) {
+Recovery::File& Recovery::fileOf(const std::string& name) {
   const auto [entry, isNew] = files_.try_emplace(name);
   if (isNew) {
     std::string plain = toUtf8(name);
     for (char& c : plain) {
       if (c == '/' || c == '\\') { c = '_'; }
     }
-    entry->second =
+    entry->second.path =
         folder_ + '/' + std::to_string(getpid()) + '-' + std::to_string(files_.size()) + '-' + plain + ".drg";
   }
   return entry->second;
@@ -44,8 +44,11 @@ std::string Recovery::fileOf(const std::string& name) {
 
 std::string Recovery::keep(const std::string& name, const Drawing& drawing) {
   try {
+    File& file = fileOf(name);
+    if (file.revision == drawing.revision()) { return ""; }
     fs::create_directories(folder_);
-    saveWhole(fileOf(name), drawingDrg(drawing));
+    saveWhole(file.path, drawingDrg(drawing));
+    file.revision = drawing.revision();
     return "";
   } catch (const std::exception& failure) { return failure.what(); }
 }
@@ -53,7 +56,7 @@ std::string Recovery::keep(const std::string& name, const Drawing& drawing) {
 void Recovery::drop(const std::string& name) {
   const auto entry = files_.find(name);
   if (entry == files_.end()) { return; }
-  remove(entry->second);
+  remove(entry->second.path);
   files_.erase(entry);
 }
 

@@ -18,7 +18,7 @@ class Recovery {
   };
 
   explicit Recovery(std::string folder);
-  // Writes the drawing as it is now; returns "" or why it could not be kept.
+  // Writes the drawing as it is now, where it has changed since; returns "" or why it could not be kept.
   std::string keep(const std::string& name, const Drawing& drawing);
   // What is saved or given up needs no keeping.
   void drop(const std::string& name);
@@ -27,9 +27,13 @@ class Recovery {
   static void remove(const std::string& file);
 
  private:
-  [[nodiscard]] std::string fileOf(const std::string& name);
+  struct File {
+    std::string path;
+    uint64_t revision = 0;  // of the drawing kept there; 0: none yet
+  };
+  [[nodiscard]] File& fileOf(const std::string& name);
   std::string folder_;
-  std::map<std::string, std::string> files_;
+  std::map<std::string, File> files_;
 };
 
 }  // namespace brevan

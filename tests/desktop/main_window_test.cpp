@@ -1,6 +1,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPushButton>
 
 #include "host/scripts/script_player.h"
@@ -154,6 +155,55 @@ TEST_F(Window, WhatIsNotSavedIsOfferedBackAfterAKill) {
        [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
   act([this] { EXPECT_TRUE(window_->offerRecovery()); });
   EXPECT_EQ(json(), placed);
+}
+
+// A pixel here and there may step aside, because a line is rounded to pixels from another corner; a twentieth of the
+// ink is a strip or a line that is missing.
+void expectSamePicture(const QImage& one, const QImage& other) {
+  ASSERT_EQ(one.size(), other.size());
+  int ink = 0;
+  int differing = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      ink += other.pixel(x, y) == other.pixel(0, other.height() - 1) ? 0 : 1;
+      differing += one.pixel(x, y) == other.pixel(x, y) ? 0 : 1;
+    }
+  }
+  EXPECT_GT(ink, 1000);
+  EXPECT_LT(40 * differing, ink);
+}
+
+TEST_F(Window, PanningShowsWhatAFullPaintingShows) {
+  for (int n = 0; n < 200; ++n) { drawing().add({.geometry = Line{{n * 7.0, 0}, {n * 3.0, 800}}}); }
+  DrawingView& view = window_->view();
+  view.refresh();
+  view.zoomBy(3.0);
+  view.finishPainting();
+  // At once: nothing is painted in between.
+  const auto pan = [&view](QPointF from, QPointF to) {
+    const auto send = [&view](QEvent::Type type, QPointF at, Qt::MouseButton button) {
+      QMouseEvent event(type, at, at, button, Qt::MiddleButton, Qt::NoModifier);
+      QApplication::sendEvent(&view, &event);
+    };
+    send(QEvent::MouseButtonPress, from, Qt::MiddleButton);
+    send(QEvent::MouseMove, to, Qt::NoButton);
+    send(QEvent::MouseButtonRelease, to, Qt::MiddleButton);
+  };
+  pan({300, 300}, {410, 260});
+  view.finishPainting();
+  const QImage shifted = view.grab().toImage();
+  view.refresh();
+  view.finishPainting();
+  expectSamePicture(shifted, view.grab().toImage());
+  // A change that is still being painted must not come back with a pan.
+  drawing().add({.geometry = Line{view.toDrawing({10, 10}), view.toDrawing({500, 400})}});
+  view.refreshIfChanged();
+  pan({300, 300}, {320, 310});
+  view.finishPainting();
+  const QImage after = view.grab().toImage();
+  view.refresh();
+  view.finishPainting();
+  expectSamePicture(after, view.grab().toImage());
 }
 
 TEST(Prompt, PointsAreTypedAbsoluteRelativeAndPolar) {
