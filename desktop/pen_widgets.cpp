@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kByLayer = kPens + 1;
 constexpr int kSwatch = 14;
-constexpr int kColumns = 16;
+constexpr int kPensInRow = 16;
 
 Ground groundBeside(const QWidget& widget) {
   return widget.palette().color(QPalette::Base).lightness() < 128 ? Ground::kDark : Ground::kPaper;
@@ -86,12 +86,12 @@ std::optional<int> choosePenFrom(QWidget* parent, const QString& title, int pen)
       chosen = number;
       chooser.accept();
     });
-    grid->addWidget(button, (number - 1) / kColumns, (number - 1) % kColumns);
+    grid->addWidget(button, (number - 1) / kPensInRow, (number - 1) % kPensInRow);
     if (number == pen) { button->setFocus(); }
   }
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, &chooser);
   QObject::connect(buttons, &QDialogButtonBox::rejected, &chooser, &QDialog::reject);
-  grid->addWidget(buttons, kColumns, 0, 1, kColumns);
+  grid->addWidget(buttons, kPensInRow, 0, 1, kPensInRow);
   chooser.exec();
   return chosen;
 }

@@ -7,7 +7,7 @@ namespace ardenix {
 
 namespace {
 
-constexpr std::string_view kSection = "Defaults";
+constexpr std::string_view kDefaultsSection = "Defaults";
 constexpr double kSmallestRepeat = 1.0;
 constexpr double kLargestRepeat = 10000.0;
 constexpr int kMostItems = 10000;
@@ -99,12 +99,12 @@ void FastenerOptions::addRepeat(dialog::Dialog& dialog, int row) {
 
 void FastenerOptions::read(const DefinitionStore& store) {
   const TINIFile& file = store.file();
-  sideView_.setChecked(file.ReadInt(kSection, "DrawElev", 1) != 0);
-  planView_.setChecked(file.ReadInt(kSection, "DrawPlan", 0) != 0);
-  if (texts_.alignable) { align_.setChecked(file.ReadInt(kSection, "AutoAlignElev", 0) != 0); }
-  headStyle_.choose(file.ReadInt(kSection, "HeadLT", 0) != 0 ? kHidden : kSolid);
-  shaftStyle_.choose(file.ReadInt(kSection, "ShaftLT", 0) != 0 ? kHidden : kSolid);
-  showRepeat(readRepeat(file.ReadString(kSection, texts_.repeatKey, "")));
+  sideView_.setChecked(file.ReadInt(kDefaultsSection, "DrawElev", 1) != 0);
+  planView_.setChecked(file.ReadInt(kDefaultsSection, "DrawPlan", 0) != 0);
+  if (texts_.alignable) { align_.setChecked(file.ReadInt(kDefaultsSection, "AutoAlignElev", 0) != 0); }
+  headStyle_.choose(file.ReadInt(kDefaultsSection, "HeadLT", 0) != 0 ? kHidden : kSolid);
+  shaftStyle_.choose(file.ReadInt(kDefaultsSection, "ShaftLT", 0) != 0 ? kHidden : kSolid);
+  showRepeat(readRepeat(file.ReadString(kDefaultsSection, texts_.repeatKey, "")));
 }
 
 void FastenerOptions::showRepeat(const Repeat& repeat) {
@@ -117,12 +117,12 @@ void FastenerOptions::showRepeat(const Repeat& repeat) {
 
 void FastenerOptions::write(DefinitionStore& store) const {
   TINIFile& file = store.file();
-  file.WriteInt(kSection, "DrawElev", sideView_.checked() ? 1 : 0);
-  file.WriteInt(kSection, "DrawPlan", planView_.checked() ? 1 : 0);
-  if (texts_.alignable) { file.WriteInt(kSection, "AutoAlignElev", align_.checked() ? 1 : 0); }
-  file.WriteInt(kSection, "HeadLT", headStyle_.chosen() == kHidden ? 1 : 0);
-  file.WriteInt(kSection, "ShaftLT", shaftStyle_.chosen() == kHidden ? 1 : 0);
-  file.WriteString(kSection, texts_.repeatKey, repeatText(repeat()));
+  file.WriteInt(kDefaultsSection, "DrawElev", sideView_.checked() ? 1 : 0);
+  file.WriteInt(kDefaultsSection, "DrawPlan", planView_.checked() ? 1 : 0);
+  if (texts_.alignable) { file.WriteInt(kDefaultsSection, "AutoAlignElev", align_.checked() ? 1 : 0); }
+  file.WriteInt(kDefaultsSection, "HeadLT", headStyle_.chosen() == kHidden ? 1 : 0);
+  file.WriteInt(kDefaultsSection, "ShaftLT", shaftStyle_.chosen() == kHidden ? 1 : 0);
+  file.WriteString(kDefaultsSection, texts_.repeatKey, repeatText(repeat()));
 }
 
 void FastenerOptions::applyTo(Fastener& fastener) const {

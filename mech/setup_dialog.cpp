@@ -11,16 +11,16 @@ namespace {
 constexpr int kPathLimit = 259;
 constexpr double kWidestLine = 5.0;
 constexpr std::string_view kDefaultFile = "ISO Mechspecs.ini";
-constexpr std::string_view kSection = "Setup";
+constexpr std::string_view kSetupSection = "Setup";
 
 std::string key(const LineStyleRow& row, std::string_view what) { return std::string(row.prefix).append(what); }
 
 // What "Setup" holds for a key, or what is offered where nothing is loaded or the key is missing.
 int offeredInt(const Configuration& configuration, const std::string& key, int offered) {
-  return configuration.loaded() ? configuration.store().file().ReadInt(kSection, key, offered) : offered;
+  return configuration.loaded() ? configuration.store().file().ReadInt(kSetupSection, key, offered) : offered;
 }
 double offeredDouble(const Configuration& configuration, const std::string& key, double offered) {
-  return configuration.loaded() ? configuration.store().file().ReadDouble(kSection, key, offered) : offered;
+  return configuration.loaded() ? configuration.store().file().ReadDouble(kSetupSection, key, offered) : offered;
 }
 
 }  // namespace
@@ -122,9 +122,9 @@ void SetupDialog::writeStyles() {
   TINIFile& file = configuration_.store().file();
   for (size_t i = 0; i < styles_.size(); ++i) {
     const LineStyleRow& row = lineStyleRows()[i];
-    file.WriteInt(kSection, key(row, "LT"), styles_[i].linetype.GetCurSel() + 1);
-    file.WriteInt(kSection, key(row, "Pen"), styles_[i].pen.GetPen());
-    file.WriteDouble(kSection, key(row, "LW"), styles_[i].width.GetValue(), 2);
+    file.WriteInt(kSetupSection, key(row, "LT"), styles_[i].linetype.GetCurSel() + 1);
+    file.WriteInt(kSetupSection, key(row, "Pen"), styles_[i].pen.GetPen());
+    file.WriteDouble(kSetupSection, key(row, "LW"), styles_[i].width.GetValue(), 2);
   }
   configuration_.store().flush();
 }

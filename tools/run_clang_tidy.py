@@ -3,6 +3,9 @@
 
   run_clang_tidy.py BUILD_DIR [--no-cache]
 
+The build compiles file by file, as the dev preset does. It need not be built; what it has not compiled is
+examined each time.
+
 A file is known by the hash of what its verdict depends on: its bytes, the project's headers that the build
 saw it include, its compile command, the checks and clang-tidy itself. Files that passed leave a mark under
 BUILD_DIR/tidy; a mark is nothing but that hash, so a change anywhere makes a new one.

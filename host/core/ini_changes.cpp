@@ -7,8 +7,6 @@
 namespace brevan {
 namespace {
 
-bool endsLine(char c) { return c == '\n' || c == '\r'; }
-
 void ensureLineEnd(std::string& out, std::string_view lineEnd) {
   if (!out.empty() && !endsLine(out.back())) { out += lineEnd; }
 }

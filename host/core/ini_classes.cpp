@@ -65,18 +65,14 @@ void TINIFile::EraseSection(std::string_view section) { content_->storage.docume
 void TINIFile::UpdateFile() { content_->storage.save(); }
 const std::string& TINIFile::FileName() const { return content_->storage.name(); }
 
-namespace {
-
-// The lines of a section's body, blank ones at its end aside.
-struct Limits {
-  size_t first = 0;
-  size_t count = 0;
-};
-
-}  // namespace
-
 // The lines are made from the document when they are asked for after a change.
 struct INI_LIST::Content {
+  // The lines of a section's body, blank ones at its end aside.
+  struct Limits {
+    size_t first = 0;
+    size_t count = 0;
+  };
+
   brevan::IniStorage storage;
   bool linesValid = false;
   std::vector<INI_LINE> lines;

@@ -10,7 +10,6 @@ namespace {
 constexpr int kSearchesBeforeIndex = 2;
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
-bool endsLine(char c) { return c == '\n' || c == '\r'; }
 
 }  // namespace
 

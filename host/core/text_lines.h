@@ -11,6 +11,8 @@ constexpr size_t kMaxLineBytes = size_t{1} << 20;
 // No such file may be larger.
 constexpr size_t kMaxTextBytes = size_t{256} << 20;
 
+inline bool endsLine(char c) { return c == '\n' || c == '\r'; }
+
 // One line of a text: from begin to textEnd without, to end with its line end (CRLF, LF or CR).
 struct LineSpan {
   size_t begin = 0;

@@ -8,7 +8,7 @@ namespace brevan {
 
 namespace {
 
-constexpr double kRounding = 1e-9;
+constexpr double kRoundingShare = 1e-9;
 constexpr double kLongestMitre = 20.0;  // offsets from the corner
 
 Point rightOf(Point direction) { return {direction.y, -direction.x}; }
@@ -21,7 +21,7 @@ std::optional<Curve> movedRight(const Curve& curve, double offset) {
   ArcShape arc = std::get<ArcShape>(curve);
   const double radius = arcRadius(arc);
   const double moved = arc.clockwise ? radius - offset : radius + offset;
-  if (moved <= kRounding * radius) { return std::nullopt; }
+  if (moved <= kRoundingShare * radius) { return std::nullopt; }
   const bool full = isFullCircle(arc);
   const Point end = endOf(curve);
   arc.start = arc.centre + (arc.start - arc.centre) * (moved / radius);
@@ -50,8 +50,8 @@ std::optional<Point> mitrePoint(const Curve& before, const Curve& after, Point c
   std::optional<Point> best;
   double bestDistance = kLongestMitre * std::abs(offset);
   const double scale = 1.0 + lengthOf(before) + lengthOf(after);
-  for (const Point at : crossingsOfEndless(before, after, kRounding * scale)) {
-    const bool onwards = parameterOf(before, at) >= 1.0 - kRounding && parameterOf(after, at) <= kRounding;
+  for (const Point at : crossingsOfEndless(before, after, kRoundingShare * scale)) {
+    const bool onwards = parameterOf(before, at) >= 1.0 - kRoundingShare && parameterOf(after, at) <= kRoundingShare;
     if (!onwards || distance(at, corner) > bestDistance) { continue; }
     best = at;
     bestDistance = distance(at, corner);
@@ -65,7 +65,7 @@ void joinCorner(std::vector<Curve>& raw, Curve& after, const Curve& pathBefore, 
   const Curve& before = raw.back();
   const double turn = cross(directionAt(pathBefore, 1.0), directionAt(after, 0.0));
   const bool reverses = dot(directionAt(pathBefore, 1.0), directionAt(after, 0.0)) < 0.0;
-  const bool straight = std::abs(turn) <= kRounding && !reverses;
+  const bool straight = std::abs(turn) <= kRoundingShare && !reverses;
   if (straight || turn * offset < 0.0) { return; }
   const auto mitre = rounded ? std::nullopt : mitrePoint(before, after, corner, offset);
   if (mitre) {
@@ -161,7 +161,7 @@ std::vector<Curve> parallelOf(const std::vector<Curve>& path, bool closed, doubl
   std::vector<Curve> raw = rawParallel(path, closed, offset, rounded);
   if (raw.empty()) { return raw; }
   if (!closed) { cutEnds(raw, offset, angles); }
-  const double tolerance = kRounding * (1.0 + std::abs(offset));
+  const double tolerance = kRoundingShare * (1.0 + std::abs(offset));
   constexpr double kNearly = 1.0 - 1e-7;
   std::vector<Curve> kept;
   const std::vector<Curve> reach = reachOf(path, offset);

@@ -53,11 +53,12 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
 
 namespace {
 
-constexpr std::array<std::string_view, 11> kAnswers = {"point", "space", "escape", "text", "accept", "menu",
-                                                       "reply", "file",  "cancel", "pen",  "dialog"};
+constexpr std::array<std::string_view, 11> kPlainAnswers = {"point", "space", "escape", "text", "accept", "menu",
+                                                            "reply", "file",  "cancel", "pen",  "dialog"};
 
 bool isAnswer(std::string_view name) {
-  return dialogAnswer(name) != nullptr || std::find(kAnswers.begin(), kAnswers.end(), name) != kAnswers.end();
+  return dialogAnswer(name) != nullptr ||
+         std::find(kPlainAnswers.begin(), kPlainAnswers.end(), name) != kPlainAnswers.end();
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ class BoltCommand : public CommandSession {
   }
 };
 
-constexpr const char* kPlanOnly = "uncheck \"Side View (elevation)\"\ncheck \"Top View (plan)\"\n";
+constexpr const char* kBoltPlanOnly = "uncheck \"Side View (elevation)\"\ncheck \"Top View (plan)\"\n";
 
 // ---- Side view ----------------------------------------------------------------------------------------------
 
@@ -148,7 +148,7 @@ TEST_F(BoltCommand, StandsOnTheLineNearbyAndPointsAtThePointPicked) {
 // ---- Plan view ----------------------------------------------------------------------------------------------
 
 TEST_F(BoltCommand, DrawsThePlanFreelyOrOnTheAxisOfItsSideView) {
-  draw(kPlanOnly, "point 10 20\npoint 10 20\nspace\n");
+  draw(kBoltPlanOnly, "point 10 20\npoint 10 20\nspace\n");
   EXPECT_EQ(groups(), Texts{"BOLTS M10_P1 9"});
   EXPECT_EQ(log_.of("prompt")[1], "Indicate a point on the Bolt plan view center line for rotation");
   EXPECT_NEAR(extents().high.x, 10 + 9.8150 + 5, 5e-5);
@@ -179,8 +179,8 @@ TEST_F(BoltCommand, RepeatsRoundACircle) {
     double radius;
   } cases[] = {{"Spacing", 20.0}, {"PCD", 10.0}};
   for (const auto& [value, radius] : cases) {
-    const std::string edits = std::string(kPlanOnly) + "pick \"Repeat\" \"Polar\"\npick \"Polar value\" \"" + value +
-                              "\"\nset \"Number =\" 6\nset \"Repeat value\" 20\n";
+    const std::string edits = std::string(kBoltPlanOnly) + "pick \"Repeat\" \"Polar\"\npick \"Polar value\" \"" +
+                              value + "\"\nset \"Number =\" 6\nset \"Repeat value\" 20\n";
     draw(edits, "point 100 100\npoint 100 100\nspace\n");
     const std::vector<Point> centres = planCentres();
     ASSERT_EQ(centres.size(), 6U);
@@ -191,7 +191,7 @@ TEST_F(BoltCommand, RepeatsRoundACircle) {
 }
 
 TEST_F(BoltCommand, RepeatsInARowAlongTheDirectionGiven) {
-  const std::string row = std::string(kPlanOnly) + "set \"Number =\" 4\nset \"Repeat value\" 25\n";
+  const std::string row = std::string(kBoltPlanOnly) + "set \"Number =\" 4\nset \"Repeat value\" 25\n";
   draw(row, "point 0 0\npoint 0 0\npoint 3 90\nspace\n");
   std::vector<Point> centres = planCentres();
   ASSERT_EQ(centres.size(), 4U);
@@ -206,7 +206,7 @@ TEST_F(BoltCommand, RepeatsInARowAlongTheDirectionGiven) {
 }
 
 TEST_F(BoltCommand, EscapeEndsTheCommandAfterThePartInHand) {
-  draw(std::string(kPlanOnly) + "set \"Number =\" 4\nset \"Repeat value\" 25\n", "point 0 0\npoint 0 0\nescape\n");
+  draw(std::string(kBoltPlanOnly) + "set \"Number =\" 4\nset \"Repeat value\" 25\n", "point 0 0\npoint 0 0\nescape\n");
   EXPECT_EQ(groups(), Texts{"BOLTS M10_P1 9"});
 }
 

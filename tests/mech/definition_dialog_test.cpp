@@ -8,14 +8,14 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const std::string kSetup = "[Setup]\nWeldSymbols=w.drg\n";
-const std::string kBolts =
+const std::string kSetupLines = "[Setup]\nWeldSymbols=w.drg\n";
+const std::string kBoltLines =
     "[BOLTS]\nCurrent=1\nBolt1=M8,13.000,5.300,8.000,40.000,22.000,6.470\n"
     "Bolt2=M10,17.000,6.400,10.000,40.000,26.000,8.160\nBolt3=M12,19.000,7.500,12.000,60.000,30.000,9.850\n";
 
 class DefinitionDialogTest : public CommandSession {
  protected:
-  DefinitionDialogTest() { path_ = useLibrary(kSetup + kBolts); }
+  DefinitionDialogTest() { path_ = useLibrary(kSetupLines + kBoltLines); }
 
   // Opens the bolt dialog, does what the script says and closes it with Cancel.
   void visit(const std::string& script) {
@@ -32,7 +32,7 @@ class DefinitionDialogTest : public CommandSession {
 
   void testStep(const std::string&) override { write("library.ini", kTheirs); }
 
-  static inline const std::string kTheirs = kSetup + "[BOLTS]\nBolt1=Theirs,1,1,1,1,1,1\n; written meanwhile\n";
+  static inline const std::string kTheirs = kSetupLines + "[BOLTS]\nBolt1=Theirs,1,1,1,1,1,1\n; written meanwhile\n";
   static inline const std::string kOpen = "dialog \"Mechanical Ardenix - Hex Bolts\"\n";
   static inline const std::string kAsk = "dialog \"Save Changes to Bolt?\"\n";
   static inline const std::string kSave = kAsk + "pick \"Choice\" \"Save the changes\"\npress \"OK\"\n";
@@ -139,7 +139,7 @@ TEST_F(DefinitionDialogTest, DeletingSelectsTheOneBefore) {
 }
 
 TEST_F(DefinitionDialogTest, AnEmptySectionTakesItsFirstRecord) {
-  path_ = useLibrary(kSetup);
+  path_ = useLibrary(kSetupLines);
   visit("expect \"Head size\" 0.0\npress \"Add\"\n" + named("First") + "expect \"Definition\" \"First\"\n");
   EXPECT_EQ(record(1), "First,0.000,0.000,0.000,0.000,0.000,0.000");
 }

@@ -5,9 +5,6 @@
 
 namespace {
 
-constexpr const char* kSideOnly = "point 0 0\nmenu \"No Rotation\"\nspace\n";
-constexpr const char* kPlanOnly = "uncheck \"Draw Side View (elevation)\"\ncheck \"Draw Top View (plan)\"\n";
-
 class DrilledHoleTest : public FastenerSession {
  protected:
   // Fields: diameter, thread diameter, length, countersink depth, type, range, counterbore diameter, thread length.

@@ -15,7 +15,7 @@ namespace {
 
 using Fields = std::span<const ardenix::RecordField>;
 
-struct Kind {
+struct DrawnKind {
   const char* name;
   Fields (*fields)();
   std::unique_ptr<ardenix::FastenerDrawer> (*make)(CCadWindow& view, const ardenix::DefinitionStore& store);
@@ -27,15 +27,15 @@ std::unique_ptr<ardenix::FastenerDrawer> make(CCadWindow& view, const ardenix::D
   return std::make_unique<Drawer>(view, store);
 }
 
-const Kind kKinds[] = {{"bolt", ardenix::boltFields, make<ardenix::HexBolt>, false},
-                       {"screw", ardenix::screwFields, make<ardenix::SocketScrew>, false},
-                       {"nut", ardenix::nutFields, make<ardenix::Nut>, true},
-                       {"hole", ardenix::holeFields, make<ardenix::DrilledHole>, false},
-                       {"rivet", ardenix::rivetFields, make<ardenix::Rivet>, false}};
+const DrawnKind kDrawnKinds[] = {{"bolt", ardenix::boltFields, make<ardenix::HexBolt>, false},
+                                 {"screw", ardenix::screwFields, make<ardenix::SocketScrew>, false},
+                                 {"nut", ardenix::nutFields, make<ardenix::Nut>, true},
+                                 {"hole", ardenix::holeFields, make<ardenix::DrilledHole>, false},
+                                 {"rivet", ardenix::rivetFields, make<ardenix::Rivet>, false}};
 
 // Draws parts past their dialogs, as a library may hold them: the same values every time, picked from the ends
 // of the fields' ranges.
-class FastenerExtremes : public FastenerSession, public ::testing::WithParamInterface<Kind> {
+class FastenerExtremes : public FastenerSession, public ::testing::WithParamInterface<DrawnKind> {
  protected:
   void testStep(const std::string&) override {
     const ardenix::DefinitionStore store(path_);
@@ -72,7 +72,7 @@ TEST_P(FastenerExtremes, AnyRecordIsDrawnInFiniteStrokes) {
   EXPECT_GT(drawing().count(), 200U * 8U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FastenerExtremes, ::testing::ValuesIn(kKinds),
+INSTANTIATE_TEST_SUITE_P(Kinds, FastenerExtremes, ::testing::ValuesIn(kDrawnKinds),
                          [](const auto& kind) { return std::string(kind.param.name); });
 
 }  // namespace

@@ -29,7 +29,7 @@ constexpr OpenEnds kNone[] = {{"", 0}};
 // Walls and threads begin at the surface, and end in the open where the hole goes through.
 constexpr OpenEnds kOfHoles[] = {{"TAPTHRU", 8}, {"", 4}};
 
-struct Kind {
+struct ShippedKind {
   const char* section;
   const char* command;
   const char* title;
@@ -39,7 +39,7 @@ struct Kind {
   std::span<const OpenEnds> openEnds;
 };
 
-const Kind kKinds[] = {
+const ShippedKind kShippedKinds[] = {
     {"BOLTS", "MechDrawBolts", "Hex Bolts", "Side View (elevation)", "Top View (plan)", "menu \"No Rotation\"\n",
      kOfScrews},
     {"CAPSCREWS", "MechDrawScrews", "Socket Screws", "Draw Side View (elevation)", "Draw Top View (plan)",
@@ -63,13 +63,13 @@ std::vector<brevan::Point> endsOf(const Primitive& stroke) {
   return {};
 }
 
-class FastenerLibraryTest : public FastenerSession, public ::testing::WithParamInterface<Kind> {
+class FastenerLibraryTest : public FastenerSession, public ::testing::WithParamInterface<ShippedKind> {
  protected:
   FastenerLibraryTest() : path_(useLibrary(read(std::string(SOURCE_ROOT) + "/data/ISO Mechspecs.ini"))) {}
 
   // Both views of every definition, side by side, by one script. Fills strokes_: side, plan, side, plan, ...
   void drawAll() {
-    const Kind& kind = GetParam();
+    const ShippedKind& kind = GetParam();
     names_ = ardenix::DefinitionStore(path_).names(kind.section);
     std::string script;
     for (size_t i = 0; i < names_.size(); ++i) {
@@ -162,7 +162,7 @@ TEST_P(FastenerLibraryTest, ThreadsLieInTheMaterial) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Shipped, FastenerLibraryTest, ::testing::ValuesIn(kKinds),
+INSTANTIATE_TEST_SUITE_P(Shipped, FastenerLibraryTest, ::testing::ValuesIn(kShippedKinds),
                          [](const auto& kind) { return std::string(kind.param.section); });
 
 }  // namespace

@@ -17,6 +17,9 @@ class FastenerSession : public CommandSession {
       "[Setup]\nWeldSymbols=w.drg\nSolidPen=1\nSolidLW=0.50\nHiddenPen=13\nHiddenLT=21\nHiddenLW=0.25\nCenterPen=3\n"
       "CenterLT=4\nCenterLW=0.1\n";
   static constexpr double kThin = 2.5;  // threads
+  // The views as screws and holes name them, and the answers of one side view.
+  static constexpr const char* kSideOnly = "point 0 0\nmenu \"No Rotation\"\nspace\n";
+  static constexpr const char* kPlanOnly = "uncheck \"Draw Side View (elevation)\"\ncheck \"Draw Top View (plan)\"\n";
 
   // Runs a command with these edits in its dialog and these answers after it.
   void draw(const std::string& command, const std::string& title, const std::string& edits, const std::string& answers,

@@ -8,7 +8,7 @@ enum Type { kHexagon, kSlotted };
 enum Shape { kRounded, kFlatBase, kFlat };
 
 constexpr const char* kUpright = "point 0 0\npoint 0 0\nspace\n";
-constexpr const char* kPlanOnly = "uncheck \"Draw side view (elevation)\"\ncheck \"Draw top view (plan view)\"\n";
+constexpr const char* kNutPlanOnly = "uncheck \"Draw side view (elevation)\"\ncheck \"Draw top view (plan view)\"\n";
 
 // An M12 nut: 18 across flats, 10.8 high, slots 3.5 wide and 5 deep.
 constexpr double kCorner = 10.3923;      // half across corners
@@ -130,7 +130,7 @@ TEST_F(NutTest, ThePlanLiesOnTheAxisOfItsSideView) {
 }
 
 TEST_F(NutTest, SixSlotsRunFromTheBoreToTheFlats) {
-  drawNut(kSlotted, kRounded, "16.6,10.106,0", kPlanOnly, "point 0 0\npoint 0 0\nspace\n");
+  drawNut(kSlotted, kRounded, "16.6,10.106,0", kNutPlanOnly, "point 0 0\npoint 0 0\nspace\n");
   const double bore = std::sqrt(5.053 * 5.053 - 1.75 * 1.75);
   EXPECT_TRUE(hasLine({1.75, bore}, {1.75, 9})) << "square to the upper flat";
   int slots = 0;

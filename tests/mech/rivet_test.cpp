@@ -4,12 +4,12 @@
 
 namespace {
 
-enum Head { kSnap, kPan, kMushroom, kFlat, kCountersunk };
+enum RivetHead { kSnapHead, kPanHead, kMushroomHead, kFlatHead, kCountersunkHead };
 
 class RivetTest : public FastenerSession {
  protected:
   // A rivet of 4 mm with a shank of 12, heads 7 wide and 2 high.
-  void drawRivet(Head left, Head right, const std::string& edits = "",
+  void drawRivet(RivetHead left, RivetHead right, const std::string& edits = "",
                  const std::string& answers = "point 0 0\nmenu \"No Rotation\"\nspace\n") {
     useLibrary(std::string(kSetup) + "[RIVETS]\nBolt1=R4,4,2,7," + std::to_string(left) + ",12,2,7," +
                std::to_string(right) + '\n');
@@ -19,9 +19,9 @@ class RivetTest : public FastenerSession {
 
 TEST_F(RivetTest, HeadsStandOnBothFacesOfWhatIsJoined) {
   const struct {
-    Head head;
+    RivetHead head;
     double top;  // half the width of the flat top, 0 for a crown
-  } cases[] = {{kSnap, 0}, {kMushroom, 0}, {kPan, 3.0}, {kFlat, 3.5}};
+  } cases[] = {{kSnapHead, 0}, {kMushroomHead, 0}, {kPanHead, 3.0}, {kFlatHead, 3.5}};
   for (const auto& [head, top] : cases) {
     drawRivet(head, head);
     for (const double face : {0.0, -12.0}) {
@@ -49,17 +49,18 @@ TEST_F(RivetTest, ACrownHigherThanItsRadiusIsMoreThanAHalfCircle) {
 }
 
 TEST_F(RivetTest, CountersunkHeadsTakeTheirPartOfTheShank) {
-  drawRivet(kCountersunk, kCountersunk);
+  drawRivet(kCountersunkHead, kCountersunkHead);
   EXPECT_TRUE(hasLine({2, -2}, {2, -10}));
   EXPECT_TRUE(hasLine({3.5, 0}, {2, -2}));
   EXPECT_TRUE(hasLine({-3.5, -12}, {-2, -10}));
   EXPECT_NEAR(axis().a.y, -10 - 7.8, 1e-9);
-  drawRivet(kCountersunk, kSnap);
+  drawRivet(kCountersunkHead, kSnapHead);
   EXPECT_TRUE(hasLine({2, -2}, {2, -12}));
 }
 
 TEST_F(RivetTest, ThePlanShowsTheShankHiddenBelowItsWiderHead) {
-  drawRivet(kSnap, kFlat, "uncheck \"Side View (elevation)\"\ncheck \"Top View (plan)\"\nset \"RHS/Head dia\" 9\n",
+  drawRivet(kSnapHead, kFlatHead,
+            "uncheck \"Side View (elevation)\"\ncheck \"Top View (plan)\"\nset \"RHS/Head dia\" 9\n",
             "dialog \"Save Changes to Rivet?\"\npress \"Cancel\"\npoint 0 0\npoint 0 0\nspace\n");
   EXPECT_TRUE(hasCircle({0, 0}, 4.5));
   EXPECT_TRUE(hasLine({-9.5, 0}, {9.5, 0}));

@@ -8,9 +8,9 @@ namespace {
 using Texts = std::vector<std::string>;
 
 constexpr const char* kMissing = "Mechanical Ardenix configuration file cannot be found, or is incorrectly specified!";
-const std::string kSetup = "dialog \"Mechanical Ardenix - Setup\"\n";
+const std::string kSetupDialog = "dialog \"Mechanical Ardenix - Setup\"\n";
 const std::string kCancel = "press \"Cancel\"\n";
-const std::string kBolts = "dialog \"Mechanical Ardenix - Hex Bolts\"\n";
+const std::string kBoltsDialog = "dialog \"Mechanical Ardenix - Hex Bolts\"\n";
 const std::string kValid =
     "[Setup]\nWeldSymbols=w.drg\nSolidLT=2\nSolidPen=7\nSolidLW=0.35\n[BOLTS]\nBolt1=Mine,1,1,1,1,1,1\n";
 
@@ -30,8 +30,8 @@ class SetupTest : public CommandSession {
 // ---- Finding the file ---------------------------------------------------------------------------------------
 
 TEST_F(SetupTest, WithoutAFileADrawingCommandAsksTwiceAndEndsQuietly) {
-  play("run MechDrawBolts\nexpect message \"" + std::string(kMissing) + "\"\n" + kSetup +
-       "expect \"Configuration file\" \"<none>\"\n" + kCancel + "expect message \"" + kMissing + "\"\n" + kSetup +
+  play("run MechDrawBolts\nexpect message \"" + std::string(kMissing) + "\"\n" + kSetupDialog +
+       "expect \"Configuration file\" \"<none>\"\n" + kCancel + "expect message \"" + kMissing + "\"\n" + kSetupDialog +
        kCancel);
   EXPECT_EQ(drawing().count(), 0U);
   EXPECT_EQ(remembered(), "nothing");
@@ -39,22 +39,22 @@ TEST_F(SetupTest, WithoutAFileADrawingCommandAsksTwiceAndEndsQuietly) {
 
 TEST_F(SetupTest, OffersTheDefaultFileOfTheDataFolder) {
   const std::string path = write("ISO Mechspecs.ini", kValid);
-  play("run MechDrawBolts\n" + kSetup + "expect \"Configuration file\" \"" + path + "\"\npress \"OK\"\n" + kBolts +
-       "expect \"Definition\" \"Mine\"\n" + kCancel);
+  play("run MechDrawBolts\n" + kSetupDialog + "expect \"Configuration file\" \"" + path + "\"\npress \"OK\"\n" +
+       kBoltsDialog + "expect \"Definition\" \"Mine\"\n" + kCancel);
   EXPECT_EQ(remembered(), path);
   EXPECT_EQ(log_.of("message"), Texts{kMissing});
 }
 
 TEST_F(SetupTest, AFileWithoutWeldSymbolsIsUsedAfterAWarning) {
   useLibrary("[BOLTS]\nBolt1=Mine,1,1,1,1,1,1\n");
-  play("run MechDrawBolts\n" + kBolts + "expect \"Definition\" \"Mine\"\n" + kCancel);
+  play("run MechDrawBolts\n" + kBoltsDialog + "expect \"Definition\" \"Mine\"\n" + kCancel);
   EXPECT_EQ(log_.of("message"),
             Texts{"The specified Mechanical Ardenix configuration file does not appear to be valid!"});
 }
 
 TEST_F(SetupTest, IsReadOnceForEachView) {
   useLibrary(kValid);
-  const std::string visit = "run MechDrawBolts\n" + kBolts;
+  const std::string visit = "run MechDrawBolts\n" + kBoltsDialog;
   play(visit + kCancel + "test rewrite\n" + visit + "expect \"Definition\" \"Mine\"\n" + kCancel + "new \"other\"\n" +
        visit + "expect \"Definition\" \"Later\"\n" + kCancel);
 }
@@ -63,7 +63,7 @@ TEST_F(SetupTest, IsReadOnceForEachView) {
 
 TEST_F(SetupTest, ShowsWhatIsOfferedForMissingKeysAndWritesAllOfThem) {
   const std::string path = useLibrary("; kept\n[Setup]\nWeldSymbols=\nSolidLT=2\n");
-  play("run DisplayMechSetup\n" + kSetup +
+  play("run DisplayMechSetup\n" + kSetupDialog +
        "expect \"Solid line type\" 2\nexpect \"Hidden line type\" 21\nexpect \"Center line type\" 4\n"
        "expect \"Hidden pen\" 13\nexpect \"Solid width\" 0.2\nexpect \"Annotation Setup...\" disabled\n"
        "set \"Hidden width\" 0.355\npress \"Center pen\"\npen 9\npress \"OK\"\n");
@@ -83,10 +83,10 @@ TEST_F(SetupTest, CancelWritesNothingButKeepsAFilePickedMeanwhile) {
   const std::string before = read(path);
   const std::string other =
       write("other.ini", "[Setup]\nWeldSymbols=\nHiddenPen=5\nHiddenLW=0.7\n[BOLTS]\nBolt1=Other,1,1,1,1,1,1\n");
-  play("run DisplayMechSetup\n" + kSetup + "set \"Solid width\" 3\npress \"...\"\nfile \"" + other +
+  play("run DisplayMechSetup\n" + kSetupDialog + "set \"Solid width\" 3\npress \"...\"\nfile \"" + other +
        "\"\nexpect \"Hidden pen\" 5\nexpect \"Solid line type\" 1\nexpect \"Hidden width\" 0.0\nexpect \"Solid width\" "
        "3.0\n" +
-       kCancel + "run MechDrawBolts\n" + kBolts + "expect \"Definition\" \"Other\"\n" + kCancel);
+       kCancel + "run MechDrawBolts\n" + kBoltsDialog + "expect \"Definition\" \"Other\"\n" + kCancel);
   EXPECT_EQ(read(path), before);
   EXPECT_EQ(remembered(), path);
 }
@@ -94,7 +94,7 @@ TEST_F(SetupTest, CancelWritesNothingButKeepsAFilePickedMeanwhile) {
 TEST_F(SetupTest, AnInvalidPickIsToldAndABadPathKeepsTheDialogOpen) {
   const std::string path = useLibrary(kValid);
   const std::string invalid = write("invalid.ini", "[Setup]\nSolidPen=9\n");
-  play("run DisplayMechSetup\n" + kSetup + "press \"...\"\nfile \"" + invalid + "\"\nexpect \"Solid pen\" 7\n" +
+  play("run DisplayMechSetup\n" + kSetupDialog + "press \"...\"\nfile \"" + invalid + "\"\nexpect \"Solid pen\" 7\n" +
        "set \"Configuration file\" \"gone.ini\"\npress \"OK\"\nset \"Configuration file\" \"<none>\"\npress \"OK\"\n" +
        "press \"...\"\ncancel\n" + kCancel);
   const char* bad = "You must specify a valid Mechanical Ardenix configuration filename!";
@@ -105,7 +105,7 @@ TEST_F(SetupTest, AnInvalidPickIsToldAndABadPathKeepsTheDialogOpen) {
 
 TEST_F(SetupTest, HelpThatCannotBeOpenedIsTold) {
   useLibrary(kValid);
-  play("run DisplayMechSetup\n" + kSetup + "help\nhelp\n" + kCancel + "run MechDrawBolts\n" + kBolts +
+  play("run DisplayMechSetup\n" + kSetupDialog + "help\nhelp\n" + kCancel + "run MechDrawBolts\n" + kBoltsDialog +
        "help \"Length\"\n" + kCancel);
   EXPECT_EQ(log_.of("message"), Texts(3, "Unable to open help file"));
 }
@@ -127,7 +127,7 @@ TEST_F(SetupTest, TheModuleListsWhatItExportsAndKnowsItsVersion) {
 
 TEST_F(SetupTest, UnloadingTheModuleReleasesIt) {
   useLibrary(kValid);
-  play("run MechDrawBolts\n" + kBolts + kCancel);
+  play("run MechDrawBolts\n" + kBoltsDialog + kCancel);
   const std::string path = modulePath();
   void* loaded = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
   ASSERT_NE(loaded, nullptr);

@@ -6,8 +6,6 @@ namespace {
 
 // The fields after the name: head diameter and height, diameter, length, shank, minor and shoulder diameter, key.
 constexpr const char* kM8 = "13,5,8,30,10,6.47,8,6";
-constexpr const char* kSideOnly = "point 0 0\nmenu \"No Rotation\"\nspace\n";
-constexpr const char* kPlanOnly = "uncheck \"Draw Side View (elevation)\"\ncheck \"Draw Top View (plan)\"\n";
 
 class SocketScrewTest : public FastenerSession {
  protected:

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
+constexpr double kHalfTurn = std::numbers::pi;
 
 double directionTo(double y, double x) {
   double distance = 0.0;
@@ -21,10 +21,10 @@ double directionTo(double y, double x) {
 
 TEST(SurveyGeometry, directionsRunClockwiseFromTheYAxis) {
   EXPECT_DOUBLE_EQ(directionTo(1, 0), 0.0);
-  EXPECT_DOUBLE_EQ(directionTo(0, 1), kPi / 2);
-  EXPECT_DOUBLE_EQ(directionTo(-1, 0), kPi);
-  EXPECT_DOUBLE_EQ(directionTo(0, -1), 1.5 * kPi);
-  EXPECT_DOUBLE_EQ(directionTo(3, 3), kPi / 4);
+  EXPECT_DOUBLE_EQ(directionTo(0, 1), kHalfTurn / 2);
+  EXPECT_DOUBLE_EQ(directionTo(-1, 0), kHalfTurn);
+  EXPECT_DOUBLE_EQ(directionTo(0, -1), 1.5 * kHalfTurn);
+  EXPECT_DOUBLE_EQ(directionTo(3, 3), kHalfTurn / 4);
   EXPECT_EQ(directionTo(1, -1e-300), 0.0);  // below a full circle always
   double distance = -1.0;
   double direction = -1.0;
@@ -49,7 +49,7 @@ TEST(SurveyGeometry, polarUndoesJoin) {
     double y = 0.0;
     double x = 0.0;
     coreSurvJoin(y1, x1, y2, x2, distance, direction);
-    ASSERT_TRUE(direction >= 0.0 && direction < 2.0 * kPi);
+    ASSERT_TRUE(direction >= 0.0 && direction < 2.0 * kHalfTurn);
     coreSurvPolar(y1, x1, direction, distance, y, x);
     ASSERT_NEAR(y, y2, 1e-8);
     ASSERT_NEAR(x, x2, 1e-8);
@@ -93,12 +93,12 @@ TEST(SurveyGeometry, noCrossingOfParallelsPointsAndBrokenNumbers) {
 }
 
 TEST(SurveyGeometry, degreesMinutesSeconds) {
-  const auto radians = [](double degrees) { return degrees * kPi / 180.0; };
+  const auto radians = [](double degrees) { return degrees * kHalfTurn / 180.0; };
   EXPECT_NEAR(coreDmsRad(10.3), radians(10.5), 1e-15);
   EXPECT_NEAR(coreDmsRad(-10.3), radians(-10.5), 1e-15);
   EXPECT_NEAR(coreDmsRad(0.0001), radians(1.0 / 3600.0), 1e-18);
   EXPECT_NEAR(coreDmsRad(359.59599), radians(360.0 - 0.1 / 3600.0), 1e-12);
-  EXPECT_DOUBLE_EQ(coreRadDms(kPi / 2), 90.0);
+  EXPECT_DOUBLE_EQ(coreRadDms(kHalfTurn / 2), 90.0);
   EXPECT_DOUBLE_EQ(coreRadDms(radians(-10.5)), -10.3);
   EXPECT_DOUBLE_EQ(coreRadDms(radians(12.0 + 34.0 / 60 + 56.78 / 3600)), 12.345678);
   // A hair below a full minute or degree is one, and not 60 of the smaller unit.

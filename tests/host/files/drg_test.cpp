@@ -14,7 +14,7 @@
 namespace brevan {
 namespace {
 
-std::string reasonOf(const std::string& bytes) {
+std::string drgReason(const std::string& bytes) {
   try {
     drawingFromDrg(bytes, "part.drg");
   } catch (const HostFailure& failure) { return failure.what(); }
@@ -81,14 +81,14 @@ TEST(DrawingFile, NumbersOfADrawingMostlyErasedAreGivenAnew) {
 TEST(DrawingFile, DamageIsRefusedOrHarmless) {
   const std::string whole = smallFile();
   for (size_t length = 0; length < whole.size(); length += 64) {
-    ASSERT_NE(reasonOf(whole.substr(0, length)), "") << length;
+    ASSERT_NE(drgReason(whole.substr(0, length)), "") << length;
   }
   std::mt19937 random(5);
   const auto any = [&random](size_t below) { return std::uniform_int_distribution<size_t>(0, below - 1)(random); };
   for (int attempt = 0; attempt < 1500; ++attempt) {
     std::string damaged = whole;
     for (size_t flips = 1 + any(4); flips > 0; --flips) { damaged[any(damaged.size())] = static_cast<char>(any(256)); }
-    reasonOf(damaged);
+    drgReason(damaged);
   }
 }
 
@@ -127,11 +127,11 @@ TEST(DrawingFile, ValuesOutOfPlaceAreNamedWithTableAndRow) {
   };
   const std::string whole = smallFile();
   for (const EditRow& row : rows) {
-    const std::string reason = reasonOf(editedBy(whole, row.sql));
+    const std::string reason = drgReason(editedBy(whole, row.sql));
     EXPECT_NE(reason.find(row.reason), std::string::npos) << row.sql << "\n got: " << reason;
     EXPECT_TRUE(reason.starts_with("\"part.drg\": ")) << reason;
   }
-  EXPECT_EQ(reasonOf(editedBy(whole, "ANALYZE; VACUUM")), "") << "a tool's housekeeping does no harm";
+  EXPECT_EQ(drgReason(editedBy(whole, "ANALYZE; VACUUM")), "") << "a tool's housekeeping does no harm";
 }
 
 }  // namespace

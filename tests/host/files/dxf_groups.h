@@ -17,7 +17,7 @@ struct DxfGroupPair {
   std::string value;
 };
 
-struct DxfRecord {
+struct WrittenRecord {
   std::string kind;
   std::vector<DxfGroupPair> groups;
 
@@ -40,10 +40,10 @@ inline std::vector<std::string> linesOf(std::string_view file) {
   return lines;
 }
 
-inline std::vector<DxfRecord> recordsOf(std::string_view file) {
+inline std::vector<WrittenRecord> recordsOf(std::string_view file) {
   const std::vector<std::string> lines = linesOf(file);
   EXPECT_EQ(lines.size() % 2, 0U);
-  std::vector<DxfRecord> records;
+  std::vector<WrittenRecord> records;
   for (size_t at = 0; at + 1 < lines.size(); at += 2) {
     const auto code = numberText::parseInteger(lines[at]);
     EXPECT_TRUE(code) << "line " << at + 1 << " is no group code: " << lines[at];
@@ -57,9 +57,9 @@ inline std::vector<DxfRecord> recordsOf(std::string_view file) {
   return records;
 }
 
-inline std::vector<DxfRecord> ofKind(const std::vector<DxfRecord>& records, std::string_view kind) {
-  std::vector<DxfRecord> found;
-  for (const DxfRecord& record : records) {
+inline std::vector<WrittenRecord> ofKind(const std::vector<WrittenRecord>& records, std::string_view kind) {
+  std::vector<WrittenRecord> found;
+  for (const WrittenRecord& record : records) {
     if (record.kind == kind) { found.push_back(record); }
   }
   return found;

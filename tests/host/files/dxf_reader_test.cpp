@@ -15,7 +15,7 @@ namespace {
 
 ReadDrawing readText(const std::string& text) { return drawingFromDxf(text, "x.dxf"); }
 
-std::string reasonOf(const std::string& text) {
+std::string dxfReason(const std::string& text) {
   try {
     readText(text);
   } catch (const HostFailure& failure) { return failure.what(); }
@@ -233,7 +233,7 @@ TEST(DxfReader, BadInputIsRefusedWithItsLine) {
       {"\xFF\xFE", "UTF-16"},
   };
   for (const Row& row : rows) {
-    const std::string reason = reasonOf(row.text);
+    const std::string reason = dxfReason(row.text);
     EXPECT_NE(reason.find(row.reason), std::string::npos) << row.reason << "\n got: " << reason;
     EXPECT_EQ(row.reason.empty(), reason.empty()) << reason;
   }
@@ -278,8 +278,8 @@ TEST(DxfReader, EachEntityLooksAsItsOwnLinesSay) {
     });
   }
   const std::string bad = "0\nLINE\n5\n30\n" + shared + "10\nabc\n";
-  EXPECT_NE(reasonOf(entities(line("1F", shared) + line("20", shared) + bad)).find("line 52:"), std::string::npos)
-      << reasonOf(entities(line("1F", shared) + line("20", shared) + bad));
+  EXPECT_NE(dxfReason(entities(line("1F", shared) + line("20", shared) + bad)).find("line 52:"), std::string::npos)
+      << dxfReason(entities(line("1F", shared) + line("20", shared) + bad));
 }
 
 TEST(DxfReader, BlocksThatGrowWithoutEndAreCountedFirst) {
@@ -288,7 +288,7 @@ TEST(DxfReader, BlocksThatGrowWithoutEndAreCountedFirst) {
     const std::string inner = insertOf("N" + std::to_string(level - 1));
     tree += block("N" + std::to_string(level), inner + inner);
   }
-  EXPECT_NE(reasonOf(section("BLOCKS", tree) + entities(insertOf("N40"))).find("expands to more than"),
+  EXPECT_NE(dxfReason(section("BLOCKS", tree) + entities(insertOf("N40"))).find("expands to more than"),
             std::string::npos);
 }
 
@@ -297,7 +297,7 @@ TEST(DxfReader, DamageIsRefusedOrHarmless) {
   for (int change = 0; change < 20; ++change) { random.change(); }
   const std::string whole = drawingDxf(random.drawing);
   for (size_t length = 0; length + 1 < whole.size(); length += 37) {
-    if (length + 4 < whole.size()) { ASSERT_NE(reasonOf(whole.substr(0, length)), "") << length; }
+    if (length + 4 < whole.size()) { ASSERT_NE(dxfReason(whole.substr(0, length)), "") << length; }
   }
   std::mt19937 engine(7);
   const auto any = [&engine](size_t below) { return std::uniform_int_distribution<size_t>(0, below - 1)(engine); };
@@ -305,7 +305,7 @@ TEST(DxfReader, DamageIsRefusedOrHarmless) {
     std::string damaged = whole;
     const size_t at = any(damaged.size());
     damaged.replace(at, any(3), std::string(any(3), static_cast<char>(any(256))));
-    reasonOf(damaged);
+    dxfReason(damaged);
   }
 }
 

@@ -45,14 +45,14 @@ TEST(Dxf, HandlesAreUniqueAndEveryReferenceHasItsObject) {
     Drawing drawing;
     fill(drawing);
     std::set<std::string> handles = {"0"};
-    const std::vector<DxfRecord> records = recordsOf(drawingDxf(drawing, version));
-    for (const DxfRecord& record : records) {
+    const std::vector<WrittenRecord> records = recordsOf(drawingDxf(drawing, version));
+    for (const WrittenRecord& record : records) {
       for (const DxfGroupPair& group : record.groups) {
         const bool own = kOwnHandleCodes.contains(group.code) && record.kind != "SECTION";
         if (own) { EXPECT_TRUE(handles.insert(group.value).second) << record.kind << ' ' << group.value; }
       }
     }
-    for (const DxfRecord& record : records) {
+    for (const WrittenRecord& record : records) {
       for (const DxfGroupPair& group : record.groups) {
         const bool reference = group.code == 330 || group.code == 340 || group.code == 350 || group.code == 390;
         if (reference) { EXPECT_TRUE(handles.contains(group.value)) << record.kind << ' ' << group.value; }
@@ -68,15 +68,15 @@ TEST(Dxf, HandlesAreUniqueAndEveryReferenceHasItsObject) {
 TEST(Dxf, GroupsNameTheirMembersAndMembersTheirGroup) {
   Drawing drawing;
   fill(drawing);
-  const std::vector<DxfRecord> records = recordsOf(drawingDxf(drawing));
-  const std::vector<DxfRecord> groups = ofKind(records, "GROUP");
+  const std::vector<WrittenRecord> records = recordsOf(drawingDxf(drawing));
+  const std::vector<WrittenRecord> groups = ofKind(records, "GROUP");
   ASSERT_EQ(groups.size(), 2U);
   EXPECT_EQ(groups[0].text(300), "BOLTS M10");
   EXPECT_EQ(groups[1].text(70), "1");
   size_t listed = 0;
   std::map<std::string, std::string> reactorOf;
-  for (const DxfRecord& record : records) { reactorOf[record.text(5)] = record.text(330); }
-  for (const DxfRecord& group : groups) {
+  for (const WrittenRecord& record : records) { reactorOf[record.text(5)] = record.text(330); }
+  for (const WrittenRecord& group : groups) {
     for (const DxfGroupPair& pair : group.groups) {
       if (pair.code != 340) { continue; }
       ++listed;
@@ -89,8 +89,8 @@ TEST(Dxf, GroupsNameTheirMembersAndMembersTheirGroup) {
 TEST(Dxf, ClockwiseArcsRunTheOtherWayAndCirclesClose) {
   Drawing drawing;
   fill(drawing);
-  const std::vector<DxfRecord> records = recordsOf(drawingDxf(drawing));
-  const std::vector<DxfRecord> arcs = ofKind(records, "ARC");
+  const std::vector<WrittenRecord> records = recordsOf(drawingDxf(drawing));
+  const std::vector<WrittenRecord> arcs = ofKind(records, "ARC");
   ASSERT_EQ(arcs.size(), 1U);
   EXPECT_DOUBLE_EQ(arcs[0].real(50), 90.0);
   EXPECT_DOUBLE_EQ(arcs[0].real(51), 0.0);
@@ -105,14 +105,14 @@ TEST(Dxf, TextsStayOneTextWhateverTheyHold) {
   drawing.add(primitiveOf(Text{{0, 0}, "a{b}\\Nc\\d" + std::string(600, 'x')}));
   const int layer = drawing.addLayer({"a\n0\nEOF", true, false, 1});
   drawing.setCurrentLayer(layer);
-  const std::vector<DxfRecord> records = recordsOf(drawingDxf(drawing));
+  const std::vector<WrittenRecord> records = recordsOf(drawingDxf(drawing));
   EXPECT_TRUE(ofKind(records, "INSERT").empty());
   EXPECT_EQ(ofKind(records, "EOF").size(), 1U);
-  const std::vector<DxfRecord> texts = ofKind(records, "TEXT");
+  const std::vector<WrittenRecord> texts = ofKind(records, "TEXT");
   ASSERT_EQ(texts.size(), 2U);
   EXPECT_EQ(texts[0].text(1), "A^J0^JINSERT^M^J");
   EXPECT_EQ(texts[1].text(1), "50%%%%%%d {x} ^ J \\U+005CU+0041");
-  const DxfRecord mtext = ofKind(records, "MTEXT").at(0);
+  const WrittenRecord mtext = ofKind(records, "MTEXT").at(0);
   std::string value;
   for (const DxfGroupPair& group : mtext.groups) {
     EXPECT_LE(group.value.size(), 250U);
@@ -132,7 +132,7 @@ TEST(Dxf, EncodingFollowsTheVersion) {
 }
 
 // The baseline's left end, worked out from the alignment point as a reader with the font would.
-Point baselineAsRead(const DxfRecord& text, double width) {
+Point baselineAsRead(const WrittenRecord& text, double width) {
   const bool plain = text.text(72) == "0" && text.text(73).empty();
   if (plain) { return {text.real(10), text.real(20)}; }
   const double across = text.text(72) == "0" ? 0.0 : text.text(72) == "1" ? 0.5 : 1.0;
@@ -145,7 +145,7 @@ TEST(Dxf, AlignedTextsStandWhereTheLayoutPutsThem) {
     Drawing drawing;
     Text text = {{7.0, 3.0}, "Mwy", "Times New Roman", 50.0, 0.0, justification, 0, 1, 0.8};
     drawing.add(primitiveOf(text));
-    const DxfRecord written = ofKind(recordsOf(drawingDxf(drawing)), "TEXT").at(0);
+    const WrittenRecord written = ofKind(recordsOf(drawingDxf(drawing)), "TEXT").at(0);
     const PlacedLine line = layOut(text).lines[0];
     const Point shown = text.at + line.baseline;
     EXPECT_LT(distance(baselineAsRead(written, line.width), shown), 1e-9) << justification;
@@ -165,7 +165,7 @@ TEST(Dxf, SouthOrientedDrawingIsWrittenAsSeen) {
   drawing.add(primitiveOf(Line{{1, 2}, {3, 4}}));
   drawing.add(primitiveOf(Arc{{1, 0}, {0, 0}, {0, 1}, false}));
   drawing.add(primitiveOf(Text{{5, 6}, "up"}));
-  const std::vector<DxfRecord> records = recordsOf(drawingDxf(drawing));
+  const std::vector<WrittenRecord> records = recordsOf(drawingDxf(drawing));
   EXPECT_DOUBLE_EQ(ofKind(records, "LINE").at(0).real(21), -4.0);
   EXPECT_DOUBLE_EQ(ofKind(records, "ARC").at(0).real(50), 180.0);
   EXPECT_DOUBLE_EQ(ofKind(records, "TEXT").at(0).real(50), 0.0);
