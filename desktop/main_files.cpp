@@ -54,6 +54,7 @@ void MainWindow::openFile(const QString& path) {
     const bool own = path.endsWith(".drg", Qt::CaseInsensitive);
     document().path = own ? path : QString();
     document().savedRevision = host_->window().drawing().revision();
+    if (own) { recovery_.begin(name, host_->window().drawing(), path.toStdString()); }
     view().zoomAll();
     noteRecent(path);
     if (!read.notRead.empty()) {
@@ -71,7 +72,7 @@ bool MainWindow::saveTo(const QString& path) {
   }
   document().path = path;
   document().savedRevision = host_->window().drawing().revision();
-  recovery_.drop(host_->window().name());
+  recovery_.begin(host_->window().name(), host_->window().drawing(), path.toStdString());
   recorder_.statement("save " + scriptString(path.section('/', -1)));
   noteRecent(path);
   showChanges();
@@ -184,7 +185,7 @@ bool MainWindow::offerRecovery() {
     if (answer == QMessageBox::Discard) { Recovery::remove(kept.file); }
     if (answer != QMessageBox::Open) { continue; }
     runner_.run(tr("Recover"), [this, kept] {
-      Drawing drawing = readDrawing(kept.file).drawing;
+      Drawing drawing = Recovery::read(kept.file);
       const std::vector<std::string> taken = host_->windowNames();
       const bool free = std::find(taken.begin(), taken.end(), kept.name) == taken.end();
       host_->openWindow(free ? kept.name : host_->freeWindowName()).setDrawing(std::move(drawing));

@@ -144,7 +144,7 @@ void MainWindow::connectUser() {
     followHost();
     showChanges();
     for (auto& [name, document] : documents_) {
-      const DrawingWindow& window = document.view->window();
+      DrawingWindow& window = document.view->window();
       if (!isModified(name)) { continue; }
       const std::string why = recovery_.keep(name, window.drawing());
       if (!why.empty()) {

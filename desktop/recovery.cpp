@@ -8,9 +8,8 @@
 
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
-#include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
-#include "host/files/drg_writer.h"
+#include "host/files/drawing_files.h"
 
 namespace brevan {
 
@@ -29,35 +28,40 @@ std::optional<long long> processOf(const std::string& fileName) {
 
 Recovery::Recovery(std::string folder) : folder_(std::move(folder)) {}
 
-Recovery::File& Recovery::fileOf(const std::string& name) {
-  const auto [entry, isNew] = files_.try_emplace(name);
-  if (isNew) {
-    std::string plain = toUtf8(name);
-    for (char& c : plain) {
-      if (c == '/' || c == '\\') { c = '_'; }
-    }
-    entry->second.path =
-        folder_ + '/' + std::to_string(getpid()) + '-' + std::to_string(files_.size()) + '-' + plain + ".drg";
+std::string Recovery::newPath(const std::string& name) {
+  std::string plain = toUtf8(name);
+  for (char& c : plain) {
+    if (c == '/' || c == '\\') { c = '_'; }
   }
-  return entry->second;
+  return folder_ + '/' + std::to_string(getpid()) + '-' + std::to_string(++files_) + '-' + plain + ".drg";
 }
 
-std::string Recovery::keep(const std::string& name, const Drawing& drawing) {
+DrgUpkeep& Recovery::started(const std::string& name, Drawing& drawing, const std::string& base) {
+  return kept_
+      .try_emplace(
+          name, [this, name] { return newPath(name); }, drawing, base)
+      .first->second;
+}
+
+void Recovery::begin(const std::string& name, Drawing& drawing, const std::string& file) {
+  drop(name);
+  static_cast<void>(started(name, drawing, file));
+}
+
+std::string Recovery::keep(const std::string& name, Drawing& drawing) {
   try {
-    File& file = fileOf(name);
-    if (file.revision == drawing.revision()) { return ""; }
     fs::create_directories(folder_);
-    saveWhole(file.path, drawingDrg(drawing));
-    file.revision = drawing.revision();
+    started(name, drawing, "").keep(drawing);
     return "";
   } catch (const std::exception& failure) { return failure.what(); }
 }
 
 void Recovery::drop(const std::string& name) {
-  const auto entry = files_.find(name);
-  if (entry == files_.end()) { return; }
-  remove(entry->second.path);
-  files_.erase(entry);
+  const auto entry = kept_.find(name);
+  if (entry == kept_.end()) { return; }
+  const std::string path = entry->second.path();
+  kept_.erase(entry);  // closes the file
+  if (!path.empty()) { remove(path); }
 }
 
 std::vector<Recovery::Kept> Recovery::left() const {
@@ -76,9 +80,9 @@ std::vector<Recovery::Kept> Recovery::left() const {
   return kept;
 }
 
-void Recovery::remove(const std::string& file) {
-  std::error_code ignored;
-  fs::remove(file, ignored);
+Drawing Recovery::read(const std::string& file) {
+  DrgUpkeep::settle(file);
+  return readDrawing(file).drawing;
 }
 
 }  // namespace brevan

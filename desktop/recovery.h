@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/drawing/drawing.h"
+#include "host/files/drg_upkeep.h"
 
 namespace brevan {
 
@@ -18,22 +18,24 @@ class Recovery {
   };
 
   explicit Recovery(std::string folder);
-  // Writes the drawing as it is now, where it has changed since; returns "" or why it could not be kept.
-  std::string keep(const std::string& name, const Drawing& drawing);
+  // The drawing was just opened from this drawing file or saved to it, so keeping it can start from there.
+  void begin(const std::string& name, Drawing& drawing, const std::string& file);
+  // Keeps the drawing as it is now, where it has changed since; returns "" or why it could not be kept.
+  std::string keep(const std::string& name, Drawing& drawing);
   // What is saved or given up needs no keeping.
   void drop(const std::string& name);
   // Of sessions that ended without dropping them.
   [[nodiscard]] std::vector<Kept> left() const;
-  static void remove(const std::string& file);
+  // Such a file's drawing. Throws HostFailure.
+  [[nodiscard]] static Drawing read(const std::string& file);
+  static void remove(const std::string& file) { DrgUpkeep::remove(file); }
 
  private:
-  struct File {
-    std::string path;
-    uint64_t revision = 0;  // of the drawing kept there; 0: none yet
-  };
-  [[nodiscard]] File& fileOf(const std::string& name);
+  [[nodiscard]] DrgUpkeep& started(const std::string& name, Drawing& drawing, const std::string& base);
+  [[nodiscard]] std::string newPath(const std::string& name);
   std::string folder_;
-  std::map<std::string, File> files_;
+  int files_ = 0;
+  std::map<std::string, DrgUpkeep> kept_;  // by the drawing's name
 };
 
 }  // namespace brevan

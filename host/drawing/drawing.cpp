@@ -101,6 +101,7 @@ void Drawing::put(PrimitiveId id, Primitive&& primitive) {
   }
   unindexed_.push_back(id);
   ++count_;
+  touch(id);
   if (listener_ != nullptr) { listener_->primitiveAdded(id, place.primitive); }
 }
 
@@ -116,6 +117,7 @@ Primitive Drawing::take(PrimitiveId id) {
   }
   place.there = false;
   --count_;
+  touch(id);
   if (listener_ != nullptr) { listener_->primitiveRemoved(id); }
   return std::move(place.primitive);
 }
@@ -198,6 +200,7 @@ GroupId Drawing::addGroup(std::string_view parent, std::string_view name) {
   Group group{id, keptParent(parent), std::string(name), {}};
   groupsByName_[groupKey(parent, name)].push_back(id);
   groups_.push_back(std::move(group));
+  touchGroup(id);
   note(GroupChange{id, false, {}, {}});
   return id;
 }

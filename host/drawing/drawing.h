@@ -40,6 +40,14 @@ class DrawingListener {
   virtual void primitiveRemoved(PrimitiveId id) = 0;
 };
 
+// What of a drawing changed, undone and redone changes included. Numbers may come several times, and may be gone.
+struct TouchedRows {
+  bool all = false;  // so much, or it was not noted: look at everything
+  std::vector<PrimitiveId> primitives;
+  std::vector<GroupId> groups;
+  bool symbols = false;
+};
+
 // A drawing: primitives in drawing order under stable ids, layers, groups, selection, parameters and sheet.
 // Every change goes through the functions here, which keep the spatial, layer and group indexes in step and
 // write the journal; nothing walks the whole drawing but forEach.
@@ -161,6 +169,8 @@ class Drawing {
   bool redo();
   // One, or null; it outlives its being set.
   void setListener(DrawingListener* listener) { listener_ = listener; }
+  // What changed since this was called last; all the first time. Parameters, sheet and layers are not noted.
+  [[nodiscard]] TouchedRows takeTouched();
   // Counts up with every change; what is saved and what is shown compare it.
   [[nodiscard]] uint64_t revision() const { return revision_; }
 
@@ -190,6 +200,8 @@ class Drawing {
   std::string_view keptParent(std::string_view parent);
   void nameGroup(GroupId id);
   void unnameGroup(GroupId id);
+  void touch(PrimitiveId id) noexcept;
+  void touchGroup(GroupId id) noexcept;
   template <class Wanted>
   GroupId newestNamed(const std::string& key, const Wanted& wanted) const;
 
@@ -218,6 +230,7 @@ class Drawing {
   bool loading_ = false;
   uint64_t revision_ = 0;
   DrawingListener* listener_ = nullptr;
+  std::optional<TouchedRows> touched_;  // none: nobody asks
 };
 
 }  // namespace brevan

@@ -26,6 +26,7 @@ void Drawing::loadGroupOf(PrimitiveId id, GroupId group) {
   place.primitive.group = group;
   place.groupPosition = static_cast<uint32_t>(members.size());
   members.push_back(id);
+  touch(id);
   ++revision_;
 }
 
@@ -38,6 +39,38 @@ void Drawing::loadLayer(int index, Layer layer) {
   layerMembers_.resize(needed);
   layers_[static_cast<size_t>(index)] = std::move(layer);
   ++revision_;
+}
+
+// ---- What changed ----------------------------------------------------------------------------------------------
+
+namespace {
+
+// Noting more than there is would cost more than looking at everything.
+template <class Id>
+void noteTouched(TouchedRows& touched, std::vector<Id>& list, Id id, size_t most) noexcept {
+  constexpr size_t kAlways = 1024;
+  if (touched.all) { return; }
+  try {
+    if (list.size() < kAlways + 2 * most) { return list.push_back(id); }
+  } catch (const std::bad_alloc&) {}  // then everything counts, too
+  touched.all = true;
+  list = {};
+}
+
+}  // namespace
+
+TouchedRows Drawing::takeTouched() {
+  TouchedRows taken = touched_ ? std::move(*touched_) : TouchedRows{.all = true, .primitives = {}, .groups = {}};
+  touched_.emplace();
+  return taken;
+}
+
+void Drawing::touch(PrimitiveId id) noexcept {
+  if (touched_) { noteTouched(*touched_, touched_->primitives, id, count_); }
+}
+
+void Drawing::touchGroup(GroupId id) noexcept {
+  if (touched_) { noteTouched(*touched_, touched_->groups, id, groups_.size()); }
 }
 
 // ---- Journal ---------------------------------------------------------------------------------------------------
@@ -122,6 +155,7 @@ void Drawing::swapLayer(LayerChange& change) {
 }
 
 void Drawing::swapGroup(GroupChange& change) {
+  touchGroup(change.id);
   if (change.id > lastGroup()) {  // made again
     groups_.push_back(Group{change.id, change.parent, std::move(change.name), {}});
     nameGroup(change.id);
@@ -150,6 +184,7 @@ void Drawing::swapPlain(PlainChange& change) {
 }
 
 void Drawing::swapSymbol(SymbolChange& change) {
+  if (touched_) { touched_->symbols = true; }
   std::unique_ptr<SymbolDefinition> present;
   const auto entry = symbols_.find(change.name);
   if (entry != symbols_.end()) { present = std::make_unique<SymbolDefinition>(std::move(entry->second)); }

@@ -40,24 +40,35 @@ constexpr int64_t kStepsAByte = 100;
 
 }  // namespace
 
-void DrgDatabase::open() {
-  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY | SQLITE_OPEN_PRIVATECACHE;
+void DrgDatabase::open(const std::string& file, int flags) {
   sqlite3* opened = nullptr;  // even where it fails
-  const int result = sqlite3_open_v2(":memory:", &opened, flags, nullptr);
+  const int result = sqlite3_open_v2(file.c_str(), &opened, flags | SQLITE_OPEN_PRIVATECACHE, nullptr);
   handle_.reset(opened);
   if (result != SQLITE_OK) { failAsReported(); }
   for (const Limit& limit : kLimits) { sqlite3_limit(handle_.get(), limit.what, limit.most); }
   for (const Switch& row : kSwitches) { sqlite3_db_config(handle_.get(), row.what, row.on, nullptr); }
 }
 
+void DrgDatabase::openInMemory() { open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY); }
+
+std::unique_ptr<DrgDatabase> DrgDatabase::onDisk(const std::string& path) {
+  std::unique_ptr<DrgDatabase> database(new DrgDatabase());
+  database->name_ = path;
+  database->open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW);
+  database->execute(
+      "PRAGMA locking_mode=EXCLUSIVE; PRAGMA journal_mode=TRUNCATE; PRAGMA synchronous=FULL; "
+      "PRAGMA temp_store=MEMORY; BEGIN IMMEDIATE; COMMIT");
+  return database;
+}
+
 DrgDatabase::DrgDatabase(std::string name) : name_(std::move(name)) {
-  open();
+  openInMemory();
   execute("PRAGMA journal_mode=OFF; PRAGMA page_size=4096; PRAGMA temp_store=MEMORY");
 }
 
 DrgDatabase::DrgDatabase(std::string name, std::string& bytes)
     : name_(std::move(name)), stepsLeft_(kStepsAnyFile + kStepsAByte * static_cast<int64_t>(bytes.size())) {
-  open();
+  openInMemory();
   const auto size = static_cast<sqlite3_int64>(bytes.size());
   auto* const data = reinterpret_cast<unsigned char*>(bytes.data());
   if (sqlite3_deserialize(handle_.get(), "main", data, size, size, SQLITE_DESERIALIZE_READONLY) != SQLITE_OK) {

@@ -10,8 +10,8 @@ struct sqlite3_stmt;
 
 namespace brevan {
 
-// A database in memory, as a drawing file holds one. Nothing here opens a file. What the library reports is
-// thrown as HostFailure with the name given.
+// A drawing file's database, in memory but where it is opened on disk. What the library reports is thrown as
+// HostFailure with the name given.
 class DrgDatabase {
  public:
   // A new and empty one.
@@ -19,6 +19,9 @@ class DrgDatabase {
   // One from a file's bytes, to be read only. Its schema is trusted with nothing, and work on it is bounded by
   // its size. The bytes must outlive it.
   DrgDatabase(std::string name, std::string& bytes);
+  // One of our own making on disk, to be changed in place: a transaction is durable when it ends, and one that was
+  // cut off is taken back by the next opening. While it is open, a second program is refused.
+  static std::unique_ptr<DrgDatabase> onDisk(const std::string& path);
   ~DrgDatabase() = default;
   DrgDatabase(const DrgDatabase&) = delete;
   DrgDatabase& operator=(const DrgDatabase&) = delete;
@@ -33,7 +36,9 @@ class DrgDatabase {
   struct Close {
     void operator()(sqlite3* handle) const;
   };
-  void open();
+  DrgDatabase() = default;
+  void open(const std::string& file, int flags);
+  void openInMemory();
   std::string name_;
   int64_t stepsLeft_ = 0;
   std::unique_ptr<sqlite3, Close> handle_;

@@ -26,13 +26,14 @@ class DesktopSession : public ::testing::Test {
 
   void start() {
     window_.reset();
-    const std::string data = folder_.path().toStdString() + "/data";
+    const std::string root = root_.toStdString();
+    const std::string data = root + "/data";
     std::filesystem::copy(BREVAN_DATA, data,
                           std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_existing);
     brevan::DesktopParts parts;
     parts.places = {data, ARDENIX_MODULE, ""};
-    parts.settingsFile = folder_.path().toStdString() + "/settings.ini";
-    parts.recoveryFolder = folder_.path().toStdString() + "/recovery";
+    parts.settingsFile = root + "/settings.ini";
+    parts.recoveryFolder = root + "/recovery";
     if (!std::filesystem::exists(parts.settingsFile)) {
       std::ofstream(parts.settingsFile) << "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n";
     }
@@ -91,6 +92,7 @@ class DesktopSession : public ::testing::Test {
   }
 
   QTemporaryDir folder_;
+  QString root_ = folder_.path();  // of settings, libraries and recovery files
   std::unique_ptr<brevan::MainWindow> window_;
 
  private:

@@ -141,22 +141,6 @@ TEST_F(Window, ARefusedValueKeepsTheFocusAndSaysWhy) {
   EXPECT_EQ(focus, length);
 }
 
-TEST_F(Window, WhatIsNotSavedIsOfferedBackAfterAKill) {
-  placeBolt();
-  const std::string placed = json();
-  // Another process's file whose process is gone stands for this one's after a kill.
-  const std::string recovery = folder_.path().toStdString() + "/recovery";
-  std::string kept;
-  for (const auto& entry : std::filesystem::directory_iterator(recovery)) { kept = entry.path().string(); }
-  ASSERT_FALSE(kept.empty());
-  std::filesystem::rename(kept, recovery + "/999999999-1-Drawing1.drg");
-  start();
-  when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
-       [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
-  act([this] { EXPECT_TRUE(window_->offerRecovery()); });
-  EXPECT_EQ(json(), placed);
-}
-
 // A pixel here and there may step aside, because a line is rounded to pixels from another corner; a twentieth of the
 // ink is a strip or a line that is missing.
 void expectSamePicture(const QImage& one, const QImage& other) {
