@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Makes the pictures of the fastener dialogs, SVG files under pictures/; with --check only compares.
+"""Makes the pictures of the dialogs, SVG files under pictures/; with --check only compares.
 
-Every picture is 100 wide and 60 high, drawn from the proportions of the real part in four inks of a middle
+Every picture is 100 wide and 60 high, drawn from the proportions of the real part in five inks of a middle
 lightness, which stand out from a light ground and from a dark one.
 """
 import math
@@ -14,6 +14,7 @@ OUTLINE = 'stroke="#3f7fbf" stroke-width="1.6"'
 BODY = 'fill="#3f7fbf" fill-opacity="0.16"'
 THREAD = 'stroke="#3f7fbf" stroke-width="0.8"'
 CENTRE = 'stroke="#c26a2b" stroke-width="0.7" stroke-dasharray="7 1.6 1.2 1.6"'
+ARROW = 'stroke="#c26a2b" stroke-width="1.4"'
 MATERIAL = 'stroke="#7a7f87" stroke-width="0.9"'
 
 TAN30 = math.tan(math.radians(30))
@@ -213,6 +214,18 @@ def key(shape):
     return strokes + cross(centre, 29)
 
 
+# ---- Walls -----------------------------------------------------------------------------------------------------------
+
+def wall_direction(clockwise):
+    """A room seen from above, and an arrow round it."""
+    side = 1 if clockwise else -1
+    way = [(50 + side * x, y) for x, y in ((-13, 39), (-13, 21), (13, 21), (13, 39), (-4, 39))]
+    barbs = [(way[-1][0] + side * 5, way[-1][1] + reach) for reach in (-3, 3)]
+    faces = [polygon(OUTLINE, ((x, y), (100 - x, y), (100 - x, 60 - y), (x, 60 - y)), fill=fill)
+             for x, y, fill in ((20, 5, BODY), (28, 13, 'fill="none"'))]
+    return faces + [polygon(ARROW, way, closed=False), polygon(ARROW, (barbs[0], way[-1], barbs[1]), closed=False)]
+
+
 # ---- The files -------------------------------------------------------------------------------------------------------
 
 def pictures():
@@ -228,6 +241,8 @@ def pictures():
     yield "screw_set", set_screw()
     for shape in ("hexagon", "slot", "cross"):
         yield f"key_{shape}", key(shape)
+    yield "wall_clockwise", wall_direction(True)
+    yield "wall_anticlockwise", wall_direction(False)
 
 
 def svg(strokes):

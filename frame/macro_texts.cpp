@@ -17,6 +17,10 @@ std::string selectName(std::string_view parent, std::string_view group) {
 
 std::string linkSelection(std::string_view group) { return format("#LINKSEL %s", quotedForMacro(group)); }
 
+std::string selectLayer(std::string_view layer) { return format("#SELECTLAYER %s", quotedForMacro(layer)); }
+
+std::string moveToLayer(std::string_view layer) { return format("#WSNEWLAY %s", quotedForMacro(layer)); }
+
 std::string rotate(Point centre, double angle) {
   return format("#ROTATE [%.8f,%.8f] \"Y\" %.8f [#]", centre.x, centre.y, angle);
 }

@@ -24,6 +24,8 @@ std::string parent(std::string_view name);
 std::string beginGroup(std::string_view name);
 std::string selectName(std::string_view parent, std::string_view group);
 std::string linkSelection(std::string_view group);
+std::string selectLayer(std::string_view layer);
+std::string moveToLayer(std::string_view layer);
 
 // Turns the selection about `centre`: by an angle, or so that the direction to `from` becomes the
 // direction to `onto`.

@@ -5,7 +5,7 @@
 
 #include "frame/messages.h"
 #include "frame/names.h"
-#include "mech/add_item_dialog.h"
+#include "frame/add_item_dialog.h"
 #include "mech/save_changes_dialog.h"
 
 namespace ardenix {

@@ -1,6 +1,5 @@
 #include "mech/record_format.h"
 
-#include <array>
 #include <cassert>
 
 #include "frame/host/core_services.h"
@@ -9,8 +8,6 @@
 namespace ardenix {
 
 namespace {
-
-constexpr char kSeparator = ',';
 
 constexpr RecordField kBoltFields[] = {
     {"Head size"}, {"Head height"}, {"Thread diameter"}, {"Length"}, {"Thread length"}, {"Minor Dia"},
@@ -46,18 +43,12 @@ std::span<const RecordField> nutFields() { return kNutFields; }
 std::span<const RecordField> holeFields() { return kHoleFields; }
 std::span<const RecordField> rivetFields() { return kRivetFields; }
 
-std::string recordName(std::string_view record) {
-  std::array<char, 256> name{};
-  coreGetField(record, "", name.data(), static_cast<int>(name.size()), 1, kSeparator);
-  return name.data();
-}
-
 std::vector<double> readRecord(std::string_view record, std::span<const RecordField> fields) {
   std::vector<double> values;
   int index = 2;
   for (const RecordField& field : fields) {
-    values.push_back(isInteger(field) ? coreGetFieldInt(record, static_cast<int>(field.fallback), index, kSeparator)
-                                      : coreGetFieldDouble(record, field.fallback, index, kSeparator));
+    values.push_back(isInteger(field) ? coreGetFieldInt(record, static_cast<int>(field.fallback), index, kFieldSeparator)
+                                      : coreGetFieldDouble(record, field.fallback, index, kFieldSeparator));
     ++index;
   }
   return values;
@@ -67,7 +58,7 @@ std::vector<double> readHoleRecord(std::string_view record) {
   std::vector<double> values = readRecord(record, kHoleFields);
   enum { kHoleLength = 2, kCountersinkDepth = 3, kThreadLength = 7 };
   values[kThreadLength] =
-      coreGetFieldDouble(record, values[kHoleLength] - values[kCountersinkDepth], kThreadLength + 2, kSeparator);
+      coreGetFieldDouble(record, values[kHoleLength] - values[kCountersinkDepth], kThreadLength + 2, kFieldSeparator);
   return values;
 }
 
@@ -75,7 +66,7 @@ std::string writeRecord(std::string_view name, std::span<const double> values, s
   assert(values.size() == fields.size());
   std::string record(name);
   for (size_t i = 0; i < fields.size(); ++i) {
-    record += kSeparator;
+    record += kFieldSeparator;
     record += isInteger(fields[i]) ? numberText::format(fields[i].format, static_cast<int>(values[i]))
                                    : numberText::format(fields[i].format, values[i]);
   }

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/records.h"
+
 namespace ardenix {
 
 // A field of a definition's record after its name. The format says what it holds: "%.3f" a number, "%d" an
@@ -20,9 +22,6 @@ std::span<const RecordField> screwFields();
 std::span<const RecordField> nutFields();
 std::span<const RecordField> holeFields();
 std::span<const RecordField> rivetFields();
-
-// Field 1 of a record.
-std::string recordName(std::string_view record);
 
 // The numbers of a record, one for each field of the format. A missing field gives its default.
 std::vector<double> readRecord(std::string_view record, std::span<const RecordField> fields);

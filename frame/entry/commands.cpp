@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "arch/arch_commands.h"
 #include "frame/entry/module_state.h"
 #include "frame/entry/toolset_lifetime.h"
 #include "frame/host/api.h"
@@ -17,6 +18,11 @@
   ROW(MechDrawHoles, "&Drilled Holes...", ardenix::drawHoles)          \
   ROW(MechDrawRivets, "&Rivets...", ardenix::drawRivets)
 
+#define ARCHITECTURAL_COMMANDS(ROW)                                           \
+  ROW(DisplayArchSetup, "Architectural &Setup...", ardenix::displayArchSetup) \
+  ROW(ArchSetWalls, "&Wall Setup...", ardenix::setWalls)                      \
+  ROW(ArchDrawWalls, "&Draw Walls...", ardenix::drawWalls)
+
 namespace {
 
 void runMechanical(void (*operation)(ardenix::MechToolset&)) {
@@ -26,16 +32,30 @@ void runMechanical(void (*operation)(ardenix::MechToolset&)) {
   operation(ardenix::toolsetOfView(state.mechanical, state.currentView, make));
 }
 
-#define COMMAND_ROW(name, caption, operation) {#name, CommandFamily::kMechanical, caption, false},
-constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(COMMAND_ROW)};
-#undef COMMAND_ROW
+void runArchitectural(void (*operation)(ardenix::ArchToolset&)) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  state.currentView = cadGetCurrentView();
+  const auto make = [&state](CCadWindow* view) { return ardenix::makeArchToolset(view, state.services); };
+  ardenix::withToolsetOfCommand(state.architectural, state.currentView, make, operation);
+}
+
+#define MECHANICAL_ROW(name, caption, operation) {#name, CommandFamily::kMechanical, caption, false},
+#define ARCHITECTURAL_ROW(name, caption, operation) {#name, CommandFamily::kArchitectural, caption, false},
+constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(MECHANICAL_ROW) ARCHITECTURAL_COMMANDS(ARCHITECTURAL_ROW)};
+#undef ARCHITECTURAL_ROW
+#undef MECHANICAL_ROW
 
 }  // namespace
 
-#define COMMAND_EXPORT(name, caption, operation) \
+#define MECHANICAL_EXPORT(name, caption, operation) \
   ARDENIX_EXPORT void name() { runMechanical(operation); }
-MECHANICAL_COMMANDS(COMMAND_EXPORT)
-#undef COMMAND_EXPORT
+MECHANICAL_COMMANDS(MECHANICAL_EXPORT)
+#undef MECHANICAL_EXPORT
+
+#define ARCHITECTURAL_EXPORT(name, caption, operation) \
+  ARDENIX_EXPORT void name() { runArchitectural(operation); }
+ARCHITECTURAL_COMMANDS(ARCHITECTURAL_EXPORT)
+#undef ARCHITECTURAL_EXPORT
 
 ARDENIX_EXPORT const CommandRow* ardenixCommands(int* count) {
   *count = static_cast<int>(std::size(kCommands));

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "arch/arch_toolset.h"
 #include "frame/help.h"
 #include "frame/host/main_frame.h"
 #include "frame/platform.h"
@@ -31,7 +32,7 @@ class ModuleState {
   CCadWindow* currentView = nullptr;
 
   std::unique_ptr<MechToolset> mechanical;
-  std::unique_ptr<Toolset> architectural;
+  std::unique_ptr<ArchToolset> architectural;
   std::unique_ptr<Toolset> surveyTrace;
   std::unique_ptr<Toolset> surveySheet;
   std::unique_ptr<Toolset> sectionalPlanJob;

@@ -63,6 +63,7 @@ BREVAN_API double coreDoubleRound(double value, int decimals);
 // ---- Files: both path separators are taken, names match without regard to case ---------------------
 
 BREVAN_API int coreFileExist(std::string_view path);
+BREVAN_API int coreFolderExist(std::string_view path);
 BREVAN_API std::string coreChangeFileExt(std::string_view path, std::string_view extension);
 // Replaces name and extension, keeps the folder.
 BREVAN_API std::string coreChangeFileName(std::string_view path, std::string_view name, std::string_view extension);

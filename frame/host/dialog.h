@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cassert>
 #include <cctype>
 #include <functional>
@@ -256,6 +257,25 @@ class DropDownHandle : public Handle {
     list.text = list.selected >= 0 ? list.items[static_cast<size_t>(list.selected)] : std::string();
     changed();
   }
+  // Of an editable list: the text of an entry selects it.
+  void setText(std::string text) const {
+    DropDown& list = as<DropDown>();
+    const auto entry = std::find(list.items.begin(), list.items.end(), text);
+    list.selected = entry != list.items.end() ? static_cast<int>(entry - list.items.begin()) : -1;
+    list.text = std::move(text);
+    changed();
+  }
+};
+
+class GridHandle : public Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] Grid& grid() const { return as<Grid>(); }
+  [[nodiscard]] Cell& cell(int row, int column) const {
+    return grid().rows.at(static_cast<size_t>(row)).at(static_cast<size_t>(column));
+  }
+  // To be called after a rule changed cells.
+  void update() const { changed(); }
 };
 
 class PictureHandle : public Handle {
@@ -414,6 +434,18 @@ inline DropDownHandle addDropDown(Dialog& dialog, Setting setting, std::vector<s
   DropDown list;
   list.items = std::move(items);
   return {dialog, addControl(dialog, std::move(list), std::move(setting))};
+}
+
+// A list that also takes any text.
+inline DropDownHandle addEditableList(Dialog& dialog, Setting setting, std::vector<std::string> items = {}) {
+  DropDown list;
+  list.items = std::move(items);
+  list.editable = true;
+  return {dialog, addControl(dialog, std::move(list), std::move(setting))};
+}
+
+inline GridHandle addGrid(Dialog& dialog, Setting setting, Grid grid) {
+  return {dialog, addControl(dialog, std::move(grid), std::move(setting))};
 }
 
 inline PictureHandle addPicture(Dialog& dialog, Setting setting, Picture picture) {

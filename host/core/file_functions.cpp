@@ -43,6 +43,14 @@ int done(const std::function<void()>& act) {
   } catch (const HostFailure&) { return 0; }
 }
 
+// Kind and rights of what a path means, 0 where there is nothing.
+mode_t modeOf(std::string_view path) {
+  struct stat status {};
+  mode_t mode = 0;
+  done([&] { mode = ::stat(pathForReading(path).c_str(), &status) == 0 ? status.st_mode : 0; });
+  return mode;
+}
+
 size_t nameStart(std::string_view path) {
   const size_t separator = path.find_last_of(kSeparators);
   return separator == std::string_view::npos ? 0 : separator + 1;
@@ -64,12 +72,9 @@ std::string setting(std::string_view section, std::string_view key) {
 
 HostFailure::~HostFailure() = default;
 
-int coreFileExist(std::string_view path) {
-  struct stat status {};
-  int exists = 0;
-  done([&] { exists = ::stat(pathForReading(path).c_str(), &status) == 0 && S_ISREG(status.st_mode) ? 1 : 0; });
-  return exists;
-}
+int coreFileExist(std::string_view path) { return S_ISREG(modeOf(path)) ? 1 : 0; }
+
+int coreFolderExist(std::string_view path) { return S_ISDIR(modeOf(path)) ? 1 : 0; }
 
 std::string coreChangeFileExt(std::string_view path, std::string_view extension) {
   const size_t name = nameStart(path);

@@ -145,7 +145,38 @@ std::string groupCaption(Dialog& dialog, int group) {
   return "";
 }
 
+// A group on another page of the tabs is out of sight.
+bool groupIsShown(Dialog& dialog, const Group& group) {
+  if (group.page < 0) { return group.visible; }
+  const auto& controls = dialog.controls();
+  return group.visible && std::all_of(controls.begin(), controls.end(), [&group](const Control& control) {
+           const auto* tabs = std::get_if<Tabs>(&control.state);
+           return tabs == nullptr || tabs->current == group.page;
+         });
+}
+
+// The only one of some controls that is shown, -2 where several or none are.
+int onlyShown(Dialog& dialog, const std::vector<int>& controls) {
+  int found = -2;
+  for (const int control : controls) {
+    if (!isShown(dialog, control)) { continue; }
+    if (found >= 0) { return -2; }
+    found = control;
+  }
+  return found;
+}
+
 }  // namespace
+
+bool isShown(Dialog& dialog, int control) {
+  bool shown = dialog.control(control).visible;
+  for (int group = dialog.control(control).group; group > 0;) {
+    const Group& around = dialog.groups()[static_cast<size_t>(group)];
+    shown = shown && groupIsShown(dialog, around);
+    group = around.parent;
+  }
+  return shown;
+}
 
 std::string addressOf(Dialog& dialog, int control) {
   const Control& wanted = dialog.control(control);
@@ -176,7 +207,7 @@ int controlAt(Dialog& dialog, std::string_view address) {
     }
     if (found.empty()) { return -1; }
     if (found.size() == 1) { return found.front(); }
-    return ungrouped.size() == 1 ? ungrouped.front() : -2;
+    return ungrouped.size() == 1 ? ungrouped.front() : onlyShown(dialog, found);
   };
   const int operable = search(true);
   return operable == -1 ? search(false) : operable;

@@ -21,10 +21,14 @@ std::vector<std::string> itemTexts(const dialog::State& state);
 // Whether the focus can come to it.
 bool takesFocus(const dialog::State& state);
 
+// Neither the control nor a group around it is hidden, nor on another page.
+bool isShown(dialog::Dialog& dialog, int control);
+
 // A control's address: its fixed name, else its caption, with its group before it where the caption
 // occurs twice.
 std::string addressOf(dialog::Dialog& dialog, int control);
-// The control of an address (case counts for nothing); -1 where there is none, -2 where there are several.
+// The control of an address (case counts for nothing); -1 where there is none, -2 where there are several. Of several
+// the only one that is shown is meant.
 int controlAt(dialog::Dialog& dialog, std::string_view address);
 
 // Why a number field refuses its text; nothing where it takes it.

@@ -117,25 +117,7 @@ Refusal DialogSession::focus(int control) {
   return std::nullopt;
 }
 
-// A group on another page of the tabs is out of sight.
-bool DialogSession::isShown(const dialog::Group& group) const {
-  if (group.page < 0) { return group.visible; }
-  const auto& controls = dialog_.controls();
-  return group.visible && std::all_of(controls.begin(), controls.end(), [&group](const Control& control) {
-           const auto* tabs = std::get_if<Tabs>(&control.state);
-           return tabs == nullptr || tabs->current == group.page;
-         });
-}
-
-bool DialogSession::shown(int control) const {
-  bool shown = dialog_.control(control).visible;
-  for (int group = dialog_.control(control).group; group > 0;) {
-    const dialog::Group& around = dialog_.groups()[static_cast<size_t>(group)];
-    shown = shown && isShown(around);
-    group = around.parent;
-  }
-  return shown;
-}
+bool DialogSession::shown(int control) const { return isShown(dialog_, control); }
 
 Refusal DialogSession::inoperable(int control) {
   const Control& wanted = dialog_.control(control);

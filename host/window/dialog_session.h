@@ -65,7 +65,6 @@ class DialogSession : public dialog::Presenter {
  private:
   // Why a control cannot be operated: hidden, disabled, or of a kind that takes no input.
   Refusal inoperable(int control);
-  [[nodiscard]] bool isShown(const dialog::Group& group) const;
   void edited(int control);
   Refusal chooseEntry(int control, const std::string& item);
   [[nodiscard]] std::string named(int control);

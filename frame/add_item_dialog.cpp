@@ -1,4 +1,4 @@
-#include "mech/add_item_dialog.h"
+#include "frame/add_item_dialog.h"
 
 #include <algorithm>
 

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace ardenix {
+
+class ArchToolset;
+
+// The architectural commands.
+void displayArchSetup(ArchToolset& toolset);
+void setWalls(ArchToolset& toolset);
+void drawWalls(ArchToolset& toolset);
+
+}  // namespace ardenix

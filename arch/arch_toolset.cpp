@@ -1,0 +1,23 @@
+#include "arch/arch_toolset.h"
+
+#include "arch/spec_file.h"
+
+namespace ardenix {
+
+bool ArchToolset::openSpecification() {
+  const auto path = resolveSpecFile(services_.mainFrame);
+  if (!path) { return false; }
+  open(*path);
+  return true;
+}
+
+void ArchToolset::open(std::string_view path) {
+  store_.reset();
+  store_ = std::make_unique<ArchSpecStore>(path, view());
+}
+
+std::unique_ptr<ArchToolset> makeArchToolset(CCadWindow* view, const Services& services) {
+  return std::make_unique<ArchToolset>(view, services);
+}
+
+}  // namespace ardenix

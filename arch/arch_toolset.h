@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+
+#include "arch/spec_store.h"
+#include "frame/services.h"
+#include "frame/toolset.h"
+
+namespace ardenix {
+
+// What one architectural command runs in: the specification file, read afresh by every command.
+class ArchToolset : public Toolset {
+ public:
+  ArchToolset(CCadWindow* view, const Services& services) : Toolset(view), services_(services) {}
+
+  [[nodiscard]] const Services& services() const { return services_; }
+
+  // Finds the specification file and opens it, in place of one that is open; false after telling that there
+  // is none.
+  bool openSpecification();
+  void open(std::string_view path);
+  [[nodiscard]] bool isOpen() const { return store_ != nullptr; }
+  [[nodiscard]] ArchSpecStore& store() const { return *store_; }
+
+ private:
+  const Services& services_;
+  std::unique_ptr<ArchSpecStore> store_;
+};
+
+std::unique_ptr<ArchToolset> makeArchToolset(CCadWindow* view, const Services& services);
+
+}  // namespace ardenix

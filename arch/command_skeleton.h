@@ -1,0 +1,25 @@
+#pragma once
+
+#include "arch/arch_toolset.h"
+
+namespace ardenix {
+
+// The two shapes of an architectural command. A Drawer is made from the specification store, reads its
+// settings, and draws one part a round: drawRound() is false when the user has enough. A Setup is the
+// dialog that edits a drawer's settings and writes them on OK; run() is true then.
+
+template <class Drawer, class Setup>
+bool setUp(ArchToolset& toolset) {
+  if (!toolset.openSpecification()) { return false; }
+  Drawer drawer(toolset.store());
+  return Setup(toolset.services(), toolset.store(), drawer).run();
+}
+
+// Each round draws by what the dialog wrote.
+template <class Drawer, class Setup>
+void setUpAndDraw(ArchToolset& toolset) {
+  if (!setUp<Drawer, Setup>(toolset)) { return; }
+  while (Drawer(toolset.store()).drawRound() && toolset.view().gsEscapePressed() == 0) {}
+}
+
+}  // namespace ardenix

@@ -1,0 +1,114 @@
+#include "arch/layer_grid.h"
+
+#include "frame/host/number_text.h"
+
+namespace ardenix {
+
+using dialog::Cell;
+using dialog::CellKind;
+
+namespace {
+
+enum Column { kPen, kLineType, kWidth, kVisible };
+
+constexpr double kWidestLine = 72.0;
+constexpr uint32_t kFixedGround = 0xC0C0C0;
+constexpr std::string_view kYes = "Yes";
+constexpr std::string_view kNo = "No";
+
+std::vector<dialog::GridColumn> columns() {
+  return {{"Pen", "Right click to select the pen", 60},
+          {"Line Type", "Select the layer line type from the drop down list", 90},
+          {"Line Width", "Enter the line width", 80},
+          {"Vis", "Right click to toggle visibility", 50}};
+}
+
+Cell numberCell(CellKind kind, std::string format) {
+  Cell cell;
+  cell.kind = kind;
+  cell.maximum = kWidestLine;
+  cell.format = std::move(format);
+  return cell;
+}
+
+Cell visibleCell(bool always) {
+  Cell cell;
+  if (always) {
+    cell.readOnly = true;
+    cell.ground = kFixedGround;
+  } else {
+    cell.kind = CellKind::kList;
+    cell.items = {std::string(kYes), std::string(kNo)};
+  }
+  return cell;
+}
+
+int wholeNumber(const Cell& cell) { return static_cast<int>(numberText::parseTyped(cell.text).value_or(1.0)); }
+
+}  // namespace
+
+void LayerGrid::describe(dialog::Dialog& dialog, dialog::Setting setting, std::span<const LayerGridRow> rows,
+                         CCadWindow& view) {
+  view_ = &view;
+  rows_.assign(rows.begin(), rows.end());
+  dialog::Grid grid;
+  grid.columns = columns();
+  for (const LayerGridRow& row : rows_) {
+    grid.rowHeadings.emplace_back(row.name);
+    grid.rows.push_back({numberCell(CellKind::kPen, "%d"), numberCell(CellKind::kLineType, "%d"),
+                         numberCell(CellKind::kNumber, "%.2f"), visibleCell(row.alwaysVisible)});
+  }
+  grid.onCellEdit = [this](int row, int column) {
+    if (column == kPen) { colour(row); }
+  };
+  grid.onCellRightClick = [this](int row, int column) {
+    if (column == kPen) { choosePen(row); }
+    if (column == kVisible) { toggle(row); }
+  };
+  grid_ = addGrid(dialog, std::move(setting), std::move(grid));
+}
+
+void LayerGrid::show(std::span<const LayerStyle> styles) {
+  for (int row = 0; row < static_cast<int>(rows_.size()); ++row) {
+    const LayerGridRow& shown = rows_[static_cast<size_t>(row)];
+    const LayerStyle& style = styles[shown.style];
+    grid_.cell(row, kPen).text = std::to_string(style.pen);
+    grid_.cell(row, kLineType).text = std::to_string(style.linetype);
+    grid_.cell(row, kWidth).text = numberText::format("%.2f", style.width);
+    grid_.cell(row, kVisible).text = style.visible || shown.alwaysVisible ? kYes : kNo;
+    colour(row);
+  }
+}
+
+void LayerGrid::take(std::span<LayerStyle> styles) const {
+  for (int row = 0; row < static_cast<int>(rows_.size()); ++row) {
+    LayerStyle& style = styles[rows_[static_cast<size_t>(row)].style];
+    style.pen = wholeNumber(grid_.cell(row, kPen));
+    style.linetype = wholeNumber(grid_.cell(row, kLineType));
+    style.width = numberText::parseTyped(grid_.cell(row, kWidth).text).value_or(0.0);
+    style.visible = grid_.cell(row, kVisible).text == kYes;
+  }
+}
+
+void LayerGrid::colour(int row) {
+  Cell& cell = grid_.cell(row, kPen);
+  cell.ground = view_->gsGetPenColor(wholeNumber(cell));
+  grid_.update();
+}
+
+void LayerGrid::choosePen(int row) {
+  Cell& cell = grid_.cell(row, kPen);
+  int pen = wholeNumber(cell);
+  if (view_->gsSetupPenDialog("Select pen", pen) == 0) { return; }
+  cell.text = std::to_string(pen);
+  colour(row);
+}
+
+void LayerGrid::toggle(int row) {
+  Cell& cell = grid_.cell(row, kVisible);
+  if (cell.readOnly) { return; }
+  cell.text = cell.text == kYes ? kNo : kYes;
+  grid_.update();
+}
+
+}  // namespace ardenix

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "arch/spec_store.h"
+#include "arch/wall_settings.h"
+#include "arch/wall_type.h"
+#include "frame/point.h"
+
+namespace ardenix {
+
+// Draws walls of the current type: gives the host's parallel-line command the wall's lines and its first
+// point, the user gives that command the others.
+class WallDrawer {
+ public:
+  explicit WallDrawer(ArchSpecStore& store) : store_(store) { load(); }
+
+  // Reads settings and the current type from the store; a type that is missing leaves the type as it is.
+  void load();
+  void loadType(int number);
+  void save() { saveWall(store_, settings, type); }
+
+  // Asks for a first point and draws one wall. False when the user gave none, or when the wall cannot be
+  // drawn as it is set up.
+  bool drawRound();
+
+  WallSettings settings;
+  WallType type;
+
+ private:
+  [[nodiscard]] bool targetIsLocked();
+  bool draw(Point first);
+
+  ArchSpecStore& store_;
+};
+
+}  // namespace ardenix
