@@ -21,10 +21,12 @@ constexpr std::string_view kFirstPrompt = "Indicate the start of the parallel li
 constexpr std::string_view kNextPrompt = "Indicate the next point of the parallel lines (space bar to stop)";
 constexpr std::string_view kFigurePrompt = "Indicate a position outside the figure to follow";
 
+// A line that leans by half a turn more is the same line.
 double endAngle(const MacroRun& run, size_t argument) {
-  const double angle = run.number(argument);
-  if (angle < kSharpestEnd || angle > 180.0 - kSharpestEnd) {
-    throw MacroError(run.column(argument), "an end's angle is 1 to 179 degrees");
+  constexpr double kHalfTurn = 180.0;
+  const double angle = std::fmod(run.number(argument), kHalfTurn);
+  if (angle < kSharpestEnd || angle > kHalfTurn - kSharpestEnd) {
+    throw MacroError(run.column(argument), "an end's angle is 1 to 179 degrees, or 181 to 359");
   }
   return angle;
 }
@@ -87,14 +89,20 @@ struct Drawn {
   std::vector<Curve> curves;
 };
 
-// From the leftmost line to the rightmost one, in the leftmost one's style.
-void closeEnds(DrawingWindow& window, const std::vector<Drawn>& drawn) {
-  const auto [left, right] = std::minmax_element(
-      drawn.begin(), drawn.end(), [](const Drawn& a, const Drawn& b) { return a.line.offset < b.line.offset; });
-  if (left == right) { return; }
-  drawParallel(window, left->line,
-               {Segment{startOf(left->curves.front()), startOf(right->curves.front())},
-                Segment{endOf(left->curves.back()), endOf(right->curves.back())}});
+// From each line to its neighbour, in the style of the one that lies further out: the faces of a wall close its end
+// and the edges of its foundation close theirs.
+void closeEnds(DrawingWindow& window, std::vector<Drawn> drawn) {
+  std::ranges::stable_sort(drawn, {}, [](const Drawn& each) { return each.line.offset; });
+  const double middle = (drawn.front().line.offset + drawn.back().line.offset) / 2.0;
+  for (size_t place = 0; place + 1 < drawn.size(); ++place) {
+    const Drawn& left = drawn[place];
+    const Drawn& right = drawn[place + 1];
+    if (left.line.offset == right.line.offset) { continue; }
+    const bool leftIsOuter = middle - left.line.offset >= right.line.offset - middle;
+    drawParallel(window, leftIsOuter ? left.line : right.line,
+                 {Segment{startOf(left.curves.front()), startOf(right.curves.front())},
+                  Segment{endOf(left.curves.back()), endOf(right.curves.back())}});
+  }
 }
 
 void drawAll(MacroRun& run, const Path& path) {
@@ -113,7 +121,7 @@ void drawAll(MacroRun& run, const Path& path) {
     }
   }
   for (const Drawn& each : drawn) { drawParallel(window, each.line, each.curves); }
-  if (definition.closesEnds && !path.closed && !drawn.empty()) { closeEnds(window, drawn); }
+  if (definition.closesEnds && !path.closed && !drawn.empty()) { closeEnds(window, std::move(drawn)); }
 }
 
 void follow(MacroRun& run, Point p) {

@@ -84,10 +84,10 @@ TEST_F(ParallelLines, AlongPointsWithLeaningClosedEnds) {
   answer("point 100 0\npoint 100 80\nspace\n");
   macro("LINETYPE 1 3");
   macro("WIDTH 5");
-  macro("PARLLDEF 1 45.00 90.00 1 1 0 2 2 7 3.5 10 21 8 2.5 -20 ");
+  macro("PARLLDEF 1 225.00 90.00 1 1 0 2 2 7 3.5 10 21 8 2.5 -20 ");
   macro("PARLLINE [0.00000,0.00000]");
   EXPECT_FALSE(answersLeft());
-  ASSERT_EQ(drawing().count(), 8U);  // three lines of two legs, two ends
+  ASSERT_EQ(drawing().count(), 10U);  // three lines of two legs, two ends of two pieces
   EXPECT_EQ(drawing().find(1)->pen, 3);
   EXPECT_EQ(drawing().find(3)->pen, 7);
   EXPECT_LT(distance(shape<Line>(3).a, {10, -10}), 1e-9);  // at 45 degrees from travel to the right
@@ -96,7 +96,12 @@ TEST_F(ParallelLines, AlongPointsWithLeaningClosedEnds) {
   EXPECT_LT(distance(shape<Line>(5).b, {80, 20}), 1e-9);
   EXPECT_EQ(drawing().find(6)->linetype, 21);
   EXPECT_LT(distance(shape<Line>(7).a, {-20, 20}), 1e-9);
-  EXPECT_LT(distance(shape<Line>(7).b, {10, -10}), 1e-9);
+  EXPECT_LT(distance(shape<Line>(7).b, {0, 0}), 1e-9);
+  EXPECT_LT(distance(shape<Line>(9).a, {0, 0}), 1e-9);
+  EXPECT_LT(distance(shape<Line>(9).b, {10, -10}), 1e-9);
+  EXPECT_EQ(drawing().find(7)->linetype, 21);  // the outer line closes its side
+  EXPECT_EQ(drawing().find(9)->linetype, 2);
+  EXPECT_NE(macroError("PARLLDEF 1 90 180 1 1 0 0"), "");
   drawing().undo();
   EXPECT_EQ(drawing().count(), 0U);
 }
