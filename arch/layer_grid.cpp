@@ -31,9 +31,9 @@ Cell numberCell(CellKind kind, std::string format) {
   return cell;
 }
 
-Cell visibleCell(bool always) {
+Cell visibleCell(bool fixed) {
   Cell cell;
-  if (always) {
+  if (fixed) {
     cell.readOnly = true;
     cell.ground = kFixedGround;
   } else {
@@ -56,7 +56,7 @@ void LayerGrid::describe(dialog::Dialog& dialog, dialog::Setting setting, std::s
   for (const LayerGridRow& row : rows_) {
     grid.rowHeadings.emplace_back(row.name);
     grid.rows.push_back({numberCell(CellKind::kPen, "%d"), numberCell(CellKind::kLineType, "%d"),
-                         numberCell(CellKind::kNumber, "%.2f"), visibleCell(row.alwaysVisible)});
+                         numberCell(CellKind::kNumber, "%.2f"), visibleCell(row.visibilityFixed)});
   }
   grid.onCellEdit = [this](int row, int column) {
     if (column == kPen) { colour(row); }
@@ -75,7 +75,7 @@ void LayerGrid::show(std::span<const LayerStyle> styles) {
     grid_.cell(row, kPen).text = std::to_string(style.pen);
     grid_.cell(row, kLineType).text = std::to_string(style.linetype);
     grid_.cell(row, kWidth).text = numberText::format("%.2f", style.width);
-    grid_.cell(row, kVisible).text = style.visible || shown.alwaysVisible ? kYes : kNo;
+    grid_.cell(row, kVisible).text = style.visible ? kYes : kNo;
     colour(row);
   }
 }

@@ -16,7 +16,7 @@ namespace ardenix {
 struct LayerGridRow {
   std::string_view name;
   size_t style;
-  bool alwaysVisible = false;
+  bool visibilityFixed = false;
 };
 
 // A grid in which the user sets pen, line type, width and visibility of a part's lines. A pen cell bears

@@ -28,6 +28,12 @@ class StandIn : public Toolset {
   std::string name_;
 };
 
+class ArchStandIn : public ArchToolset {
+ public:
+  explicit ArchStandIn(const Services& services) : ArchToolset(kFirst, services) {}
+  ~ArchStandIn() override { events.emplace_back("-arch"); }
+};
+
 auto maker(const std::string& name) {
   return [name](CCadWindow* view) { return std::make_unique<StandIn>(view, name); };
 }
@@ -70,7 +76,7 @@ TEST_F(ToolsetLifetime, UnloadingGoesInOrderWhateverWasMadeFirst) {
     state.sectionalPlanJob = maker("job")(kFirst);
     state.surveySheet = maker("sheet")(kFirst);
     state.surveyTrace = maker("trace")(kFirst);
-    state.architectural = maker("arch")(kFirst);
+    state.architectural = std::make_unique<ArchStandIn>(state.services);
     events.clear();
   }
   EXPECT_EQ(events, (std::vector<std::string>{"-arch", "-trace", "-sheet", "-job"}));

@@ -118,8 +118,14 @@ TEST_F(SetupTest, TheModuleListsWhatItExportsAndKnowsItsVersion) {
   EXPECT_TRUE(module.version().starts_with("6.40 (Build ")) << module.version();
   ASSERT_FALSE(module.commands().empty());
   for (const CommandRow& row : module.commands()) {
-    EXPECT_FALSE(row.takesView);
-    EXPECT_EQ(row.family, CommandFamily::kMechanical);
+    const std::string name = row.name;
+    const bool survey = name.starts_with("SG_");
+    const bool architectural = name.starts_with("Arch") || name == "DisplayArchSetup";
+    EXPECT_EQ(row.takesView, survey) << name;
+    EXPECT_EQ(row.family, survey          ? CommandFamily::kSurvey
+                          : architectural ? CommandFamily::kArchitectural
+                                          : CommandFamily::kMechanical)
+        << name;
     EXPECT_NE(std::string(row.caption), "");
     EXPECT_EQ(module.command(row.name), &row);
   }

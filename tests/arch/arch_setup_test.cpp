@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include "tests/arch/arch_session.h"
+
+namespace {
+
+const std::string kSetup = "run DisplayArchSetup\ndialog \"Architectural Setup\"\n";
+const std::string kWalls = "run ArchSetWalls\ndialog \"Wall Setup\"\n";
+const std::string kStandards = "press \"Set\"\ndialog \"Building Standards Setup\"\n";
+const std::string kOk = "press \"OK\"\n";
+const std::string kCancel = "press \"Cancel\"\n";
+const std::string kThree =
+    "; kept\n[BLDG_STD]\nCurrent=2\n[BLDG_STD_TYPES]\nBldgStd1=One,190.00,250.00,800.00,20.00,100.00\n"
+    "BldgStd2=Two,180.00\nBldgStd3=Three,170.00,280.00,1000.00,25.00,90.00\n";
+
+class ArchSetup : public ArchSession {
+ protected:
+  // Looks at the wall types of the file that is found; returns the path remembered then.
+  std::string wallsFrom(const std::string& answers) {
+    play(kWalls + answers + kCancel);
+    return remembered();
+  }
+};
+
+// ---- Where the specification file is ------------------------------------------------------------------------
+
+TEST_F(ArchSetup, WithoutAFileEveryCommandEndsAfterOneMessage) {
+  for (const std::string command : {"ArchSetWalls", "ArchDrawWalls"}) {
+    log_.lines.clear();
+    play("run " + command + "\nexpect message \"" + kNoFile + "\"\n");
+    EXPECT_EQ(log_.lines, Texts{std::string("message ") + kNoFile});
+  }
+  EXPECT_EQ(remembered(), "nothing");
+  log_.lines.clear();
+  play(kSetup + "expect \"Initialization file path\" \"<none>\"\nexpect \"Symbol file path\" \"<none>\"\n" +
+       "press \"Set\"\nexpect message \"" + kNoFile + "\"\n" + kCancel);
+  EXPECT_EQ(log_.of("dialog"), Texts{"Architectural Setup"});
+}
+
+TEST_F(ArchSetup, AForeignNameIsIgnoredAndTheDefaultFileTakenAndRemembered) {
+  const std::string usual = write("ArchSpecs.ini", "[WALL_TYPES]\nWall1=Usual\n");
+  write("Mine.ini", "[WALL_TYPES]\nWall1=Foreign\n");
+  for (const char* foreign : {"Mine.ini", "archspecs.ini"}) {  // which is found, but not by its own spelling
+    settings().SetString("ArchitecturalTools", "SpecFile", folder() + "/" + foreign);
+    EXPECT_EQ(wallsFrom("expect \"Wall\" items \"Usual\"\n"), usual);
+  }
+  const std::string mine = useSpecs("[WALL_TYPES]\nWall1=Mine\n", "My ArchSpecs.ini.old.ini");
+  EXPECT_EQ(wallsFrom("expect \"Wall\" items \"Mine\"\n"), mine);
+  settings().SetString("ArchitecturalTools", "SpecFile", folder() + "/gone/ArchSpecs.ini");
+  EXPECT_EQ(wallsFrom("expect \"Wall\" items \"Usual\"\n"), usual);
+}
+
+TEST_F(ArchSetup, TheFileIsReadAfreshByEveryCommand) {
+  const std::string path = useSpecs("[WALL_TYPES]\nWall1=First\n");
+  play(kWalls + "expect \"Wall\" items \"First\"\n" + kCancel);
+  write("My ArchSpecs.ini", "[WALL_TYPES]\nWall1=Second\n");
+  play(kWalls + "expect \"Wall\" items \"Second\"\n" + kCancel);
+}
+
+TEST_F(ArchSetup, OkRemembersBothPathsAndCancelNothing) {
+  std::filesystem::create_directories(folder() + "/Mine");
+  const std::string first = useSpecs("; kept\n[SYMBOL]\nSymbolPath=gone\n");
+  const std::string second = write("Other ArchSpecs.ini", "");
+  const std::string before = read(first);
+  const std::string edits = "expect \"Symbol file path\" \"<none>\"\npress \"Browse file\"\nfile \"" + second +
+                            "\"\npress \"Browse folder\"\nfile \"" + folder() + "/Mine\"\n";
+  play(kSetup + edits + kCancel);
+  EXPECT_EQ(remembered(), first);
+  EXPECT_EQ(read(first), before);
+  play(kSetup + "press \"Browse folder\"\ncancel\n" + kOk);
+  EXPECT_EQ(read(first), before) << "a folder out of reach is not forgotten";
+  play(kSetup + edits + "expect \"Initialization file path\" \"" + second + "\"\n" + kOk);
+  EXPECT_EQ(remembered(), second);
+  EXPECT_EQ(value(first, "SYMBOL", "SymbolPath"), folder() + "/Mine");
+  EXPECT_TRUE(read(first).starts_with("; kept\n"));
+}
+
+TEST_F(ArchSetup, AFileThatIsNoTextCanBeReplacedByAnother) {
+  useSpecs(std::string("[A]\0B", 5));
+  const std::string good = write("Good ArchSpecs.ini", "");
+  play(kSetup + "press \"Browse file\"\nfile \"" + good + "\"\n" + kOk);
+  EXPECT_EQ(remembered(), good);
+  EXPECT_EQ(log_.of("message").size(), 1U);
+}
+
+// ---- Building standards -------------------------------------------------------------------------------------
+
+TEST_F(ArchSetup, ShowsTheCurrentStandardWithTheUsualLimitsForMissingFields) {
+  const std::string path = useSpecs(kThree);
+  play(kSetup + kStandards +
+       "expect \"Building standard\" items \"One\" \"Two\" \"Three\"\nexpect \"Building standard\" \"Two\"\n"
+       "expect \"Maximum rise\" \"180.00\"\nexpect \"Minimum going\" \"250.00\"\n"
+       "expect \"Minimum tread width\" \"750.00\"\nexpect \"Minimum nosing width\" \"25.00\"\n"
+       "expect \"Minimum ballustrade spacing\" \"100.00\"\npick \"Building standard\" \"Three\"\n"
+       "expect \"Minimum tread width\" \"1000.00\"\nset \"Minimum going\" 300\n" +
+       kCancel + kCancel);
+  EXPECT_EQ(read(path), kThree);
+  play(kSetup + kStandards + "pick \"Building standard\" \"Three\"\nset \"Minimum going\" 300.128\n" + kOk + kCancel);
+  EXPECT_EQ(value(path, "BLDG_STD", "Current"), "3");
+  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd3"), "Three,170.00,300.13,1000.00,25.00,90.00");
+  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd2"), "Two,180.00");
+}
+
+TEST_F(ArchSetup, AddedStandardsTakeTheValuesShownAndNamesWithoutCommas) {
+  const std::string path = useSpecs(kThree);
+  const std::string name = "press \"Add\"\ndialog \"Ardenix - Add New Item\"\nset \"Building standard name\" ";
+  play(kSetup + kStandards + "set \"Maximum rise\" 175\n" + name + "\"Type A, heavy\"\n" + kOk +
+       "expect \"Building standard\" \"Type A  heavy\"\n" + name + "\" , \"\n" + kOk +
+       "expect message \"Invalid name! Please try again.\"\ndialog \"Ardenix - Add New Item\"\n" + kCancel + kCancel +
+       kCancel);
+  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd4"), "Type A  heavy,175.00,250.00,750.00,25.00,100.00");
+  EXPECT_EQ(value(path, "BLDG_STD", "Current"), "2");
+}
+
+TEST_F(ArchSetup, DeletingTheFirstStandardMovesTheOthersDown) {
+  const std::string path = useSpecs(kThree);
+  play(kSetup + kStandards + "pick \"Building standard\" \"One\"\npress \"Delete\"\n" +
+       "expect \"Building standard\" \"Two\"\nexpect \"Maximum rise\" 180\nexpect \"Building standard\" items \"Two\" "
+       "\"Three\"\n" +
+       kOk + kCancel);
+  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "Two,180.00,250.00,750.00,25.00,100.00");
+  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd3"), "missing");
+  EXPECT_EQ(value(path, "BLDG_STD", "Current"), "1");
+  play(kSetup + kStandards +
+       "press \"Delete\"\npress \"Delete\"\npress \"Delete\"\nexpect \"Building standard\" items\n" + kCancel +
+       kCancel);
+  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "missing");
+}
+
+TEST_F(ArchSetup, TheStandardsThatShipAreThreeAndComplete) {
+  useSpecs(shipped());
+  for (const char* standard : {"SANS 10400-M", "Approved Document K", "DIN 18065"}) {
+    play(kSetup + kStandards + "pick \"Building standard\" \"" + standard + "\"\n" + kOk + kCancel);
+  }
+}
+
+}  // namespace
