@@ -17,10 +17,10 @@ constexpr std::string_view kYes = "Yes";
 constexpr std::string_view kNo = "No";
 
 std::vector<dialog::GridColumn> columns() {
-  return {{"Pen", "Right click to select the pen", 60},
-          {"Line Type", "Select the layer line type from the drop down list", 90},
+  return {{"Pen", "Right click to select the pen", 45},
+          {"Line Type", "Select the layer line type from the drop down list", 145},
           {"Line Width", "Enter the line width", 80},
-          {"Vis", "Right click to toggle visibility", 50}};
+          {"Vis", "Right click to toggle visibility", 45}};
 }
 
 Cell numberCell(CellKind kind, std::string format) {

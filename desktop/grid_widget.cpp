@@ -27,6 +27,11 @@ QStringList offered(const Cell& cell) {
   return entries;
 }
 
+QColor readableOn(const QColor& ground) {
+  constexpr int kMiddleGray = 140;
+  return qGray(ground.rgb()) < kMiddleGray ? Qt::white : Qt::black;
+}
+
 class CellEditors : public QStyledItemDelegate {
  public:
   CellEditors(std::function<const Cell*(const QModelIndex&)> cellAt,
@@ -40,6 +45,12 @@ class CellEditors : public QStyledItemDelegate {
     if (entries.isEmpty()) { return new QLineEdit(parent); }
     auto* list = new QComboBox(parent);
     list->addItems(entries);
+    if (cell->kind == CellKind::kLineType) {
+      list->setIconSize(lineTypeIconSize());
+      for (int entry = 0; entry < list->count(); ++entry) {
+        list->setItemIcon(entry, lineTypeIcon(entry + 1, *parent));
+      }
+    }
     list->setEditable(cell->kind == CellKind::kEditableList || cell->kind == CellKind::kFont);
     return list;
   }
@@ -67,8 +78,8 @@ class GridWidget : public ControlWidget {
   GridWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
     table_ = new QTableWidget(parent);
     widget_ = target_ = table_;
-    table_->setMinimumSize(320, 150);
     table_->setTabKeyNavigation(false);
+    table_->setIconSize(lineTypeIconSize());
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setItemDelegate(new CellEditors(
@@ -118,10 +129,21 @@ class GridWidget : public ControlWidget {
     for (size_t column = 0; column < grid.columns.size(); ++column) {
       if (grid.columns[column].sizeToContents) { table_->resizeColumnToContents(static_cast<int>(column)); }
     }
+    fitToContents();
     if (grid.currentRow >= 0) { table_->setCurrentCell(grid.currentRow, std::max(grid.currentColumn, 0)); }
   }
 
  private:
+  // A small grid is seen whole; a large one scrolls.
+  void fitToContents() {
+    constexpr int kWidest = 640;
+    constexpr int kHighest = 300;
+    const int frame = 2 * table_->frameWidth();
+    const int headings = table_->verticalHeader()->isVisible() ? table_->verticalHeader()->sizeHint().width() : 0;
+    const int titles = table_->horizontalHeader()->sizeHint().height();
+    table_->setMinimumSize(std::min(headings + table_->horizontalHeader()->length() + frame, kWidest),
+                           std::min(titles + table_->verticalHeader()->length() + frame, kHighest));
+  }
   [[nodiscard]] const Cell* cellAt(int row, int column) const {
     const Grid& grid = state<Grid>();
     if (row < 0 || column < 0 || static_cast<size_t>(row) >= grid.rows.size()) { return nullptr; }
@@ -141,14 +163,20 @@ class GridWidget : public ControlWidget {
     } else {
       item->setForeground(table_->palette().color(QPalette::Disabled, QPalette::Text));
     }
-    if (cell.kind == CellKind::kPen) { item->setIcon(penIcon(QString::fromStdString(cell.text).toInt(), *table_)); }
+    if (cell.kind == CellKind::kPen && cell.ground == kUsual) {
+      item->setIcon(penIcon(QString::fromStdString(cell.text).toInt(), *table_));
+    }
     if (cell.kind == CellKind::kLineType) {
       item->setIcon(lineTypeIcon(QString::fromStdString(cell.text).toInt(), *table_));
     }
     if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger) {
       item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
-    if (cell.ground != kUsual) { item->setBackground(QColor(QRgb(cell.ground))); }
+    if (cell.ground != kUsual) {
+      const QColor ground{QRgb(cell.ground)};
+      item->setBackground(ground);
+      item->setForeground(readableOn(ground));
+    }
     item->setFlags(flags);
     return item;
   }
