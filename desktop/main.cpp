@@ -26,7 +26,8 @@ std::string ownData(const std::string& shipped, const std::string& own) {
 void writeFirstSettings(const std::string& file) {
   namespace fs = std::filesystem;
   if (fs::exists(file)) { return; }
-  saveWhole(file, "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n");
+  saveWhole(file,
+            "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n[ArchitecturalTools]\r\nSpecFile=ArchSpecs.ini\r\n");
 }
 
 DesktopParts partsOf(const QCommandLineParser& line) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "arch/building_standard.h"
+#include "arch/symbol_folder.h"
 #include "tests/arch/arch_session.h"
 
 namespace {
@@ -125,6 +127,66 @@ TEST_F(ArchSetup, DeletingTheFirstStandardMovesTheOthersDown) {
        "press \"Delete\"\npress \"Delete\"\npress \"Delete\"\nexpect \"Building standard\" items\n" + kCancel +
        kCancel);
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "missing");
+}
+
+// What commands ask of the standard and of the symbol folder, run as a command would.
+class ArchServices : public ArchSession {
+ protected:
+  void testStep(const std::string& name) override {
+    const ardenix::Services services{.mainFrame = &host().mainFrame()};
+    ardenix::ArchToolset toolset(&host().window(), services);
+    toolset.open(path_);
+    if (name == "symbols") {
+      symbols_ = ardenix::resolveSymbolFolder(toolset).value_or("cancelled");
+      return;
+    }
+    const ardenix::BuildingStandard standard(toolset.store(), services.mainFrame);
+    checked_.push_back(standard.checkMinimum(240, 250, "Going"));
+    checked_.push_back(standard.checkMinimum(240, 250, "Going"));
+    checked_.push_back(standard.checkMinimum(250, 250, "Going"));
+    checked_.push_back(standard.checkMaximum(200.5, 200, "Rise"));
+    checked_.push_back(standard.checkMaximum(200, 200, "Rise"));
+  }
+  std::string path_ = useSpecs(kThree);
+  std::vector<double> checked_;
+  std::string symbols_;
+};
+
+TEST_F(ArchServices, AStandardReplacesWhatMissesItIfTheUserAgrees) {
+  play("test limits\nreply yes\nreply no\nreply yes\n");
+  EXPECT_EQ(checked_, (std::vector<double>{250, 240, 250, 200, 200}));
+  EXPECT_EQ(
+      log_.of("message"),
+      (Texts{"Check Building Standard|Going of 240.00 is less than Two, replace  with minimum standard value 250.00 ?",
+             "Check Building Standard|Going of 240.00 is less than Two, replace  with minimum standard value 250.00 ?",
+             "Check Building Standard|Rise of 200.50 exceeds Two, replace with maximum standard value 200.00 ?"}));
+}
+
+TEST_F(ArchServices, TheSymbolFolderIsTheFilesOwnElseTheDefaultElseTheUsersChoice) {
+  const std::string message =
+      "expect message \"Symbol file not found, please set file path, else press cancel in next dialog to exit this "
+      "function\"\ndialog \"Architectural Setup\"\n";
+  const std::string before = read(path_);
+  play("test symbols\n" + message + "set \"Symbol file path\" \"nowhere\"\n" + kOk + message + kCancel);
+  EXPECT_EQ(symbols_, "cancelled");
+  std::filesystem::create_directories(folder() + "/Chosen");
+  play("test symbols\n" + message + "set \"Symbol file path\" \"Chosen\"\n" + kOk + "test symbols\n");
+  EXPECT_EQ(symbols_, "Chosen");
+  write("My ArchSpecs.ini", before);
+  std::filesystem::create_directories(folder() + "/Symbols");
+  play("test symbols\n");
+  EXPECT_EQ(symbols_, folder() + "/Symbols");
+  EXPECT_EQ(value(path_, "SYMBOL", "SymbolPath"), symbols_);
+}
+
+TEST_F(ArchServices, TheDefaultSymbolFolderLiesAboveTheUsersOwnFolders) {
+  for (const auto& [data, symbols] : std::initializer_list<std::pair<std::string, std::string>>{
+           {"/srv/cad/USERS/ann/USERS/data", "/srv/cad/Symbols"}, {"/srv/Users/data", "/srv/Users/data/Symbols"}}) {
+    brevan::FileServices elsewhere(data, data);
+    brevan::CoreContext context{elsewhere, settings(), "", nullptr};
+    const brevan::CoreContextBinding binding(context);
+    EXPECT_EQ(ardenix::defaultSymbolFolder(), symbols);
+  }
 }
 
 TEST_F(ArchSetup, TheStandardsThatShipAreThreeAndComplete) {
