@@ -10,7 +10,7 @@ namespace ardenix {
 
 namespace {
 
-constexpr int kPathLimit = 259;
+constexpr int kSetupPathLimit = 259;
 
 // What a chooser starts at.
 std::string startOf(const std::string& shown) { return shown == kNoPath ? std::string() : shown; }
@@ -38,14 +38,14 @@ void ArchSetupDialog::describe() {
                   {.caption = "Initialization file path",
                    .toolTip = "The file that holds the settings and libraries of the architectural commands",
                    .group = paths},
-                  kPathLimit);
+                  kSetupPathLimit);
   browse("Browse file", "Browse for an architectural specification file", 0).onPress([this] { browseFile(); });
   symbols_ = addText(dialog_,
                      {.caption = "Symbol file path",
                       .toolTip = "The folder of the window, door and other symbols",
                       .group = paths,
                       .place = {.row = 1}},
-                     kPathLimit);
+                     kSetupPathLimit);
   browse("Browse folder", "Browse for the folder of the symbols", 1).onPress([this] { browseFolder(); });
   const int standards = dialog_.addGroup({.place = {.row = 1}});
   addLabel(dialog_, {.group = standards}, "Set building standards");

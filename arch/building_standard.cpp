@@ -8,13 +8,13 @@ namespace ardenix {
 
 namespace {
 
-constexpr std::string_view kSection = "BLDG_STD";
+constexpr std::string_view kStandardSection = "BLDG_STD";
 constexpr std::string_view kQuestionTitle = "Check Building Standard";
 
 }  // namespace
 
 BuildingStandard::BuildingStandard(ArchSpecStore& store, CWnd* owner) : store_(store), owner_(owner) {
-  select(store_.readInt(kSection, "Current"));
+  select(store_.readInt(kStandardSection, "Current"));
 }
 
 void BuildingStandard::select(int number) {
@@ -30,7 +30,7 @@ void BuildingStandard::select(int number) {
 }
 
 void BuildingStandard::save() {
-  store_.writeInt(kSection, "Current", number_);
+  store_.writeInt(kStandardSection, "Current", number_);
   store_.writeRecord(number_, recordNamed(name_), kBuildingStandards);
   store_.flush();
 }

@@ -9,14 +9,14 @@ using dialog::CellKind;
 
 namespace {
 
-enum Column { kPen, kLineType, kWidth, kVisible };
+enum LayerColumn { kPenColumn, kLineTypeColumn, kWidthColumn, kVisibleColumn };
 
-constexpr double kWidestLine = 72.0;
+constexpr double kLargestLineWidth = 72.0;
 constexpr uint32_t kFixedGround = 0xC0C0C0;
-constexpr std::string_view kYes = "Yes";
-constexpr std::string_view kNo = "No";
+constexpr std::string_view kVisibleText = "Yes";
+constexpr std::string_view kHiddenText = "No";
 
-std::vector<dialog::GridColumn> columns() {
+std::vector<dialog::GridColumn> layerColumns() {
   return {{"Pen", "Right click to select the pen", 45},
           {"Line Type", "Select the layer line type from the drop down list", 145},
           {"Line Width", "Enter the line width", 80},
@@ -26,7 +26,7 @@ std::vector<dialog::GridColumn> columns() {
 Cell numberCell(CellKind kind, std::string format) {
   Cell cell;
   cell.kind = kind;
-  cell.maximum = kWidestLine;
+  cell.maximum = kLargestLineWidth;
   cell.format = std::move(format);
   return cell;
 }
@@ -38,7 +38,7 @@ Cell visibleCell(bool fixed) {
     cell.ground = kFixedGround;
   } else {
     cell.kind = CellKind::kList;
-    cell.items = {std::string(kYes), std::string(kNo)};
+    cell.items = {std::string(kVisibleText), std::string(kHiddenText)};
   }
   return cell;
 }
@@ -52,18 +52,18 @@ void LayerGrid::describe(dialog::Dialog& dialog, dialog::Setting setting, std::s
   view_ = &view;
   rows_.assign(rows.begin(), rows.end());
   dialog::Grid grid;
-  grid.columns = columns();
+  grid.columns = layerColumns();
   for (const LayerGridRow& row : rows_) {
     grid.rowHeadings.emplace_back(row.name);
     grid.rows.push_back({numberCell(CellKind::kPen, "%d"), numberCell(CellKind::kLineType, "%d"),
                          numberCell(CellKind::kNumber, "%.2f"), visibleCell(row.visibilityFixed)});
   }
   grid.onCellEdit = [this](int row, int column) {
-    if (column == kPen) { colour(row); }
+    if (column == kPenColumn) { colour(row); }
   };
   grid.onCellRightClick = [this](int row, int column) {
-    if (column == kPen) { choosePen(row); }
-    if (column == kVisible) { toggle(row); }
+    if (column == kPenColumn) { choosePen(row); }
+    if (column == kVisibleColumn) { toggle(row); }
   };
   grid_ = addGrid(dialog, std::move(setting), std::move(grid));
 }
@@ -72,10 +72,10 @@ void LayerGrid::show(std::span<const LayerStyle> styles) {
   for (int row = 0; row < static_cast<int>(rows_.size()); ++row) {
     const LayerGridRow& shown = rows_[static_cast<size_t>(row)];
     const LayerStyle& style = styles[shown.style];
-    grid_.cell(row, kPen).text = std::to_string(style.pen);
-    grid_.cell(row, kLineType).text = std::to_string(style.linetype);
-    grid_.cell(row, kWidth).text = numberText::format("%.2f", style.width);
-    grid_.cell(row, kVisible).text = style.visible ? kYes : kNo;
+    grid_.cell(row, kPenColumn).text = std::to_string(style.pen);
+    grid_.cell(row, kLineTypeColumn).text = std::to_string(style.linetype);
+    grid_.cell(row, kWidthColumn).text = numberText::format("%.2f", style.width);
+    grid_.cell(row, kVisibleColumn).text = style.visible ? kVisibleText : kHiddenText;
     colour(row);
   }
 }
@@ -83,21 +83,21 @@ void LayerGrid::show(std::span<const LayerStyle> styles) {
 void LayerGrid::take(std::span<LayerStyle> styles) const {
   for (int row = 0; row < static_cast<int>(rows_.size()); ++row) {
     LayerStyle& style = styles[rows_[static_cast<size_t>(row)].style];
-    style.pen = wholeNumber(grid_.cell(row, kPen));
-    style.linetype = wholeNumber(grid_.cell(row, kLineType));
-    style.width = numberText::parseTyped(grid_.cell(row, kWidth).text).value_or(0.0);
-    style.visible = grid_.cell(row, kVisible).text == kYes;
+    style.pen = wholeNumber(grid_.cell(row, kPenColumn));
+    style.linetype = wholeNumber(grid_.cell(row, kLineTypeColumn));
+    style.width = numberText::parseTyped(grid_.cell(row, kWidthColumn).text).value_or(0.0);
+    style.visible = grid_.cell(row, kVisibleColumn).text == kVisibleText;
   }
 }
 
 void LayerGrid::colour(int row) {
-  Cell& cell = grid_.cell(row, kPen);
+  Cell& cell = grid_.cell(row, kPenColumn);
   cell.ground = view_->gsGetPenColor(wholeNumber(cell));
   grid_.update();
 }
 
 void LayerGrid::choosePen(int row) {
-  Cell& cell = grid_.cell(row, kPen);
+  Cell& cell = grid_.cell(row, kPenColumn);
   int pen = wholeNumber(cell);
   if (view_->gsSetupPenDialog("Select pen", pen) == 0) { return; }
   cell.text = std::to_string(pen);
@@ -105,9 +105,9 @@ void LayerGrid::choosePen(int row) {
 }
 
 void LayerGrid::toggle(int row) {
-  Cell& cell = grid_.cell(row, kVisible);
+  Cell& cell = grid_.cell(row, kVisibleColumn);
   if (cell.readOnly) { return; }
-  cell.text = cell.text == kYes ? kNo : kYes;
+  cell.text = cell.text == kVisibleText ? kHiddenText : kVisibleText;
   grid_.update();
 }
 

@@ -1,30 +1,21 @@
 #include "arch/spec_file.h"
 
-#include <array>
-
 #include "frame/host/core_services.h"
 #include "frame/host/ini.h"
+#include "frame/remembered_path.h"
 
 namespace ardenix {
 
 namespace {
 
-constexpr std::string_view kSettingsSection = "ArchitecturalTools";
-constexpr std::string_view kSettingsKey = "SpecFile";
-constexpr size_t kPathBuffer = 260;
+constexpr std::string_view kArchSettings = "ArchitecturalTools";
+constexpr std::string_view kSpecFileKey = "SpecFile";
 
 }  // namespace
 
-std::string rememberedSpecFile() {
-  std::array<char, kPathBuffer> path{};
-  GetAllPaths()->settings->GetString(kSettingsSection, kSettingsKey, kNoPath, path.data(),
-                                     static_cast<int>(path.size()));
-  return path.data();
-}
+std::string rememberedSpecFile() { return rememberedPath(*GetAllPaths(), kArchSettings, kSpecFileKey, kNoPath); }
 
-void rememberSpecFile(std::string_view path) {
-  GetAllPaths()->settings->SetString(kSettingsSection, kSettingsKey, path);
-}
+void rememberSpecFile(std::string_view path) { GetAllPaths()->settings->SetString(kArchSettings, kSpecFileKey, path); }
 
 bool isSpecFile(const std::string& path) {
   return path.find(kSpecFileName) != std::string::npos && coreFileExist(path) != 0;

@@ -30,7 +30,7 @@ size_t listOf(std::string_view section) {
   return static_cast<size_t>(row - kLists.begin());
 }
 
-std::string key(std::string_view section, int number) {
+std::string recordKey(std::string_view section, int number) {
   return std::string(kLists[listOf(section)].keyPrefix) + std::to_string(number);
 }
 
@@ -50,18 +50,18 @@ ArchSpecStore::ArchSpecStore(std::string_view path, CCadWindow& view)
 // ---- Records ------------------------------------------------------------------------------------------------
 
 std::optional<std::string> ArchSpecStore::readRecord(std::string_view section, int number) const {
-  std::string text = file_.ReadString(section, key(section, number), "");
+  std::string text = file_.ReadString(section, recordKey(section, number), "");
   if (text.empty()) { return std::nullopt; }
   return text;
 }
 
 void ArchSpecStore::writeRecord(int number, std::string_view text, std::string_view section) {
-  file_.WriteString(section, key(section, number), text);
+  file_.WriteString(section, recordKey(section, number), text);
 }
 
 void ArchSpecStore::deleteRecordKey(int number, std::string_view section) {
   writeRecord(number, "", section);
-  file_.DeleteKey(section, key(section, number));
+  file_.DeleteKey(section, recordKey(section, number));
 }
 
 void ArchSpecStore::addRecord(std::string_view text, const dialog::DropDownHandle& list, std::string_view section) {

@@ -7,18 +7,20 @@ namespace ardenix {
 
 namespace {
 
-constexpr std::string_view kSection = "SYMBOL";
-constexpr std::string_view kKey = "SymbolPath";
+constexpr std::string_view kSymbolSection = "SYMBOL";
+constexpr std::string_view kSymbolKey = "SymbolPath";
 
-constexpr std::string_view kNotFound =
+constexpr std::string_view kSymbolsNotFound =
     "Symbol file not found, please set file path, else press cancel in next dialog to exit this function";
 
 }  // namespace
 
-std::string rememberedSymbolFolder(const ArchSpecStore& store) { return store.readString(kSection, kKey, ""); }
+std::string rememberedSymbolFolder(const ArchSpecStore& store) {
+  return store.readString(kSymbolSection, kSymbolKey, "");
+}
 
 void rememberSymbolFolder(ArchSpecStore& store, std::string_view folder) {
-  store.writeString(kSection, kKey, folder);
+  store.writeString(kSymbolSection, kSymbolKey, folder);
   store.flush();
 }
 
@@ -34,7 +36,7 @@ std::optional<std::string> resolveSymbolFolder(ArchToolset& toolset) {
   if (folderExists(folder)) { return folder; }
   folder = defaultSymbolFolder();
   while (!folderExists(folder)) {
-    ErrorMessage(kNotFound, toolset.services().mainFrame);
+    ErrorMessage(kSymbolsNotFound, toolset.services().mainFrame);
     if (!ArchSetupDialog(toolset).run()) { return std::nullopt; }
     folder = rememberedSymbolFolder(toolset.store());
   }

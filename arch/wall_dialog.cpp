@@ -9,7 +9,7 @@ namespace ardenix {
 namespace {
 
 constexpr double kLargestWidth = 999999999.0;
-constexpr double kFullTurn = 360.0;
+constexpr double kLargestAngle = 360.0;
 
 // The first entry of each radio group stands for true.
 enum Choice { kFirst, kSecond };
@@ -123,7 +123,7 @@ void WallDialog::describeEnds(int parent) {
   const auto angle = [&](int row, std::string caption, std::string toolTip) {
     return addFloat(
         dialog_, {.caption = std::move(caption), .toolTip = std::move(toolTip), .group = group, .place = {.row = row}},
-        0.0, kFullTurn, "%.2f");
+        0.0, kLargestAngle, "%.2f");
   };
   startAngle_ = angle(0, "Start angle", "The angle between the wall and the line that ends it at its start");
   endAngle_ = angle(1, "End angle", "The angle between the wall and the line that ends it at its end");

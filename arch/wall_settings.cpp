@@ -4,15 +4,15 @@ namespace ardenix {
 
 namespace {
 
-constexpr std::string_view kSection = "WALLS";
+constexpr std::string_view kWallSection = "WALLS";
 
 }  // namespace
 
 WallSettings readWallSettings(const ArchSpecStore& store) {
   WallSettings settings;
-  const auto flag = [&store](std::string_view key) { return store.readInt(kSection, key, 1) != 0; };
-  settings.parentName = store.readString(kSection, "ParentName", "");
-  settings.current = store.readInt(kSection, "Current");
+  const auto flag = [&store](std::string_view key) { return store.readInt(kWallSection, key, 1) != 0; };
+  settings.parentName = store.readString(kWallSection, "ParentName", "");
+  settings.current = store.readInt(kWallSection, "Current");
   settings.tracks = !flag("Method");
   settings.clockwise = settings.tracks || flag("Direction");
   settings.outside = flag("Face");
@@ -20,12 +20,12 @@ WallSettings readWallSettings(const ArchSpecStore& store) {
 }
 
 void saveWall(ArchSpecStore& store, const WallSettings& settings, const WallType& wall) {
-  store.writeString(kSection, "ParentName", settings.parentName);
-  store.writeInt(kSection, "Current", settings.current);
-  store.writeInt(kSection, "Method", settings.tracks ? 0 : 1);
-  store.writeInt(kSection, "Direction", settings.clockwise ? 1 : 0);
-  store.writeInt(kSection, "Face", settings.outside ? 1 : 0);
-  store.writeInt(kSection, wall.internal ? "InternalWall" : "ExternalWall", settings.current);
+  store.writeString(kWallSection, "ParentName", settings.parentName);
+  store.writeInt(kWallSection, "Current", settings.current);
+  store.writeInt(kWallSection, "Method", settings.tracks ? 0 : 1);
+  store.writeInt(kWallSection, "Direction", settings.clockwise ? 1 : 0);
+  store.writeInt(kWallSection, "Face", settings.outside ? 1 : 0);
+  store.writeInt(kWallSection, wall.internal ? "InternalWall" : "ExternalWall", settings.current);
   store.writeRecord(settings.current, wallRecord(wall), kWallTypes);
   store.flush();
 }

@@ -1,8 +1,7 @@
 #include "mech/configuration.h"
 
-#include <array>
-
 #include "frame/host/core_services.h"
+#include "frame/remembered_path.h"
 
 namespace ardenix {
 
@@ -10,14 +9,11 @@ namespace {
 
 constexpr std::string_view kSettingsSection = "MechanicalTools";
 constexpr std::string_view kSettingsKey = "SpecFile";
-constexpr size_t kPathBuffer = 260;
 
 }  // namespace
 
 std::string Configuration::rememberedFile(std::string_view fallback) const {
-  std::array<char, kPathBuffer> path{};
-  paths_->settings->GetString(kSettingsSection, kSettingsKey, fallback, path.data(), static_cast<int>(path.size()));
-  return path.data();
+  return rememberedPath(*paths_, kSettingsSection, kSettingsKey, fallback);
 }
 
 void Configuration::rememberFile(std::string_view path) {

@@ -10,6 +10,8 @@ class ArchSession : public CommandSession {
  protected:
   using Texts = std::vector<std::string>;
 
+  inline static const std::string kOk = "press \"OK\"\n";
+  inline static const std::string kCancel = "press \"Cancel\"\n";
   static constexpr const char* kNoFile = "No architectural specification file found";
 
   // Writes the specification file and makes it the host's.

@@ -6,12 +6,10 @@
 
 namespace {
 
-const std::string kSetup = "run DisplayArchSetup\ndialog \"Architectural Setup\"\n";
-const std::string kWalls = "run ArchSetWalls\ndialog \"Wall Setup\"\n";
+const std::string kArchSetup = "run DisplayArchSetup\ndialog \"Architectural Setup\"\n";
+const std::string kSetWalls = "run ArchSetWalls\ndialog \"Wall Setup\"\n";
 const std::string kStandards = "press \"Set\"\ndialog \"Building Standards Setup\"\n";
-const std::string kOk = "press \"OK\"\n";
-const std::string kCancel = "press \"Cancel\"\n";
-const std::string kThree =
+const std::string kThreeStandards =
     "; kept\n[BLDG_STD]\nCurrent=2\n[BLDG_STD_TYPES]\nBldgStd1=One,190.00,250.00,800.00,20.00,100.00\n"
     "BldgStd2=Two,180.00\nBldgStd3=Three,170.00,280.00,1000.00,25.00,90.00\n";
 
@@ -19,7 +17,7 @@ class ArchSetup : public ArchSession {
  protected:
   // Looks at the wall types of the file that is found; returns the path remembered then.
   std::string wallsFrom(const std::string& answers) {
-    play(kWalls + answers + kCancel);
+    play(kSetWalls + answers + kCancel);
     return remembered();
   }
 };
@@ -34,7 +32,7 @@ TEST_F(ArchSetup, WithoutAFileEveryCommandEndsAfterOneMessage) {
   }
   EXPECT_EQ(remembered(), "nothing");
   log_.lines.clear();
-  play(kSetup + "expect \"Initialization file path\" \"<none>\"\nexpect \"Symbol file path\" \"<none>\"\n" +
+  play(kArchSetup + "expect \"Initialization file path\" \"<none>\"\nexpect \"Symbol file path\" \"<none>\"\n" +
        "press \"Set\"\nexpect message \"" + kNoFile + "\"\n" + kCancel);
   EXPECT_EQ(log_.of("dialog"), Texts{"Architectural Setup"});
 }
@@ -54,9 +52,9 @@ TEST_F(ArchSetup, AForeignNameIsIgnoredAndTheDefaultFileTakenAndRemembered) {
 
 TEST_F(ArchSetup, TheFileIsReadAfreshByEveryCommand) {
   const std::string path = useSpecs("[WALL_TYPES]\nWall1=First\n");
-  play(kWalls + "expect \"Wall\" items \"First\"\n" + kCancel);
+  play(kSetWalls + "expect \"Wall\" items \"First\"\n" + kCancel);
   write("My ArchSpecs.ini", "[WALL_TYPES]\nWall1=Second\n");
-  play(kWalls + "expect \"Wall\" items \"Second\"\n" + kCancel);
+  play(kSetWalls + "expect \"Wall\" items \"Second\"\n" + kCancel);
 }
 
 TEST_F(ArchSetup, OkRemembersBothPathsAndCancelNothing) {
@@ -66,12 +64,12 @@ TEST_F(ArchSetup, OkRemembersBothPathsAndCancelNothing) {
   const std::string before = read(first);
   const std::string edits = "expect \"Symbol file path\" \"<none>\"\npress \"Browse file\"\nfile \"" + second +
                             "\"\npress \"Browse folder\"\nfile \"" + folder() + "/Mine\"\n";
-  play(kSetup + edits + kCancel);
+  play(kArchSetup + edits + kCancel);
   EXPECT_EQ(remembered(), first);
   EXPECT_EQ(read(first), before);
-  play(kSetup + "press \"Browse folder\"\ncancel\n" + kOk);
+  play(kArchSetup + "press \"Browse folder\"\ncancel\n" + kOk);
   EXPECT_EQ(read(first), before) << "a folder out of reach is not forgotten";
-  play(kSetup + edits + "expect \"Initialization file path\" \"" + second + "\"\n" + kOk);
+  play(kArchSetup + edits + "expect \"Initialization file path\" \"" + second + "\"\n" + kOk);
   EXPECT_EQ(remembered(), second);
   EXPECT_EQ(value(first, "SYMBOL", "SymbolPath"), folder() + "/Mine");
   EXPECT_TRUE(read(first).starts_with("; kept\n"));
@@ -80,7 +78,7 @@ TEST_F(ArchSetup, OkRemembersBothPathsAndCancelNothing) {
 TEST_F(ArchSetup, AFileThatIsNoTextCanBeReplacedByAnother) {
   useSpecs(std::string("[A]\0B", 5));
   const std::string good = write("Good ArchSpecs.ini", "");
-  play(kSetup + "press \"Browse file\"\nfile \"" + good + "\"\n" + kOk);
+  play(kArchSetup + "press \"Browse file\"\nfile \"" + good + "\"\n" + kOk);
   EXPECT_EQ(remembered(), good);
   EXPECT_EQ(log_.of("message").size(), 1U);
 }
@@ -88,25 +86,26 @@ TEST_F(ArchSetup, AFileThatIsNoTextCanBeReplacedByAnother) {
 // ---- Building standards -------------------------------------------------------------------------------------
 
 TEST_F(ArchSetup, ShowsTheCurrentStandardWithTheUsualLimitsForMissingFields) {
-  const std::string path = useSpecs(kThree);
-  play(kSetup + kStandards +
+  const std::string path = useSpecs(kThreeStandards);
+  play(kArchSetup + kStandards +
        "expect \"Building standard\" items \"One\" \"Two\" \"Three\"\nexpect \"Building standard\" \"Two\"\n"
        "expect \"Maximum rise\" \"180.00\"\nexpect \"Minimum going\" \"250.00\"\n"
        "expect \"Minimum tread width\" \"750.00\"\nexpect \"Minimum nosing width\" \"25.00\"\n"
        "expect \"Minimum ballustrade spacing\" \"100.00\"\npick \"Building standard\" \"Three\"\n"
        "expect \"Minimum tread width\" \"1000.00\"\nset \"Minimum going\" 300\n" +
        kCancel + kCancel);
-  EXPECT_EQ(read(path), kThree);
-  play(kSetup + kStandards + "pick \"Building standard\" \"Three\"\nset \"Minimum going\" 300.128\n" + kOk + kCancel);
+  EXPECT_EQ(read(path), kThreeStandards);
+  play(kArchSetup + kStandards + "pick \"Building standard\" \"Three\"\nset \"Minimum going\" 300.128\n" + kOk +
+       kCancel);
   EXPECT_EQ(value(path, "BLDG_STD", "Current"), "3");
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd3"), "Three,170.00,300.13,1000.00,25.00,90.00");
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd2"), "Two,180.00");
 }
 
 TEST_F(ArchSetup, AddedStandardsTakeTheValuesShownAndNamesWithoutCommas) {
-  const std::string path = useSpecs(kThree);
+  const std::string path = useSpecs(kThreeStandards);
   const std::string name = "press \"Add\"\ndialog \"Ardenix - Add New Item\"\nset \"Building standard name\" ";
-  play(kSetup + kStandards + "set \"Maximum rise\" 175\n" + name + "\"Type A, heavy\"\n" + kOk +
+  play(kArchSetup + kStandards + "set \"Maximum rise\" 175\n" + name + "\"Type A, heavy\"\n" + kOk +
        "expect \"Building standard\" \"Type A  heavy\"\n" + name + "\" , \"\n" + kOk +
        "expect message \"Invalid name! Please try again.\"\ndialog \"Ardenix - Add New Item\"\n" + kCancel + kCancel +
        kCancel);
@@ -115,15 +114,15 @@ TEST_F(ArchSetup, AddedStandardsTakeTheValuesShownAndNamesWithoutCommas) {
 }
 
 TEST_F(ArchSetup, DeletingTheFirstStandardMovesTheOthersDown) {
-  const std::string path = useSpecs(kThree);
-  play(kSetup + kStandards + "pick \"Building standard\" \"One\"\npress \"Delete\"\n" +
+  const std::string path = useSpecs(kThreeStandards);
+  play(kArchSetup + kStandards + "pick \"Building standard\" \"One\"\npress \"Delete\"\n" +
        "expect \"Building standard\" \"Two\"\nexpect \"Maximum rise\" 180\nexpect \"Building standard\" items \"Two\" "
        "\"Three\"\n" +
        kOk + kCancel);
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "Two,180.00,250.00,750.00,25.00,100.00");
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd3"), "missing");
   EXPECT_EQ(value(path, "BLDG_STD", "Current"), "1");
-  play(kSetup + kStandards +
+  play(kArchSetup + kStandards +
        "press \"Delete\"\npress \"Delete\"\npress \"Delete\"\nexpect \"Building standard\" items\n" + kCancel +
        kCancel);
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "missing");
@@ -147,7 +146,7 @@ class ArchServices : public ArchSession {
     checked_.push_back(standard.checkMaximum(200.5, 200, "Rise"));
     checked_.push_back(standard.checkMaximum(200, 200, "Rise"));
   }
-  std::string path_ = useSpecs(kThree);
+  std::string path_ = useSpecs(kThreeStandards);
   std::vector<double> checked_;
   std::string symbols_;
 };
@@ -192,7 +191,7 @@ TEST_F(ArchServices, TheDefaultSymbolFolderLiesAboveTheUsersOwnFolders) {
 TEST_F(ArchSetup, TheStandardsThatShipAreThreeAndComplete) {
   useSpecs(shipped());
   for (const char* standard : {"SANS 10400-M", "Approved Document K", "DIN 18065"}) {
-    play(kSetup + kStandards + "pick \"Building standard\" \"" + standard + "\"\n" + kOk + kCancel);
+    play(kArchSetup + kStandards + "pick \"Building standard\" \"" + standard + "\"\n" + kOk + kCancel);
   }
 }
 

@@ -9,11 +9,10 @@
 
 namespace {
 
-const std::string kSetup = "dialog \"Wall Setup\"\n";
-const std::string kOk = "press \"OK\"\n";
+const std::string kWallDialog = "dialog \"Wall Setup\"\n";
 
-// Six rows of styles, told apart by their pens 11 to 16; those named in `hidden` are not visible.
-std::string rows(const std::string& hidden = "") {
+// Six styleRows of styles, told apart by their pens 11 to 16; those named in `hidden` are not visible.
+std::string styleRows(const std::string& hidden = "") {
   std::string text;
   for (char row = '1'; row <= '6'; ++row) {
     text += std::string(",1") + row + ",2,3.50," + (hidden.find(row) == std::string::npos ? "1" : "0");
@@ -21,7 +20,7 @@ std::string rows(const std::string& hidden = "") {
   return text;
 }
 
-bool near(brevan::Point a, brevan::Point b) { return distance(a, b) < 1e-9; }
+bool nearly(brevan::Point a, brevan::Point b) { return distance(a, b) < 1e-9; }
 
 struct Specs {
   bool internal = false;
@@ -36,7 +35,7 @@ std::string specs(const Specs& s) {
   const auto n = [](int value) { return std::to_string(value); };
   return "[WALLS]\nParentName=my house\nMethod=" + n(s.method) + "\nDirection=" + n(s.direction) +
          "\nFace=" + n(s.face) + "\nCurrent=1\n[WALL_TYPES]\nWall1=Test,WALLS," + n(s.internal ? 1 : 0) + "," + s.ends +
-         rows(s.hidden) + ",150.00,110.00,50.00,115.00,160.00\n";
+         styleRows(s.hidden) + ",150.00,110.00,50.00,115.00,160.00\n";
 }
 
 class Walls : public ArchSession {
@@ -44,7 +43,7 @@ class Walls : public ArchSession {
   void draw(const Specs& s, const std::string& points, const std::string& before = "") {
     useSpecs(specs(s));
     log_.lines.clear();
-    play(before + "run ArchDrawWalls\n" + kSetup + kOk + points);
+    play(before + "run ArchDrawWalls\n" + kWallDialog + kOk + points);
   }
   std::string definition() {
     for (const std::string& macro : log_.of("macro")) {
@@ -132,11 +131,11 @@ TEST_F(Walls, ARoomDrawnClockwiseHasEveryFaceAtItsDistanceWithMitredCorners) {
     brevan::Box box;
     for (size_t side = 0; side < 4; ++side) {
       const auto& curve = curves.at(pen)[side];
-      EXPECT_TRUE(near(endOf(curve), startOf(curves.at(pen)[(side + 1) % 4]))) << "corner of pen " << pen;
+      EXPECT_TRUE(nearly(endOf(curve), startOf(curves.at(pen)[(side + 1) % 4]))) << "corner of pen " << pen;
       box.add(boundsOf(curve));
     }
-    EXPECT_TRUE(near(box.low, brevan::Point{-offset, -offset})) << pen;
-    EXPECT_TRUE(near(box.high, brevan::Point{6000 + offset, 4000 + offset})) << pen;
+    EXPECT_TRUE(nearly(box.low, brevan::Point{-offset, -offset})) << pen;
+    EXPECT_TRUE(nearly(box.high, brevan::Point{6000 + offset, 4000 + offset})) << pen;
   }
   EXPECT_EQ(groups(), Texts{"MY_HOUSE PLN1 24"});
 }
@@ -167,8 +166,9 @@ TEST_F(Walls, EndsAreCutAtTheirAnglesAndClosedOnlyWhereAsked) {
   draw({.hidden = "16", .ends = "45.00,270.00,1,0"}, "point 0 0\npoint 5000 0\nspace\nspace\n");
   const auto closed = byPen();
   for (const auto& [pen, offset] : std::map<int, double>{{14, 115}, {13, 165}, {12, 275}}) {
-    EXPECT_TRUE(near(startOf(closed.at(pen).front()), brevan::Point{-offset, offset})) << pen;  // to the left of travel
-    EXPECT_TRUE(near(endOf(closed.at(pen).front()), brevan::Point{5000, offset})) << pen;
+    EXPECT_TRUE(nearly(startOf(closed.at(pen).front()), brevan::Point{-offset, offset}))
+        << pen;  // to the left of travel
+    EXPECT_TRUE(nearly(endOf(closed.at(pen).front()), brevan::Point{5000, offset})) << pen;
   }
   double across = 0.0;  // the pieces that close the two ends
   for (const auto& [pen, curves] : closed) {
@@ -187,7 +187,7 @@ TEST_F(Walls, FilletsRoundTheOutsideOfACorner) {
     const auto* corner = std::get_if<brevan::ArcShape>(&curves[1]);
     ASSERT_NE(corner, nullptr);
     EXPECT_NEAR(brevan::arcRadius(*corner), offset, 1e-9);
-    EXPECT_TRUE(near(corner->centre, brevan::Point{0, 3000}));
+    EXPECT_TRUE(nearly(corner->centre, brevan::Point{0, 3000}));
     EXPECT_LT(distance(endOf(curves[0]), startOf(curves[1])), 1e-9);
     EXPECT_LT(distance(endOf(curves[1]), startOf(curves[2])), 1e-9);
   }
@@ -202,8 +202,8 @@ TEST_F(Walls, ATrackedPerimeterGetsItsWallOutsideOrInside) {
     const auto curves = byPen();
     for (const auto& curve : curves.at(face == 1 ? 12 : 15)) { box.add(boundsOf(curve)); }
     const double out = face == 1 ? 275.0 : -275.0;
-    EXPECT_TRUE(near(box.low, brevan::Point{-out, -out}));
-    EXPECT_TRUE(near(box.high, brevan::Point{6000 + out, 4000 + out}));
+    EXPECT_TRUE(nearly(box.low, brevan::Point{-out, -out}));
+    EXPECT_TRUE(nearly(box.high, brevan::Point{6000 + out, 4000 + out}));
   }
 }
 
@@ -216,7 +216,7 @@ TEST_F(Walls, WhatCannotBeDrawnIsToldAndLeavesTheDrawingAsItWas) {
   EXPECT_EQ(drawing().count(), 0U);
   EXPECT_EQ(drawing().layerNamed("ARCH_SCRATCH_LNK"), -1);
   useSpecs(specs({}));
-  play("macro NEWLAYER \"WALLS\"\ntest lock\nrun ArchDrawWalls\n" + kSetup + kOk +
+  play("macro NEWLAYER \"WALLS\"\ntest lock\nrun ArchDrawWalls\n" + kWallDialog + kOk +
        "point 0 0\n"
        "expect message \"The layer \\\"WALLS\\\" is locked, no wall can be drawn on it\"\n");
   EXPECT_EQ(drawing().count(), 0U);
@@ -240,7 +240,7 @@ TEST_F(Walls, AllThatShipAreAsThickAsTheirName) {
   for (; file.ReadString("WALL_TYPES", "Wall" + std::to_string(walls + 1), "") != ""; ++walls) {
     const std::string record = file.ReadString("WALL_TYPES", "Wall" + std::to_string(walls + 1), "");
     const std::string name = record.substr(0, record.find(','));
-    play("run ArchDrawWalls\n" + kSetup + "pick \"Wall\" \"" + name + "\"\n" + kOk +
+    play("run ArchDrawWalls\n" + kWallDialog + "pick \"Wall\" \"" + name + "\"\n" + kOk +
          "point 0 0\npoint 0 5000\nspace\nspace\n");
     std::set<double> faces;
     drawing().forEach([&](brevan::PrimitiveId, const brevan::Primitive& primitive) {

@@ -4,10 +4,8 @@
 
 namespace {
 
-const std::string kSet = "run ArchSetWalls\ndialog \"Wall Setup\"\n";
-const std::string kOk = "press \"OK\"\n";
-const std::string kCancel = "press \"Cancel\"\n";
-const std::string kName = "press \"Add\"\ndialog \"Ardenix - Add New Item\"\nset \"Name for new wall\" ";
+const std::string kWallSetup = "run ArchSetWalls\ndialog \"Wall Setup\"\n";
+const std::string kAddNamed = "press \"Add\"\ndialog \"Ardenix - Add New Item\"\nset \"Name for new wall\" ";
 
 const std::string kOuter =
     "Outer,OUTER,0,90.00,45.00,1,0,11,2,3.50,1,12,1,5.00,1,13,3,2.50,1,14,4,2.50,0,15,1,5.00,1,16,21,1.80,1,"
@@ -15,18 +13,18 @@ const std::string kOuter =
 const std::string kInner =
     "Inner,INNER,1,90.00,90.00,0,1,1,1,0.00,0,2,1,3.50,1,3,1,0.00,1,4,1,0.00,1,5,1,3.50,1,6,1,0.00,0,"
     "10.00,20.00,30.00,90.00,40.00";
-const std::string kSettings = "; kept\n[WALLS]\nParentName=HOUSE\nMethod=1\nDirection=1\nFace=1\nCurrent=1\n";
-const std::string kTwo = kSettings + "[WALL_TYPES]\nWall1=" + kOuter + "\nWall2=" + kInner + "\n";
+const std::string kWallSettings = "; kept\n[WALLS]\nParentName=HOUSE\nMethod=1\nDirection=1\nFace=1\nCurrent=1\n";
+const std::string kTwoWalls = kWallSettings + "[WALL_TYPES]\nWall1=" + kOuter + "\nWall2=" + kInner + "\n";
 
 class WallDialog : public ArchSession {
  protected:
-  std::string path_ = useSpecs(kTwo);
+  std::string path_ = useSpecs(kTwoWalls);
   std::string record(int number) { return value(path_, "WALL_TYPES", ("Wall" + std::to_string(number)).c_str()); }
   std::string setting(const char* key) { return value(path_, "WALLS", key); }
 };
 
 TEST_F(WallDialog, ShowsTheCurrentTypeAndSavesItUnchanged) {
-  play("macro NEWLAYER \"MINE\"\n" + kSet +
+  play("macro NEWLAYER \"MINE\"\n" + kWallSetup +
        "expect \"Wall\" items \"Outer\" \"Inner\"\nexpect \"Wall\" \"Outer\"\nexpect \"Wall layer\" \"OUTER\"\n"
        "expect \"Wall layer\" items \"0\" \"MINE\" \"OUTER\" \"INNER\"\nexpect \"Drawing method\" \"Draw fresh\"\n"
        "expect \"Justification\" \"Outside\"\nexpect \"Drawing direction\" \"Clockwise\"\n"
@@ -37,16 +35,16 @@ TEST_F(WallDialog, ShowsTheCurrentTypeAndSavesItUnchanged) {
        "\"1.80\"\n"
        "expect \"Layers\" 4 \"Vis\" \"No\"\nexpect \"Layers\" 5 \"Vis\" \"Yes\"\nexpect \"Wall width\" hidden\n" +
        kCancel);
-  EXPECT_EQ(read(path_), kTwo);
-  play(kSet + kOk);
-  EXPECT_EQ(read(path_), kSettings + "ExternalWall=1\n[WALL_TYPES]\nWall1=" + kOuter + "\nWall2=" + kInner + "\n");
+  EXPECT_EQ(read(path_), kTwoWalls);
+  play(kWallSetup + kOk);
+  EXPECT_EQ(read(path_), kWallSettings + "ExternalWall=1\n[WALL_TYPES]\nWall1=" + kOuter + "\nWall2=" + kInner + "\n");
   const std::string once = read(path_);
-  play(kSet + kOk);
+  play(kWallSetup + kOk);
   EXPECT_EQ(read(path_), once);
 }
 
 TEST_F(WallDialog, TheInternalLayoutSetsItsOwnWidthsAndRowsAlone) {
-  play(kSet +
+  play(kWallSetup +
        "pick \"Wall\" \"Inner\"\nexpect \"Wall type\" \"Internal\"\nexpect \"Cavity width\" hidden\n"
        "expect \"External foundation width\" \"10.00\"\nset \"External foundation width\" 11\n"
        "set \"Wall width\" 95\nset \"Internal foundation width\" 41\n"
@@ -58,14 +56,14 @@ TEST_F(WallDialog, TheInternalLayoutSetsItsOwnWidthsAndRowsAlone) {
   EXPECT_EQ(record(1), kOuter);
   EXPECT_EQ(setting("Current") + setting("InternalWall") + setting("ExternalWall"), "22missing");
   // The other layout shows what the record holds, not what was typed into this one.
-  play(kSet + "set \"Wall width\" 1\npick \"Wall type\" \"External\"\nexpect \"Internal wall width\" \"95.00\"\n" +
-       kOk);
+  play(kWallSetup +
+       "set \"Wall width\" 1\npick \"Wall type\" \"External\"\nexpect \"Internal wall width\" \"95.00\"\n" + kOk);
   EXPECT_EQ(setting("InternalWall") + setting("ExternalWall"), "22");
   EXPECT_TRUE(record(2).starts_with("Inner,INNER,0,")) << record(2);
 }
 
 TEST_F(WallDialog, GridCellsTakeWhatFitsThemAndTheMouseChoosesPensAndVisibility) {
-  play(kSet +
+  play(kWallSetup +
        "rightclick \"Layers\" 2 \"Pen\"\npen 33\nrightclick \"Layers\" 1 \"Pen\"\ncancel\n"
        "expect \"Layers\" 2 \"Pen\" 33\nexpect \"Layers\" 1 \"Pen\" 11\n"
        "rightclick \"Layers\" 1 \"Vis\"\nrightclick \"Layers\" 2 \"Vis\"\nrightclick \"Layers\" 5 \"Vis\"\n"
@@ -80,13 +78,13 @@ TEST_F(WallDialog, GridCellsTakeWhatFitsThemAndTheMouseChoosesPensAndVisibility)
                               "1 \"Line Width\" \"72.5\"", "1 \"Line Width\" \"-1\"", "1 \"Line Width\" \"\"",
                               "2 \"Vis\" \"No\"", "1 \"Vis\" \"Maybe\"", "7 \"Pen\" \"1\""}) {
     const std::string before = read(path_);
-    EXPECT_THROW(play(kSet + "cell \"Layers\" " + refused + "\n" + kOk), std::exception) << refused;
+    EXPECT_THROW(play(kWallSetup + "cell \"Layers\" " + refused + "\n" + kOk), std::exception) << refused;
     EXPECT_EQ(read(path_), before) << refused;
   }
 }
 
 TEST_F(WallDialog, TrackingTakesItsDirectionFromTheJustification) {
-  play(kSet +
+  play(kWallSetup +
        "pick \"Drawing method\" \"Track line or perimeter\"\nexpect \"Drawing direction\" \"Anticlockwise\"\n"
        "expect \"Drawing direction\" disabled\nexpect \"Anticlockwise picture\" shown\n"
        "expect \"Clockwise picture\" hidden\npick \"Justification\" \"Inside\"\n"
@@ -97,12 +95,12 @@ TEST_F(WallDialog, TrackingTakesItsDirectionFromTheJustification) {
        "pick \"Justification\" \"Outside\"\n" +
        kOk);
   EXPECT_EQ(setting("Method") + setting("Direction") + setting("Face"), "001");
-  play(kSet + "expect \"Drawing method\" \"Track line or perimeter\"\nexpect \"Drawing direction\" disabled\n" +
+  play(kWallSetup + "expect \"Drawing method\" \"Track line or perimeter\"\nexpect \"Drawing direction\" disabled\n" +
        kCancel);
 }
 
 TEST_F(WallDialog, SelectingATypeKeepsHowWallsAreDrawn) {
-  play(kSet +
+  play(kWallSetup +
        "pick \"Justification\" \"Inside\"\npick \"Drawing direction\" \"Anticlockwise\"\npick \"Wall\" \"Inner\"\n"
        "expect \"Justification\" \"Inside\"\nexpect \"Drawing direction\" \"Anticlockwise\"\n"
        "expect \"Fillet corners\" 1\nexpect \"Wall layer\" \"INNER\"\n" +
@@ -110,27 +108,27 @@ TEST_F(WallDialog, SelectingATypeKeepsHowWallsAreDrawn) {
 }
 
 TEST_F(WallDialog, AddingTakesWhatIsShownUnderItsNewName) {
-  play(kSet + "set \"Wall layer\" \"ground floor walls\"\nset \"Cavity width\" 75\n" + kName + "\"Third, wide\"\n" +
-       kOk +
+  play(kWallSetup + "set \"Wall layer\" \"ground floor walls\"\nset \"Cavity width\" 75\n" + kAddNamed +
+       "\"Third, wide\"\n" + kOk +
        "expect \"Wall\" \"Third  wide\"\nexpect \"Cavity width\" \"75.00\"\nexpect \"Wall layer\" "
        "\"GROUND_FLOOR_WALLS\"\n" +
        kCancel);
   EXPECT_EQ(record(3).substr(0, 37), "Third  wide,GROUND_FLOOR_WALLS,0,90.0");
   EXPECT_EQ(record(1), kOuter);
   EXPECT_EQ(setting("Current"), "1");
-  play(kSet + "set \"Wall layer\" \"" + std::string(40, 'x') + "\"\n" + kOk);
+  play(kWallSetup + "set \"Wall layer\" \"" + std::string(40, 'x') + "\"\n" + kOk);
   EXPECT_EQ(record(1).substr(0, 38), "Outer," + std::string(31, 'X') + ",");
 }
 
 TEST_F(WallDialog, DeletingMovesTheLaterTypesDown) {
-  play(kSet +
+  play(kWallSetup +
        "press \"Delete\"\nexpect \"Wall\" items \"Inner\"\nexpect \"Wall\" \"Inner\"\nexpect \"Wall width\" "
        "\"90.00\"\n" +
        kCancel);
   EXPECT_EQ(record(1), kInner);
   EXPECT_EQ(record(2), "missing");
   EXPECT_EQ(setting("Current"), "1");
-  play(kSet + "press \"Delete\"\npress \"Delete\"\n" + kCancel);
+  play(kWallSetup + "press \"Delete\"\npress \"Delete\"\n" + kCancel);
   EXPECT_EQ(record(1), "missing");
   EXPECT_TRUE(read(path_).starts_with("; kept\n"));
 }
@@ -145,13 +143,14 @@ TEST_F(WallDialog, AFileWithoutTypesDrawsAWallThatIsInNoList) {
         kOk + "point 0 0\npoint 0 3000\nspace\nspace\n");
     EXPECT_EQ(drawing().count(), 4U);
     EXPECT_EQ(groups(), Texts{"_ PLN1 4"});
-    play(kSet + "expect \"Wall\" items\nexpect \"Wall width\" \"110.00\"\n" + kName + "\"First\"\n" + kOk + kOk);
+    play(kWallSetup + "expect \"Wall\" items\nexpect \"Wall width\" \"110.00\"\n" + kAddNamed + "\"First\"\n" + kOk +
+         kOk);
     EXPECT_EQ(setting("Current") + record(1).substr(0, 8), "1First,_,");
   }
 }
 
 TEST_F(WallDialog, HelpOpensThePageOfTheLayoutShown) {
-  play(kSet + "help\npick \"Wall type\" \"Internal\"\nhelp\n" + kCancel);
+  play(kWallSetup + "help\npick \"Wall type\" \"Internal\"\nhelp\n" + kCancel);
   EXPECT_EQ(log_.of("message"), Texts(2, "Unable to open help file"));
 }
 
