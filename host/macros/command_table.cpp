@@ -9,7 +9,7 @@ using namespace macroHandlers;
 
 std::span<const CommandForm> commandForms() {
   static constexpr std::array kForms = std::to_array<CommandForm>({
-      {"PARENT", "text", setParent, "the category of the groups that follow"},
+      {"PARENT", "text", setParent, "the category of the groups that follow; ends the open group"},
       {"STARTPAT", "text", beginGroup, "opens a group for what is drawn next"},
       {"BEGINGROUP", "text", beginGroup, "opens a group for what is drawn next"},
       {"SELECTNAME", "text", selectName, "selects the newest group \"PARENT NAME\""},

@@ -9,6 +9,7 @@ namespace brevan {
 void OpenGroup::setParent(std::string_view parent) {
   parent_ = parent;
   parentIsFresh_ = true;
+  name_.reset();
 }
 
 void OpenGroup::begin(std::string_view name) {

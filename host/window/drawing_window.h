@@ -37,6 +37,7 @@ struct DrawingStyle {
 // The group that is open for what is drawn next. It enters the drawing with its first primitive.
 class OpenGroup {
  public:
+  // Ends the open group; what is drawn before the next one begins belongs to none.
   void setParent(std::string_view parent);
   // After setParent always a new group; else a name that is open already goes on.
   void begin(std::string_view name);

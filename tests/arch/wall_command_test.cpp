@@ -152,6 +152,10 @@ TEST_F(Walls, TheFinishedWallIsOneGroupOnItsLayerAndNothingElseStays) {
   EXPECT_EQ(drawing().layerNamed("ARCH_SCRATCH_LNK"), -1);
   EXPECT_EQ(drawing().layer(drawing().currentLayer())->name, "WALLS");
   EXPECT_TRUE(drawing().selection().empty());
+  host().runMacro("HDIM \"F\" [0,5] [0,0] [9,0] !");
+  EXPECT_EQ(groups().size(), 2U);
+  EXPECT_EQ(drawing().find(drawing().lastId())->group, 0U) << "what comes later does not join the wall";
+  drawing().undo();
   drawing().undo();
   EXPECT_EQ(drawing().count(), 0U);
   EXPECT_EQ(drawing().layerNamed("WALLS"), -1);

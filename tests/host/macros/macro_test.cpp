@@ -207,6 +207,9 @@ TEST_F(Macros, GroupsOpenContinueAndAreFoundByTheNewest) {
   EXPECT_EQ(groupOfNext(), 2) << "after PARENT a new one, whatever its name";
   macro("BEGINGROUP \"M12\"");
   EXPECT_EQ(groupOfNext(), 3);
+  macro("PARENT \"A\"");
+  EXPECT_EQ(groupOfNext(), 0) << "PARENT ends the open group";
+  macro("PARENT \"BOLTS\"");
   macro("SELECTNAME \"BOLTS M10\"");
   EXPECT_EQ(drawing().selection(), drawing().membersOf(2));
   drawing().remove(drawing().membersOf(2).front());
@@ -225,10 +228,7 @@ TEST_F(Macros, AnUndoneGroupIsNotMistakenForAnother) {
   macro("BEGINGROUP \"M10\"");
   line(0, 0, 1, 0);
   while (drawing().undo()) {}
-  macro("PARENT \"NUTS\"");
-  drawing().select(drawing().add({.geometry = Line{{5, 5}, {6, 6}}}));
-  macro("LINKSEL \"N8\"");
-  macro("PARENT \"BOLTS\"");
+  drawing().add({.group = drawing().addGroup("NUTS", "N8"), .geometry = Line{{5, 5}, {6, 6}}});
   line(0, 0, 1, 0);
   const GroupId group = drawing().find(drawing().lastId())->group;
   EXPECT_EQ(drawing().group(group).name, "M10");
