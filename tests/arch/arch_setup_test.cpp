@@ -188,10 +188,15 @@ TEST_F(ArchServices, TheDefaultSymbolFolderLiesAboveTheUsersOwnFolders) {
   }
 }
 
-TEST_F(ArchSetup, TheStandardsThatShipAreThreeAndComplete) {
-  useSpecs(shipped());
-  for (const char* standard : {"SANS 10400-M", "Approved Document K", "DIN 18065"}) {
-    play(kArchSetup + kStandards + "pick \"Building standard\" \"" + standard + "\"\n" + kOk + kCancel);
+TEST_F(ArchSetup, SavingAStandardThatShipsChangesNothingButWhichIsCurrent) {
+  const std::string path = useSpecs(shipped());
+  std::string wanted = shipped();
+  const std::string standards = kArchSetup + kStandards;
+  for (const auto& [name, number] : std::initializer_list<std::pair<const char*, char>>{
+           {"DIN 18065", '3'}, {"Approved Document K", '2'}, {"SANS 10400-M", '1'}}) {
+    play(numberText::format("%spick \"Building standard\" \"%s\"\n%s%s", standards, name, kOk, kCancel));
+    wanted[wanted.find("[BLDG_STD]\nCurrent=") + 19] = number;
+    EXPECT_EQ(read(path), wanted);
   }
 }
 

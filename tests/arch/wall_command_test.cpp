@@ -91,7 +91,7 @@ TEST_P(WallDefinition, ListsTheVisibleLinesOfTheWall) {
   std::string offset;
   words >> pen;
   wanted += pen + " ";
-  while (words >> pen >> offset) { wanted += "2 " + pen + " 3.500000 " + offset + ".000000 "; }
+  while (words >> pen >> offset) { wanted += numberText::format("2 %s 3.500000 %s.000000 ", pen, offset); }
   EXPECT_EQ(definition(), wanted);
   const std::string face = specs.face == 1 ? "LINETYPE 2 15" : "LINETYPE 2 12";
   const Texts macros = log_.of("macro");
@@ -239,12 +239,11 @@ TEST_F(Walls, APointThatIsDeclinedEndsTheCommand) {
 // Every wall type that ships can be drawn, and is as thick as its leaves and cavity.
 TEST_F(Walls, AllThatShipAreAsThickAsTheirName) {
   const std::string path = useSpecs(shipped());
-  const TINIFile file(path);
+  const auto recordOf = [&](int wall) { return value(path, "WALL_TYPES", ("Wall" + std::to_string(wall)).c_str()); };
   int walls = 0;
-  for (; file.ReadString("WALL_TYPES", "Wall" + std::to_string(walls + 1), "") != ""; ++walls) {
-    const std::string record = file.ReadString("WALL_TYPES", "Wall" + std::to_string(walls + 1), "");
+  for (std::string record; (record = recordOf(walls + 1)) != "missing"; ++walls) {
     const std::string name = record.substr(0, record.find(','));
-    play("run ArchDrawWalls\n" + kWallDialog + "pick \"Wall\" \"" + name + "\"\n" + kOk +
+    play(numberText::format("run ArchDrawWalls\n%spick \"Wall\" \"%s\"\n%s", kWallDialog, name, kOk) +
          "point 0 0\npoint 0 5000\nspace\nspace\n");
     std::set<double> faces;
     drawing().forEach([&](brevan::PrimitiveId, const brevan::Primitive& primitive) {
@@ -252,9 +251,9 @@ TEST_F(Walls, AllThatShipAreAsThickAsTheirName) {
       if (primitive.pen == 1 && line.a.x == line.b.x) { faces.insert(line.a.x); }
     });
     ASSERT_EQ(faces.size(), 2U) << name;
-    std::string digits = name.substr(name.find_first_of("123456789"));
+    const std::string digits = name.substr(name.find_first_of("123456789"));
     EXPECT_NEAR(*faces.rbegin() - *faces.begin(), std::stod(digits), 0.001) << name;
-    EXPECT_EQ(file.ReadString("WALL_TYPES", "Wall" + std::to_string(walls + 1), ""), record);
+    EXPECT_EQ(recordOf(walls + 1), record);
   }
   EXPECT_GE(walls, 8);
 }

@@ -78,7 +78,8 @@ TEST_F(WallDialog, GridCellsTakeWhatFitsThemAndTheMouseChoosesPensAndVisibility)
                               "1 \"Line Width\" \"72.5\"", "1 \"Line Width\" \"-1\"", "1 \"Line Width\" \"\"",
                               "2 \"Vis\" \"No\"", "1 \"Vis\" \"Maybe\"", "7 \"Pen\" \"1\""}) {
     const std::string before = read(path_);
-    EXPECT_THROW(play(kWallSetup + "cell \"Layers\" " + refused + "\n" + kOk), std::exception) << refused;
+    EXPECT_THROW(play(numberText::format("%scell \"Layers\" %s\n%s", kWallSetup, refused, kOk)), std::exception)
+        << refused;
     EXPECT_EQ(read(path_), before) << refused;
   }
 }
@@ -143,8 +144,8 @@ TEST_F(WallDialog, AFileWithoutTypesDrawsAWallThatIsInNoList) {
         kOk + "point 0 0\npoint 0 3000\nspace\nspace\n");
     EXPECT_EQ(drawing().count(), 4U);
     EXPECT_EQ(groups(), Texts{"_ PLN1 4"});
-    play(kWallSetup + "expect \"Wall\" items\nexpect \"Wall width\" \"110.00\"\n" + kAddNamed + "\"First\"\n" + kOk +
-         kOk);
+    play(numberText::format("%sexpect \"Wall\" items\nexpect \"Wall width\" \"110.00\"\n%s\"First\"\n%s%s", kWallSetup,
+                            kAddNamed, kOk, kOk));
     EXPECT_EQ(setting("Current") + record(1).substr(0, 8), "1First,_,");
   }
 }
