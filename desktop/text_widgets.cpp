@@ -15,6 +15,10 @@ using namespace dialog;
 
 namespace {
 
+// A field for more than a line of text is one for a path, and long enough to read it.
+constexpr int kLongestLine = 255;
+constexpr int kPathWidth = 360;
+
 class LabelWidget : public ControlWidget {
  public:
   LabelWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
@@ -63,6 +67,7 @@ class LineWidget : public ControlWidget {
       if (number->spin) { addArrows(parent); }
     } else {
       edit_->setMaxLength(state<TextEdit>().limit);
+      if (state<TextEdit>().limit > kLongestLine) { edit_->setMinimumWidth(kPathWidth); }
     }
     QObject::connect(edit_, &QLineEdit::textEdited, edit_, [this](const QString& text) {
       const auto taken = takenText(edit_, text);
