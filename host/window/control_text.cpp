@@ -146,7 +146,7 @@ std::string groupCaption(Dialog& dialog, int group) {
 }
 
 // A group on another page of the tabs is out of sight.
-bool groupIsShown(Dialog& dialog, const Group& group) {
+bool groupIsShown(Dialog& dialog, const dialog::Group& group) {
   if (group.page < 0) { return group.visible; }
   const auto& controls = dialog.controls();
   return group.visible && std::all_of(controls.begin(), controls.end(), [&group](const Control& control) {
@@ -171,7 +171,7 @@ int onlyShown(Dialog& dialog, const std::vector<int>& controls) {
 bool isShown(Dialog& dialog, int control) {
   bool shown = dialog.control(control).visible;
   for (int group = dialog.control(control).group; group > 0;) {
-    const Group& around = dialog.groups()[static_cast<size_t>(group)];
+    const dialog::Group& around = dialog.groups()[static_cast<size_t>(group)];
     shown = shown && groupIsShown(dialog, around);
     group = around.parent;
   }
