@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "frame/add_item_dialog.h"
 #include "frame/messages.h"
 #include "frame/names.h"
-#include "frame/add_item_dialog.h"
 #include "mech/save_changes_dialog.h"
 
 namespace ardenix {

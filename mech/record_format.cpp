@@ -47,8 +47,9 @@ std::vector<double> readRecord(std::string_view record, std::span<const RecordFi
   std::vector<double> values;
   int index = 2;
   for (const RecordField& field : fields) {
-    values.push_back(isInteger(field) ? coreGetFieldInt(record, static_cast<int>(field.fallback), index, kFieldSeparator)
-                                      : coreGetFieldDouble(record, field.fallback, index, kFieldSeparator));
+    values.push_back(isInteger(field)
+                         ? coreGetFieldInt(record, static_cast<int>(field.fallback), index, kFieldSeparator)
+                         : coreGetFieldDouble(record, field.fallback, index, kFieldSeparator));
     ++index;
   }
   return values;
