@@ -61,6 +61,16 @@ inline constexpr std::string_view kBearing = "Bearing";
 
 }  // namespace option
 
+// Every option's key.
+inline constexpr std::string_view kOptionKeys[] = {
+    option::kDecimal,        option::kThousand,           option::kBearing,         option::kRoundBearing.key,
+    option::kPlusSign.key,   option::kAddNotes.key,       option::kServNotes.key,   option::kUseOffset.key,
+    option::kOffset.key,     option::kPolySnipFactor.key, option::kDelLines.key,    option::kLineType.key,
+    option::kCornerDiam.key, option::kBlockDiam.key,      option::kDimSetting.key,  option::kMultiline.key,
+    option::kTracePen.key,   option::kDiagramLayer.key,   option::kFigureLayer.key, option::kFrameLayer.key,
+    option::kTextLayer.key,
+};
+
 // What a survey dimension draws.
 enum class DimensionTexts : int { kBearingAndDistance = 0, kDistanceOnly = 1, kBearingOnly = 2 };
 

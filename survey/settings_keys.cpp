@@ -33,8 +33,9 @@ constexpr KeyRow kDiagramQuestions[] = {
 };
 
 constexpr KeyRow kDiagramTexts[] = {
-    {"Beacon", "Beacon heading"}, {"Serv", "Servitude heading"}, {"Figure", "Figure prefix"}, {"Area", "Area postfix"},
-    {"Notes", "Notes heading"},   {"Scale", "Scale prefix"},     {"Data", "Data table"},
+    {"Beacon", "Beacon heading"},  {"Serv", "Servitude heading"}, {"Figure", "Figure prefix"},
+    {"Area", "Area postfix"},      {"Notes", "Notes heading"},    {"Scale", "Scale prefix"},
+    {kDataTableKey, "Data table"},
 };
 
 constexpr KeyRow kHeadingQuestions[] = {
@@ -76,7 +77,7 @@ constexpr KeyRow kPlanTexts[] = {
 };
 
 constexpr TextSheet kDiagramSheets[] = {{"Questions", "SG_QUESTIONS", kDiagramQuestions},
-                                        {"Text", "TEXT", kDiagramTexts}};
+                                        {"Text", kDiagramTextSection, kDiagramTexts}};
 constexpr TextSheet kGeneralPlanSheets[] = {{"Heading Questions", "GP_QUESTIONS", kHeadingQuestions},
                                             {"Frame Questions", "GP_QUESTIONS", kFrameQuestions}};
 constexpr TextSheet kSectionalSheets[] = {{"Sheet 1", "QUESTIONS", kSheet1Questions}, {"Plans", "PLANS", kPlanTexts}};
@@ -93,6 +94,13 @@ constexpr KeyRow kTables[] = {{"Figure", "Figure"},
 constexpr KeyRow kExtents[] = {{"BP", "Block Plan"}, {"FP", "Floor plans"}, {"PQ", "PQ Sheet"}};
 
 }  // namespace
+
+std::optional<std::string> storedValue(const TINIFile& file, std::string_view section, std::string_view key) {
+  constexpr std::string_view kMissing = "\x01";  // no value of a text file
+  std::string value = file.ReadString(section, key, kMissing);
+  if (value == kMissing) { return std::nullopt; }
+  return value;
+}
 
 std::string_view templateSection(SurveyMode mode) {
   return mode == SurveyMode::kSectionalPlan ? kTemplateSection : "DEFAULTS";

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+
+#include "frame/host/ini.h"
 
 #include "survey/survey_mode.h"
 
@@ -13,6 +17,9 @@ struct KeyRow {
   std::string_view key;
   std::string_view label;
 };
+
+// The value of a key, which may be empty; nothing where the key is missing.
+std::optional<std::string> storedValue(const TINIFile& file, std::string_view section, std::string_view key);
 
 // Template drawings: symbol file and title block in section "DEFAULTS", or the four sheets of a sectional plan in
 // "TEMPLATES".
@@ -29,6 +36,10 @@ struct TextSheet {
 
 // The two sheets of text rows of a mode: what is asked, and what is drawn beside it.
 std::span<const TextSheet> textSheets(SurveyMode mode);
+
+inline constexpr std::string_view kDiagramTextSection = "TEXT";
+// Place and style of the data table; where it is empty among the texts, it is read from kDataSection.
+inline constexpr std::string_view kDataTableKey = "Data";
 
 // Additional texts of a diagram follow its fixed ones under "AddText1" and on.
 inline constexpr int kMostTextRows = 100;

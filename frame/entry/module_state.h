@@ -9,6 +9,7 @@
 #include "frame/services.h"
 #include "frame/toolset.h"
 #include "mech/mech_toolset.h"
+#include "survey/sectional_plan_job.h"
 
 namespace ardenix {
 
@@ -34,7 +35,7 @@ class ModuleState {
   std::unique_ptr<Toolset> architectural;
   std::unique_ptr<Toolset> surveyTrace;
   std::unique_ptr<Toolset> surveySheet;
-  std::unique_ptr<Toolset> sectionalPlanJob;
+  std::unique_ptr<survey::SectionalPlanJob> sectionalPlanJob;
 
  private:
   SystemPlatform platform_;
