@@ -19,7 +19,8 @@ bool readFlag(const TINIFile& file, const NumberOption& row) { return read(file,
 int readInt(const TINIFile& file, const NumberOption& row) { return static_cast<int>(read(file, row)); }
 
 std::string readLayer(const TINIFile& file, const LayerOption& row) {
-  return file.ReadString(kOptionSection, row.key, row.used).substr(0, kLayerNameLimit - 1);
+  const std::string name = file.ReadString(kOptionSection, row.key, row.used).substr(0, kLayerNameLimit);
+  return name.empty() ? std::string(row.used) : name;
 }
 
 std::string readSeparator(const TINIFile& file, std::string_view key) {

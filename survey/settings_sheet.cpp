@@ -27,7 +27,7 @@ struct Limits {
 };
 
 std::optional<Limits> limitsOf(Entry entry) {
-  constexpr double kFarthest = 100000.0;
+  constexpr double kFarthest = 10000.0;
   constexpr double kLargestText = 10000.0;
   switch (entry) {
     case Entry::kMillimetres: return Limits{-kFarthest, kFarthest, false};

@@ -43,7 +43,8 @@ void runSectionalSetup(void (*operation)(ardenix::survey::SectionalPlanJob&), CC
   const auto make = [&state](CCadWindow* first) {
     return std::make_unique<ardenix::survey::SectionalPlanJob>(first, state.services);
   };
-  operation(ardenix::toolsetUntilUnload(state.sectionalPlanJob, view, make));
+  ardenix::Toolset& job = ardenix::toolsetUntilUnload(state.sectionalPlanJob, view, make);
+  operation(static_cast<ardenix::survey::SectionalPlanJob&>(job));
 }
 
 #define COMMAND_ROW(name, caption, operation) {#name, CommandFamily::kMechanical, caption, false},

@@ -9,7 +9,6 @@
 #include "frame/services.h"
 #include "frame/toolset.h"
 #include "mech/mech_toolset.h"
-#include "survey/sectional_plan_job.h"
 
 namespace ardenix {
 
@@ -35,7 +34,7 @@ class ModuleState {
   std::unique_ptr<Toolset> architectural;
   std::unique_ptr<Toolset> surveyTrace;
   std::unique_ptr<Toolset> surveySheet;
-  std::unique_ptr<survey::SectionalPlanJob> sectionalPlanJob;
+  std::unique_ptr<Toolset> sectionalPlanJob;
 
  private:
   SystemPlatform platform_;
