@@ -25,6 +25,7 @@ SetupDialog::SetupDialog(SurveyMode mode, CCadWindow& view, const Services& serv
     : mode_(mode), view_(view), services_(services), templatePaths_(templateRows(mode).size()) {
   equip(dialog_, services_, helpTopic(kDefaultsTopics[static_cast<size_t>(mode)]));
   for (SheetForm& form : sheetForms(mode)) { sheets_.emplace_back(std::move(form)); }
+  showTitle();
   addTemplates();
   addSheets();
   addButtons();

@@ -5,9 +5,9 @@ namespace ardenix::survey {
 namespace {
 
 constexpr SheetColumn kTextColumns[] = {
-    {"Default Text", Entry::kText, 190},
-    {"Hor Coord (mm)", Entry::kMillimetres, 95},
-    {"Ver Coord (mm)", Entry::kMillimetres, 95},
+    {"Default Text", Entry::kText, 200},
+    {"Hor Coord (mm)", Entry::kMillimetres, 110},
+    {"Ver Coord (mm)", Entry::kMillimetres, 110},
     {"Pen", Entry::kPen, 45},
     {"Size", Entry::kSize, 45},
     {"Lorg", Entry::kJustification, 45},
