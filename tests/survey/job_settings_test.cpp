@@ -7,10 +7,10 @@
 #include "survey/sectional_plan_job.h"
 #include "tests/mech/command_session.h"
 
+namespace ardenix::survey {
+
 namespace {
 
-using ardenix::survey::JobSettings;
-using ardenix::survey::SurveyMode;
 using Texts = std::vector<std::string>;
 
 class SurveyJob : public CommandSession {
@@ -102,7 +102,7 @@ TEST_F(SurveyJob, ACommandBeginsOnlyWithAFileAndASurveyDrawing) {
   EXPECT_FALSE(beginJob(job, SurveyMode::kDiagram, view));
   EXPECT_FALSE(beginJob(job, SurveyMode::kGeneralPlan, view));
   EXPECT_FALSE(beginJob(job, SurveyMode::kSectionalPlan, view));
-  EXPECT_EQ(ardenix::survey::loadJob("gone.ini", SurveyMode::kDiagram, view), nullptr);
+  EXPECT_EQ(loadJob("gone.ini", SurveyMode::kDiagram, view), nullptr);
   EXPECT_EQ(log_.of("message"),
             (Texts{"Please Load a SG Diagram *.ini file in the Setup dialog.",
                    "Please Load a General Plan *.ini file in the Setup dialog.",
@@ -125,15 +125,14 @@ TEST_F(SurveyJob, FloorNamesEndAtTheFirstMissing) {
   CCadWindow& view = surveyView();
   settings().SetString("SG_DEFAULTS", "SG_SectionalFile",
                        write("job.ini", "[FLOORNAMES]\nFloorName1=Ground, front\nFloorName2=First\nFloorName4=Roof\n"));
-  const ardenix::Services services;
-  const ardenix::survey::SectionalPlanJob job(&view, services);
+  const Services services;
+  const SectionalPlanJob job(&view, services);
   EXPECT_EQ(job.floorNames(), (Texts{"Ground, front", "First"}));
 }
 
 TEST_F(SurveyJob, ControlPointsReadBackWhatWasWritten) {
-  const ardenix::survey::ControlPoint beacon{ardenix::survey::ControlCategory::kTrigonometricalBeacon, "Kloof",
-                                             "3418/123", -12345.675, 3712345.67};
-  const auto again = ardenix::survey::controlPointOf(controlPointText(beacon));
+  const ControlPoint beacon{ControlCategory::kTrigonometricalBeacon, "Kloof", "3418/123", -12345.675, 3712345.67};
+  const auto again = controlPointOf(controlPointText(beacon));
   EXPECT_EQ(again.category, beacon.category);
   EXPECT_EQ(again.name, beacon.name);
   EXPECT_EQ(again.number, beacon.number);
@@ -142,3 +141,5 @@ TEST_F(SurveyJob, ControlPointsReadBackWhatWasWritten) {
 }
 
 }  // namespace
+
+}  // namespace ardenix::survey

@@ -7,6 +7,8 @@
 #include "survey/settings_keys.h"
 #include "tests/mech/command_session.h"
 
+namespace ardenix::survey {
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -67,13 +69,13 @@ struct ShippedFile {
   const char* command;
   const char* key;
   const char* file;
-  ardenix::survey::SurveyMode mode;
+  SurveyMode mode;
 };
 
 const ShippedFile kShipped[] = {
-    {"SG_DiagramEditor", "SG_DiaramFile", "SG Diagram.ini", ardenix::survey::SurveyMode::kDiagram},
-    {"SG_GenplanEditor", "SG_GenPlanFile", "General Plan.ini", ardenix::survey::SurveyMode::kGeneralPlan},
-    {"SG_SectionEditor", "SG_SectionalFile", "Sectional Plan.ini", ardenix::survey::SurveyMode::kSectionalPlan},
+    {"SG_DiagramEditor", "SG_DiaramFile", "SG Diagram.ini", SurveyMode::kDiagram},
+    {"SG_GenplanEditor", "SG_GenPlanFile", "General Plan.ini", SurveyMode::kGeneralPlan},
+    {"SG_SectionEditor", "SG_SectionalFile", "Sectional Plan.ini", SurveyMode::kSectionalPlan},
 };
 
 // ---- Files --------------------------------------------------------------------------------------------------------
@@ -85,13 +87,13 @@ TEST_F(SurveySetup, ShippedSettingsAreCompleteAndComeThroughTheDialogByteForByte
     EXPECT_EQ(read(path), shipped(row.file)) << row.file;
     EXPECT_EQ(remembered(row.key), path);
     const TINIFile file(path);
-    for (const auto& sheet : ardenix::survey::textSheets(row.mode)) {
+    for (const auto& sheet : textSheets(row.mode)) {
       for (const auto& text : sheet.rows) {
         EXPECT_NE(file.ReadString(sheet.section, text.key, ""), "") << row.file << ' ' << text.key;
       }
     }
-    for (const auto& drawing : ardenix::survey::templateRows(row.mode)) {
-      const std::string named = file.ReadString(ardenix::survey::templateSection(row.mode), drawing.key, "");
+    for (const auto& drawing : templateRows(row.mode)) {
+      const std::string named = file.ReadString(templateSection(row.mode), drawing.key, "");
       EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(BREVAN_DATA) / named)) << named;
     }
   }
@@ -309,3 +311,5 @@ TEST_F(SurveySetup, OptionsOfTheOtherModesAreTheirOwn) {
 }
 
 }  // namespace
+
+}  // namespace ardenix::survey
