@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "survey/text_row.h"
 
@@ -13,7 +14,7 @@ namespace {
 constexpr std::string_view kStoredLineFeed = "9999";
 constexpr size_t kUnderlineCell = 7;
 
-std::string shownCell(std::string text) { return text == kStoredLineFeed ? std::string(kLineFeed) : text; }
+std::string shownCell(const std::string& text) { return text == kStoredLineFeed ? std::string(kLineFeed) : text; }
 std::string storedCell(const std::string& text) { return text == kLineFeed ? std::string(kStoredLineFeed) : text; }
 
 bool isEmpty(const SettingsSheet::Row& row) {
@@ -73,7 +74,7 @@ std::string SettingsSheet::heading(int row) const {
 
 std::optional<std::string> SettingsSheet::refusal(int column, std::string& text) const {
   const SheetColumn& described = form_.columns[static_cast<size_t>(column)];
-  if (text == "lf") { text = kLineFeed; }
+  text = asKept(column, std::move(text));
   if (text.empty() || text == kLineFeed || described.entry == Entry::kText) { return std::nullopt; }
   if (const auto limits = limitsOf(described.entry)) {
     const auto value = numberText::parseTyped(text);
@@ -84,18 +85,33 @@ std::optional<std::string> SettingsSheet::refusal(int column, std::string& text)
                                 limits->whole ? "whole " : "", numberText::shortest(limits->least),
                                 numberText::shortest(limits->most), text);
     }
-    if (!numberText::parseDouble(text)) { text = numberText::shortest(*value); }
+    if (text.find_first_not_of("-.0123456789") != std::string::npos) { text = numberText::shortest(*value); }
   } else if (text.find(',') != std::string::npos) {
     return numberText::format("\"%s\" cannot hold a comma, got \"%s\".", described.title, text);
   }
   return std::nullopt;
 }
 
+// As it will be read again: a file keeps no blanks at a value's ends, and has one way to say a line feed or a comma.
+std::string SettingsSheet::asKept(int column, std::string text) const {
+  if (form_.columns[static_cast<size_t>(column)].entry != Entry::kText || form_.record == RecordForm::kWhole) {
+    coreTrimStr(text);
+  } else {
+    text.erase(0, text.find_first_not_of(" \t"));
+    text = commasRestored(text);
+  }
+  return text == "lf" || text == kStoredLineFeed ? std::string(kLineFeed) : text;
+}
+
 void SettingsSheet::set(int row, int column, std::string text) {
   Row& cells = rows_[static_cast<size_t>(row)];
-  const bool begun = column == 0 && !text.empty() && isEmpty(cells);
-  if (begun && form_.record == RecordForm::kTextRow) { cells = cellsOf(kDefaultTextRow); }
+  const bool begun = column == 0 && !text.empty() && cells.front().empty() && removable(row);
   cells[static_cast<size_t>(column)] = std::move(text);
+  if (!begun || form_.record != RecordForm::kTextRow) { return; }
+  const Row usual = cellsOf(kDefaultTextRow);
+  for (size_t i = 0; i < cells.size(); ++i) {
+    if (cells[i].empty()) { cells[i] = usual[i]; }
+  }
 }
 
 bool SettingsSheet::removable(int row) const {
@@ -120,7 +136,7 @@ SettingsSheet::Row SettingsSheet::cellsOf(std::string_view value) const {
   } else {
     splitFields(value, cells);
   }
-  for (std::string& cell : cells) { cell = shownCell(std::move(cell)); }
+  for (std::string& cell : cells) { cell = shownCell(cell); }
   if (form_.record == RecordForm::kTextRow) {
     cells[0] = commasRestored(cells[0]);
     cells[kUnderlineCell] = textRowOf(value).underlined ? "1" : "0";
@@ -173,7 +189,7 @@ void SettingsSheet::loadBlock(const TINIFile& file, const RowBlock& block, int f
     std::optional<std::string> value = storedRow(file, block.section, block.key(row));
     if (!value && block.keys.empty()) { return; }
     if (form_.record == RecordForm::kTextRow && value.value_or("").empty()) { value = kDefaultTextRow; }
-    rows_[static_cast<size_t>(first + row)] = cellsOf(value.value_or(""));
+    rows_[static_cast<size_t>(first) + static_cast<size_t>(row)] = cellsOf(value.value_or(""));
   }
 }
 
@@ -202,7 +218,7 @@ void SettingsSheet::save(TINIFile& file) const {
 void SettingsSheet::saveBlock(TINIFile& file, const RowBlock& block, int first) const {
   int row = 0;
   for (; row < block.count(); ++row) {
-    const Row& cells = rows_[static_cast<size_t>(first + row)];
+    const Row& cells = rows_[static_cast<size_t>(first) + static_cast<size_t>(row)];
     if (block.keys.empty() && endsList(cells)) { break; }
     saveRow(file, block, cells, row);
   }

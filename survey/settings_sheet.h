@@ -68,7 +68,7 @@ class SettingsSheet {
   [[nodiscard]] std::string heading(int row) const;
   // Why a column does not take a text; the text as it is kept where it does.
   [[nodiscard]] std::optional<std::string> refusal(int column, std::string& text) const;
-  // The text must be taken. The first text of a row of its own brings the defaults of the other columns.
+  // The text must be taken. The first text of an additional row brings the defaults of the other columns.
   void set(int row, int column, std::string text);
 
   [[nodiscard]] bool removable(int row) const;
@@ -79,6 +79,7 @@ class SettingsSheet {
   void save(TINIFile& file) const;
 
  private:
+  [[nodiscard]] std::string asKept(int column, std::string text) const;
   [[nodiscard]] Row emptyRow() const { return Row(form_.columns.size()); }
   [[nodiscard]] Row cellsOf(std::string_view value) const;
   [[nodiscard]] std::string valueOf(const Row& row) const;

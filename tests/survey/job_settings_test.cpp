@@ -53,8 +53,9 @@ TEST_F(SurveyJob, SeparatorsAreReadByTheirLetter) {
   const std::pair<std::string, std::string> letters[] = {
       {"C", ","}, {"D", "\xB0"}, {"M", "-"}, {"N", ""}, {"S", " "}, {"P", "."}, {"", "."}, {",", "."}, {"Comma", ","}};
   for (const auto& [stored, separator] : letters) {
-    const JobSettings job(write("job.ini", "[DEFAULTS]\nDecimal=" + stored + "\nBearing=" + stored + "\n"),
-                          SurveyMode::kDiagram, view);
+    std::string text = "[DEFAULTS]\nDecimal=";
+    text.append(stored).append("\nBearing=").append(stored).append("\n");
+    const JobSettings job(write("job.ini", text), SurveyMode::kDiagram, view);
     EXPECT_EQ(job.numbers().decimal, separator) << stored;
     EXPECT_EQ(job.numbers().bearing, separator) << stored;
     EXPECT_EQ(job.numbers().thousands, ".") << "a missing letter";
