@@ -1,7 +1,9 @@
 #include "survey/setup_dialog.h"
 
+#include "frame/file_paths.h"
 #include "frame/host/core_services.h"
 #include "frame/messages.h"
+#include "survey/control_dialog.h"
 #include "survey/job_settings.h"
 #include "survey/option_dialogs.h"
 
@@ -16,6 +18,15 @@ constexpr std::string_view kModeSection = "INIFILE";
 constexpr std::string_view kModeKey = "Mode";
 
 constexpr std::string_view kDefaultsTopics[] = {"Diagram Defaults", "General Plan Defaults", "Sectional Defaults"};
+
+// What a file holds that no sheet shows and that may have been changed since it was read.
+void carryOver(const TINIFile& from, TINIFile& to) {
+  copyOptions(from, to);
+  const auto store = storedValue(from, kControlSection, kControlStoreKey);
+  if (store && store != storedValue(to, kControlSection, kControlStoreKey)) {
+    to.WriteString(kControlSection, kControlStoreKey, *store);
+  }
+}
 
 std::string shortened(std::string_view path) { return coreAbbreviateFileName(path, kShownPath); }
 
@@ -72,9 +83,8 @@ void SetupDialog::addButtons() {
     return button;
   };
   add("Options", "Various option settings", 0, &SetupDialog::showOptions);
-  controls_ =
-      add("Control coords", "Set data to be drawn for the control coordinates", 1, &SetupDialog::showControlPoints);
-  controls_.show(mode_ != SurveyMode::kSectionalPlan);
+  add("Control coords", "Set data to be drawn for the control coordinates", 1, &SetupDialog::showControlPoints)
+      .show(mode_ != SurveyMode::kSectionalPlan);
   add("Save As", "Save the current settings to another *.ini file", 2, &SetupDialog::saveAs);
   add("Load", "Load settings from *.ini file", 3, &SetupDialog::chooseFile);
   ok_ = addButton(dialog_, {.caption = "OK", .group = group, .place = {.column = 4}}, dialog::ButtonRole::kOk);
@@ -117,7 +127,6 @@ bool SetupDialog::mayTake(const TINIFile& file, const std::string& path) {
 void SetupDialog::take(std::unique_ptr<TINIFile> file) {
   file_ = std::move(file);
   ok_.enable(true);
-  controls_.enable(false);  // the module has no dialog of control coordinates: the file's are kept
   const auto rows = templateRows(mode_);
   for (size_t i = 0; i < rows.size(); ++i) {
     templatePaths_[i] = file_->ReadString(templateSection(mode_), rows[i].key, "");
@@ -197,7 +206,7 @@ void SetupDialog::saveAs() {
   try {
     if (!startCopy(path)) { return; }
     auto file = std::make_unique<TINIFile>(path);
-    if (file_) { copyOptions(*file_, *file); }
+    if (file_) { carryOver(*file_, *file); }
     writeInto(*file);
     file->UpdateFile();
     take(std::move(file));
@@ -215,7 +224,14 @@ TINIFile* SetupDialog::loadedFile() {
   return file_.get();
 }
 
-void SetupDialog::showControlPoints() { loadedFile(); }
+void SetupDialog::showControlPoints() {
+  TINIFile* file = loadedFile();
+  if (file == nullptr) { return; }
+  const std::string store = file->ReadString(kControlSection, kControlStoreKey, "");
+  ControlDialog control(controlPoints_, pathNamedIn(file->FileName(), store), services_);
+  if (!control.run(&dialog_) || control.storePath() == pathNamedIn(file->FileName(), store)) { return; }
+  file->WriteString(kControlSection, kControlStoreKey, control.storePath());
+}
 
 void SetupDialog::showOptions() {
   if (TINIFile* file = loadedFile()) { runOptions(mode_, *file, services_, &dialog_); }

@@ -67,7 +67,6 @@ class SetupDialog {
   int grid_ = -1;
   int tabs_ = -1;
   dialog::ButtonHandle ok_;
-  dialog::ButtonHandle controls_;
   std::vector<std::string> templatePaths_;
   std::vector<SettingsSheet> sheets_;
   int shownSheet_ = 0;
