@@ -1,9 +1,13 @@
 #include <QComboBox>
 #include <QFontDatabase>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
+#include <QToolButton>
+
+#include <algorithm>
 
 #include "desktop/control_widgets.h"
 #include "desktop/pen_widgets.h"
@@ -15,6 +19,15 @@ using namespace dialog;
 
 namespace {
 
+// The fonts that drawings name, whatever they are painted with, and those installed: each once, sorted.
+QStringList fontNames() {
+  QStringList names = QFontDatabase::families();
+  names.append({"Arial", "Times New Roman", "Courier New"});
+  names.removeDuplicates();
+  names.sort(Qt::CaseInsensitive);
+  return names;
+}
+
 // The entries that a cell's editor offers; empty for a plain field.
 QStringList offered(const Cell& cell) {
   QStringList entries;
@@ -22,7 +35,7 @@ QStringList offered(const Cell& cell) {
   if (cell.kind == CellKind::kLineType) {
     for (int number = 1; number <= kLineTypes; ++number) { entries.append(QString::number(number)); }
   }
-  if (cell.kind == CellKind::kFont) { entries = {"Arial", "Times New Roman", "Courier New"}; }
+  if (cell.kind == CellKind::kFont) { entries = fontNames(); }
   for (const std::string& item : cell.items) { entries.append(shown(item)); }
   return entries;
 }
@@ -67,7 +80,7 @@ class GridWidget : public ControlWidget {
   GridWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
     table_ = new QTableWidget(parent);
     widget_ = target_ = table_;
-    table_->setMinimumSize(320, 150);
+    table_->setMinimumSize(roomFor(state<Grid>()));
     table_->setTabKeyNavigation(false);
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -75,7 +88,10 @@ class GridWidget : public ControlWidget {
         [this](const QModelIndex& index) { return cellAt(index.row(), index.column()); },
         [this](const QModelIndex& index, const QString& text) { edit(index.row(), index.column(), text); }, table_));
     QObject::connect(table_, &QTableWidget::currentCellChanged, table_, [this](int row, int column, int, int) {
-      click(row, column, DialogSession::Click::kSelect, "click");
+      click(row, column, DialogSession::Click::kSelect, state<Grid>().onCellClick ? "" : "click");
+    });
+    QObject::connect(table_, &QTableWidget::cellClicked, table_, [this](int row, int column) {
+      if (state<Grid>().onCellClick) { click(row, column, DialogSession::Click::kClick, "click"); }
     });
     QObject::connect(table_, &QTableWidget::cellDoubleClicked, table_,
                      [this](int row, int column) { press(row, column); });
@@ -113,6 +129,7 @@ class GridWidget : public ControlWidget {
       for (size_t column = 0; column < grid.rows[row].size(); ++column) {
         table_->setItem(static_cast<int>(row), static_cast<int>(column),
                         itemOf(grid.rows[row][column], grid.columns[column]));
+        showBrowseButton(static_cast<int>(row), static_cast<int>(column), grid.rows[row][column]);
       }
     }
     for (size_t column = 0; column < grid.columns.size(); ++column) {
@@ -128,6 +145,30 @@ class GridWidget : public ControlWidget {
     const auto& cells = grid.rows[static_cast<size_t>(row)];
     return static_cast<size_t>(column) < cells.size() ? &cells[static_cast<size_t>(column)] : nullptr;
   }
+  // Room for the columns as described and for a dozen rows, within what a small screen holds.
+  static QSize roomFor(const Grid& grid) {
+    constexpr int kHeadings = 150;
+    constexpr int kRowHeight = 30;
+    int width = grid.rowHeadings.empty() ? 0 : kHeadings;
+    for (const GridColumn& column : grid.columns) { width += column.width; }
+    const int rows = static_cast<int>(grid.rows.size()) + 1;
+    return {std::clamp(width + kRowHeight, 320, 900), std::clamp(rows * kRowHeight + 8, 100, 380)};
+  }
+  // At the right of the cell, over its text.
+  void showBrowseButton(int row, int column, const Cell& cell) {
+    const bool wanted = cell.kind == CellKind::kBrowse;
+    if (wanted == (table_->cellWidget(row, column) != nullptr)) { return; }
+    if (!wanted) { return table_->removeCellWidget(row, column); }
+    auto* holder = new QWidget(table_);
+    auto* line = new QHBoxLayout(holder);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addStretch();
+    auto* button = new QToolButton(holder);
+    button->setText("...");
+    line->addWidget(button);
+    QObject::connect(button, &QToolButton::clicked, table_, [this, row, column] { press(row, column); });
+    table_->setCellWidget(row, column, holder);
+  }
   QTableWidgetItem* itemOf(const Cell& cell, const GridColumn& column) {
     constexpr uint32_t kUsual = 0xFFFFFFFF;
     auto* item = new QTableWidgetItem(cell.kind == CellKind::kCheck ? QString() : brevan::shown(cell.text));
@@ -138,17 +179,23 @@ class GridWidget : public ControlWidget {
       if (!cell.readOnly) { flags |= Qt::ItemIsUserCheckable; }
     } else if (!cell.readOnly) {
       flags |= Qt::ItemIsEditable;
-    } else {
+    } else if (cell.kind != CellKind::kBrowse) {
       item->setForeground(table_->palette().color(QPalette::Disabled, QPalette::Text));
     }
-    if (cell.kind == CellKind::kPen) { item->setIcon(penIcon(QString::fromStdString(cell.text).toInt(), *table_)); }
-    if (cell.kind == CellKind::kLineType) {
+    if (cell.kind == CellKind::kPen && !cell.text.empty() && cell.ground == kUsual) {
+      item->setIcon(penIcon(QString::fromStdString(cell.text).toInt(), *table_));
+    }
+    if (cell.kind == CellKind::kLineType && !cell.text.empty()) {
       item->setIcon(lineTypeIcon(QString::fromStdString(cell.text).toInt(), *table_));
     }
     if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger) {
       item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
-    if (cell.ground != kUsual) { item->setBackground(QColor(QRgb(cell.ground))); }
+    if (cell.ground != kUsual) {
+      const QColor ground(QRgb(cell.ground));
+      item->setBackground(ground);
+      item->setForeground(qGray(ground.rgb()) < 128 ? Qt::white : Qt::black);
+    }
     item->setFlags(flags);
     return item;
   }
@@ -164,7 +211,7 @@ class GridWidget : public ControlWidget {
     owner_.operate(
         control_,
         [this, row, title, kind](DialogSession& session) { return session.clickCell(control_, row + 1, title, kind); },
-        statement(word, place(row, column)));
+        *word == '\0' ? QString() : statement(word, place(row, column)));
   }
   void press(int row, int column) {
     const Cell* cell = cellAt(row, column);

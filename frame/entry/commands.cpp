@@ -7,6 +7,7 @@
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
+#include "survey/setup_commands.h"
 
 // One row a command: export, menu caption, operation. The rows give the exports and the command list.
 #define MECHANICAL_COMMANDS(ROW)                                       \
@@ -17,6 +18,13 @@
   ROW(MechDrawHoles, "&Drilled Holes...", ardenix::drawHoles)          \
   ROW(MechDrawRivets, "&Rivets...", ardenix::drawRivets)
 
+#define SURVEY_SETUP_COMMANDS(ROW)                                               \
+  ROW(SG_DiagramEditor, "SG &Diagram: Setup...", ardenix::survey::setUpDiagrams) \
+  ROW(SG_GenplanEditor, "&General Plan: Setup...", ardenix::survey::setUpGeneralPlans)
+
+#define SECTIONAL_SETUP_COMMANDS(ROW) \
+  ROW(SG_SectionEditor, "&Sectional Plan: Setup...", ardenix::survey::setUpSectionalPlans)
+
 namespace {
 
 void runMechanical(void (*operation)(ardenix::MechToolset&)) {
@@ -26,9 +34,25 @@ void runMechanical(void (*operation)(ardenix::MechToolset&)) {
   operation(ardenix::toolsetOfView(state.mechanical, state.currentView, make));
 }
 
+void runSetup(void (*operation)(CCadWindow&, const ardenix::Services&), CCadWindow* view) {
+  operation(*view, ardenix::moduleState().services);
+}
+
+void runSectionalSetup(void (*operation)(ardenix::survey::SectionalPlanJob&), CCadWindow* view) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  const auto make = [&state](CCadWindow* first) {
+    return std::make_unique<ardenix::survey::SectionalPlanJob>(first, state.services);
+  };
+  ardenix::Toolset& job = ardenix::toolsetUntilUnload(state.sectionalPlanJob, view, make);
+  operation(static_cast<ardenix::survey::SectionalPlanJob&>(job));
+}
+
 #define COMMAND_ROW(name, caption, operation) {#name, CommandFamily::kMechanical, caption, false},
-constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(COMMAND_ROW)};
+#define SURVEY_ROW(name, caption, operation) {#name, CommandFamily::kSurvey, caption, true},
+constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(COMMAND_ROW) SURVEY_SETUP_COMMANDS(SURVEY_ROW)
+                                        SECTIONAL_SETUP_COMMANDS(SURVEY_ROW)};
 #undef COMMAND_ROW
+#undef SURVEY_ROW
 
 }  // namespace
 
@@ -36,6 +60,16 @@ constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(COMMAND_ROW)};
   ARDENIX_EXPORT void name() { runMechanical(operation); }
 MECHANICAL_COMMANDS(COMMAND_EXPORT)
 #undef COMMAND_EXPORT
+
+#define SETUP_EXPORT(name, caption, operation) \
+  ARDENIX_EXPORT void name(CCadWindow* view) { runSetup(operation, view); }
+SURVEY_SETUP_COMMANDS(SETUP_EXPORT)
+#undef SETUP_EXPORT
+
+#define SECTIONAL_EXPORT(name, caption, operation) \
+  ARDENIX_EXPORT void name(CCadWindow* view) { runSectionalSetup(operation, view); }
+SECTIONAL_SETUP_COMMANDS(SECTIONAL_EXPORT)
+#undef SECTIONAL_EXPORT
 
 ARDENIX_EXPORT const CommandRow* ardenixCommands(int* count) {
   *count = static_cast<int>(std::size(kCommands));

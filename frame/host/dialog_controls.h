@@ -180,19 +180,19 @@ enum class CellKind { kText, kNumber, kInteger, kList, kEditableList, kPen, kLin
 
 struct Cell {
   CellKind kind = CellKind::kText;
-  std::string text;  // a check cell holds "1" or "0", a pen or line-type cell its number
+  std::string text{};  // a check cell holds "1" or "0", a pen or line-type cell its number
   bool readOnly = false;
   double minimum = 0.0;  // of numbers
   double maximum = 0.0;
-  std::string format;              // of numbers
-  std::vector<std::string> items;  // of lists
-  uint32_t ground = 0xFFFFFFFF;    // background 0xRRGGBB; 0xFFFFFFFF: as usual
+  std::string format{};              // of numbers
+  std::vector<std::string> items{};  // of lists
+  uint32_t ground = 0xFFFFFFFF;      // background 0xRRGGBB; 0xFFFFFFFF: as usual
 };
 
 struct GridColumn {
   std::string title;
-  std::string hint;  // shown while the mouse rests on the column
-  int width = 60;    // pixels
+  std::string hint{};  // shown while the mouse rests on the column
+  int width = 60;      // pixels
   bool sizeToContents = false;
 };
 
@@ -205,7 +205,8 @@ struct Grid {
   std::function<void(int row, int column)> onCellEdit;
   std::function<void(int row, int column)> onCellPress;       // a browse cell's button, a double click
   std::function<void(int row, int column)> onCellRightClick;  // column -1: the row heading
-  std::function<void(int row, int column)> onCellSelect;
+  std::function<void(int row, int column)> onCellSelect;      // the cell became current, by mouse or keyboard
+  std::function<void(int row, int column)> onCellClick;       // the mouse clicked it, after it became current
 };
 
 // The pages of a property sheet; controls belong to a page through their group.

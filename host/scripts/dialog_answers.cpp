@@ -57,7 +57,7 @@ Refusal click(const DialogStep& step, DialogSession::Click kind) {
   const std::string column = step.statement.words.size() > 3 ? step.cursor.string(step.statement, 3) : "";
   return step.session.clickCell(step.control(1), step.cursor.integer(step.statement, 2), column, kind);
 }
-Refusal clickCell(const DialogStep& step) { return click(step, DialogSession::Click::kSelect); }
+Refusal clickCell(const DialogStep& step) { return click(step, DialogSession::Click::kClick); }
 Refusal rightClickCell(const DialogStep& step) { return click(step, DialogSession::Click::kRight); }
 Refusal pressControl(const DialogStep& step) {
   if (step.statement.words.size() > 2) { return click(step, DialogSession::Click::kPress); }
@@ -83,6 +83,16 @@ Refusal askHelp(const DialogStep& step) {
 }
 Refusal closeDialog(const DialogStep& step) {
   step.session.cancel();
+  return std::nullopt;
+}
+
+// The text of the cell in a row, counted from 1, and column; nothing where there is no such cell.
+std::optional<std::string> cellText(const dialog::Grid& grid, int row, const std::string& column) {
+  if (row < 1 || row > static_cast<int>(grid.rows.size())) { return std::nullopt; }
+  const auto& cells = grid.rows[static_cast<size_t>(row) - 1];
+  for (size_t i = 0; i < cells.size() && i < grid.columns.size(); ++i) {
+    if (equalWithoutCase(grid.columns[i].title, column)) { return cells[i].text; }
+  }
   return std::nullopt;
 }
 
@@ -153,6 +163,12 @@ void expectControl(const ScriptCursor& cursor, const Statement& statement, Dialo
   }
   const DialogStep step{cursor, statement, session, dialog};
   const dialog::Control& control = dialog.control(step.control(1));
+  if (const auto* grid = std::get_if<dialog::Grid>(&control.state); grid != nullptr && statement.words.size() == 5) {
+    const auto text = cellText(*grid, cursor.integer(statement, 2), cursor.string(statement, 3));
+    if (text && sameValue(*text, statement.words[4])) { return; }
+    cursor.fail(statement, (text ? "the cell is \"" + toUtf8(*text) + '"' : "there is no such cell") +
+                               ", the script gave: " + statement.shown());
+  }
   const ScriptWord& wanted = statement.words[2];
   const std::string& state = wanted.text;
   bool holds = false;

@@ -417,10 +417,10 @@ Refusal DialogSession::clickCell(int control, int row, const std::string& column
   if (place < 0 && !column.empty()) { return named(control) + " has no column " + inQuotes(column); }
   grid->currentRow = row - 1;
   grid->currentColumn = place;
-  const auto& rule = click == Click::kSelect  ? grid->onCellSelect
-                     : click == Click::kPress ? grid->onCellPress
-                                              : grid->onCellRightClick;
-  const auto action = rule;
+  const bool selects = click == Click::kSelect || click == Click::kClick;
+  if (const auto select = grid->onCellSelect; selects && select) { select(row - 1, place); }
+  const auto& rule = click == Click::kPress ? grid->onCellPress : grid->onCellRightClick;
+  const auto action = click == Click::kClick ? grid->onCellClick : selects ? nullptr : rule;
   if (action) { action(row - 1, place); }
   return std::nullopt;
 }

@@ -45,7 +45,8 @@ class DialogSession : public dialog::Presenter {
   // An entry of the dialog's menu bar, levels separated by "/".
   Refusal chooseMenu(const std::string& path);
   Refusal editCell(int grid, int row, const std::string& column, const std::string& text);
-  enum class Click { kSelect, kPress, kRight };
+  enum class Click { kSelect, kClick, kPress, kRight };
+  // kSelect makes the cell current, as the keyboard does; kClick is the mouse on it.
   Refusal clickCell(int grid, int row, const std::string& column, Click click);
   Refusal setColumnWidth(int list, const std::string& column, int pixels);
 

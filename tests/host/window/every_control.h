@@ -128,6 +128,7 @@ class EveryControl {
     walls.onCellPress = note("cell press");
     walls.onCellRightClick = note("cell rightclick");
     walls.onCellSelect = note("cell select");
+    walls.onCellClick = note("cell click");
     dialog.onCancel = [this] { log.emplace_back("cancel"); };
     dialog.onOk = [this] {
       log.emplace_back("ok");
