@@ -135,8 +135,8 @@ class TabsWidget : public ControlWidget {
     bar_ = new QTabBar(parent);
     widget_ = target_ = bar_;
     for (const std::string& page : state<Tabs>().pages) { bar_->addTab(brevan::shown(page)); }
-    QObject::connect(bar_, &QTabBar::tabBarClicked, bar_, [this](int page) {
-      if (page < 0) { return; }
+    QObject::connect(bar_, &QTabBar::currentChanged, bar_, [this](int page) {  // by mouse or arrow key
+      if (page < 0 || page == state<Tabs>().current) { return; }
       const std::string name = state<Tabs>().pages.at(static_cast<size_t>(page));
       owner_.operate(
           control_, [this, name](DialogSession& session) { return session.choose(control_, name); },

@@ -279,6 +279,21 @@ void DrawingView::paintSelection(QPainter& painter) {
   painter.restore();
 }
 
+void DrawingView::paintWhatComes(QPainter& painter, std::vector<Geometry> shapes) {
+  Drawing scratch;
+  scratch.setParameters(window_.drawing().parameters());
+  for (Geometry& shape : shapes) {
+    if (!std::holds_alternative<Symbol>(shape)) { scratch.add({.geometry = std::move(shape)}); }
+  }
+  PaintOptions options{style_.ground, false, std::nullopt};
+  options.colour = palette().color(QPalette::Highlight).rgb() & 0xFFFFFFU;
+  const double ratio = devicePixelRatioF();
+  painter.save();
+  painter.scale(1.0 / ratio, 1.0 / ratio);
+  paint(painter, scratch, transformOf(placing_), options);
+  painter.restore();
+}
+
 void DrawingView::paintRubber(QPainter& painter) {
   const Cursor& cursor = window_.cursor();
   if (!picking_ || !mouseInside_) { return; }
@@ -294,6 +309,7 @@ void DrawingView::paintRubber(QPainter& painter) {
     painter.setPen(QPen(colour, 1, Qt::DashLine));
     painter.drawLine(toDevice(cursor.heldAt()), toDevice(at));
   }
+  if (cursor.rubber() != nullptr) { paintWhatComes(painter, cursor.rubber()(at)); }
   if (const auto angle = cursor.lockedAngle()) {
     const double turn = (placing_.turned ? *angle + 180.0 : *angle) * kPi / 180.0;
     const QPointF middle = toDevice(at);

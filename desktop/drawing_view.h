@@ -85,6 +85,7 @@ class DrawingView : public QWidget {
   void paintGrid(QPainter& painter);
   void paintSelection(QPainter& painter);
   void paintRubber(QPainter& painter);
+  void paintWhatComes(QPainter& painter, std::vector<Geometry> shapes);
   void paintSnap(QPainter& painter);
   void updateHover(QPointF at);
 

@@ -35,6 +35,8 @@ const std::map<QString, const char*>& drawings() {
       {"copy", "M4 4h11v11H4zM9 15v5h11V9h-5"},
       {"rotate", "M19 12a7 7 0 1 1-3-5.7M16 2v5h5"},
       {"mirror", "M12 3v3M12 8v3M12 13v3M12 18v3M9 6L3 18h6zM15 6l6 12h-6z"},
+      {"group", "M3 3h7v7H3zM14 14h7v7h-7zM3 14a7 7 0 0 0 7 7M14 3a7 7 0 0 1 7 7"},
+      {"ungroup", "M3 3h7v7H3zM14 14h7v7h-7zM5 19L19 5"},
       {"trim", "M3 12h6M15 12h6M9 4l6 16M15 4L9 20"}};
   return kDrawings;
 }

@@ -22,12 +22,14 @@ std::string ownData(const std::string& shipped, const std::string& own) {
   return failed ? shipped : own;
 }
 
-// What a first start finds: the libraries that ship.
+// What a first start finds: the libraries and settings that ship.
 void writeFirstSettings(const std::string& file) {
   namespace fs = std::filesystem;
   if (fs::exists(file)) { return; }
   saveWhole(file,
-            "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n[ArchitecturalTools]\r\nSpecFile=ArchSpecs.ini\r\n");
+            "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n[ArchitecturalTools]\r\nSpecFile=ArchSpecs.ini\r\n"
+            "[SG_DEFAULTS]\r\nSG_DiaramFile=SG Diagram.ini\r\n"
+            "SG_GenPlanFile=General Plan.ini\r\nSG_SectionalFile=Sectional Plan.ini\r\n");
 }
 
 DesktopParts partsOf(const QCommandLineParser& line) {

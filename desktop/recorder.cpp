@@ -11,6 +11,7 @@ void Recorder::statement(const QString& line) { lines_.append(line); }
 void Recorder::dialogOpened(const QString& title) { answer("dialog " + scriptString(title)); }
 
 void Recorder::dialogStatement(const QString& line) {
+  if (line.isEmpty()) { return; }
   const QString indented = "      " + line;
   // "type "Length" "6"" goes before "type "Length" "60"".
   const qsizetype value = line.lastIndexOf(" \"");

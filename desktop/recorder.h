@@ -13,7 +13,7 @@ class Recorder : public EventSink {
   // A statement outside of any question: a command, a tool, an undo.
   void statement(const QString& line);
   void dialogOpened(const QString& title);
-  // Within a dialog. Keys typed into one field become one statement.
+  // Within a dialog. Keys typed into one field become one statement; an empty one is none.
   void dialogStatement(const QString& line);
   // Takes back what the dialog opened last noted: another statement stands for it.
   void dropDialog();

@@ -8,6 +8,7 @@
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
+#include "survey/setup_commands.h"
 
 // One row a command: export, menu caption, operation. The rows give the exports and the command list.
 #define MECHANICAL_COMMANDS(ROW)                                       \
@@ -22,6 +23,13 @@
   ROW(DisplayArchSetup, "Architectural &Setup...", ardenix::displayArchSetup) \
   ROW(ArchSetWalls, "&Wall Setup...", ardenix::setWalls)                      \
   ROW(ArchDrawWalls, "&Draw Walls...", ardenix::drawWalls)
+
+#define SURVEY_SETUP_COMMANDS(ROW)                                               \
+  ROW(SG_DiagramEditor, "SG &Diagram: Setup...", ardenix::survey::setUpDiagrams) \
+  ROW(SG_GenplanEditor, "&General Plan: Setup...", ardenix::survey::setUpGeneralPlans)
+
+#define SECTIONAL_SETUP_COMMANDS(ROW) \
+  ROW(SG_SectionEditor, "&Sectional Plan: Setup...", ardenix::survey::setUpSectionalPlans)
 
 namespace {
 
@@ -39,9 +47,25 @@ void runArchitectural(void (*operation)(ardenix::ArchToolset&)) {
   ardenix::withToolsetOfCommand(state.architectural, state.currentView, make, operation);
 }
 
+void runSetup(void (*operation)(CCadWindow&, const ardenix::Services&), CCadWindow* view) {
+  operation(*view, ardenix::moduleState().services);
+}
+
+void runSectionalSetup(void (*operation)(ardenix::survey::SectionalPlanJob&), CCadWindow* view) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  const auto make = [&state](CCadWindow* first) {
+    return std::make_unique<ardenix::survey::SectionalPlanJob>(first, state.services);
+  };
+  ardenix::Toolset& job = ardenix::toolsetUntilUnload(state.sectionalPlanJob, view, make);
+  operation(static_cast<ardenix::survey::SectionalPlanJob&>(job));
+}
+
 #define MECHANICAL_ROW(name, caption, operation) {#name, CommandFamily::kMechanical, caption, false},
 #define ARCHITECTURAL_ROW(name, caption, operation) {#name, CommandFamily::kArchitectural, caption, false},
-constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(MECHANICAL_ROW) ARCHITECTURAL_COMMANDS(ARCHITECTURAL_ROW)};
+#define SURVEY_ROW(name, caption, operation) {#name, CommandFamily::kSurvey, caption, true},
+constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(MECHANICAL_ROW) ARCHITECTURAL_COMMANDS(ARCHITECTURAL_ROW)
+                                        SURVEY_SETUP_COMMANDS(SURVEY_ROW) SECTIONAL_SETUP_COMMANDS(SURVEY_ROW)};
+#undef SURVEY_ROW
 #undef ARCHITECTURAL_ROW
 #undef MECHANICAL_ROW
 
@@ -56,6 +80,16 @@ MECHANICAL_COMMANDS(MECHANICAL_EXPORT)
   ARDENIX_EXPORT void name() { runArchitectural(operation); }
 ARCHITECTURAL_COMMANDS(ARCHITECTURAL_EXPORT)
 #undef ARCHITECTURAL_EXPORT
+
+#define SETUP_EXPORT(name, caption, operation) \
+  ARDENIX_EXPORT void name(CCadWindow* view) { runSetup(operation, view); }
+SURVEY_SETUP_COMMANDS(SETUP_EXPORT)
+#undef SETUP_EXPORT
+
+#define SECTIONAL_EXPORT(name, caption, operation) \
+  ARDENIX_EXPORT void name(CCadWindow* view) { runSectionalSetup(operation, view); }
+SECTIONAL_SETUP_COMMANDS(SECTIONAL_EXPORT)
+#undef SECTIONAL_EXPORT
 
 ARDENIX_EXPORT const CommandRow* ardenixCommands(int* count) {
   *count = static_cast<int>(std::size(kCommands));

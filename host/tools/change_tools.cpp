@@ -34,6 +34,12 @@ void transformSelected(DrawingWindow& window, const Transform& transform) {
   }
 }
 
+void regroup(Drawing& drawing, PrimitiveId id, GroupId group) {
+  Primitive changed = *drawing.find(id);
+  changed.group = group;
+  drawing.replace(id, std::move(changed));
+}
+
 void copySelected(DrawingWindow& window, const Transform& transform) {
   Drawing& drawing = window.drawing();
   GroupCopies groups(drawing);
@@ -43,6 +49,31 @@ void copySelected(DrawingWindow& window, const Transform& transform) {
     copy.group = groups.of(copy.group);
     drawing.add(std::move(copy));
   }
+}
+
+// Of many items so many show where they go.
+constexpr size_t kMostShown = 500;
+
+std::vector<Geometry> selectedAfter(const Drawing& drawing, const Transform& transform) {
+  std::vector<PrimitiveId> ids = drawing.selection();
+  if (ids.size() > kMostShown) { ids.resize(kMostShown); }
+  std::vector<Geometry> shown;
+  for (const PrimitiveId id : ids) { shown.push_back(transformed(drawing.find(id)->geometry, transform)); }
+  return shown;
+}
+
+// From direction a to direction b; neither is null.
+Transform turn(Point centre, Point a, Point b) {
+  const double size = length(a) * length(b);
+  return Transform::rotation(centre, dot(a, b) / size, cross(a, b) / size);
+}
+
+Cursor::Rubber shiftedSelection(const DrawingWindow& window, Point from) {
+  return [&window, from](Point onto) {
+    std::vector<Geometry> shown = selectedAfter(window.drawing(), Transform::shift(onto - from));
+    shown.emplace_back(Line{from, onto});
+    return shown;
+  };
 }
 
 }  // namespace
@@ -61,7 +92,7 @@ void move(DrawingWindow& window) {
   if (!askSelection(window)) { return; }
   const auto from = askPoint(window, "Indicate the point to move from");
   if (!from) { return; }
-  const auto onto = askPointFrom(window, *from, "Indicate the point to move to");
+  const auto onto = askPointFrom(window, *from, "Indicate the point to move to", shiftedSelection(window, *from));
   if (onto) { transformSelected(window, Transform::shift(*onto - *from)); }
 }
 
@@ -69,7 +100,8 @@ void copy(DrawingWindow& window) {
   if (!askSelection(window)) { return; }
   const auto from = askPoint(window, "Indicate the point to copy from");
   if (!from) { return; }
-  while (const auto onto = askPointFrom(window, *from, "Indicate the point to copy to (space bar to stop)")) {
+  while (const auto onto = askPointFrom(window, *from, "Indicate the point to copy to (space bar to stop)",
+                                        shiftedSelection(window, *from))) {
     copySelected(window, Transform::shift(*onto - *from));
   }
 }
@@ -80,19 +112,26 @@ void rotate(DrawingWindow& window) {
   if (!centre) { return; }
   const auto from = askPointFrom(window, *centre, "Indicate the direction to turn from");
   if (!from || *from == *centre) { return; }
-  const auto onto = askPointFrom(window, *centre, "Indicate the direction to turn to");
+  const auto onto = askPointFrom(window, *centre, "Indicate the direction to turn to", [&](Point to) {
+    if (to == *centre) { return std::vector<Geometry>{}; }
+    std::vector<Geometry> shown = selectedAfter(window.drawing(), turn(*centre, *from - *centre, to - *centre));
+    shown.emplace_back(Line{*centre, to});
+    return shown;
+  });
   if (!onto || *onto == *centre) { return; }
-  const Point a = *from - *centre;
-  const Point b = *onto - *centre;
-  const double size = length(a) * length(b);
-  transformSelected(window, Transform::rotation(*centre, dot(a, b) / size, cross(a, b) / size));
+  transformSelected(window, turn(*centre, *from - *centre, *onto - *centre));
 }
 
 void mirror(DrawingWindow& window) {
   if (!askSelection(window)) { return; }
   const auto from = askPoint(window, "Indicate a point on the line to mirror about");
   if (!from) { return; }
-  const auto onto = askPointFrom(window, *from, "Indicate another point on it");
+  const auto onto = askPointFrom(window, *from, "Indicate another point on it", [&](Point to) {
+    if (to == *from) { return std::vector<Geometry>{}; }
+    std::vector<Geometry> shown = selectedAfter(window.drawing(), Transform::mirror(*from, to - *from));
+    shown.emplace_back(Line{*from, to});
+    return shown;
+  });
   if (!onto || *onto == *from) { return; }
   const Transform across = Transform::mirror(*from, *onto - *from);
   if (window.gsReply("Keep the originals?") == 1) {
@@ -100,6 +139,22 @@ void mirror(DrawingWindow& window) {
   } else {
     transformSelected(window, across);
   }
+}
+
+void group(DrawingWindow& window) {
+  if (!askSelection(window)) { return; }
+  std::string name;
+  window.gsGetTextFromPromptBar("Name of the group:", name, 15);
+  if (name.empty()) { return; }
+  Drawing& drawing = window.drawing();
+  const GroupId made = drawing.addGroup("", name);
+  for (const PrimitiveId id : drawing.selection()) { regroup(drawing, id, made); }
+}
+
+void ungroup(DrawingWindow& window) {
+  if (!askSelection(window)) { return; }
+  Drawing& drawing = window.drawing();
+  for (const PrimitiveId id : drawing.selection()) { regroup(drawing, id, 0); }
 }
 
 }  // namespace brevan::toolHandlers

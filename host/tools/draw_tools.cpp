@@ -37,20 +37,18 @@ void polyline(DrawingWindow& window) {
 void rectangle(DrawingWindow& window) {
   const auto first = askPoint(window, "Indicate a corner of the rectangle");
   if (!first) { return; }
-  const auto opposite = askPointFrom(window, *first, "Indicate the opposite corner");
+  const auto opposite = askPointFrom(window, *first, "Indicate the opposite corner",
+                                     [&first](Point corner) { return boxOf(*first, corner); });
   if (!opposite || opposite->x == first->x || opposite->y == first->y) { return; }
   const GroupId group = newChain(window);
-  const Point second{opposite->x, first->y};
-  const Point fourth{first->x, opposite->y};
-  for (const Line& side :
-       {Line{*first, second}, Line{second, *opposite}, Line{*opposite, fourth}, Line{fourth, *first}}) {
-    window.addPlain(side, group);
-  }
+  for (Geometry& side : boxOf(*first, *opposite)) { window.addPlain(std::move(side), group); }
 }
 
 void circle(DrawingWindow& window) {
   while (const auto centre = askPoint(window, "Indicate the circle's centre (space bar to stop)")) {
-    const auto on = askPointFrom(window, *centre, "Indicate a point on the circle");
+    const auto on = askPointFrom(window, *centre, "Indicate a point on the circle", [&centre](Point through) {
+      return std::vector<Geometry>{Arc{through, *centre, through}, Line{*centre, through}};
+    });
     if (!on) { return; }
     if (!(*on == *centre)) { window.addPlain(Arc{*on, *centre, *on}); }
   }
@@ -61,7 +59,10 @@ void arc(DrawingWindow& window) {
   if (!from) { return; }
   const auto through = askPointFrom(window, *from, "Indicate a point on the arc");
   if (!through) { return; }
-  const auto to = askPointFrom(window, *through, "Indicate the end of the arc");
+  const auto to = askPointFrom(window, *through, "Indicate the end of the arc", [&](Point end) {
+    const auto shape = arcThrough(*from, *through, end);
+    return shape ? std::vector<Geometry>{Arc{*shape}} : std::vector<Geometry>{Line{*from, end}};
+  });
   if (!to) { return; }
   const auto shape = arcThrough(*from, *through, *to);
   if (!shape) {

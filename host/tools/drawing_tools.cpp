@@ -9,7 +9,7 @@ namespace brevan {
 
 namespace {
 
-constexpr std::array<DrawingTool, 13> kTools = {{
+constexpr std::array<DrawingTool, 15> kTools = {{
     {"line", "&Line", "Lines from point to point", false, toolHandlers::line},
     {"polyline", "&Polyline", "A chain of lines that is one group", false, toolHandlers::polyline},
     {"rectangle", "&Rectangle", "A rectangle by two corners", false, toolHandlers::rectangle},
@@ -22,6 +22,8 @@ constexpr std::array<DrawingTool, 13> kTools = {{
     {"copy", "C&opy", "Copies items from one point to others", true, toolHandlers::copy},
     {"rotate", "Ro&tate", "Turns items about a point", true, toolHandlers::rotate},
     {"mirror", "M&irror", "Mirrors items about a line", true, toolHandlers::mirror},
+    {"group", "&Group", "Makes one part of items, under a name", true, toolHandlers::group},
+    {"ungroup", "&Ungroup", "Takes a part apart into its items", true, toolHandlers::ungroup},
     {"trim", "Tri&m", "Cuts off the piece of a line or arc between its neighbours", false, toolHandlers::trim},
 }};
 

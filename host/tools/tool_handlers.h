@@ -22,6 +22,8 @@ void move(DrawingWindow& window);
 void copy(DrawingWindow& window);
 void rotate(DrawingWindow& window);
 void mirror(DrawingWindow& window);
+void group(DrawingWindow& window);
+void ungroup(DrawingWindow& window);
 
 // trim_tool.cpp
 void trim(DrawingWindow& window);

@@ -10,14 +10,23 @@ std::optional<Point> askPoint(DrawingWindow& window, std::string_view prompt) {
   return at;
 }
 
-std::optional<Point> askPointFrom(DrawingWindow& window, Point from, std::string_view prompt) {
-  window.cursor().setPosition(from);
-  window.cursor().hold(true);
-  window.cursor().setRubberBand(true);
+std::optional<Point> askPointFrom(DrawingWindow& window, Point from, std::string_view prompt, Cursor::Rubber rubber) {
+  Cursor& cursor = window.cursor();
+  cursor.setPosition(from);
+  cursor.hold(true);
+  cursor.setRubberBand(rubber == nullptr);
+  cursor.setRubber(std::move(rubber));
   const auto at = askPoint(window, prompt);
-  window.cursor().setRubberBand(false);
-  window.cursor().hold(false);
+  cursor.setRubber(nullptr);
+  cursor.setRubberBand(false);
+  cursor.hold(false);
   return at;
+}
+
+std::vector<Geometry> boxOf(Point corner, Point opposite) {
+  const Point second{opposite.x, corner.y};
+  const Point fourth{corner.x, opposite.y};
+  return {Line{corner, second}, Line{second, opposite}, Line{opposite, fourth}, Line{fourth, corner}};
 }
 
 namespace {
@@ -62,7 +71,8 @@ bool askSelection(DrawingWindow& window) {
         *at, aperture(drawing), [&drawing](PrimitiveId, const Primitive& item) { return isChangeable(drawing, item); });
     if (picked != 0) {
       toggle(drawing, picked);
-    } else if (const auto opposite = askPointFrom(window, *at, "Indicate the window's opposite corner")) {
+    } else if (const auto opposite = askPointFrom(window, *at, "Indicate the window's opposite corner",
+                                                  [&at](Point corner) { return boxOf(*at, corner); })) {
       selectInside(drawing, *at, *opposite);
     }
     window.gsRefresh();

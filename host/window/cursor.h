@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <vector>
 
+#include "host/drawing/primitive.h"
 #include "host/geometry/segment.h"
 
 namespace brevan {
@@ -39,6 +42,10 @@ class Cursor {
   void setSnapMode(int mode) { snapMode_ = mode; }
   void setRubberBand(bool on) { rubberBand_ = on; }
   [[nodiscard]] bool rubberBand() const { return rubberBand_; }
+  // What a point would make, shown while it is asked for; null for nothing.
+  using Rubber = std::function<std::vector<Geometry>(Point)>;
+  void setRubber(Rubber rubber) { rubber_ = std::move(rubber); }
+  [[nodiscard]] const Rubber& rubber() const { return rubber_; }
 
   // Takes a point that the user gave: where it comes to lie after snap and lock. The cursor is there then.
   Point give(Point typed, const Drawing& drawing);
@@ -57,6 +64,7 @@ class Cursor {
   bool snapToNear_ = false;
   int snapMode_ = 0;
   bool rubberBand_ = false;
+  Rubber rubber_;
 };
 
 // What calls and picks at a point see: 5 mm on paper.

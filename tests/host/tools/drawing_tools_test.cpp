@@ -46,6 +46,20 @@ TEST_F(Tools, DrawWhatTheUserPoints) {
   EXPECT_EQ(drawing().count(), before);
 }
 
+TEST_F(Tools, PartsAreMadeAndTakenApart) {
+  selected_ = {draw(Line{{0, 0}, {10, 0}}), draw(Line{{100, 0}, {110, 0}})};
+  const std::string before = json();
+  use("group", "text \"Frame\"\n");
+  const GroupId frame = drawing().newestGroup("", "Frame");
+  EXPECT_EQ(drawing().membersOf(frame), selected_);
+  use("ungroup", "");
+  EXPECT_TRUE(drawing().membersOf(frame).empty());
+  drawing().undo();
+  EXPECT_EQ(drawing().membersOf(frame), selected_);
+  drawing().undo();
+  EXPECT_EQ(json(), before);
+}
+
 TEST_F(Tools, ATurnTakesWhatIsSelectedAndIsOneStepOfUndo) {
   const PrimitiveId first = draw(Line{{0, 0}, {10, 0}});
   draw(Line{{100, 0}, {110, 0}});

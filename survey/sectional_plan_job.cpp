@@ -1,0 +1,30 @@
+#include "survey/sectional_plan_job.h"
+
+#include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
+#include "survey/job_settings.h"
+#include "survey/settings_keys.h"
+
+namespace ardenix::survey {
+
+SectionalPlanJob::SectionalPlanJob(CCadWindow* view, const Services& services) : Toolset(view), services_(services) {
+  reloadFloorNames();
+}
+
+void SectionalPlanJob::reloadFloorNames() {
+  floorNames_.clear();
+  const std::string path = rememberedFile(SurveyMode::kSectionalPlan);
+  if (coreFileExist(path) == 0) { return; }
+  try {
+    const TINIFile file(path);
+    for (int number = 1; number <= kMostFloors; ++number) {
+      const auto name = storedValue(file, kFloorSection, numberText::format(kFloorKey, number));
+      if (!name) { return; }
+      floorNames_.push_back(*name);
+    }
+  } catch (const HostFailure&) {
+    return;  // the setup dialog tells why the file cannot be read
+  }
+}
+
+}  // namespace ardenix::survey

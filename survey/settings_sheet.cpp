@@ -1,0 +1,257 @@
+#include "survey/settings_sheet.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
+#include "survey/text_row.h"
+
+namespace ardenix::survey {
+
+namespace {
+
+constexpr std::string_view kStoredLineFeed = "9999";
+constexpr size_t kUnderlineCell = 7;
+
+std::string shownCell(const std::string& text) { return text == kStoredLineFeed ? std::string(kLineFeed) : text; }
+std::string storedCell(const std::string& text) { return text == kLineFeed ? std::string(kStoredLineFeed) : text; }
+
+bool isEmpty(const SettingsSheet::Row& row) {
+  return std::ranges::all_of(row, [](const std::string& cell) { return cell.empty(); });
+}
+
+struct Limits {
+  double least;
+  double most;
+  bool whole = true;
+};
+
+std::optional<Limits> limitsOf(Entry entry) {
+  constexpr double kFarthest = 10000.0;
+  constexpr double kLargestText = 10000.0;
+  switch (entry) {
+    case Entry::kMillimetres: return Limits{-kFarthest, kFarthest, false};
+    case Entry::kSize: return Limits{0, kLargestText};
+    case Entry::kJustification: return Limits{1, 19};
+    case Entry::kPen: return Limits{1, 256};
+    case Entry::kLinetype: return Limits{1, 32};
+    case Entry::kText:
+    case Entry::kName:
+    case Entry::kFont:
+    case Entry::kFlag: break;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::string RowBlock::key(int row) const {
+  return keys.empty() ? numberText::format(numberedKey, row + 1) : std::string(keys[static_cast<size_t>(row)].key);
+}
+
+SettingsSheet::SettingsSheet(SheetForm form) : form_(std::move(form)) {
+  size_t count = form_.columnsAreRecords ? dataColumns().size() : 0;
+  for (const RowBlock& block : form_.blocks) { count += static_cast<size_t>(block.count()); }
+  rows_.assign(count, emptyRow());
+}
+
+std::string SettingsSheet::heading(int row) const {
+  if (form_.columnsAreRecords) { return std::string(dataColumns()[static_cast<size_t>(row)]); }
+  for (const RowBlock& block : form_.blocks) {
+    if (row >= block.count()) {
+      row -= block.count();
+    } else if (block.keys.empty()) {
+      return numberText::format(block.heading, row + 1);
+    } else {
+      return std::string(block.keys[static_cast<size_t>(row)].label);
+    }
+  }
+  return {};
+}
+
+// ---- Editing ----------------------------------------------------------------------------------------------------
+
+std::optional<std::string> SettingsSheet::refusal(int column, std::string& text) const {
+  const SheetColumn& described = form_.columns[static_cast<size_t>(column)];
+  text = asKept(column, std::move(text));
+  if (text.empty() || text == kLineFeed || described.entry == Entry::kText) { return std::nullopt; }
+  if (const auto limits = limitsOf(described.entry)) {
+    const auto value = numberText::parseTyped(text);
+    const bool taken =
+        value && *value >= limits->least && *value <= limits->most && (!limits->whole || *value == std::floor(*value));
+    if (!taken) {
+      return numberText::format("\"%s\" takes a %snumber from %s to %s or LF, got \"%s\".", described.title,
+                                limits->whole ? "whole " : "", numberText::shortest(limits->least),
+                                numberText::shortest(limits->most), text);
+    }
+    if (text.find_first_not_of("-.0123456789") != std::string::npos) { text = numberText::shortest(*value); }
+  } else if (text.find(',') != std::string::npos) {
+    return numberText::format("\"%s\" cannot hold a comma, got \"%s\".", described.title, text);
+  }
+  return std::nullopt;
+}
+
+// As it will be read again: a file keeps no blanks at a value's ends, and has one way to say a line feed or a comma.
+std::string SettingsSheet::asKept(int column, std::string text) const {
+  if (form_.columns[static_cast<size_t>(column)].entry != Entry::kText || form_.record == RecordForm::kWhole) {
+    coreTrimStr(text);
+  } else {
+    text.erase(0, text.find_first_not_of(" \t"));
+    text = commasRestored(text);
+  }
+  return text == "lf" || text == kStoredLineFeed ? std::string(kLineFeed) : text;
+}
+
+void SettingsSheet::set(int row, int column, std::string text) {
+  Row& cells = rows_[static_cast<size_t>(row)];
+  const bool begun = column == 0 && !text.empty() && cells.front().empty() && removable(row);
+  cells[static_cast<size_t>(column)] = std::move(text);
+  if (!begun || form_.record != RecordForm::kTextRow) { return; }
+  const Row usual = cellsOf(kDefaultTextRow);
+  for (size_t i = 0; i < cells.size(); ++i) {
+    if (cells[i].empty()) { cells[i] = usual[i]; }
+  }
+}
+
+bool SettingsSheet::removable(int row) const {
+  for (const RowBlock& block : form_.blocks) {
+    if (row < block.count()) { return block.removable; }
+    row -= block.count();
+  }
+  return false;
+}
+
+void SettingsSheet::remove(int row) {
+  rows_.erase(rows_.begin() + row);
+  rows_.push_back(emptyRow());  // rows that can be removed are the last ones
+}
+
+// ---- Records ----------------------------------------------------------------------------------------------------
+
+SettingsSheet::Row SettingsSheet::cellsOf(std::string_view value) const {
+  Row cells = emptyRow();
+  if (form_.record == RecordForm::kWhole) {
+    cells[0] = value;
+  } else {
+    splitFields(value, cells);
+  }
+  for (std::string& cell : cells) { cell = shownCell(cell); }
+  if (form_.record == RecordForm::kTextRow) {
+    cells[0] = commasRestored(cells[0]);
+    cells[kUnderlineCell] = textRowOf(value).underlined ? "1" : "0";
+  }
+  return cells;
+}
+
+std::string SettingsSheet::valueOf(const Row& row) const {
+  Row cells;
+  for (const std::string& cell : row) { cells.push_back(storedCell(cell)); }
+  if (form_.record == RecordForm::kTextRow) {
+    cells[0] = commasHidden(cells[0]);
+    if (cells[kUnderlineCell] != "1") { cells[kUnderlineCell] = "0"; }
+  }
+  return joinedFields(cells);
+}
+
+// Numbered texts and names end at the first without a text, lines at the first that is empty.
+bool SettingsSheet::endsList(const Row& row) const {
+  return form_.record == RecordForm::kFields ? isEmpty(row) : row.front().empty();
+}
+
+// ---- Loading ----------------------------------------------------------------------------------------------------
+
+namespace {
+
+// A row of a text sheet; the place of the data table may stand beside the table's columns.
+std::optional<std::string> storedRow(const TINIFile& file, std::string_view section, std::string_view key) {
+  std::optional<std::string> value = storedValue(file, section, key);
+  if (key == kDataTableKey && section == kDiagramTextSection && value.value_or("").empty()) {
+    return storedValue(file, kDataSection, key);
+  }
+  return value;
+}
+
+}  // namespace
+
+void SettingsSheet::load(const TINIFile& file) {
+  rows_.assign(rows_.size(), emptyRow());
+  int first = 0;
+  for (const RowBlock& block : form_.blocks) {
+    loadBlock(file, block, first);
+    first += block.count();
+  }
+  if (form_.columnsAreRecords) { loadColumns(file); }
+}
+
+void SettingsSheet::loadBlock(const TINIFile& file, const RowBlock& block, int first) {
+  for (int row = 0; row < block.count(); ++row) {
+    std::optional<std::string> value = storedRow(file, block.section, block.key(row));
+    if (!value && block.keys.empty()) { return; }
+    if (form_.record == RecordForm::kTextRow && value.value_or("").empty()) { value = kDefaultTextRow; }
+    rows_[static_cast<size_t>(first) + static_cast<size_t>(row)] = cellsOf(value.value_or(""));
+  }
+}
+
+void SettingsSheet::loadColumns(const TINIFile& file) {
+  for (size_t column = 0; column < std::size(kDataKeys); ++column) {
+    if (!storedValue(file, kDataSection, kDataKeys[column])) { return; }
+  }
+  for (size_t column = 0; column < std::size(kDataKeys); ++column) {
+    Row fields(rows_.size() + 1);
+    splitFields(*storedValue(file, kDataSection, kDataKeys[column]), fields);
+    for (size_t row = 0; row < rows_.size(); ++row) { rows_[row][column] = shownCell(fields[row + 1]); }
+  }
+}
+
+// ---- Saving -----------------------------------------------------------------------------------------------------
+
+void SettingsSheet::save(TINIFile& file) const {
+  int first = 0;
+  for (const RowBlock& block : form_.blocks) {
+    saveBlock(file, block, first);
+    first += block.count();
+  }
+  if (form_.columnsAreRecords) { saveColumns(file); }
+}
+
+void SettingsSheet::saveBlock(TINIFile& file, const RowBlock& block, int first) const {
+  int row = 0;
+  for (; row < block.count(); ++row) {
+    const Row& cells = rows_[static_cast<size_t>(first) + static_cast<size_t>(row)];
+    if (block.keys.empty() && endsList(cells)) { break; }
+    saveRow(file, block, cells, row);
+  }
+  for (; row < block.count() && storedValue(file, block.section, block.key(row)); ++row) {
+    file.DeleteKey(block.section, block.key(row));
+  }
+}
+
+void SettingsSheet::saveRow(TINIFile& file, const RowBlock& block, const Row& row, int number) const {
+  const std::string key = block.key(number);
+  const std::optional<std::string> stored = storedValue(file, block.section, key);
+  const bool readsAsDefault = form_.record == RecordForm::kTextRow && stored && stored->empty();
+  if (stored && cellsOf(readsAsDefault ? kDefaultTextRow : std::string_view(*stored)) == row) { return; }
+  if (!stored && isEmpty(row)) { return; }
+  file.WriteString(block.section, key, valueOf(row));
+}
+
+SettingsSheet::Row SettingsSheet::column(size_t index) const {
+  Row cells;
+  for (const Row& row : rows_) { cells.push_back(row[index]); }
+  return cells;
+}
+
+void SettingsSheet::saveColumns(TINIFile& file) const {
+  const bool missing = !storedValue(file, kDataSection, kDataKeys[0]) || !storedValue(file, kDataSection, kDataKeys[1]);
+  if (missing && std::ranges::all_of(rows_, isEmpty)) { return; }  // a table without a layout is not drawn
+  for (size_t index = 0; index < std::size(kDataKeys); ++index) {
+    Row fields{""};
+    for (const std::string& cell : column(index)) { fields.push_back(storedCell(cell)); }
+    Row stored(fields.size());
+    splitFields(storedValue(file, kDataSection, kDataKeys[index]).value_or(""), stored);
+    if (missing || stored != fields) { file.WriteString(kDataSection, kDataKeys[index], joinedFields(fields)); }
+  }
+}
+
+}  // namespace ardenix::survey

@@ -1,0 +1,29 @@
+#include "survey/survey_mode.h"
+
+#include <iterator>
+
+namespace ardenix::survey {
+
+namespace {
+
+// Keys as existing settings spell them, slips included.
+constexpr ModeRow kModes[] = {
+    {SurveyMode::kDiagram, "SG Diagram", "SG_DiaramFile", "Please Load a SG Diagram *.ini file in the Setup dialog."},
+    {SurveyMode::kGeneralPlan, "General Plan", "SG_GenPlanFile",
+     "Please Load a General Plan *.ini file in the Setup dialog."},
+    {SurveyMode::kSectionalPlan, "Sectional Plan", "SG_SectionalFile",
+     "Please Load a SG Sectional *.ini file in the Setup dialog."},
+};
+
+}  // namespace
+
+std::span<const ModeRow> modeRows() { return kModes; }
+
+const ModeRow& modeRow(SurveyMode mode) { return kModes[static_cast<size_t>(mode)]; }
+
+std::optional<SurveyMode> modeOf(int number) {
+  if (number < 0 || number >= static_cast<int>(std::size(kModes))) { return std::nullopt; }
+  return kModes[number].mode;
+}
+
+}  // namespace ardenix::survey

@@ -1,0 +1,126 @@
+#include "survey/settings_sheet.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "tests/core_fixture.h"
+
+namespace ardenix::survey {
+
+namespace {
+
+struct Shipped {
+  SurveyMode mode;
+  const char* file;
+};
+
+constexpr Shipped kShippedFiles[] = {{SurveyMode::kDiagram, "SG Diagram.ini"},
+                                     {SurveyMode::kGeneralPlan, "General Plan.ini"},
+                                     {SurveyMode::kSectionalPlan, "Sectional Plan.ini"}};
+
+// What a sheet loads, saves and loads again, over files and edits drawn by lot.
+class SheetLaws : public CoreFixture {
+ protected:
+  std::mt19937 lot_{20261123};
+
+  int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(lot_); }
+
+  static std::string shipped(const Shipped& row) { return read(std::string(BREVAN_DATA) + '/' + row.file); }
+
+  // One of the ways in which a file comes to harm; its bytes stay text.
+  void damage(std::string& text) {
+    const auto at = static_cast<size_t>(upTo(static_cast<int>(text.size()) - 1));
+    switch (upTo(3)) {
+      case 0: text.erase(at, static_cast<size_t>(upTo(40))); break;
+      case 1: text.insert(at, text.substr(static_cast<size_t>(upTo(static_cast<int>(at))), 30)); break;
+      case 2: text[at] = ",=[];\n9\xE9 "[upTo(8)]; break;
+      default: text.resize(at + 1); break;
+    }
+  }
+
+  // Saves the sheets twice; the second time nothing may be left to change.
+  void saveTwice(const std::string& path, const std::vector<SettingsSheet>& sheets) {
+    TINIFile file(path);
+    for (const SettingsSheet& sheet : sheets) { sheet.save(file); }
+    file.UpdateFile();
+    const std::string once = read(path);
+    for (const SettingsSheet& sheet : sheets) { sheet.save(file); }
+    file.UpdateFile();
+    EXPECT_EQ(read(path), once);
+  }
+
+  static std::vector<SettingsSheet> loaded(SurveyMode mode, const std::string& path) {
+    const TINIFile file(path);
+    std::vector<SettingsSheet> sheets;
+    for (SheetForm& form : sheetForms(mode)) { sheets.emplace_back(std::move(form)).load(file); }
+    return sheets;
+  }
+
+  static void expectSame(const std::vector<SettingsSheet>& before, const std::vector<SettingsSheet>& after) {
+    for (size_t i = 0; i < before.size(); ++i) {
+      EXPECT_EQ(before[i].rows(), after[i].rows()) << before[i].form().caption;
+    }
+  }
+};
+
+TEST_F(SheetLaws, WhateverAFileHoldsSavingItShowsTheSameAgain) {
+  constexpr int kFiles = 60;
+  for (const Shipped& row : kShippedFiles) {
+    for (int file = 0; file < kFiles; ++file) {
+      std::string text = shipped(row);
+      for (int harm = upTo(4); harm >= 0 && !text.empty(); --harm) { damage(text); }
+      const std::string path = write("job.ini", text);
+      const auto sheets = loaded(row.mode, path);
+      saveTwice(path, sheets);
+      expectSame(sheets, loaded(row.mode, path));
+      if (HasFailure()) { FAIL() << text; }
+    }
+  }
+}
+
+TEST_F(SheetLaws, WhateverIsTypedIsShownAgainAfterLoading) {
+  const std::string texts[] = {"",      "LF",      "lf",  "9999", "Erf 5, of 6", "_COMMA_", "  blank ", "12",
+                               "-1,75", "1e3",     "+4",  "0",    "[TEXT]",      "a=b",     ";x",       "\"q\"",
+                               "\xE9",  "Default", "1;2", "%s%n", "99999",       "\\",      ",,,",      "Arial"};
+  constexpr int kEdits = 40;
+  constexpr int kFiles = 30;
+  for (const Shipped& row : kShippedFiles) {
+    for (int number = 0; number < kFiles; ++number) {
+      const std::string path = write("job.ini", shipped(row));
+      auto sheets = loaded(row.mode, path);
+      for (int edit = 0; edit < kEdits; ++edit) {
+        SettingsSheet& sheet = sheets[static_cast<size_t>(upTo(static_cast<int>(sheets.size()) - 1))];
+        const int at = upTo(std::min(static_cast<int>(sheet.rows().size()) - 1, 24));
+        const int column = upTo(static_cast<int>(sheet.form().columns.size()) - 1);
+        const Entry entry = sheet.form().columns[static_cast<size_t>(column)].entry;
+        std::string text = entry == Entry::kFlag ? std::to_string(upTo(1)) : texts[upTo(std::size(texts) - 1)];
+        const bool listed = sheet.removable(at) || sheet.form().record == RecordForm::kWhole;
+        const bool begun = !sheet.rows()[static_cast<size_t>(at)].front().empty();
+        if (listed && (column == 0 ? text.empty() : !begun)) { continue; }  // an empty row ends the list
+        if (listed && at > 0 && sheet.rows()[static_cast<size_t>(at) - 1].front().empty()) { continue; }
+        if (!sheet.refusal(column, text)) { sheet.set(at, column, std::move(text)); }
+      }
+      saveTwice(path, sheets);
+      expectSame(sheets, loaded(row.mode, path));
+      if (HasFailure()) { FAIL() << read(path); }
+    }
+  }
+}
+
+TEST_F(SheetLaws, ARemovedRowIsGoneAndTheRestKeepsItsOrder) {
+  const std::string path = write("job.ini", shipped(kShippedFiles[0]));
+  auto sheets = loaded(SurveyMode::kDiagram, path);
+  SettingsSheet& lines = sheets[2];
+  auto expected = lines.rows();
+  expected.erase(expected.begin() + 2);
+  lines.remove(2);
+  saveTwice(path, sheets);
+  const auto again = loaded(SurveyMode::kDiagram, path)[2].rows();
+  EXPECT_EQ(again.size(), lines.rows().size());
+  EXPECT_TRUE(std::equal(expected.begin(), expected.end(), again.begin()));
+}
+
+}  // namespace
+
+}  // namespace ardenix::survey
