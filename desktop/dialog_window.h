@@ -27,6 +27,7 @@ class DialogWindow : public QDialog, private DialogOperator {
   bool run();
   [[nodiscard]] QWidget* widgetOf(int control) const;
   [[nodiscard]] QString refusalShown() const;
+  [[nodiscard]] dialog::Dialog& description() { return description_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -41,6 +41,7 @@ DesktopParts partsOf(const QCommandLineParser& line) {
   std::filesystem::create_directories(beside);
   writeFirstSettings(parts.settingsFile);
   parts.recoveryFolder = beside + "/recovery";
+  parts.helpFolder = parts.places.dataFolder + "/Help";  // as it ships, not as it was when a copy was made
   if (!line.isSet("data")) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/brevan";
     parts.places.dataFolder = ownData(parts.places.dataFolder, folder.toStdString());

@@ -10,6 +10,7 @@
 #include <QToolBar>
 
 #include "desktop/control_widgets.h"
+#include "desktop/help_window.h"
 #include "desktop/icons.h"
 #include "desktop/main_window.h"
 #include "desktop/panels.h"
@@ -196,14 +197,9 @@ void MainWindow::buildCommandMenus() {
 
 void MainWindow::buildHelpMenu() {
   QMenu& menu = *menuBar()->addMenu(tr("&Help"));
-  action(menu, "", tr("&Keys and Prompt"), QKeySequence::HelpContents, [this] {
-    QMessageBox::information(
-        this, tr("Keys and Prompt"),
-        tr("Type a command's name at the prompt, or part of it, and press Enter. Space repeats the last command.\n\n"
-           "While a point is asked: click, or type x,y or @dx,dy or @length<angle. Space or the right button ends the "
-           "question, Escape the command.\n\n"
-           "Wheel: zoom. Middle button: pan; twice: zoom all. Ctrl+Z takes back the last command."));
-  });
+  action(menu, "", tr("&Manual"), QKeySequence::HelpContents, [this] { help_->showPage("desktop.md"); });
+  action(menu, "", tr("&Commands of the Prompt and Scripts"), {}, [this] { help_->showPage("scripts.md"); });
+  menu.addSeparator();
   action(menu, "", tr("&About Brevan"), {}, [this] {
     QMessageBox::about(this, tr("About Brevan"),
                        tr("Brevan %1\nDrawing host\n\nArdenix %2\nParametric drafting commands")

@@ -1,5 +1,6 @@
 #include "desktop/main_window.h"
 #include "desktop/control_widgets.h"
+#include "desktop/help_window.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -54,11 +55,13 @@ MainWindow::MainWindow(const DesktopParts& parts)
       tabs_(new QTabWidget(this)),
       coordinates_(new QLabel(this)),
       unitLabel_(new QLabel(this)),
-      progress_(new QProgressBar(this)) {
+      progress_(new QProgressBar(this)),
+      help_(new HelpWindow(QString::fromStdString(parts.helpFolder), this)) {
   setWindowIcon(programIcon());
   resize(kStartWidth, kStartHeight);
-  host_ = std::make_unique<Host>(
-      HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile, nullptr, shortcutBar_});
+  host_ = std::make_unique<Host>(HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile, nullptr,
+                                           shortcutBar_,
+                                           [this](const std::string& topic) { return help_->showTopic(topic); }});
   host_->loadModule(parts.places.module);
   build();
   connectUser();

@@ -22,6 +22,7 @@ class QSpinBox;
 namespace brevan {
 
 class GroupsPanel;
+class HelpWindow;
 class LayersPanel;
 class PromptBar;
 class ShortcutBar;
@@ -31,6 +32,7 @@ struct DesktopParts {
   Places places;
   std::string settingsFile;    // native path
   std::string recoveryFolder;  // native path
+  std::string helpFolder{};    // of the manual's pages, native path
 };
 
 // The program's window: drawings in tabs, menus and tool bars for tools and commands, panels and the prompt bar.
@@ -139,6 +141,7 @@ class MainWindow : public QMainWindow {
   QLabel* coordinates_;
   QLabel* unitLabel_;
   QProgressBar* progress_;
+  HelpWindow* help_;
   QMenu* recent_ = nullptr;
   std::vector<std::pair<QAction*, QString>> icons_;
   QAction* undo_ = nullptr;

@@ -29,6 +29,8 @@ struct CoreContext {
   INI_LIST& settings;
   std::string helpFile;  // native path of the host's own help file
   std::function<SaveConflictAnswer(const std::string& path)> conflict;
+  // Opens a page of help, false where it cannot; null: there is no help viewer.
+  std::function<bool(const std::string& topic)> showHelp{};
   TextFiles textFiles{};
   Host* host = nullptr;  // whose context it is, for the functions that need a window or the user
 };

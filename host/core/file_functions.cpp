@@ -9,6 +9,7 @@
 #include "frame/host/core_services.h"
 #include "host/core/core_context.h"
 #include "host/core/fields.h"
+#include "host/core/help_viewer.h"
 #include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
 
@@ -148,5 +149,6 @@ std::string coreRegisteredServer(std::string_view key) {
   std::replace(safe.begin(), safe.end(), '=', '_');
   std::replace(safe.begin(), safe.end(), '[', '(');
   std::replace(safe.begin(), safe.end(), ']', ')');
-  return setting("RegisteredServers", safe);
+  const std::string registered = setting("RegisteredServers", safe);
+  return registered.empty() ? brevan::helpViewerServer(key) : registered;
 }

@@ -28,7 +28,7 @@ int PlainShortcutBar::InsertGroup(const char* caption) {
 Host::Host(const HostParts& parts)
     : parts_(parts),
       paths_{&parts.settings},
-      context_{parts.files, parts.settings, parts.helpFile, nullptr, {}, this},
+      context_{parts.files, parts.settings, parts.helpFile, nullptr, parts.showHelp, {}, this},
       binding_(context_),
       fileDrawings_(parts.files),
       mainFrame_(*this) {

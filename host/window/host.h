@@ -54,6 +54,7 @@ struct HostParts {
   std::string helpFile;                   // of the host, in Windows-1252
   DrawingSource* drawings = nullptr;      // where inserted drawings and symbol files come from; null: the files
   COXShortcutBar* shortcutBar = nullptr;  // the side bar; null: one that only remembers its groups
+  std::function<bool(const std::string& topic)> showHelp{};  // opens a page of help; null: there is no viewer
 };
 
 // Ties windows, settings, macro variables, user and module together, and runs commands. While it lives, the

@@ -33,6 +33,7 @@ class DesktopSession : public ::testing::Test {
     brevan::DesktopParts parts;
     parts.places = {data, ARDENIX_MODULE, ""};
     parts.settingsFile = root + "/settings.ini";
+    parts.helpFolder = data + "/Help";
     parts.recoveryFolder = root + "/recovery";
     if (!std::filesystem::exists(parts.settingsFile)) {
       std::ofstream(parts.settingsFile) << "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n";

@@ -1,0 +1,120 @@
+#include "desktop/help_window.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QTextBrowser>
+
+#include "desktop/dialog_window.h"
+#include "desktop/texts.h"
+#include "host/window/control_text.h"
+
+namespace brevan {
+
+namespace {
+
+struct PageRow {
+  const char* file;
+  const char* title;
+};
+constexpr PageRow kPages[] = {
+    {"desktop.md", QT_TRANSLATE_NOOP("HelpWindow", "The desktop")},
+    {"architectural.md", QT_TRANSLATE_NOOP("HelpWindow", "Architectural commands")},
+    {"survey-settings.md", QT_TRANSLATE_NOOP("HelpWindow", "Survey settings")},
+    {"scripts.md", QT_TRANSLATE_NOOP("HelpWindow", "Scripts")},
+    {"macros.md", QT_TRANSLATE_NOOP("HelpWindow", "Macro commands")},
+    {"drawing-files.md", QT_TRANSLATE_NOOP("HelpWindow", "Drawing files")},
+};
+
+struct FamilyChapter {
+  const char* topic;  // how its topics begin
+  const char* file;
+};
+constexpr FamilyChapter kChapters[] = {{"Ardenix/Architectural", "architectural.md"},
+                                       {"Ardenix/Survey", "survey-settings.md"}};
+
+QString row(const std::string& name, const std::string& takes, const std::string& use) {
+  const auto cell = [](const std::string& text) { return "<td>" + shown(text).toHtmlEscaped() + "</td>"; };
+  return "<tr>" + cell(name) + cell(takes) + cell(use) + "</tr>";
+}
+
+}  // namespace
+
+QString helpOn(dialog::Dialog& dialog) {
+  QString rows;
+  for (int index = 0; index < static_cast<int>(dialog.controls().size()); ++index) {
+    const dialog::Control& control = dialog.control(index);
+    const std::string name = addressOf(dialog, index);
+    if (name.empty() || !isShown(dialog, index)) { continue; }
+    const std::string range = rangeText(control.state);
+    rows += row(name, std::string(kindName(control.state)) + (range.empty() ? "" : ": " + range), control.toolTip);
+    if (const auto* radio = std::get_if<dialog::RadioGroup>(&control.state)) {
+      for (const dialog::RadioItem& item : radio->items) {
+        if (!item.toolTip.empty()) { rows += row(dialog::plainCaption(item.caption), "", item.toolTip); }
+      }
+    }
+  }
+  return "<h2>" + shown(dialog.title()).toHtmlEscaped() +
+         "</h2><table cellpadding=4 border=1 style=\"border-collapse: collapse\">" + "<tr><th>" +
+         HelpWindow::tr("Field") + "</th><th>" + HelpWindow::tr("Takes") + "</th><th>" +
+         HelpWindow::tr("What it is for") + "</th></tr>" + rows + "</table>";
+}
+
+HelpWindow::HelpWindow(const QString& folder, QWidget* parent)
+    : QDialog(parent, Qt::Window), folder_(folder), pages_(new QListWidget(this)), page_(new QTextBrowser(this)) {
+  setWindowTitle(tr("Brevan Manual"));
+  constexpr int kWidth = 960;
+  constexpr int kHeight = 680;
+  constexpr int kListWidth = 200;
+  resize(kWidth, kHeight);
+  pages_->setMaximumWidth(kListWidth);
+  page_->setOpenExternalLinks(true);
+  page_->setSearchPaths({folder_});
+  auto* layout = new QHBoxLayout(this);
+  layout->addWidget(pages_);
+  layout->addWidget(page_, 1);
+  for (const PageRow& row : kPages) { pages_->addItem(tr(row.title)); }
+  connect(pages_, &QListWidget::currentRowChanged, this, [this](int index) {
+    if (index >= 0) { showPage(kPages[index].file); }
+  });
+}
+
+void HelpWindow::come() {
+  // Over the dialog that asked: a modal one would keep the keys of any other window.
+  setWindowModality(QApplication::activeModalWidget() != nullptr ? Qt::ApplicationModal : Qt::NonModal);
+  show();
+  raise();
+  activateWindow();
+  page_->setFocus();
+}
+
+void HelpWindow::showPage(const QString& file) {
+  const QString path = folder_ + '/' + file;
+  if (QFile::exists(path)) {
+    page_->setSource(QUrl::fromLocalFile(path));
+  } else {
+    page_->setPlainText(tr("This page is not installed: %1").arg(path));
+  }
+  come();
+}
+
+bool HelpWindow::showTopic(const std::string& topic) {
+  auto* asking = qobject_cast<DialogWindow*>(QApplication::activeModalWidget());
+  if (asking == nullptr) { return false; }
+  QString html = helpOn(asking->description());
+  for (const FamilyChapter& chapter : kChapters) {
+    if (topic.starts_with(chapter.topic)) {
+      html += "<p><a href=\"" + QUrl::fromLocalFile(folder_ + '/' + chapter.file).toString() + "\">" +
+              tr("More about these commands") + "</a></p>";
+    }
+  }
+  pages_->setCurrentRow(-1);
+  page_->setHtml(html);
+  come();
+  return true;
+}
+
+QString HelpWindow::text() const { return page_->toPlainText(); }
+
+}  // namespace brevan

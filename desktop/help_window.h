@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDialog>
+#include <string>
+
+namespace dialog {
+class Dialog;
+}
+
+class QListWidget;
+class QTextBrowser;
+
+namespace brevan {
+
+// The manual: its pages on the left, the chosen one on the right. Help asked for in a dialog shows what each of its
+// fields takes, above the way to the chapter about its family.
+class HelpWindow : public QDialog {
+  Q_OBJECT
+ public:
+  HelpWindow(const QString& folder, QWidget* parent);
+  // A page of the folder; one that is not there is said so in its place.
+  void showPage(const QString& file);
+  // The page of the dialog that is open; false where none is. The topic names its family.
+  bool showTopic(const std::string& topic);
+  [[nodiscard]] QString text() const;
+
+ private:
+  void come();
+  QString folder_;
+  QListWidget* pages_;
+  QTextBrowser* page_;
+};
+
+// Title, fields, what they take and what they are for, as HTML.
+QString helpOn(dialog::Dialog& dialog);
+
+}  // namespace brevan
