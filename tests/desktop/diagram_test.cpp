@@ -37,10 +37,13 @@ TEST_F(DiagramWindow, AnErfIsTracedIntoADiagramOfItsOwn) {
   drawErf();
   const std::string traced = json();
   for (size_t n = 0; n <= std::size(kCorners); ++n) {
-    whenPrompted(n == 0 ? "Enter first corner" : "Enter next corner", [this, at = kCorners[n % std::size(kCorners)]] {
-      keys(QString("%1,%2").arg(at.x, 0, 'f', 2).arg(at.y, 0, 'f', 2));
-      key(Qt::Key_Return);
-    });
+    whenPrompted(
+        n == 0 ? "Enter first corner" : "Enter next corner", [this, n, at = kCorners[n % std::size(kCorners)]] {
+          EXPECT_EQ(window_->host().window().marks().size(), n == 0 ? 0 : n - 1) << "the sides picked are seen";
+          EXPECT_EQ(window_->host().window().cursor().rubberBand(), n > 0);
+          keys(QString("%1,%2").arg(at.x, 0, 'f', 2).arg(at.y, 0, 'f', 2));
+          key(Qt::Key_Return);
+        });
     if (n < std::size(kCorners)) { whenAsked("Enter label", false); }
   }
   for (const char* question :

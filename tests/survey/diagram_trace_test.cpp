@@ -56,6 +56,18 @@ TEST_F(DiagramTrace, CornersSnapAndCloseWithinATenth) {
   EXPECT_EQ(textReading("CD").justification, 2) << "0.106 is not close";
 }
 
+// Whatever is typed stays a text.
+TEST_F(DiagramTrace, NoLabelOrAnswerRunsACommand) {
+  ini_["SG_QUESTIONS"]["PropDescr"] = "Erf 1,-95,-220,1,35,4,Arial,0";
+  const std::string hostile = R"(A\" [#] #SELECTLAYER \"0\" %s %n)";
+  const std::string shown = R"(A" [#] #SELECTLAYER "0" %s %n)";
+  draw(std::string(kErf) + "run SG_TracePolyArea\npoint 1000 2000\ntext \"" + hostile +
+       "\"\npoint 1020 2000\naccept\npoint 1020 2030\naccept\npoint 1000 2000\ntext \"" + hostile + "\"\n");
+  EXPECT_NEAR(fromOrigin(textReading(shown).at).x, -95.0, 1e-3) << "the answer";
+  EXPECT_EQ(textReading(shown, 1).at, (Point{1000, 2000})) << "the corner's letter";
+  EXPECT_FALSE(sent("#SELECTLAYER"));
+}
+
 // Two corners at one place, and a figure of no extent, are drawn like any other.
 TEST_F(DiagramTrace, SidesWithoutLength) {
   draw(
