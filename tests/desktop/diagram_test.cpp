@@ -1,5 +1,7 @@
 #include <iterator>
 
+#include "frame/host/number_text.h"
+#include "host/scripts/script_player.h"
 #include "tests/desktop/desktop_session.h"
 
 namespace {
@@ -22,6 +24,22 @@ class DiagramWindow : public DesktopSession {
     for (size_t n = 0; n < std::size(kCorners); ++n) {
       drawing().add({.geometry = brevan::Line{kCorners[n], kCorners[(n + 1) % std::size(kCorners)]}});
     }
+  }
+  // The diagram that the recorded session makes of the same erf without a window.
+  std::string replayed() {
+    std::string text =
+        "setting \"SG_DEFAULTS\" \"SG_DiaramFile\" \"SG Diagram.ini\"\nparameter unit 1000\nparameter scale 500\n"
+        "parameter coordinateSystem 0\nparameter orientation 1\n";
+    for (size_t n = 0; n < std::size(kCorners); ++n) {
+      const Point to = kCorners[(n + 1) % std::size(kCorners)];
+      text += numberText::format("draw line %.2f %.2f %.2f %.2f\n", kCorners[n].x, kCorners[n].y, to.x, to.y);
+    }
+    const brevan::Script script = brevan::readScript("recorded.scr", text + window_->recorder().script().toStdString());
+    brevan::FileServices files(folder_.path().toStdString(), folder_.path().toStdString() + "/data");
+    INI_LIST settings("");
+    brevan::ScriptPlayer player(script, brevan::PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});
+    player.play();
+    return drawingJson(player.host().window().drawing());
   }
   void whenAsked(const QString& start, bool blank) {
     when([this, start] { return !user().wantsPoint() && prompt().startsWith(start); },
@@ -60,6 +78,7 @@ TEST_F(DiagramWindow, AnErfIsTracedIntoADiagramOfItsOwn) {
   ASSERT_TRUE(drawing().sheet());
   EXPECT_EQ(drawing().sheet()->name, "A4");
   EXPECT_GT(drawing().count(), 60U);
+  EXPECT_EQ(replayed(), json());
   window_->undo();
   EXPECT_EQ(drawing().count(), 0U);
   window_->host().goToWindow("Drawing1");
