@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "desktop/texts.h"
+#include "host/drawing/pens.h"
 #include "render/drawing_painter.h"
 
 namespace brevan {
@@ -223,6 +224,7 @@ void DrawingView::paintOverlay(QPainter& painter) {
   if (style_.grid) { paintGrid(painter); }
   paintSelection(painter);
   painter.setRenderHint(QPainter::Antialiasing);
+  paintMarks(painter);
   paintRubber(painter);
   paintSnap(painter);
   if (dragFrom_) {
@@ -294,6 +296,13 @@ void DrawingView::paintWhatComes(QPainter& painter, std::vector<Geometry> shapes
   painter.restore();
 }
 
+void DrawingView::paintMarks(QPainter& painter) {
+  for (const Mark& mark : window_.marks()) {
+    painter.setPen(QPen(QColor::fromRgb(penColour(mark.pen, style_.ground)), 1));
+    painter.drawLine(toDevice(mark.line.a), toDevice(mark.line.b));
+  }
+}
+
 void DrawingView::paintRubber(QPainter& painter) {
   const Cursor& cursor = window_.cursor();
   if (!picking_ || !mouseInside_) { return; }
@@ -305,7 +314,7 @@ void DrawingView::paintRubber(QPainter& painter) {
     painter.drawLine(held - QPointF(0, 6), held + QPointF(0, 6));
   }
   const Point at = snap_ ? snap_->at : toDrawing(mouse_);
-  if (cursor.held() && cursor.rubberBand()) {
+  if (cursor.rubberBand()) {  // from the current coordinate where none is held
     painter.setPen(QPen(colour, 1, Qt::DashLine));
     painter.drawLine(toDevice(cursor.heldAt()), toDevice(at));
   }

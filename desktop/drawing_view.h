@@ -84,6 +84,7 @@ class DrawingView : public QWidget {
   void paintSheet(QPainter& painter);
   void paintGrid(QPainter& painter);
   void paintSelection(QPainter& painter);
+  void paintMarks(QPainter& painter);
   void paintRubber(QPainter& painter);
   void paintWhatComes(QPainter& painter, std::vector<Geometry> shapes);
   void paintSnap(QPainter& painter);

@@ -9,6 +9,7 @@
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
 #include "survey/setup_commands.h"
+#include "survey/trace_tool.h"
 
 // One row a command: export, menu caption, operation. The rows give the exports and the command list.
 #define MECHANICAL_COMMANDS(ROW)                                       \
@@ -27,6 +28,10 @@
 #define SURVEY_SETUP_COMMANDS(ROW)                                               \
   ROW(SG_DiagramEditor, "SG &Diagram: Setup...", ardenix::survey::setUpDiagrams) \
   ROW(SG_GenplanEditor, "&General Plan: Setup...", ardenix::survey::setUpGeneralPlans)
+
+#define SURVEY_TRACE_COMMANDS(ROW)                                                   \
+  ROW(SG_TracePolyArea, "SG Diagram: &Trace Figure", ardenix::survey::tracePolyArea) \
+  ROW(SG_AdjustDrawing, "SG Diagram: Ad&just Drawing", ardenix::survey::adjustDrawing)
 
 #define SECTIONAL_SETUP_COMMANDS(ROW) \
   ROW(SG_SectionEditor, "&Sectional Plan: Setup...", ardenix::survey::setUpSectionalPlans)
@@ -51,6 +56,14 @@ void runSetup(void (*operation)(CCadWindow&, const ardenix::Services&), CCadWind
   operation(*view, ardenix::moduleState().services);
 }
 
+void runTracing(void (*operation)(ardenix::survey::TraceTool&), CCadWindow* view) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  const auto make = [&state](CCadWindow* first) { return ardenix::survey::makeTraceTool(first, state.services); };
+  ardenix::Toolset& tool = ardenix::toolsetUntilUnload(state.surveyTrace, view, make);
+  view->SetFocus();
+  operation(static_cast<ardenix::survey::TraceTool&>(tool));
+}
+
 void runSectionalSetup(void (*operation)(ardenix::survey::SectionalPlanJob&), CCadWindow* view) {
   ardenix::ModuleState& state = ardenix::moduleState();
   const auto make = [&state](CCadWindow* first) {
@@ -64,7 +77,8 @@ void runSectionalSetup(void (*operation)(ardenix::survey::SectionalPlanJob&), CC
 #define ARCHITECTURAL_ROW(name, caption, operation) {#name, CommandFamily::kArchitectural, caption, false},
 #define SURVEY_ROW(name, caption, operation) {#name, CommandFamily::kSurvey, caption, true},
 constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(MECHANICAL_ROW) ARCHITECTURAL_COMMANDS(ARCHITECTURAL_ROW)
-                                        SURVEY_SETUP_COMMANDS(SURVEY_ROW) SECTIONAL_SETUP_COMMANDS(SURVEY_ROW)};
+                                        SURVEY_SETUP_COMMANDS(SURVEY_ROW) SURVEY_TRACE_COMMANDS(SURVEY_ROW)
+                                            SECTIONAL_SETUP_COMMANDS(SURVEY_ROW)};
 #undef SURVEY_ROW
 #undef ARCHITECTURAL_ROW
 #undef MECHANICAL_ROW
@@ -85,6 +99,11 @@ ARCHITECTURAL_COMMANDS(ARCHITECTURAL_EXPORT)
   ARDENIX_EXPORT void name(CCadWindow* view) { runSetup(operation, view); }
 SURVEY_SETUP_COMMANDS(SETUP_EXPORT)
 #undef SETUP_EXPORT
+
+#define TRACE_EXPORT(name, caption, operation) \
+  ARDENIX_EXPORT void name(CCadWindow* view) { runTracing(operation, view); }
+SURVEY_TRACE_COMMANDS(TRACE_EXPORT)
+#undef TRACE_EXPORT
 
 #define SECTIONAL_EXPORT(name, caption, operation) \
   ARDENIX_EXPORT void name(CCadWindow* view) { runSectionalSetup(operation, view); }

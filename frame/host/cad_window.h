@@ -47,6 +47,7 @@ struct LayerDef {
   std::string name;
   bool visible = true;
   bool locked = false;
+  int pen = 1;  // of primitives whose pen is by layer
 };
 
 // The host's drawing view, on which a command runs. Coordinates are drawing units, x to the right and y
@@ -131,7 +132,8 @@ class CCadWindow : public CWnd {
   virtual int gsGetText(double& x, double& y, char* buffer, int size) = 0;
   virtual int gsGetPrimHeader(PrimHeader& header) = 0;
   // A scan over primitives of a type (0 all, 2 groups) on a layer (-1 all) whose bounds meet the window
-  // (all zeros: everywhere). Handles are above 0.
+  // (all zeros: everywhere). With both flags set only over what is selected, where something is. Handles are
+  // above 0.
   virtual int gsGetListHandle(int type, int layer, int flag, double x1, double y1, double x2, double y2, int,
                               int flag2) = 0;
   // Makes the next primitive or group current and returns its type, 0 at the end.
@@ -139,7 +141,8 @@ class CCadWindow : public CWnd {
   virtual void gsFreeListHandle(int handle) = 0;
   // Parent and name of the group that a scan made current; valid until the drawing changes.
   virtual int gsGetObject(std::string_view& parent, std::string_view& name) = 0;
-  // Copying the current primitive into another view: header first, then the whole.
+  // Setting the current primitive up in another view, whose gsAddPrim then adds it: header first, then geometry. It
+  // goes on the layer of the same name, made where there is none; a symbol takes its definition along.
   virtual int gsCopyPrimHeader(CCadWindow& target) = 0;
   virtual int gsCopyPrim(CCadWindow& target) = 0;
 

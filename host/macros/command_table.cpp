@@ -68,6 +68,7 @@ std::span<const CommandForm> commandForms() {
       {"ENQUIRE", "key:LINEDEF variable+", enquireLineDefinition,
        "current line type, pen and width, colour number, pattern scale, filling, red, green, blue"},
       {"ENQUIRE", "key:SCALE variable+", enquireScale, "the drawing's scale"},
+      {"ENQUIRE", "key:PAPER variable+", enquirePaper, "the paper's centre, and its width and height in millimetres"},
       {"ENQUIRE", "key:TEXTDEFAULTS variable+", enquireTextDefaults,
        "height, justification, angle, style, width, font and pen of new texts"},
       {"ENQUIRE", "key:AREAUNITS variable+", enquireAreaUnits, "code, name and side in millimetres of the area unit"},

@@ -116,6 +116,13 @@ void enquireLineDefinition(MacroRun& run) {
 
 void enquireScale(MacroRun& run) { answer(run, 0, {run.window.drawing().parameters().scale()}); }
 
+void enquirePaper(MacroRun& run) {
+  const Drawing& drawing = run.window.drawing();
+  if (!drawing.sheet()) { throw MacroError(1, "no paper is set"); }
+  const Point centre = sheetCentre(*drawing.sheet(), drawing.parameters());
+  answer(run, 0, {centre.x, centre.y, drawing.sheet()->width, drawing.sheet()->height});
+}
+
 void enquireTextDefaults(MacroRun& run) {
   const TextDefaults& text = run.window.textDefaults();
   answer(run, 0,

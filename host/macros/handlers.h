@@ -69,6 +69,7 @@ void enquireCursor(MacroRun& run);
 void enquireNearPattern(MacroRun& run);
 void enquireLineDefinition(MacroRun& run);
 void enquireScale(MacroRun& run);
+void enquirePaper(MacroRun& run);
 void enquireTextDefaults(MacroRun& run);
 void enquireAreaUnits(MacroRun& run);
 void enquireLockedAngle(MacroRun& run);

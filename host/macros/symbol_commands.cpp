@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "frame/host/core_services.h"
 #include "host/drawing/drawing.h"
 #include "host/macros/command.h"
@@ -120,6 +122,7 @@ class Insertion {
     const Parameters& from = source.parameters();
     const Parameters& onto = drawing_.parameters();
     const bool turned = from.orientation() != onto.orientation();
+    turnedOnPaper_ = from.turnedOnPaper() != onto.turnedOnPaper();
     const Point unit = unitOfDegrees(run.number(3) + (turned ? 180.0 : 0.0));
     const double factor = run.number(2) * from.unit() / onto.unit();
     placing_ = Transform::shift(run.point(1)) * Transform::rotation({}, unit.x, unit.y) *
@@ -135,10 +138,23 @@ class Insertion {
       // Its size is millimetres, whatever the drawing's unit.
       std::get<Symbol>(copy.geometry).scale = symbol->scale * run_.number(2);
     }
+    if (turnedOnPaper_) { standUp(copy.geometry); }
     return drawing_.add(std::move(copy));
   }
 
  private:
+  // Angles of texts and upright symbols are measured on paper, which is turned by half a turn here.
+  void standUp(Geometry& geometry) const {
+    constexpr double kHalfTurn = 180.0;
+    if (auto* text = std::get_if<Text>(&geometry)) {
+      text->angle = std::fmod(text->angle + kHalfTurn * 10.0, 3600.0);
+    } else if (auto* symbol = std::get_if<Symbol>(&geometry)) {
+      const SymbolDefinition* definition = source_.symbol(symbol->name);
+      if (definition != nullptr && definition->upright) {
+        symbol->rotation = std::fmod(symbol->rotation + kHalfTurn, 360.0);
+      }
+    }
+  }
   int layer(int index) {
     int& target = layers_.at(static_cast<size_t>(index));
     if (target < 0) { target = drawing_.addLayer(*source_.layer(index)); }
@@ -159,6 +175,7 @@ class Insertion {
   Drawing& drawing_;
   std::vector<GroupId> groups_;
   std::vector<int> layers_;
+  bool turnedOnPaper_ = false;  // against the paper that it comes from
   Transform placing_;
 };
 

@@ -89,6 +89,7 @@ void ScriptPlayer::play() {
       cursor_.fail(statement, "there is not enough memory");
     } catch (const std::exception& failure) { cursor_.fail(statement, toUtf8(failure.what())); }
   }
+  user_.noteProgress();
 }
 
 void ScriptPlayer::playOne(const Statement& statement) {

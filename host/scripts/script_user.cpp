@@ -157,6 +157,7 @@ BoxAnswer ScriptUser::showMessage(const MessageBox& box) {
     const bool acknowledged =
         cursor_.nextIs("reply") && cursor_.peek()->words.size() == 2 && cursor_.peek()->words[1].text == "ok";
     if (acknowledged) { cursor_.take(); }
+    reportCount();
     if (!awaited && report) { report(toUtf8(box.text)); }
     return BoxAnswer::kOk;
   }
@@ -242,9 +243,33 @@ void ScriptUser::operate(DialogSession& session, dialog::Dialog& dialog) {
   cursor_.take();
 }
 
+namespace {
+
+std::string withoutDigits(std::string text) {
+  std::erase_if(text, [](char c) { return c >= '0' && c <= '9'; });
+  return text;
+}
+
+}  // namespace
+
 void ScriptUser::showStatus(const std::string& text) {
+  const bool countsOn = text != status_ && withoutDigits(text) == withoutDigits(status_);
+  if (!countsOn) {
+    reportCount();
+    if (report) { report(toUtf8(text)); }
+  }
+  counting_ = countsOn;
   status_ = text;
-  if (report) { report(toUtf8(text)); }
+}
+
+void ScriptUser::reportCount() {
+  if (counting_ && report) { report(toUtf8(status_)); }
+  counting_ = false;
+}
+
+void ScriptUser::noteProgress() {
+  messagesSince_ = 0;
+  reportCount();
 }
 
 void ScriptUser::showProgress(int, int, const std::string&) {

@@ -26,8 +26,8 @@ class ScriptUser : public User {
 
   // `expect` outside of any question: what is known at a command's end or within a dialog.
   void expectNow(const Statement& statement, DialogSession* session, dialog::Dialog* dialog);
-  // Called before each statement that is no `expect`.
-  void noteProgress() { messagesSince_ = 0; }
+  // Called before each statement that is no `expect`, and when a script has been played.
+  void noteProgress();
 
   PointAnswer askPoint(const std::string& prompt) override;
   TextAnswer askText(const std::string& prompt, const std::string& fallback) override;
@@ -48,7 +48,11 @@ class ScriptUser : public User {
 
   ScriptCursor& cursor_;
   EventSink* events_;
+  // Says where a status that counted on came to; of a count only the first and the last are reported.
+  void reportCount();
+
   std::string status_;
+  bool counting_ = false;
   std::string lastMessage_;
   int messagesSince_ = 0;
 };

@@ -34,6 +34,12 @@ struct DrawingStyle {
   double width = 0.0;  // tenths of a millimetre on paper
 };
 
+// A temporary line, seen until the view is refreshed or the command ends; no part of the drawing.
+struct Mark {
+  Segment line;
+  int pen = 1;
+};
+
 // The group that is open for what is drawn next. It enters the drawing with its first primitive.
 class OpenGroup {
  public:
@@ -82,6 +88,7 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] bool selectsNew() const { return selectsNew_; }
   void setSelectsNew(bool on) { selectsNew_ = on; }
   [[nodiscard]] bool escaped() const { return escaped_; }
+  [[nodiscard]] const std::vector<Mark>& marks() const { return marks_; }
 
   // A command starts and ends with an empty selection and a free cursor, whatever it left out. It is one
   // step of undo, but for what SETMACUNDO brackets; where it does not end well the drawing is as before.
@@ -238,7 +245,7 @@ class DrawingWindow : public CCadWindow {
   GroupCursor groupCursor_;
   const Group* currentGroup_ = nullptr;       // what the cursor met, as long as the drawing has not changed
   std::vector<std::unique_ptr<Scan>> scans_;  // handle - 1 is the index
-  std::vector<Segment> marks_;                // temporary lines
+  std::vector<Mark> marks_;
 };
 
 // The primitive type numbers of the view's calls.

@@ -19,7 +19,7 @@ int DrawingWindow::gsGetLayerCount() { return drawing_.layerCount(); }
 int DrawingWindow::gsGetLayerDefIndex(int index, LayerDef& layer) {
   const Layer* found = drawing_.layer(index);
   if (found == nullptr) { return 0; }
-  layer = {found->name, found->visible, found->locked};
+  layer = {found->name, found->visible, found->locked, found->pen};
   return 1;
 }
 
@@ -37,6 +37,7 @@ int DrawingWindow::gsSetLayerDefIndex(int index, const LayerDef& layer) {
   if (sameName < 0 || sameName == index) { changed.name = layer.name; }
   changed.visible = layer.visible;
   changed.locked = layer.locked;
+  changed.pen = layer.pen;
   drawing_.changeLayer(index, std::move(changed));
   return 1;
 }

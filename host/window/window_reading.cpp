@@ -60,12 +60,17 @@ int DrawingWindow::gsGetPrimHeader(PrimHeader& header) {
   return 1;
 }
 
-int DrawingWindow::gsGetListHandle(int type, int layer, int, double x1, double y1, double x2, double y2, int, int) {
+int DrawingWindow::gsGetListHandle(int type, int layer, int flag, double x1, double y1, double x2, double y2, int,
+                                   int flag2) {
   Scan scan;
   scan.type = type;
   scan.layer = layer;
   scan.everywhere = x1 == 0.0 && y1 == 0.0 && x2 == 0.0 && y2 == 0.0;
-  if (!scan.everywhere && type != kGroupPrimitive) {
+  const bool selectedOnly = flag != 0 && flag2 != 0 && type != kGroupPrimitive && drawing_.hasSelection();
+  if (selectedOnly) {
+    scan.everywhere = false;
+    scan.ids = drawing_.selection();
+  } else if (!scan.everywhere && type != kGroupPrimitive) {
     Box box;
     box.add(Point{x1, y1});
     box.add(Point{x2, y2});
@@ -147,20 +152,48 @@ int DrawingWindow::gsGetObject(std::string_view& parent, std::string_view& name)
   return 1;
 }
 
+namespace {
+
+// A layer's number in another drawing, which gets one of this name where it has none.
+int sameLayer(const Drawing& from, int index, Drawing& onto) {
+  const Layer& layer = *from.layer(index);
+  const Layer* same = onto.layer(index);
+  if (same != nullptr && same->name == layer.name) { return index; }
+  return onto.addLayer(layer);
+}
+
+// A symbol's definition with all that it is made of; the other drawing's own definition of a name stays.
+void copyDefinition(const Drawing& from, const std::string& name, Drawing& onto) {
+  const SymbolDefinition* definition = from.symbol(name);
+  if (definition == nullptr || onto.symbol(name) != nullptr) { return; }
+  onto.addSymbol(*definition);
+  for (const Primitive& part : definition->parts) {
+    if (const auto* inner = std::get_if<Symbol>(&part.geometry)) { copyDefinition(from, inner->name, onto); }
+  }
+}
+
+}  // namespace
+
 int DrawingWindow::gsCopyPrimHeader(CCadWindow& target) {
   const Primitive* primitive = drawing_.find(current_);
   auto* other = dynamic_cast<DrawingWindow*>(&target);
   if (primitive == nullptr || other == nullptr) { return 0; }
   other->newType_ = typeNumber(primitive->geometry);
   other->newPrimitive_ = *primitive;
-  other->newGeometry_ = true;
+  other->newPrimitive_.layer = sameLayer(drawing_, primitive->layer, other->drawing_);
+  other->newGeometry_ = false;
   return 1;
 }
 
 int DrawingWindow::gsCopyPrim(CCadWindow& target) {
+  const Primitive* primitive = drawing_.find(current_);
   auto* other = dynamic_cast<DrawingWindow*>(&target);
-  if (gsCopyPrimHeader(target) == 0 || other == nullptr) { return 0; }
-  return other->gsAddPrim();
+  if (primitive == nullptr || other == nullptr) { return 0; }
+  if (const auto* symbol = std::get_if<Symbol>(&primitive->geometry)) {
+    copyDefinition(drawing_, symbol->name, other->drawing_);
+  }
+  other->setGeometry(primitive->geometry);
+  return 1;
 }
 
 }  // namespace brevan

@@ -75,7 +75,7 @@ void DrawingWindow::gsGetTextDefaultParams(TextDefaults& defaults) { defaults = 
 void DrawingWindow::gsSetDrawMode(int mode) { call("gsSetDrawMode", {mode}); }
 
 void DrawingWindow::gsDisplayLine(double x1, double y1, double x2, double y2, int pen) {
-  marks_.push_back({{x1, y1}, {x2, y2}});
+  marks_.push_back({{{x1, y1}, {x2, y2}}, pen});
   call("gsDisplayLine", {x1, y1, x2, y2, pen});
 }
 

@@ -32,9 +32,21 @@ class MadeDrawings : public DrawingSource {
     outer.parts.push_back(nested);
     drawing->addSymbol(inner);
     drawing->addSymbol(outer);
+    if (lettered) { letter(*drawing); }
     return made;
   }
   bool turned = false;
+  bool lettered = false;  // a text, a symbol that stays upright and one that turns with the axes
+
+ private:
+  static void letter(Drawing& drawing) {
+    SymbolDefinition mark{"MARK", {Primitive{}}};
+    mark.upright = true;
+    drawing.addSymbol(mark);
+    drawing.add({.geometry = Text{{1, 1}, "TITLE", "Arial", 25.0, 100.0}});
+    drawing.add({.geometry = Symbol{"MARK", {1, 2}, 1.0, 10.0}});
+    drawing.add({.geometry = Symbol{"DOT", {1, 3}, 1.0, 10.0}});
+  }
 };
 
 class Enquiries : public MacroSession {
@@ -162,7 +174,23 @@ TEST_F(Enquiries, AnInsertedDrawingComesInTheDrawingsUnit) {
   EXPECT_EQ(json(), before);
 }
 
+// A title block is drawn upright on its own paper, and reads upright on a south-oriented sheet.
+TEST_F(Enquiries, AnInsertedDrawingStandsUprightOnATurnedSheet) {
+  answer("", &files_);
+  files_.lettered = true;
+  Parameters south = drawing().parameters();
+  south.setCoordinateSystem(0);
+  south.setOrientation(1);
+  drawing().setParameters(south);
+  macro("#LOAD \"Sheet.drg\" [100.00000, 200.00000] 1 0");
+  EXPECT_EQ(shape<Line>(1).b, (Point{-900, -1800}));
+  EXPECT_NEAR(shape<Text>(2).angle, 100.0, 1e-9);
+  EXPECT_NEAR(shape<Symbol>(3).rotation, 10.0, 1e-9);
+  EXPECT_NEAR(shape<Symbol>(4).rotation, 190.0, 1e-9) << "turned with the axes, it looks as before";
+}
+
 TEST_F(Enquiries, ThePaperHoldsWhatIsDrawn) {
+  EXPECT_EQ(macroError("#ENQUIRE \"PAPER\" X1 Y1 W L"), "1: no paper is set");
   line(0, 0, 80000, 120000);  // millimetres at 1:500: 160 x 240
   macro("#HOME");
   window().gsZoomAll();
@@ -178,6 +206,9 @@ TEST_F(Enquiries, ThePaperHoldsWhatIsDrawn) {
   EXPECT_EQ(drawing().sheet()->height, 297.0);
   macro("#HOME");
   EXPECT_EQ(window().cursor().position(), (Point{41000, 60000}));
+  macro("#ENQUIRE \"PAPER\" X1 Y1 W L");
+  EXPECT_EQ((Point{number("X1"), number("Y1")}), (Point{41000, 60000}));
+  EXPECT_EQ((Point{number("W"), number("L")}), (Point{210, 297}));
   line(0, 0, 130000, 180000);  // the title block comes later
   window().endCommand(true);
   EXPECT_EQ(drawing().sheet()->name, "A3");

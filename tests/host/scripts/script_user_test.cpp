@@ -101,6 +101,19 @@ TEST_F(Answers, MessagesAreAcknowledgedUnlessAwaited) {
   EXPECT_EQ(failureOf("expect message \"Sure?\"\nreply yes", [this] { EXPECT_EQ(window().gsReply("Sure?"), 1); }), "");
 }
 
+// Work on thousands of things shows its count; in a script's report that would bury everything else.
+TEST_F(Answers, ACountIsReportedByItsFirstAndItsLast) {
+  start("point 1 2");
+  std::vector<std::string> reported;
+  user().report = [&reported](const std::string& text) { reported.push_back(text); };
+  for (const char* status : {"Copying 1", "Copying 2", "Copying 3", "Done", "Done", "Cutting 1", "Cutting 2"}) {
+    window().gsSetStatus(status);
+  }
+  EXPECT_EQ(reported, (std::vector<std::string>{"Copying 1", "Copying 3", "Done", "Done", "Cutting 1"}));
+  askPoint();
+  EXPECT_EQ(reported.back(), "Cutting 2") << "told before the next answer is taken";
+}
+
 TEST_F(Answers, EveryExpectationHoldsOrFails) {
   EXPECT_EQ(failureOf("expect prompt \"Where\"\nexpect status \"\"\npoint 1 2", [this] { askPoint(); }), "");
   EXPECT_EQ(failureOf("expect prompt \"Whither\"\npoint 1 2", [this] { askPoint(); }),

@@ -359,10 +359,46 @@ TEST_F(Window, PrimitivesAreCopiedToAnotherWindow) {
   DrawingWindow& source = window();
   DrawingWindow& target = host().openWindow("Copy");
   EXPECT_EQ(source.gsCopyPrimHeader(target), 1);
-  EXPECT_NE(source.gsCopyPrim(target), 0);
+  EXPECT_THROW(target.gsAddPrim(), HostFailure) << "a header alone is no primitive";
+  EXPECT_EQ(source.gsCopyPrimHeader(target), 1);
+  EXPECT_EQ(source.gsCopyPrim(target), 1);
+  EXPECT_EQ(target.drawing().count(), 0U) << "set up, not added yet";
+  target.gsAddPrim();
   ASSERT_EQ(target.drawing().count(), 1U);
   EXPECT_EQ(target.drawing().find(1)->group, 0);
   EXPECT_EQ(std::get<Line>(target.drawing().find(1)->geometry).b, (Point{3, 4}));
+}
+
+// Layers go by name where their numbers differ, with the pen of what is by layer; symbols bring their definitions.
+TEST_F(Window, CopiesComeWithLayerAndSymbol) {
+  DrawingWindow& source = window();
+  drawing().addLayer({"GONE"});
+  const int layer = drawing().addLayer({"BEACONS", true, false, 7});
+  drawing().removeLayer(drawing().layerNamed("GONE"));
+  drawing().addSymbol({"DOT", {Primitive{}}});
+  drawing().add({.layer = layer, .pen = kPenByLayer, .geometry = Symbol{"DOT", {5, 5}}});
+  LayerDef definition;
+  source.gsGetLayerDefIndex(layer, definition);
+  EXPECT_EQ(definition.pen, 7);
+  source.gsNearestPrim(0, 5, 5);
+  DrawingWindow& target = host().openWindow("Copy");
+  source.gsCopyPrimHeader(target);
+  source.gsCopyPrim(target);
+  target.gsAddPrim();
+  const Layer& copied = *target.drawing().layer(target.drawing().find(1)->layer);
+  EXPECT_EQ(copied.name, "BEACONS");
+  EXPECT_EQ(copied.pen, 7);
+  EXPECT_NE(target.drawing().symbol("DOT"), nullptr);
+}
+
+TEST_F(Window, AScanGoesOverTheSelectionWhereThereIsOne) {
+  line(0, 0, 1, 1);
+  const PrimitiveId chosen = line(5, 5, 6, 6);
+  const auto selectedLines = [this] { return window().gsGetListHandle(kLinePrimitive, -1, 1, 0, 0, 0, 0, 0, 1); };
+  EXPECT_EQ(scanned(selectedLines()).size(), 2U) << "nothing is selected";
+  drawing().select(chosen);
+  EXPECT_EQ(scanned(selectedLines()), std::vector<int>{kLinePrimitive});
+  EXPECT_EQ(scanned(everything(kLinePrimitive)).size(), 2U);
 }
 
 TEST_F(Window, WindowsOpenedByCommandsBearNamesOfTheirOwn) {

@@ -1,0 +1,116 @@
+#include "survey/surroundings.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+#include <string>
+
+#include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
+
+namespace ardenix::survey {
+
+namespace {
+
+constexpr double kAround = 10.0;  // drawing units
+
+double distanceToSegment(Point p, Point a, Point b) {
+  const double ux = b.x - a.x;
+  const double uy = b.y - a.y;
+  const double square = ux * ux + uy * uy;
+  const double along = square == 0.0 ? 0.0 : std::clamp(((p.x - a.x) * ux + (p.y - a.y) * uy) / square, 0.0, 1.0);
+  return std::hypot(a.x + along * ux - p.x, a.y + along * uy - p.y);
+}
+
+bool apart(double a1, double a2, double b1, double b2, double margin) {
+  return std::min(a1, a2) > std::max(b1, b2) + margin || std::max(a1, a2) < std::min(b1, b2) - margin;
+}
+
+// Crosses the side, ends on it or lies along it; drawn ends meet within 0.001 unit.
+bool touches(const Side& side, Point a, Point b) {
+  constexpr double kMeeting = 0.001;
+  if (apart(a.x, b.x, side.from.x, side.to.x, kMeeting) || apart(a.y, b.y, side.from.y, side.to.y, kMeeting)) {
+    return false;
+  }
+  Point crossing;
+  return coreIntOnLines(side.from.x, side.from.y, side.to.x, side.to.y, a.x, a.y, b.x, b.y, crossing.x, crossing.y) !=
+             0 ||
+         distanceToSegment(a, side.from, side.to) <= kMeeting || distanceToSegment(b, side.from, side.to) <= kMeeting ||
+         distanceToSegment(side.from, a, b) <= kMeeting || distanceToSegment(side.to, a, b) <= kMeeting;
+}
+
+bool isIsolated(CCadWindow& view, const Figure& figure) {
+  Point a;
+  Point b;
+  view.gsGetLine(a.x, a.y, b.x, b.y);
+  return std::none_of(figure.begin(), figure.end(), [&](const Side& side) { return touches(side, a, b); });
+}
+
+void clipToRectangle(const JobSettings& job, CCadWindow& view, const Extents& extents) {
+  const auto [low, high] = extents.grownBy(job.options().offset * job.paperFactor());
+  view.gsExecuteMacro(
+      numberText::format("#SNIP \"Y\" \"N\" \"N\" [%.3f,%.3f] [%.3f,%.3f] [#]", high.x, low.y, low.x, high.y));
+}
+
+std::string polygonClip(const Figure& figure, double factor) {
+  const Point centre = extentsOf(figure).centre();
+  std::string command = "#POLYSNIP \"N\" \"N\"  ";
+  for (const Side& side : figure) {
+    command += numberText::format("[%.1f,%.1f] ", centre.x + (side.from.x - centre.x) * factor,
+                                  centre.y + (side.from.y - centre.y) * factor);
+  }
+  return command + "[#] ";
+}
+
+}  // namespace
+
+OpenedLayers::OpenedLayers(CCadWindow& from, CCadWindow& onto) : onto_(onto) {
+  const int count = from.gsGetLayerCount();
+  for (int index = 0; index < count; ++index) {
+    LayerDef definition;
+    if (from.gsGetLayerDefIndex(index, definition) == 0) { continue; }
+    if (!definition.visible || definition.locked) { kept_.push_back({index, definition}); }
+    definition.visible = true;
+    definition.locked = false;
+    onto.gsSetLayerDefIndex(index, definition);
+  }
+}
+
+void OpenedLayers::close(int drawnOn) {
+  for (const auto& [index, definition] : kept_) {
+    const int layer = onto_.gsGetLayerIndexFromName(definition.name);
+    if (layer > 0 && layer != drawnOn) { onto_.gsSetLayerDefIndex(layer, definition); }
+  }
+}
+
+void copySurroundings(const JobSettings& job, CCadWindow& from, CCadWindow& onto, const Figure& figure) {
+  const auto [low, high] = extentsOf(figure).grownBy(kAround);
+  from.gsSetDisplayToCopy();
+  const int scan = from.gsGetListHandle(kAnyPrimitive, -1, 0, low.x, low.y, high.x, high.y, 0, 0);
+  int copied = 0;
+  for (int type = from.gsGetNextPrim(scan); type != 0; type = from.gsGetNextPrim(scan)) {
+    if (type < 0) {
+      std::clog << numberText::format("Error %d on cadGetNextPrim\n", type);
+      continue;
+    }
+    if (type == kLinePrimitive && job.options().delLines && isIsolated(from, figure)) { continue; }
+    from.gsCopyPrimHeader(onto);
+    from.gsCopyPrim(onto);
+    onto.gsAddPrim();
+    onto.gsSetStatus(numberText::format("Copying CAD Entities %d", ++copied));
+  }
+  from.gsFreeListHandle(scan);
+}
+
+void clipSurroundings(const JobSettings& job, CCadWindow& view, const Figure& figure) {
+  constexpr size_t kCommandLimit = 1024;
+  constexpr size_t kFewestCorners = 3;
+  view.gsExecuteMacro("ALLLAYER \"N\"");
+  const Extents extents = extentsOf(figure);
+  if (job.options().useOffset || figure.size() < kFewestCorners) { return clipToRectangle(job, view, extents); }
+  const std::string command = polygonClip(figure, job.options().polySnipFactor);
+  if (command.size() >= kCommandLimit) { return clipToRectangle(job, view, extents); }
+  view.gsExecuteMacro(command);
+}
+
+}  // namespace ardenix::survey

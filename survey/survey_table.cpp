@@ -1,0 +1,124 @@
+#include "survey/survey_table.h"
+
+#include <algorithm>
+
+#include "frame/host/macro_quote.h"
+#include "frame/host/number_text.h"
+#include "frame/macro_texts.h"
+
+namespace ardenix::survey {
+
+namespace {
+
+constexpr std::string_view kNoGroup = "#STARTPAT \"_\"";
+constexpr int kCentred = 15;
+
+double paperSign(CCadWindow& view) {
+  DrawingParms parms;
+  view.gsGetDrawingParms(parms);
+  const bool turned = parms.p[10] != 0.0 && parms.p[6] == 0.0;
+  return turned ? -1.0 : 1.0;
+}
+
+}  // namespace
+
+SurveyTable::SurveyTable(int rows, int columns, double rowHeight, double columnWidth, Point origin, CCadWindow* view,
+                         int layer)
+    : view_(view), layer_(layer), origin_(origin), columns_(std::clamp(columns, 0, kMostColumns)) {
+  if (view_ != nullptr) { sign_ = paperSign(*view_); }
+  Cell plain;
+  plain.height = rowHeight;
+  plain.width = columnWidth;
+  rows_.assign(static_cast<size_t>(std::clamp(rows, 0, kMostRows)),
+               std::vector<Cell>(static_cast<size_t>(columns_), plain));
+  layOut();
+}
+
+void SurveyTable::setColumnWidth(int column, double width) {
+  for (int row = 0; row < rows(); ++row) { cell(row, column).width = width; }
+  layOut();
+}
+
+void SurveyTable::setRowHeight(int row, double height) {
+  for (int column = 0; column < columns_; ++column) { cell(row, column).height = height; }
+  layOut();
+}
+
+void SurveyTable::setCell(int row, int column, std::string_view text, const TableTextStyle& style) {
+  cell(row, column).text = text;
+  cell(row, column).style = style;
+}
+
+void SurveyTable::setBorders(int row, int column, const TableBorders& borders) { cell(row, column).borders = borders; }
+
+void SurveyTable::layOut() {
+  double across = 0.0;
+  for (int column = 0; column < columns_ && !rows_.empty(); ++column) {
+    double down = 0.0;
+    for (int row = 0; row < rows(); ++row) {
+      Cell& laid = cell(row, column);
+      laid.offset = {sign_ * across, -sign_ * down};
+      down += laid.height;
+    }
+    across += cell(rows() - 1, column).width;
+  }
+}
+
+Point SurveyTable::at(double across, double down) const { return origin_ + Point{sign_ * across, -sign_ * down}; }
+
+void SurveyTable::draw() const {
+  if (view_ == nullptr) { return; }
+  if (!kind_.empty()) { view_->gsExecuteMacro(macroText::beginGroup(kind_)); }
+  for (size_t column = 0; column < static_cast<size_t>(columns_); ++column) {
+    for (const auto& row : rows_) {
+      const Cell& drawn = row.at(column);
+      drawEdges(drawn);
+      const Point middle = origin_ + drawn.offset + Point{sign_ * drawn.width / 2.0, -sign_ * drawn.height / 2.0};
+      drawText(middle, drawn.text, drawn.style, kCentred);
+    }
+  }
+  if (!kind_.empty()) { view_->gsExecuteMacro(kNoGroup); }
+  view_->gsSetViewDirty(1);
+  view_->gsRefresh();
+}
+
+void SurveyTable::drawEdges(const Cell& cell) const {
+  const Point topLeft = origin_ + cell.offset;
+  const Point across{sign_ * cell.width, 0.0};
+  const Point down{0.0, -sign_ * cell.height};
+  const struct {
+    bool drawn;
+    Point from;
+    Point to;
+  } edges[] = {{cell.borders.top, topLeft, topLeft + across},
+               {cell.borders.right, topLeft + across, topLeft + across + down},
+               {cell.borders.bottom, topLeft + down, topLeft + across + down},
+               {cell.borders.left, topLeft, topLeft + down}};
+  for (const auto& [drawn, from, to] : edges) {
+    if (!drawn) { continue; }
+    view_->gsSetPrimHeader(kLinePrimitive, 0, 0, layer_, framePen_, frameLinetype_, 0.0, 0, 0);
+    view_->gsSetLine(from.x, from.y, to.x, to.y);
+    view_->gsAddPrim();
+  }
+}
+
+void SurveyTable::drawText(Point at, std::string_view text, const TableTextStyle& style, int justification) const {
+  if (text.empty()) { return; }
+  view_->gsSetPrimHeader(kTextPrimitive, 0, 0, layer_, style.pen, 1, 0.0, 0, 0);
+  view_->gsSetFont(style.font, style.pen, style.height, 0.0, style.style, justification, 1.0, 0.0, 0.0);
+  view_->gsSetText(at.x, at.y, text);
+  view_->gsAddPrim();
+}
+
+void SurveyTable::placeText(double across, double down, std::string_view text, const TableTextStyle& style) const {
+  if (view_ != nullptr) { drawText(at(across, down), text, style, style.justification); }
+}
+
+void SurveyTable::placeSymbol(double across, double down, std::string_view name) const {
+  if (view_ == nullptr) { return; }
+  const Point point = at(across, down);
+  view_->gsExecuteMacro(numberText::format("#ADDSYM %s [%.3f,%.3f] 1 0", name, point.x, point.y));
+  view_->gsExecuteMacro(kNoGroup);
+}
+
+}  // namespace ardenix::survey

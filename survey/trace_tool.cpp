@@ -1,0 +1,93 @@
+#include "survey/trace_tool.h"
+
+#include <optional>
+#include <utility>
+
+#include "frame/host/core_services.h"
+#include "frame/host/macro_quote.h"
+#include "frame/host/number_text.h"
+#include "survey/diagram_frame.h"
+#include "survey/diagram_sheet.h"
+#include "survey/figure_tracing.h"
+#include "survey/sheet_writer.h"
+#include "survey/surroundings.h"
+
+namespace ardenix::survey {
+
+// ---- Diagram ----------------------------------------------------------------------------------------------------
+
+void TraceTool::makeDiagram() {
+  figure_.clear();
+  if (!beginJob(job_, SurveyMode::kDiagram, view())) { return; }
+  view().gsClearWorkSpace();
+  view().gsStartPat("#POLY");
+  view().gsExecuteMacro("#LINETYPE 1 1");
+  view().gsExecuteMacro("#WIDTH 0");
+  std::optional<Figure> figure = traceFigure(view());
+  if (!figure) { return; }
+  figure_ = std::move(*figure);
+  if (CCadWindow* const diagram = openDiagramView()) { drawSheet(*diagram); }
+}
+
+CCadWindow* TraceTool::openDiagramView() {
+  const auto [low, high] = extentsOf(figure_).grownBy(10.0);
+  view().gsZoomRect(low.x, low.y, high.x, high.y);
+  CCadWindow* const diagram = services_.mainFrame->SendUserMessage(CMDIFrameWnd::kNewDrawingView);
+  if (diagram == nullptr) {
+    ErrorMessage("Could not create CAD window.", &view());
+    return nullptr;
+  }
+  DrawingParms parms;
+  view().gsGetDrawingParms(parms);
+  diagram->gsSetDrawingParms(parms);
+  job_->readParms(*diagram);
+  diagram->gsZoomRect(low.x, low.y, high.x, high.y);  // where nothing is drawn round the figure, the paper goes here
+  if (coreFileExist(job_->symbolFile()) != 0) {
+    view().gsExecuteMacro(numberText::format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(job_->symbolFile())));
+  } else {
+    ErrorMessage(numberText::format("The Symbol file %s does not exist.", std::string_view(job_->symbolFile())),
+                 &view());
+  }
+  return diagram;
+}
+
+void TraceTool::drawSheet(CCadWindow& diagram) {
+  OpenedLayers layers(view(), diagram);
+  copySurroundings(*job_, view(), diagram, figure_);
+  diagram.gsExecuteMacro(numberText::format("#NEWLAYER %s", quotedForMacro(job_->options().diagramLayer)));
+  job_->setLayer(diagram.gsGetCurrentLayer());
+  clipSurroundings(*job_, diagram, figure_);
+  setUpPaper(*job_, diagram);
+  SheetWriter sheet(diagram, *job_, insertTitleBlock(*job_, diagram));
+  drawDiagramFrame(sheet, figure_);
+  layers.close(job_->layer());
+  diagram.gsExecuteMacro("#CLEARSEL");
+}
+
+// ---- Adjusting --------------------------------------------------------------------------------------------------
+
+void TraceTool::adjustDrawing() {
+  if (!job_ && !beginJob(job_, SurveyMode::kDiagram, view())) { return; }
+  // As the file says now: its options may have changed since the job was loaded.
+  const int linetype = readJobOptions(TINIFile(job_->file().FileName())).lineType;
+  view().gsExecuteMacro("#curmode \"F\"");
+  Point at;
+  while (view().gsGetPointFromUser("Select a line to be edited (Esc to stop)", at.x, at.y) == 0) {
+    PrimHeader header;
+    if (view().gsNearestPrim(kAnyPrimitive, at.x, at.y) != kLinePrimitive || view().gsGetPrimHeader(header) == 0) {
+      ErrorMessage("The cad entity you selected is not a line element.", &view());
+      continue;
+    }
+    view().gsExecuteMacro(
+        numberText::format("#EDITLP \"N\" [%.3f,%.3f] %d %d %.3f [#]", at.x, at.y, linetype, header.pen, header.width));
+  }
+}
+
+std::unique_ptr<TraceTool> makeTraceTool(CCadWindow* view, const Services& services) {
+  return std::make_unique<TraceTool>(view, services);
+}
+
+void tracePolyArea(TraceTool& tool) { tool.makeDiagram(); }
+void adjustDrawing(TraceTool& tool) { tool.adjustDrawing(); }
+
+}  // namespace ardenix::survey

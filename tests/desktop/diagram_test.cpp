@@ -1,0 +1,88 @@
+#include <iterator>
+
+#include "frame/host/number_text.h"
+#include "host/scripts/script_player.h"
+#include "tests/desktop/desktop_session.h"
+
+namespace {
+
+using brevan::Point;
+
+class DiagramWindow : public DesktopSession {
+ protected:
+  static constexpr Point kCorners[] = {
+      {42157.61, 2851599.42}, {42135.62, 2851592.69}, {42127.58, 2851618.99}, {42148.40, 2851629.54}};
+
+  void drawErf() {
+    window_->host().paths().settings->SetString("SG_DEFAULTS", "SG_DiaramFile", "SG Diagram.ini");
+    brevan::Parameters parameters;
+    parameters.setUnit(1000.0);
+    parameters.setScale(500.0);
+    parameters.setCoordinateSystem(0);
+    parameters.setOrientation(1);
+    drawing().setParameters(parameters);
+    for (size_t n = 0; n < std::size(kCorners); ++n) {
+      drawing().add({.geometry = brevan::Line{kCorners[n], kCorners[(n + 1) % std::size(kCorners)]}});
+    }
+  }
+  // The diagram that the recorded session makes of the same erf without a window.
+  std::string replayed() {
+    std::string text =
+        "setting \"SG_DEFAULTS\" \"SG_DiaramFile\" \"SG Diagram.ini\"\nparameter unit 1000\nparameter scale 500\n"
+        "parameter coordinateSystem 0\nparameter orientation 1\n";
+    for (size_t n = 0; n < std::size(kCorners); ++n) {
+      const Point to = kCorners[(n + 1) % std::size(kCorners)];
+      text += numberText::format("draw line %.2f %.2f %.2f %.2f\n", kCorners[n].x, kCorners[n].y, to.x, to.y);
+    }
+    const brevan::Script script = brevan::readScript("recorded.scr", text + window_->recorder().script().toStdString());
+    brevan::FileServices files(folder_.path().toStdString(), folder_.path().toStdString() + "/data");
+    INI_LIST settings("");
+    brevan::ScriptPlayer player(script, brevan::PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});
+    player.play();
+    return drawingJson(player.host().window().drawing());
+  }
+  void whenAsked(const QString& start, bool blank) {
+    when([this, start] { return !user().wantsPoint() && prompt().startsWith(start); },
+         [this, blank] {
+           if (blank) { edit().clear(); }
+           key(Qt::Key_Return);
+         });
+  }
+};
+
+// With Return at nearly every question, as far as the settings offer an answer.
+TEST_F(DiagramWindow, AnErfIsTracedIntoADiagramOfItsOwn) {
+  drawErf();
+  const std::string traced = json();
+  for (size_t n = 0; n <= std::size(kCorners); ++n) {
+    whenPrompted(
+        n == 0 ? "Enter first corner" : "Enter next corner", [this, n, at = kCorners[n % std::size(kCorners)]] {
+          EXPECT_EQ(window_->host().window().marks().size(), n == 0 ? 0 : n - 1) << "the sides picked are seen";
+          EXPECT_EQ(window_->host().window().cursor().rubberBand(), n > 0);
+          keys(QString("%1,%2").arg(at.x, 0, 'f', 2).arg(at.y, 0, 'f', 2));
+          key(Qt::Key_Return);
+        });
+    if (n < std::size(kCorners)) { whenAsked("Enter label", false); }
+  }
+  for (const char* question :
+       {"Property", "Situation clause 1", "Situation clause 2", "Administrative", "Province", "Survey date", "PLS",
+        "Parent diagram", "Parent transfer", "SG. File", "Compilation", "Gen. Plan", "Bottom right", "Central meridian",
+        "Y Constant", "X Constant", "Beacon description"}) {
+    whenAsked(question, false);
+  }
+  for (const char* question : {"Beacon description", "Servitude note", "Additional note"}) {
+    whenAsked(question, true);
+  }
+  act([this] { window_->runCommand("SG_TracePolyArea"); });
+  EXPECT_EQ(window_->host().windowNames().size(), 2U);
+  ASSERT_TRUE(drawing().sheet());
+  EXPECT_EQ(drawing().sheet()->name, "A4");
+  EXPECT_GT(drawing().count(), 60U);
+  EXPECT_EQ(replayed(), json());
+  window_->undo();
+  EXPECT_EQ(drawing().count(), 0U);
+  window_->host().goToWindow("Drawing1");
+  EXPECT_EQ(json(), traced) << "the drawing that was traced stays as it was";
+}
+
+}  // namespace

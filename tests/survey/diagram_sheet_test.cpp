@@ -1,0 +1,178 @@
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/survey/diagram_session.h"
+
+using brevan::Arc;
+using brevan::Line;
+using brevan::Text;
+
+namespace {
+
+class DiagramSheet : public DiagramSession {
+ protected:
+  static void expectNear(Point found, Point wanted, const std::string& what) {
+    EXPECT_NEAR(found.x, wanted.x, 1e-3) << what;
+    EXPECT_NEAR(found.y, wanted.y, 1e-3) << what;
+  }
+};
+
+// The erf turns with the orientation; the sheet round it looks the same.
+TEST_F(DiagramSheet, IsRightInBothOrientations) {
+  ini_["SG_QUESTIONS"]["PropDescr"] = "Erf 1,-95,-220,1,35,4,Arial,1";
+  ini_["TEXT"]["Figure"] = "The figure,-95,-190,1,30,4,Arial,0";
+  ini_["TEXT"]["Area"] = "square metres,-95,9999,1,30,4,Arial,0";
+  ini_["TEXT"]["Scale"] = "Scale 1:,-95,9999,1,30,4,Arial,0";
+  ini_["TEXT"]["AddText1"] = "SIDES_COMMA_ metres,-170,-5,1,25,5,Arial,0";
+  for (const int orientation : {0, 1}) {
+    SCOPED_TRACE(orientation);
+    trace("text \"ERF 7\"\n", orientation);
+    ASSERT_TRUE(drawing().sheet());
+    EXPECT_EQ(drawing().sheet()->name, "A4");
+    const struct {
+      const char* row[6];
+      double down;
+    } rows[] = {{{"AB", "20,00", "90 00 00", "A", "1 000,00", "2 000,00"}, 20.0},
+                {{"BC", "30,00", "0 00 00", "B", "1 020,00", "2 000,00"}, 22.75},
+                {{"CD", "20,00", "270 00 00", "C", "1 020,00", "2 030,00"}, 25.5},
+                {{"DA", "30,00", "180 00 00", "D", "1 000,00", "2 030,00"}, 28.25}};
+    const std::vector<double> across = {0, 30, 60, 80, 110, 140};
+    const std::vector<int> justifications = {2, 8, 8, 5, 8, 8};
+    for (const auto& [row, down] : rows) {
+      for (size_t column = 0; column < 6; ++column) {
+        const Point wanted = {-180 + across[column], -down};
+        const bool found = std::ranges::any_of(shapes<Text>(), [&](const Text& text) {
+          return text.text == row[column] && text.justification == justifications[column] && text.pen == 2 &&
+                 brevan::distance(fromOrigin(text.at), wanted) < 1e-3;
+        });
+        EXPECT_TRUE(found) << row[0] << ": " << row[column];
+      }
+    }
+    expectNear(fromOrigin(textReading("ERF 7").at), {-95, -220}, "asked");
+    EXPECT_EQ(textReading("ERF 7").style, 4) << "underlined";
+    expectNear(fromOrigin(textReading("The figure A B C D ").at), {-95, -190}, "figure");
+    expectNear(fromOrigin(textReading("600 square metres").at), {-95, -193.3}, "area");
+    expectNear(fromOrigin(textReading("Scale 1:500").at), {-95, -196.6}, "scale");
+    expectNear(fromOrigin(textReading("SIDES, metres").at), {-170, -5}, "additional");
+    expectNear(fromOrigin(textReading("SIDES").at), {-185, -8.5}, "title block");
+    for (const Text& text : shapes<Text>()) {
+      EXPECT_EQ(text.angle, 0.0) << text.text << " reads upright";
+      const brevan::Box box = brevan::textBounds(text, drawing().parameters());
+      for (const Point corner : {onPaper(box.low), onPaper(box.high)}) {
+        EXPECT_TRUE(corner.x > 10 && corner.x < 200 && corner.y > 10 && corner.y < 287) << text.text;
+      }
+    }
+    EXPECT_EQ(drawing().layer(drawing().currentLayer())->name, "SG_DIAGRAM");
+    // The figure stands 15 mm right of the middle, seen from the south or from the north.
+    expectNear(onPaper({1010, 2015}), {120, 148.5}, "figure's middle");
+    EXPECT_EQ(onPaper({1020, 2000}).x > onPaper({1000, 2000}).x, orientation == 0);
+  }
+}
+
+TEST_F(DiagramSheet, BeaconsAreCircledAndLettered) {
+  trace();
+  const std::vector<Arc> circles = shapes<Arc>();
+  ASSERT_EQ(circles.size(), 4U);
+  const Point corners[] = {{1000, 2000}, {1020, 2000}, {1020, 2030}, {1000, 2030}};
+  for (size_t n = 0; n < 4; ++n) {
+    EXPECT_EQ(circles[n].centre, corners[n]);
+    EXPECT_NEAR(brevan::arcRadius(circles[n]), 0.5, 1e-9);
+    const Text& label = textReading(std::string(1, static_cast<char>('A' + n)));
+    EXPECT_EQ(label.at, corners[n]);
+    EXPECT_EQ(label.justification, 4);
+  }
+  for (const Line& line : shapes<Line>()) {
+    for (const Point end : {line.a, line.b}) {
+      const bool clear = std::ranges::none_of(corners, [&](Point c) { return brevan::distance(c, end) < 0.499; });
+      EXPECT_TRUE(clear) << "a boundary ends at the circle";
+    }
+  }
+  ini_["DEFAULTS"]["CornerDiam"] = "0";
+  trace();
+  EXPECT_TRUE(shapes<Arc>().empty());
+  EXPECT_EQ(textReading("A").at, corners[0]);
+}
+
+TEST_F(DiagramSheet, NotesGoOnBelowTheTable) {
+  ini_["TEXT"]["Beacon"] = "Beacons,-188,9999,1,30,1,Arial,1";
+  ini_["TEXT"]["Serv"] = "Servitudes,-188,9999,1,30,1,Arial,1";
+  ini_["SG_QUESTIONS"]["BDescr"] = ",-186,0,1,20,1,Arial,0";
+  ini_["SG_QUESTIONS"]["ServDet"] = "offered,-186,0,1,20,1,Arial,0";
+  ini_["TEXT"]["Notes"] = "Notes,-188,9999,1,30,1,Arial,1";
+  ini_["SG_QUESTIONS"]["Note"] = "never asked,-186,0,1,20,1,Arial,0";
+  ini_["DEFAULTS"]["ServNotes"] = "1";
+  ini_["LINES"] = {{"Line1", "-190,9999,0,9999,3,4"}, {"Line2", "-150,0,-150,9999,1,1"}, {"Line4", "0,0,1,1,1,1"}};
+  trace("text \"12 mm peg\"\ntext \"fence, post\"\ntext \" \"\naccept\ntext \"\"\n");
+  // Four sides and an empty line of 2.75 mm each, from 20 mm down.
+  const double end = -20 - 5 * 2.75;
+  expectNear(fromOrigin(textReading("Beacons").at), {-188, end - 3.3}, "heading");
+  expectNear(fromOrigin(textReading("12 mm peg").at), {-186, end - 5.5}, "first line");
+  expectNear(fromOrigin(textReading("fence, post").at), {-186, end - 7.7}, "second line");
+  expectNear(fromOrigin(textReading("Servitudes").at), {-188, end - 11.0}, "next heading");
+  expectNear(fromOrigin(textReading("offered").at), {-186, end - 13.2}, "what was offered");
+  EXPECT_TRUE(std::ranges::none_of(shapes<Text>(), [](const Text& text) { return text.text == "Notes"; }));
+  std::vector<std::pair<Point, Point>> lines;
+  drawing().forEach([&](brevan::PrimitiveId, const brevan::Primitive& primitive) {
+    const auto* line = std::get_if<Line>(&primitive.geometry);
+    const bool ofFrame = line != nullptr && primitive.layer == 0 && fromOrigin(line->a).x < -140;
+    if (ofFrame) { lines.emplace_back(fromOrigin(line->a), fromOrigin(line->b)); }
+  });
+  ASSERT_EQ(lines.size(), 2U) << "up to the first number that is missing";
+  expectNear(lines[0].first, {-190, end}, "line at the table's end");
+  expectNear(lines[0].second, {0, end}, "line at the table's end");
+  expectNear(lines[1].second, {-150, end}, "down to the table's end");
+}
+
+TEST_F(DiagramSheet, NextLinesOfTheFrame) {
+  ini_["SG_QUESTIONS"]["PLS"] = ",-60,9999,1,40,1,Arial,0";
+  ini_["SG_QUESTIONS"]["CompNr"] = ",-60,9999,1,20,1,Arial,0";
+  ini_["SG_QUESTIONS"]["GenPlan"] = ",-60,9999,1,20,1,Arial,0";
+  trace(
+      "expect prompt \"PLS name\"\ntext \"pls\"\ntext \"c1\"\ntext \"c2\"\ntext \"c3\"\ntext \"c4\"\ntext \"plan\"\n");
+  expectNear(fromOrigin(textReading("pls").at), {-60, -4.4}, "below the sheet's top edge");
+  expectNear(fromOrigin(textReading("c1").at), {-60, -6.6}, "below the text before");
+  expectNear(fromOrigin(textReading("c4").at), {-60, -13.2}, "no more than four are asked for");
+  expectNear(fromOrigin(textReading("plan").at), {-60, -15.4}, "below the last of them");
+  trace("text \"\"\ntext \"\"\ntext \"plan\"\n");
+  expectNear(fromOrigin(textReading("plan").at), {-60, -2.2}, "nothing was drawn before");
+  EXPECT_TRUE(std::ranges::none_of(shapes<Text>(), [](const Text& text) { return text.text.empty(); }));
+}
+
+TEST_F(DiagramSheet, ATableWithoutColumnsIsNotDrawn) {
+  ini_["DATA"].erase("Figure2");
+  ini_["TEXT"]["Beacon"] = "Beacons,-188,9999,1,30,1,Arial,1";
+  trace();
+  EXPECT_TRUE(shapes<Arc>().empty());
+  expectNear(fromOrigin(textReading("Beacons").at), {-188, -23.3}, "from where the table would begin");
+}
+
+TEST_F(DiagramSheet, ControlPointsBearTheirMarks) {
+  ini_["TRIGTSM"] = {{"CtrlPnt1", "0,TSM 14,,1100.25,2200.50"}, {"CtrlPnt2", "1,KLIPKOP,112,-1300.00,2851000.00"}};
+  ini_["DEFAULTS"]["PlusSign"] = "1";
+  trace();
+  const double down = -20 - 5 * 2.75;
+  expectNear(fromOrigin(textReading("TSM 14").at), {-120, down}, "name");
+  expectNear(fromOrigin(textReading("+1 100,25").at), {-70, down}, "Y");
+  expectNear(fromOrigin(textReading("112").at), {-150, down - 2.75}, "number of the beacon");
+  expectNear(fromOrigin(textReading("-1 300,00").at), {-70, down - 2.75}, "Y");
+  const auto symbols = shapes<brevan::Symbol>();
+  ASSERT_EQ(symbols.size(), 2U);
+  EXPECT_EQ(symbols[0].name + symbols[1].name, "WITNESSTRIG");
+  expectNear(fromOrigin(symbols[1].at), {-100, down - 2.75}, "in the column of the beacons");
+}
+
+TEST_F(DiagramSheet, WithoutSymbolsAndTitleBlockThePaperIsTheSheet) {
+  ini_["DEFAULTS"]["Titleblock"] = "none.drg";
+  ini_["DEFAULTS"]["Symbol"] = "nothing.drg";
+  ini_["TRIGTSM"]["CtrlPnt1"] = "0,TSM 14,,1100.25,2200.50";
+  for (const int orientation : {0, 1}) {
+    trace("", orientation);
+    EXPECT_EQ(log_.of("message"), std::vector<std::string>{"The Symbol file nothing.drg does not exist."});
+    EXPECT_FALSE(sent("#LOAD"));
+    expectNear(onPaper(textReading("AB").at), {30, 277}, "from the paper's top right corner");
+    EXPECT_TRUE(shapes<brevan::Symbol>().empty());
+  }
+}
+
+}  // namespace
