@@ -27,7 +27,7 @@ class DialogWindow : public QDialog, private DialogOperator {
   bool run();
   [[nodiscard]] QWidget* widgetOf(int control) const;
   [[nodiscard]] QString refusalShown() const;
-  [[nodiscard]] dialog::Dialog& description() { return description_; }
+  [[nodiscard]] dialog::Dialog& description() override { return description_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -39,7 +39,6 @@ class DialogWindow : public QDialog, private DialogOperator {
   class Session;
   void operate(int control, const std::function<DialogSession::Refusal(DialogSession&)>& action,
                const QString& statement) override;
-  [[nodiscard]] dialog::Dialog& description() override { return description_; }
   [[nodiscard]] QString pictureFolder() const override { return pictureFolder_; }
 
   QWidget* build(int group);

@@ -34,6 +34,17 @@ struct FamilyChapter {
 constexpr FamilyChapter kChapters[] = {{"Ardenix/Architectural", "architectural.md"},
                                        {"Ardenix/Survey", "survey-settings.md"}};
 
+// A library's list is not its meaning.
+constexpr size_t kMostItems = 12;
+
+std::string takenBy(const dialog::State& state) {
+  const std::string kind(kindName(state));
+  const size_t items = itemTexts(state).size();
+  if (items > kMostItems) { return kind + ": one of " + std::to_string(items); }
+  const std::string range = rangeText(state);
+  return range.empty() ? kind : kind + ": " + range;
+}
+
 QString row(const std::string& name, const std::string& takes, const std::string& use) {
   const auto cell = [](const std::string& text) { return "<td>" + shown(text).toHtmlEscaped() + "</td>"; };
   return "<tr>" + cell(name) + cell(takes) + cell(use) + "</tr>";
@@ -47,8 +58,7 @@ QString helpOn(dialog::Dialog& dialog) {
     const dialog::Control& control = dialog.control(index);
     const std::string name = addressOf(dialog, index);
     if (name.empty() || !isShown(dialog, index)) { continue; }
-    const std::string range = rangeText(control.state);
-    rows += row(name, std::string(kindName(control.state)) + (range.empty() ? "" : ": " + range), control.toolTip);
+    rows += row(name, takenBy(control.state), control.toolTip);
     if (const auto* radio = std::get_if<dialog::RadioGroup>(&control.state)) {
       for (const dialog::RadioItem& item : radio->items) {
         if (!item.toolTip.empty()) { rows += row(dialog::plainCaption(item.caption), "", item.toolTip); }

@@ -62,7 +62,11 @@ class DesktopSession : public ::testing::Test {
     QObject::connect(&hands, &QTimer::timeout, [&] {
       if (clock.elapsed() > kPatience) {
         if (!steps_.empty()) {
-          ADD_FAILURE() << steps_.size() << " steps never had their moment; the prompt is " << prompt().toStdString();
+          ADD_FAILURE() << steps_.size() << " steps never had their moment; the prompt is " << prompt().toStdString()
+                        << ", before all stands "
+                        << (QApplication::activeModalWidget() != nullptr
+                                ? QApplication::activeModalWidget()->metaObject()->className()
+                                : "nothing");
         }
         steps_.clear();
         window_->runner().cancel();

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 
+#include "desktop/help_window.h"
 #include "host/scripts/script_player.h"
 #include "tests/desktop/desktop_session.h"
 
@@ -139,6 +140,21 @@ TEST_F(Window, ARefusedValueKeepsTheFocusAndSaysWhy) {
   act([this] { window_->runCommand("MechDrawBolts"); });
   EXPECT_TRUE(refusal.contains("4O")) << refusal.toStdString();
   EXPECT_EQ(focus, length);
+}
+
+TEST_F(Window, HelpShowsWhatADialogsFieldsTake) {
+  QString page;
+  whenDialog([&](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_F1); });
+  when([] { return qobject_cast<HelpWindow*>(QApplication::activeModalWidget()) != nullptr; },
+       [&] {
+         auto* help = qobject_cast<HelpWindow*>(QApplication::activeModalWidget());
+         page = help->text();
+         help->close();
+       });
+  whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  act([this] { window_->runCommand("MechDrawBolts"); });
+  EXPECT_TRUE(page.contains("Hex Bolts")) << page.toStdString();
+  EXPECT_TRUE(page.contains("number: 0 to 10000"));
 }
 
 // A pixel here and there may step aside, because a line is rounded to pixels from another corner; a twentieth of the
