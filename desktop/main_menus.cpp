@@ -291,7 +291,11 @@ void MainWindow::buildDocks() {
   findChild<QDockWidget*>("shortcutDock")->setVisible(shortcutBar_->count() > 0);
   connect(groups_, &GroupsPanel::groupPicked, this, &MainWindow::selectGroup);
   connect(layers_, &LayersPanel::layerChanged, this, [this](int index, const Layer& layer) {
-    runner_.run(tr("Layer"), [this, index, layer] { host_->window().drawing().changeLayer(index, layer); });
+    runner_.run(tr("Layer"), [this, index, layer] {
+      host_->window().drawing().changeLayer(index, layer);
+      recorder_.statement("layerstate " + scriptString(shown(layer.name)) + (layer.visible ? " shown" : " hidden") +
+                          (layer.locked ? " locked" : " unlocked"));
+    });
   });
   connect(layers_, &LayersPanel::currentAsked, this, [this](int index) {
     runner_.run(tr("Layer"), [this, index] {

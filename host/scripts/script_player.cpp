@@ -36,6 +36,7 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
       {"window", 2, 2, &ScriptPlayer::goToWindow},
       {"sheet", 3, 5, &ScriptPlayer::setSheet},
       {"layer", 2, 2, &ScriptPlayer::setLayer},
+      {"layerstate", 4, 4, &ScriptPlayer::setLayerState},
       {"style", 4, 4, &ScriptPlayer::setStyle},
       {"draw", 2, 12, &ScriptPlayer::draw},
       {"macro", 1, 2, &ScriptPlayer::runMacro},
@@ -212,6 +213,24 @@ void ScriptPlayer::setLayer(const Statement& statement) {
   layer.name = cursor_.string(statement, 1);
   drawing.setCurrentLayer(drawing.addLayer(std::move(layer)));
   drawing.endStep();
+}
+
+void ScriptPlayer::setLayerState(const Statement& statement) {
+  Drawing& drawing = host_.window().drawing();
+  const int index = drawing.layerNamed(cursor_.string(statement, 1));
+  if (index < 0) { cursor_.fail(statement, "there is no layer \"" + toUtf8(statement.words[1].text) + '"'); }
+  const auto either = [&](size_t word, std::string_view yes, std::string_view no) {
+    const std::string& text = statement.words[word].text;
+    if (text != yes && text != no) {
+      cursor_.fail(statement,
+                   "layerstate takes " + std::string(yes) + " or " + std::string(no) + ", got \"" + toUtf8(text) + '"');
+    }
+    return text == yes;
+  };
+  Layer layer = *drawing.layer(index);
+  layer.visible = either(2, "shown", "hidden");
+  layer.locked = either(3, "locked", "unlocked");
+  drawing.changeLayer(index, std::move(layer));
 }
 
 void ScriptPlayer::setStyle(const Statement& statement) {

@@ -51,6 +51,7 @@ class ScriptPlayer {
   void goToWindow(const Statement& statement);
   void setSheet(const Statement& statement);
   void setLayer(const Statement& statement);
+  void setLayerState(const Statement& statement);
   void setStyle(const Statement& statement);
   void draw(const Statement& statement);
   void runMacro(const Statement& statement);

@@ -82,6 +82,8 @@ TEST_F(Player, EveryStatementRefusesBadInputWithItsLineAndRule) {
       {"redo", "there is nothing to redo"},
       {"export \"a.dwg\"", "export writes files ending in .dxf, .svg, .pdf, .png or .json, got \"a.dwg\""},
       {"export \"a.json\" dpi 9", "export expects dpi and a number from 10 to 2400 after the file"},
+      {"layerstate \"NONE\" shown locked", "there is no layer \"NONE\""},
+      {"layerstate \"0\" seen locked", "layerstate takes shown or hidden, got \"seen\""},
       {"expect \"Length\" 1", "no dialog is open in which a control could be looked at"},
       {"expect prompt \"P\"", "the script expects a prompt, there is none"},
       {"expect status \"S\"", "the status is \"\", the script expects \"S\""},
@@ -114,6 +116,14 @@ TEST_F(Player, DrawsAsTheDesktopsToolsDo) {
   EXPECT_EQ(text.height, 35.0);
   for (int step = 0; step < 5; ++step) { EXPECT_TRUE(drawing().undo()) << "each figure is a step of its own"; }
   EXPECT_EQ(drawing().count(), 0U);
+}
+
+TEST_F(Player, LayersAreShownAndLockedAsOneStep) {
+  ASSERT_EQ(play("layer \"WALLS\"\nlayerstate \"WALLS\" hidden locked\n"), "");
+  const Layer& walls = *drawing().layer(drawing().layerNamed("WALLS"));
+  EXPECT_TRUE(!walls.visible && walls.locked);
+  drawing().undo();
+  EXPECT_TRUE(walls.visible && !walls.locked);
 }
 
 TEST_F(Player, WindowsSettingsAndVariables) {
