@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <iostream>
 
 #include "batch/conversion.h"
@@ -7,7 +8,9 @@
 #include "batch/script_runs.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
+#include "host/core/file_system_calls.h"
 #include "host/core/installation.h"
+#include "host/core/standard_streams.h"
 #include "host/scripts/script_syntax.h"
 
 namespace {
@@ -58,7 +61,20 @@ auto inputs(const Function& find) {
   } catch (const HostFailure& failure) { throw brevan::InputUnread(failure.what()); }
 }
 
+// A full disk or a closed stream is no success.
+void finishPrinting() {
+  if (!std::cout.flush()) {
+    throw brevan::OutputUnwritten("cannot write to the standard output: " + brevan::systemReason(errno));
+  }
+}
+
+void print(const std::string& text) {
+  std::cout << text;
+  finishPrinting();
+}
+
 void execute(const CommandLine& line) {
+  if (line.convert->parsed() || line.run->parsed()) { brevan::outliveClosedPipes(); }
   if (line.convert->parsed()) {
     brevan::convertDrawing(line.from, line.to);
     return;
@@ -71,8 +87,8 @@ void execute(const CommandLine& line) {
     }
     brevan::runScripts(options, places);
   }
-  if (line.commands->parsed()) { std::cout << brevan::commandList(places); }
-  if (line.describe->parsed()) { std::cout << brevan::commandDescription(line.command, places); }
+  if (line.commands->parsed()) { print(brevan::commandList(places)); }
+  if (line.describe->parsed()) { print(brevan::commandDescription(line.command, places)); }
 }
 
 int report(const std::string& what, int code) {
@@ -84,10 +100,14 @@ int runProgram(int argc, char** argv) {
   using namespace brevan;
   CommandLine line;
   try {
-    line.app.parse(argc, argv);
-  } catch (const CLI::ParseError& error) { return line.app.exit(error) == 0 ? kDone : kWrongUsage; }
-  catchSignals();
-  try {
+    try {
+      line.app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+      const int code = line.app.exit(error);
+      finishPrinting();
+      return code == 0 ? kDone : kWrongUsage;
+    }
+    catchSignals();
     execute(line);
     return kDone;
   } catch (const Interrupted& interrupted) {
@@ -104,6 +124,7 @@ int runProgram(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  brevan::fillClosedStreams();
   try {
     return runProgram(argc, argv);
   } catch (...) {

@@ -20,6 +20,8 @@ void catchSignals() {
   sigaction(SIGTERM, &action, nullptr);
 }
 
+void outliveClosedPipes() { static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); }
+
 void stopIfInterrupted() {
   if (notedSignal != 0) { throw Interrupted{notedSignal}; }
 }

@@ -9,6 +9,8 @@ struct Interrupted {
 
 // From here on SIGINT and SIGTERM are noted instead of ending the program.
 void catchSignals();
+// Nobody reading its messages any longer is no reason to leave work undone.
+void outliveClosedPipes();
 // Throws Interrupted when one was noted. Called between the steps of all work, so files stay whole.
 void stopIfInterrupted();
 

@@ -8,19 +8,11 @@
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
 #include "host/core/safe_file.h"
+#include "host/core/standard_streams.h"
 
 namespace {
 
 using namespace brevan;
-
-// Libraries that commands change belong to the person: the first start copies what ships, later ones what is new.
-std::string ownData(const std::string& shipped, const std::string& own) {
-  namespace fs = std::filesystem;
-  std::error_code failed;
-  fs::create_directories(own, failed);
-  fs::copy(shipped, own, fs::copy_options::recursive | fs::copy_options::skip_existing, failed);
-  return failed ? shipped : own;
-}
 
 // What a first start finds: the libraries and settings that ship.
 void writeFirstSettings(const std::string& file) {
@@ -52,6 +44,7 @@ DesktopParts partsOf(const QCommandLineParser& line) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  fillClosedStreams();
   // Answers that need no display.
   for (int word = 1; word < argc; ++word) {
     const QString option = argv[word];

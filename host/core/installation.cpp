@@ -5,12 +5,15 @@
 #include <vector>
 
 #include "frame/host/core_services.h"
+#include "host/core/safe_file.h"
 
 namespace brevan {
 
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr size_t kMostDataBytes = size_t{1} << 30;
 
 fs::path programFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
 
@@ -54,6 +57,19 @@ std::string userSettingsFile() {
   if (!configured.is_absolute() && home.empty()) { throw HostFailure("neither XDG_CONFIG_HOME nor HOME is set"); }
   const fs::path folder = configured.is_absolute() ? configured : fs::path(home) / ".config";
   return (folder / "brevan" / "settings.ini").string();
+}
+
+std::string ownData(const std::string& shipped, const std::string& own) {
+  try {
+    fs::create_directories(own);
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(shipped)) {
+      const fs::path copy = fs::path(own) / fs::relative(entry.path(), shipped);
+      if (entry.is_directory()) { fs::create_directories(copy); }
+      if (!entry.is_regular_file() || fs::exists(copy)) { continue; }
+      saveWhole(copy.string(), readWhole(entry.path().string(), kMostDataBytes));
+    }
+    return own;
+  } catch (const fs::filesystem_error&) { return shipped; } catch (const HostFailure&) { return shipped; }
 }
 
 }  // namespace brevan

@@ -19,4 +19,8 @@ Places findPlaces(const std::string& dataOption);
 // ~/.config. Throws HostFailure where neither that nor HOME is set.
 std::string userSettingsFile();
 
+// A person's own copy of the libraries that ship, since commands change them: what the folder lacks is copied into it,
+// each file whole or not at all. Returns the folder, or the shipped one where that cannot be done.
+std::string ownData(const std::string& shipped, const std::string& own);
+
 }  // namespace brevan

@@ -51,8 +51,10 @@ Bytes readAll(const std::string& path, size_t limit, FileStamp* stamp) {
   struct stat status {};
   if (::fstat(file.number, &status) != 0) { failReading(path, systemReason(errno)); }
   refuseIrregular(path, status);
+  const auto failAsTooLarge = [&] { failReading(path, "it is larger than " + std::to_string(limit) + " bytes"); };
+  if (static_cast<size_t>(status.st_size) > limit) { failAsTooLarge(); }
   Bytes bytes;
-  bytes.resize(std::min(static_cast<size_t>(status.st_size), limit) + 1);
+  bytes.resize(static_cast<size_t>(status.st_size) + 1);
   size_t done = 0;
   while (true) {
     const ssize_t count = ::read(file.number, bytes.data() + done, bytes.size() - done);
@@ -60,7 +62,7 @@ Bytes readAll(const std::string& path, size_t limit, FileStamp* stamp) {
     if (count < 0) { failReading(path, systemReason(errno)); }
     if (count == 0) { break; }
     done += static_cast<size_t>(count);
-    if (done > limit) { failReading(path, "it is larger than " + std::to_string(limit) + " bytes"); }
+    if (done > limit) { failAsTooLarge(); }  // it grew meanwhile
     if (done == bytes.size()) { bytes.resize(std::min(2 * bytes.size(), limit + 1)); }
   }
   bytes.resize(done);

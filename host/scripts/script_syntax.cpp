@@ -6,6 +6,15 @@ namespace brevan {
 
 namespace {
 
+std::string readable(const std::string& what) {
+  constexpr size_t kMost = 1000;
+  constexpr unsigned kContinuation = 0x80U;
+  if (what.size() <= kMost) { return what; }
+  size_t end = kMost;
+  while (end > 0 && (static_cast<unsigned char>(what[end]) & 0xC0U) == kContinuation) { --end; }
+  return what.substr(0, end) + "... (" + std::to_string(what.size() - end) + " bytes more)";
+}
+
 constexpr std::string_view kMacro = "macro";
 
 // Reads the words of one line.
@@ -69,6 +78,9 @@ class LineReader {
 };
 
 }  // namespace
+
+ScriptFailure::ScriptFailure(const std::string& file, int line, const std::string& what)
+    : std::runtime_error(file + ':' + std::to_string(line) + ": " + readable(what)) {}
 
 std::string Statement::shown() const { return toUtf8(name()) + (rest.empty() ? "" : " " + rest); }
 

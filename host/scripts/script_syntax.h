@@ -7,11 +7,11 @@
 
 namespace brevan {
 
-// A script that cannot go on: "FILE:LINE: what was asked, what the script gave". UTF-8.
+// A script that cannot go on: "FILE:LINE: what was asked, what the script gave". UTF-8; what is longer than anyone
+// reads, as it quotes a line of megabytes, is cut.
 class ScriptFailure : public std::runtime_error {
  public:
-  ScriptFailure(const std::string& file, int line, const std::string& what)
-      : std::runtime_error(file + ':' + std::to_string(line) + ": " + what) {}
+  ScriptFailure(const std::string& file, int line, const std::string& what);
 };
 
 // A script that failed because a file could not be written.

@@ -26,10 +26,15 @@ class Writer:
     def before(self):
         return self.old() if callable(self.old) else self.old
 
+    def command(self, test):
+        """The words of its command line, its script being written."""
+        if self.script is None:
+            return self.words
+        test.write("x.scr", self.script)
+        return ("run", "x.scr", "-o", "out", *self.words)
+
     def run(self, test, environment=None):
-        if self.script is not None:
-            return test.play(self.script, *self.words, environment=environment)
-        return test.batch(*self.words, environment=environment)
+        return test.batch(*self.command(test), environment=environment)
 
 
 def shipped_library():
