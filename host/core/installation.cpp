@@ -69,7 +69,9 @@ std::string ownData(const std::string& shipped, const std::string& own) {
       saveWhole(copy.string(), readWhole(entry.path().string(), kMostDataBytes));
     }
     return own;
-  } catch (const fs::filesystem_error&) { return shipped; } catch (const HostFailure&) { return shipped; }
+  } catch (const fs::filesystem_error&) { return shipped; } catch (const HostFailure&) {
+    return shipped;
+  }
 }
 
 }  // namespace brevan

@@ -145,9 +145,7 @@ ssize_t written(int descriptor, const void* bytes, off_t at, const Call& call) {
   const Inside own;
   if (failsNow()) { return -1; }
   const ssize_t count = call();
-  if (count > 0) {
-    noteDone({"write", inodeOf(descriptor), std::to_string(at)}, bytes, static_cast<size_t>(count));
-  }
+  if (count > 0) { noteDone({"write", inodeOf(descriptor), std::to_string(at)}, bytes, static_cast<size_t>(count)); }
   return count;
 }
 
@@ -239,7 +237,9 @@ int openat64(int folder, const char* name, int flags, ...) {
   va_end(arguments);
   return opened(folder, name, flags, [&] { return NEXT(openat64)(folder, name, flags, mode); });
 }
-std::FILE* fopen(const char* name, const char* mode) { return openedFile(name, mode, next<decltype(::fopen)>("fopen")); }
+std::FILE* fopen(const char* name, const char* mode) {
+  return openedFile(name, mode, next<decltype(::fopen)>("fopen"));
+}
 std::FILE* fopen64(const char* name, const char* mode) {
   return openedFile(name, mode, next<decltype(::fopen64)>("fopen64"));
 }

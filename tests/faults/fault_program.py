@@ -59,12 +59,12 @@ class FaultTest(unittest.TestCase):
         keep = {key: value for key, value in os.environ.items() if key not in ("DISPLAY", "WAYLAND_DISPLAY")}
         return dict(keep, HOME=str(self.folder), QT_QPA_PLATFORM="offscreen", **more)
 
-    def faulty(self, **faults):
-        """The environment in which calls below "out" fail as told: at, do, log, count, new_at."""
+    def faulty(self, below=None, **faults):
+        """The environment in which calls below "out", or another folder, fail as told: at, do, log, count, new_at."""
         named = {"FAULTS_" + key.upper(): str(value) for key, value in faults.items()}
         # Under the sanitizer this library comes first, and its own runtime second.
         sanitizer = os.environ.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0:alloc_dealloc_mismatch=0"
-        return self.environment(LD_PRELOAD=str(FAULT_CALLS), FAULTS_BELOW=str(self.out), ASAN_OPTIONS=sanitizer,
+        return self.environment(LD_PRELOAD=str(FAULT_CALLS), FAULTS_BELOW=str(below or self.out), ASAN_OPTIONS=sanitizer,
                                 **named)
 
     def batch(self, *words, environment=None, **keys):
