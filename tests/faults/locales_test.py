@@ -17,7 +17,7 @@ LOCALES = ("de_DE", "tr_TR", "af_ZA")[:amount(3, 2)]
 EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
 COMPILED = tempfile.TemporaryDirectory(prefix="brevan-locales-")
 ALL_EXPORTS = "".join(f'export "x.{ending}"\n' for ending in ("dxf", "svg", "pdf", "png", "json"))
-MACROS = 'macro SELECTLAYER "Achsen"\nmacro ROTATE [1.5,2.25] "Y" 33.125\nmacro SCALE [0.5,0.25] 1.5 1.5\nlayer "iI"\n'
+MACROS = 'macro SELECTLAYER "Achsen"\nmacro ROTATE [1.5,2.25] "Y" 33.125\nmacro SCALE [0.5,0.25] "N" 1.5 1.5\nlayer "iI"\n'
 
 
 def reason_to_skip():
