@@ -130,27 +130,23 @@ const Layer* Drawing::layer(int index) const {
   return found ? &*found : nullptr;
 }
 
-int Drawing::layerNamed(std::string_view name) const {
-  for (int index = 0; index < layerCount(); ++index) {
-    const Layer* candidate = layer(index);
-    if (candidate != nullptr && candidate->name == name) { return index; }
-  }
-  return -1;
-}
+int Drawing::layerNamed(std::string_view name) const { return layerNames_.named(layers_, name); }
 
 int Drawing::addLayer(Layer layer) {
   const int existing = layerNamed(layer.name);
   if (existing >= 0) { return existing; }
   makeRoomToNote();
-  const auto freePlace = std::find(layers_.begin(), layers_.end(), std::nullopt);
-  const int index = static_cast<int>(freePlace - layers_.begin());
-  if (freePlace == layers_.end()) {
+  const size_t freePlace = layerNames_.freePlace(layers_);
+  layerNames_.forget();  // where anything below fails
+  if (freePlace == layers_.size()) {
     makeRoom(layerMembers_);
     layers_.emplace_back();
     layerMembers_.emplace_back();
   }
-  layers_[static_cast<size_t>(index)] = std::move(layer);
+  layers_[freePlace] = std::move(layer);
+  const int index = static_cast<int>(freePlace);
   note(LayerChange{index, std::nullopt});
+  layerNames_.added(layers_);
   return index;
 }
 

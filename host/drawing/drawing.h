@@ -15,6 +15,7 @@
 
 #include "host/drawing/journal.h"
 #include "host/drawing/layer.h"
+#include "host/drawing/layer_names.h"
 #include "host/drawing/parameters.h"
 #include "host/drawing/primitive.h"
 #include "host/drawing/sheet.h"
@@ -209,6 +210,7 @@ class Drawing {
   size_t count_ = 0;
   PrimitiveId lastId_ = 0;
   std::vector<std::optional<Layer>> layers_;
+  mutable LayerNames layerNames_;
   std::vector<std::vector<PrimitiveId>> layerMembers_;
   int currentLayer_ = 0;
   std::set<std::string, std::less<>> parents_;

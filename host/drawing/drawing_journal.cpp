@@ -38,6 +38,7 @@ void Drawing::loadLayer(int index, Layer layer) {
   layers_.resize(needed);
   layerMembers_.resize(needed);
   layers_[static_cast<size_t>(index)] = std::move(layer);
+  layerNames_.forget();
   ++revision_;
 }
 
@@ -148,6 +149,7 @@ void Drawing::swapLayer(LayerChange& change) {
   layers_.resize(needed);
   layerMembers_.resize(needed);
   std::swap(layers_[static_cast<size_t>(change.index)], change.other);
+  layerNames_.forget();
   while (layers_.size() > 1 && !layers_.back()) {
     layers_.pop_back();
     layerMembers_.pop_back();
