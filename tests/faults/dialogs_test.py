@@ -7,11 +7,12 @@ nothing. Macros and scripts that ask for more than there can be.
 import re
 import time
 
-from fault_program import LIBRARY_OF, FaultTest, amount, main
+from fault_program import DATA, LIBRARY_OF, FaultTest, amount, main
 from writers import settings_file, shipped_library
 
 SETTINGS = "".join(f'setting "SG_DEFAULTS" "{key}" "out/{name}"\n' for key, name in (
     ("SG_DiaramFile", "job.ini"), ("SG_GenPlanFile", "plan.ini"), ("SG_SectionalFile", "sectional.ini")))
+SETTINGS += 'setting "ArchitecturalTools" "SpecFile" "out/arch.ini"\n'
 TEXTS = ["", " ", "nan", "inf", "1e308", "1e400", "5e-324", "-1", "0", "1,5", "1.5mm", "0x10", "10000000000000000000000", "%n%s%d",
          '"', '\\"#DELSELECT', "]", "#REPEAT 5", "a,b,c", "A\\\\N0\\\\NINSERT", "\u00df\u00d8\u20ac", "x" * 300, "x" * 65536,
          "[BOLTS]", "=", ";", "..\\\\..\\\\x", "/etc/passwd", "$(x)", "<b>&amp;", "\u0007", "CON", "-0", "1.", ".5", "+3", "1e3"]
@@ -27,8 +28,8 @@ class Dialogs(FaultTest):
         return (title and title[1], [(name, KINDS[kind.strip()]) for name, kind in rows if kind.strip() in KINDS])
 
     def files(self):
-        return {"lib.ini": shipped_library(), "job.ini": settings_file(), "plan.ini": settings_file().replace(b"Mode=0", b"Mode=1"),
-                "sectional.ini": settings_file().replace(b"Mode=0", b"Mode=2")}
+        return {"lib.ini": shipped_library(), "arch.ini": (DATA / "ArchSpecs.ini").read_bytes(), "job.ini": settings_file(),
+                "plan.ini": (DATA / "General Plan.ini").read_bytes(), "sectional.ini": (DATA / "Sectional Plan.ini").read_bytes()}
 
     def test_every_text_in_every_field(self):
         commands = [line.split("\t")[0] for line in self.batch("commands").stdout.decode().splitlines()]
@@ -45,10 +46,10 @@ class Dialogs(FaultTest):
                     self.write("out/" + file, content)
                 typed = text if '\\"' in text else text.replace('"', '\\"')
                 done = self.play(LIBRARY_OF.format("out/lib.ini") + SETTINGS +
-                                 f'run {command}\ndialog "{title if title.startswith("Mech") else "*"}"\n'
+                                 f'run {command}\ndialog "{"*" if command.startswith("SG_") else title}"\n'
                                  f'  {verb} "{name}" "{typed}"\n  press "Cancel"\n')
                 if done.returncode != 0:
-                    self.assertRefused(done, (1,), "x.scr:7: ")
+                    self.assertRefused(done, (1,), "x.scr:8: ")
                     refused += 1
                 for file, content in before.items():
                     self.assertEqual((self.out / file).read_bytes() == content, True, f"{file} was written")

@@ -116,7 +116,7 @@ class Writers(FaultTest):
         self.each(self.run_out_of_memory)
 
     def run_out_of_memory(self, writer, run):
-        for at in sorted(self.random.sample(range(1, 3000), amount(150, 4))):
+        for at in sorted(self.random.sample(range(1, 3000), amount(150, 2))):
             writer.prepare(self)
             done = writer.run(self, self.faulty(new_at=at))
             left = run.state(self.content(writer))
@@ -157,16 +157,16 @@ class Kills(FaultTest):
     def test_at_random_moments(self):
         self.write("x.scr", self.SAVES)
         ended_early = 0
-        for _ in range(amount(1000, 15)):
+        for _ in range(amount(1000, 8)):
             ended_early += self.ended(signal.SIGKILL) == -signal.SIGKILL
             self.assertWhole()
-        self.assertGreater(ended_early, amount(500, 5))
+        self.assertGreater(ended_early, amount(500, 3))
 
     def test_asked_to_end(self):
         self.write("x.scr", self.SAVES)
         for number in (signal.SIGINT, signal.SIGTERM):
             ended_early = 0
-            for _ in range(amount(100, 8)):
+            for _ in range(amount(100, 4)):
                 code = self.ended(number)
                 # Before the program heeds signals the system ends it.
                 self.assertIn(code, (0, 128 + number, -number))
@@ -180,7 +180,7 @@ class TwoPrograms(FaultTest):
     """Two programs that add to one library in turn, each told when the other was faster."""
 
     def test_no_update_is_lost(self):
-        count = amount(300, 12)
+        count = amount(300, 6)
         library = self.write("out/lib.ini", shipped_library())
 
         def add(who, number):
