@@ -97,6 +97,7 @@ class ButtonWidget : public ControlWidget {
     button_ = new QPushButton(brevan::shown(this->control().caption), parent);
     button_->setAutoDefault(false);
     button_->setDefault(state<Button>().role == ButtonRole::kOk);
+    button_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     widget_ = target_ = button_;
     QObject::connect(button_, &QPushButton::clicked, button_, [this] {
       owner_.operate(

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QMenu>
@@ -30,8 +31,9 @@ QString qtFilter(const std::string& filter) {
     patterns.replace(';', ' ');
     QString description = parts[part];
     const qsizetype bracket = description.indexOf('(');
-    if (bracket > 0) { description.truncate(bracket); }
-    filters.append(description.trimmed() + " (" + patterns + ')');
+    if (bracket >= 0) { description.truncate(bracket); }
+    description = description.trimmed();
+    filters.append((description.isEmpty() ? DesktopUser::tr("Files") : description) + " (" + patterns + ')');
   }
   return filters.join(";;");
 }
@@ -194,7 +196,14 @@ std::optional<std::string> DesktopUser::chooseFile(const FileRequest& request) {
   chooser.setAcceptMode(request.open || request.folder ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
   if (!request.filter.empty()) { chooser.setNameFilter(qtFilter(request.filter)); }
   chooser.setDefaultSuffix(shown(request.defaultExtension));
-  if (!request.initialName.empty()) { chooser.selectFile(shown(request.initialName)); }
+  // A name without a path is that of a library.
+  QDir data(pictureFolder_);
+  data.cdUp();
+  const QString initial = shown(request.initialName);
+  if (!initial.isEmpty() && QDir::isRelativePath(initial) && data.exists(initial)) {
+    chooser.setDirectory(data.absolutePath());
+  }
+  if (!initial.isEmpty()) { chooser.selectFile(initial); }
   modal_ = &chooser;
   if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) { return std::nullopt; }
   auto path = hostText(chooser.selectedFiles().front());

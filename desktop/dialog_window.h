@@ -42,8 +42,12 @@ class DialogWindow : public QDialog, private DialogOperator {
   [[nodiscard]] QString pictureFolder() const override { return pictureFolder_; }
 
   QWidget* build(int group);
+  [[nodiscard]] QWidget* make(int control);
   void addControl(int control, QGridLayout& grid);
+  void layButtons(int group, QWidget& box);
+  void gather(int group, QGridLayout& grid);
   void addMenuBar(int control);
+  [[nodiscard]] bool isButtonRow(int group) const;
   void showControl(int control);
   void showGroups();
   void showPictures();

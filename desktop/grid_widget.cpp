@@ -88,6 +88,7 @@ class GridWidget : public ControlWidget {
     widget_ = target_ = table_;
     table_->setMinimumSize(roomFor(state<Grid>()));
     table_->setTabKeyNavigation(false);
+    table_->setIconSize(kLineIcon);
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setIconSize(lineTypeIconSize());
@@ -125,8 +126,9 @@ class GridWidget : public ControlWidget {
       auto* title = new QTableWidgetItem(brevan::shown(grid.columns[column].title));
       title->setToolTip(brevan::shown(grid.columns[column].hint));
       table_->setHorizontalHeaderItem(static_cast<int>(column), title);
-      table_->setColumnWidth(static_cast<int>(column), grid.columns[column].width);
+      table_->setColumnWidth(static_cast<int>(column), widthOf(static_cast<int>(column)));
     }
+    table_->horizontalHeader()->setStretchLastSection(grid.columns.size() == 1);
     table_->verticalHeader()->setVisible(!grid.rowHeadings.empty());
     for (size_t row = 0; row < grid.rows.size(); ++row) {
       if (row < grid.rowHeadings.size()) {
@@ -151,6 +153,21 @@ class GridWidget : public ControlWidget {
     if (row < 0 || column < 0 || static_cast<size_t>(row) >= grid.rows.size()) { return nullptr; }
     const auto& cells = grid.rows[static_cast<size_t>(row)];
     return static_cast<size_t>(column) < cells.size() ? &cells[static_cast<size_t>(column)] : nullptr;
+  }
+  // As described, but never less than its title and the pictures of its cells need.
+  [[nodiscard]] int widthOf(int column) const {
+    constexpr int kNumber = 44;  // beside a picture
+    const Grid& grid = state<Grid>();
+    int width =
+        std::max(grid.columns[static_cast<size_t>(column)].width, table_->horizontalHeader()->sectionSizeHint(column));
+    for (const auto& row : grid.rows) {
+      if (static_cast<size_t>(column) >= row.size()) { continue; }
+      const Cell& cell = row[static_cast<size_t>(column)];
+      if (cell.kind == CellKind::kLineType && !cell.text.empty()) {
+        width = std::max(width, kLineIcon.width() + kNumber);
+      }
+    }
+    return width;
   }
   // Room for the columns as described and for a dozen rows, within what a small screen holds.
   static QSize roomFor(const Grid& grid) {
@@ -193,7 +210,7 @@ class GridWidget : public ControlWidget {
       item->setIcon(penIcon(QString::fromStdString(cell.text).toInt(), *table_));
     }
     if (cell.kind == CellKind::kLineType && !cell.text.empty()) {
-      item->setIcon(lineTypeIcon(QString::fromStdString(cell.text).toInt(), *table_));
+      item->setIcon(lineTypeIcon(QString::fromStdString(cell.text).toInt(), *table_, kLineIcon));
     }
     if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger) {
       item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -244,6 +261,7 @@ class GridWidget : public ControlWidget {
         statement("cell", place(row, column) + ' ' + scriptString(text)));
     show();
   }
+  static constexpr QSize kLineIcon{56, 12};
   QTableWidget* table_;
 };
 

@@ -18,7 +18,7 @@ const std::map<QString, const char*>& drawings() {
       {"undo", "M8 5L4 9l4 4M4 9h10a5 5 0 0 1 0 10H8"},
       {"redo", "M16 5l4 4-4 4M20 9H10a5 5 0 0 0 0 10h6"},
       {"zoom-all", "M4 9V4h5M15 4h5v5M20 15v5h-5M9 20H4v-5M9 9h6v6H9z"},
-      {"zoom-window", "M10 4a6 6 0 1 0 .01 0M14.5 14.5L20 20M7 10h6M10 7v6"},
+      {"zoom-window", "M3 3h3M8 3h3M13 3h3M3 3v3M3 8v3M3 13v3M3 16h3M12 9a4 4 0 1 0 .01 0M15 16l5 5"},
       {"zoom-in", "M10 4a6 6 0 1 0 .01 0M14.5 14.5L20 20M7 10h6M10 7v6"},
       {"zoom-out", "M10 4a6 6 0 1 0 .01 0M14.5 14.5L20 20M7 10h6"},
       {"line", "M5 19L19 5M3.5 17.5h3v3h-3zM17.5 3.5h3v3h-3z"},

@@ -50,9 +50,8 @@ QIcon penIcon(int pen, const QWidget& beside) {
 
 QSize lineTypeIconSize() { return {110, 12}; }
 
-QIcon lineTypeIcon(int number, const QWidget& beside) {
+QIcon lineTypeIcon(int number, const QWidget& beside, QSize size) {
   constexpr double kPixelsAMillimetre = 3.0;
-  const QSize size = lineTypeIconSize();
   QPixmap pixmap = cleared(size, beside.devicePixelRatioF());
   QPainter painter(&pixmap);
   QPen pen(beside.palette().color(QPalette::Text), 1.5);

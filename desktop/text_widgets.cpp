@@ -64,6 +64,7 @@ class LineWidget : public ControlWidget {
     widget_ = target_ = edit_;
     if (const auto* number = std::get_if<NumberEdit>(&this->control().state)) {
       edit_->setMaximumWidth(110);
+      edit_->setMinimumWidth(edit_->fontMetrics().horizontalAdvance("-00000.000") + 14);  // and the frame
       if (number->spin) { addArrows(parent); }
     } else {
       edit_->setMaxLength(state<TextEdit>().limit);

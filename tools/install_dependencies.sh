@@ -12,7 +12,7 @@ run_packages=(
   fonts-liberation
 )
 test_packages=(
-  poppler-utils python3-ezdxf librecad binutils locales
+  poppler-utils python3-ezdxf librecad binutils locales xvfb xdotool
   clang clang-format clang-tidy libclang-rt-14-dev
 )
 bench_packages=(libgeos-dev libcgal-dev)

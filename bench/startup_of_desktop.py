@@ -1,0 +1,82 @@
+"""From the start of the desktop until its window is there, and until it has done what was typed into it.
+
+    startup_of_desktop.py DESKTOP
+
+Runs it under Xvfb with settings of its own, alternating with a run that only tells its version, which is what loading
+the program and its toolkit takes. The first start also copies the libraries to their own place; it is told apart.
+What is typed draws a line, and is done once the file kept for recovery is there. Both end with what this script
+itself needs to look (xdotool, some 10 ms).
+"""
+
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+RUNS = 15
+LIMIT = 20.0
+
+
+def until(what, probe):
+    end = time.perf_counter() + LIMIT
+    while not (answer := probe()):
+        if time.perf_counter() > end:
+            raise SystemExit(f"waited {LIMIT} s for {what}")
+    return answer
+
+
+def start(desktop, environment):
+    """Milliseconds until the window is there, and until it has done what was typed."""
+    def xdotool(*words):
+        return subprocess.run(["xdotool", *words], env=environment, text=True, capture_output=True, check=False,
+                              timeout=LIMIT).stdout.split()
+
+    kept = pathlib.Path(environment["XDG_CONFIG_HOME"]) / "brevan" / "recovery"
+    began = time.perf_counter()
+    program = subprocess.Popen([desktop], env=environment, stderr=subprocess.DEVNULL)
+    try:
+        window = until("the window", lambda: xdotool("search", "--onlyvisible", "--name", "Drawing1 - Brevan"))[0]
+        shown = time.perf_counter() - began
+        xdotool("windowfocus", window, "key", *"line", "Return", "0", "comma", "0", "Return", "9", "comma", "9",
+                "Return", "Escape")
+        until("the typed commands", lambda: list(kept.glob(f"{program.pid}-*.drg")))
+        return 1000 * shown, 1000 * (time.perf_counter() - began)
+    finally:
+        program.kill()
+        program.wait()
+        for file in kept.glob("*"):
+            file.unlink()
+
+
+def main():
+    desktop = pathlib.Path(sys.argv[1]).resolve()
+    readable, writable = os.pipe()
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(writable), "-screen", "0", "1400x900x24", "-noreset"],
+                              pass_fds=[writable], stderr=subprocess.DEVNULL)
+    os.close(writable)
+    with open(readable, encoding="ascii") as answer, tempfile.TemporaryDirectory() as home:
+        environment = {**os.environ, "DISPLAY": ":" + answer.readline().strip(), "QT_QPA_PLATFORM": "xcb",
+                       "XDG_CONFIG_HOME": home + "/config", "XDG_DATA_HOME": home + "/data",
+                       "XDG_RUNTIME_DIR": home}
+        try:
+            first = start(desktop, environment)
+            runs, loading = [], []
+            for _ in range(RUNS):
+                runs.append(start(desktop, environment))
+                began = time.perf_counter()
+                subprocess.run([desktop, "--version"], env=environment, check=True, stdout=subprocess.DEVNULL)
+                loading.append(1000 * (time.perf_counter() - began))
+        finally:
+            server.terminate()
+            server.wait()
+    print(f"first start: window {first[0]:.0f} ms, line drawn {first[1]:.0f} ms")
+    for what, times in (("window", [run[0] for run in runs]), ("line drawn", [run[1] for run in runs]),
+                        ("loading alone", loading)):
+        print(f"{what}: median {statistics.median(times):.0f} ms, best {min(times):.0f}, worst {max(times):.0f}")
+
+
+if __name__ == "__main__":
+    main()
