@@ -85,9 +85,10 @@ HelpWindow::HelpWindow(const QString& folder, QWidget* parent)
   layout->addWidget(pages_);
   layout->addWidget(page_, 1);
   for (const PageRow& row : kPages) { pages_->addItem(tr(row.title)); }
-  connect(pages_, &QListWidget::currentRowChanged, this, [this](int index) {
-    if (index >= 0) { showPage(kPages[index].file); }
-  });
+  // Not when a row merely becomes the current one: the list's first does as the focus comes to it.
+  const auto choose = [this](QListWidgetItem* item) { showPage(kPages[pages_->row(item)].file); };
+  connect(pages_, &QListWidget::itemClicked, this, choose);
+  connect(pages_, &QListWidget::itemActivated, this, choose);
 }
 
 void HelpWindow::come() {

@@ -183,14 +183,26 @@ void MainWindow::buildToolMenus() {
   }
 }
 
+// A menu and a tool bar for each family that has commands.
 void MainWindow::buildCommandMenus() {
+  addToolBarBreak();
   for (const FamilyRow& row : kFamilies) {
     QMenu* menu = nullptr;
+    QToolBar* bar = nullptr;
     for (const CommandRow& command : host_->module()->commands()) {
       if (command.family != row.family) { continue; }
-      if (menu == nullptr) { menu = menuBar()->addMenu(tr(row.caption)); }
+      if (menu == nullptr) {
+        menu = menuBar()->addMenu(tr(row.caption));
+        bar = addToolBar(tr(row.caption).remove('&'));
+        bar->setObjectName(menu->title().remove('&') + "Bar");
+        bar->setIconSize(toolBar_->iconSize());
+      }
       const QString name = command.name;
-      action(*menu, "", shown(command.caption), {}, [this, name] { runCommand(name); })->setObjectName(name);
+      QAction* made = action(*menu, "", shown(command.caption), {}, [this, name] { runCommand(name); });
+      made->setObjectName(name);
+      made->setToolTip(shown(dialog::plainCaption(command.caption)));
+      icons_.emplace_back(made, name);
+      bar->addAction(made);
     }
   }
 }

@@ -8,6 +8,7 @@
 
 // The host as the platform's help viewer: a module looks its library up by the registered key and calls this
 // export of it. Returns null when the page could not be shown, else the viewer.
+// NOLINTNEXTLINE(readability-identifier-naming): the platform's name
 extern "C" BREVAN_API void* HtmlHelpA(void* window, const char* file, unsigned command, uintptr_t data);
 
 namespace brevan {

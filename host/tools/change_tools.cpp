@@ -58,6 +58,7 @@ std::vector<Geometry> selectedAfter(const Drawing& drawing, const Transform& tra
   std::vector<PrimitiveId> ids = drawing.selection();
   if (ids.size() > kMostShown) { ids.resize(kMostShown); }
   std::vector<Geometry> shown;
+  shown.reserve(ids.size());
   for (const PrimitiveId id : ids) { shown.push_back(transformed(drawing.find(id)->geometry, transform)); }
   return shown;
 }

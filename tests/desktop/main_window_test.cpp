@@ -149,7 +149,7 @@ TEST_F(Window, HelpShowsWhatADialogsFieldsTake) {
        [&] {
          auto* help = qobject_cast<HelpWindow*>(QApplication::activeModalWidget());
          page = help->text();
-         help->close();
+         QTest::keyClick(help, Qt::Key_Escape);
        });
   whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
   act([this] { window_->runCommand("MechDrawBolts"); });
