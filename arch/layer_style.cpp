@@ -8,10 +8,10 @@ namespace ardenix {
 
 LayerStyle readLayerStyle(std::string_view record, int first) {
   const LayerStyle usual;
-  return {.pen = coreGetFieldInt(record, usual.pen, first, kFieldSeparator),
-          .linetype = coreGetFieldInt(record, usual.linetype, first + 1, kFieldSeparator),
-          .width = coreGetFieldDouble(record, usual.width, first + 2, kFieldSeparator),
-          .visible = coreGetFieldInt(record, usual.visible ? 1 : 0, first + 3, kFieldSeparator) != 0};
+  return {{.pen = coreGetFieldInt(record, usual.pen, first, kFieldSeparator),
+           .linetype = coreGetFieldInt(record, usual.linetype, first + 1, kFieldSeparator),
+           .width = coreGetFieldDouble(record, usual.width, first + 2, kFieldSeparator)},
+          coreGetFieldInt(record, usual.visible ? 1 : 0, first + 3, kFieldSeparator) != 0};
 }
 
 std::string layerStyleFields(const LayerStyle& style) {

@@ -3,13 +3,12 @@
 #include <string>
 #include <string_view>
 
+#include "frame/line_style.h"
+
 namespace ardenix {
 
 // How the lines of one kind are drawn, and whether.
-struct LayerStyle {
-  int pen = 1;
-  int linetype = 1;
-  double width = 0.0;  // tenths of a millimetre on paper
+struct LayerStyle : LineStyle {
   bool visible = true;
 };
 

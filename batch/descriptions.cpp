@@ -42,21 +42,14 @@ class ScratchFolder {
 
 std::string described(dialog::Dialog& dialog) {
   std::string text = "dialog \"" + toUtf8(dialog.title()) + "\"\n";
-  for (int index = 0; index < static_cast<int>(dialog.controls().size()); ++index) {
-    const dialog::Control& control = dialog.control(index);
-    const std::string address = addressOf(dialog, index);
-    if (address.empty()) { continue; }
-    const std::string range = rangeText(control.state);
-    text += "  \"" + toUtf8(address) + "\"  " + std::string(kindName(control.state));
-    if (!range.empty()) { text += "  " + toUtf8(range); }
-    if (!control.toolTip.empty()) { text += "  (" + toUtf8(control.toolTip) + ')'; }
-    text += '\n';
-    if (const auto* radio = std::get_if<dialog::RadioGroup>(&control.state)) {
-      for (const dialog::RadioItem& item : radio->items) {
-        if (item.toolTip.empty()) { continue; }
-        text += "    \"" + toUtf8(dialog::plainCaption(item.caption)) + "\"  (" + toUtf8(item.toolTip) + ")\n";
-      }
+  for (const FieldLine& line : fieldLines(dialog)) {
+    text += (line.item ? "    \"" : "  \"") + toUtf8(line.name) + '"';
+    if (!line.item) {
+      const dialog::State& state = dialog.control(line.control).state;
+      const std::string range = rangeText(state);
+      text += "  " + std::string(kindName(state)) + (range.empty() ? "" : "  " + toUtf8(range));
     }
+    text += (line.toolTip.empty() ? "" : "  (" + toUtf8(line.toolTip) + ')') + '\n';
   }
   return text;
 }

@@ -3,12 +3,10 @@
 #include <QDialog>
 #include <exception>
 #include <memory>
-#include <vector>
 
-#include "desktop/control_widgets.h"
+#include "desktop/dialog_layout.h"
 
 class QEventLoop;
-class QGridLayout;
 class QLabel;
 
 namespace brevan {
@@ -41,13 +39,6 @@ class DialogWindow : public QDialog, private DialogOperator {
                const QString& statement) override;
   [[nodiscard]] QString pictureFolder() const override { return pictureFolder_; }
 
-  QWidget* build(int group);
-  [[nodiscard]] QWidget* make(int control);
-  void addControl(int control, QGridLayout& grid);
-  void layButtons(int group, QWidget& box);
-  void gather(int group, QGridLayout& grid);
-  void addMenuBar(int control);
-  [[nodiscard]] bool isButtonRow(int group) const;
   void showControl(int control);
   void showGroups();
   void showPictures();
@@ -61,9 +52,7 @@ class DialogWindow : public QDialog, private DialogOperator {
   Recorder& recorder_;
   QString pictureFolder_;
   std::unique_ptr<Session> session_;
-  std::vector<std::unique_ptr<ControlWidget>> controls_;  // as the description counts them; null for the menu bar
-  std::vector<QLabel*> labels_;                           // before fields; null where there is none
-  std::vector<QWidget*> groups_;
+  DialogWidgets widgets_;
   QLabel* message_ = nullptr;
   QEventLoop* loop_ = nullptr;
   std::exception_ptr error_;  // of a rule; thrown again where no Qt code is in between

@@ -54,16 +54,9 @@ QString row(const std::string& name, const std::string& takes, const std::string
 
 QString helpOn(dialog::Dialog& dialog) {
   QString rows;
-  for (int index = 0; index < static_cast<int>(dialog.controls().size()); ++index) {
-    const dialog::Control& control = dialog.control(index);
-    const std::string name = addressOf(dialog, index);
-    if (name.empty() || !isShown(dialog, index)) { continue; }
-    rows += row(name, takenBy(control.state), control.toolTip);
-    if (const auto* radio = std::get_if<dialog::RadioGroup>(&control.state)) {
-      for (const dialog::RadioItem& item : radio->items) {
-        if (!item.toolTip.empty()) { rows += row(dialog::plainCaption(item.caption), "", item.toolTip); }
-      }
-    }
+  for (const FieldLine& line : fieldLines(dialog)) {
+    if (!isShown(dialog, line.control)) { continue; }
+    rows += row(line.name, line.item ? "" : takenBy(dialog.control(line.control).state), line.toolTip);
   }
   return "<h2>" + shown(dialog.title()).toHtmlEscaped() +
          "</h2><table cellpadding=4 border=1 style=\"border-collapse: collapse\">" + "<tr><th>" +

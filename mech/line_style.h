@@ -4,16 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "frame/line_style.h"
 #include "mech/definition_store.h"
 
 namespace ardenix {
-
-// How a stroke is drawn.
-struct LineStyle {
-  int pen = 1;
-  int linetype = 1;
-  double width = 0.0;  // tenths of a millimetre on paper
-};
 
 // The three line styles of mechanical drawings, as the configuration file keeps them in section "Setup":
 // keys prefix + "LT", "Pen" and "LW" (millimetres). What the setup dialog offers for a missing key is

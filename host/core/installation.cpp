@@ -41,8 +41,8 @@ Places findPlaces(const std::string& dataOption) {
     throw HostFailure("the data folder \"" + dataOption + "\" is not there");
   }
   Places places;
-  places.dataFolder = firstThere(
-      {dataOption, environment("BREVAN_DATA"), program / "../share/brevan", BREVAN_SOURCE_DATA}, "the data folder");
+  places.dataFolder =
+      firstThere({dataOption, environment("BREVAN_DATA"), program / "../share/brevan"}, "the data folder");
   places.module =
       firstThere({environment("ARDENIX_MODULE"), program / "libardenix.so", program / "../lib/brevan/libardenix.so"},
                  "the module libardenix.so");

@@ -6,7 +6,7 @@ namespace brevan {
 
 // Where the program finds what belongs to it. Paths are UTF-8.
 struct Places {
-  std::string dataFolder;  // BREVAN_DATA, beside the program (../share/brevan), or the source tree's
+  std::string dataFolder;  // BREVAN_DATA, or beside the program (../share/brevan)
   std::string module;      // ARDENIX_MODULE, beside the program, or ../lib/brevan
   std::string helpFile;    // of the host, beside its data
 };

@@ -188,6 +188,22 @@ std::string addressOf(Dialog& dialog, int control) {
   return alike > 1 && !group.empty() ? group + '/' + name : name;
 }
 
+std::vector<FieldLine> fieldLines(Dialog& dialog) {
+  std::vector<FieldLine> lines;
+  for (int index = 0; index < static_cast<int>(dialog.controls().size()); ++index) {
+    const Control& control = dialog.control(index);
+    std::string name = addressOf(dialog, index);
+    if (name.empty()) { continue; }
+    lines.push_back({index, false, std::move(name), control.toolTip});
+    const auto* radio = std::get_if<RadioGroup>(&control.state);
+    if (radio == nullptr) { continue; }
+    for (const RadioItem& item : radio->items) {
+      if (!item.toolTip.empty()) { lines.push_back({index, true, plainCaption(item.caption), item.toolTip}); }
+    }
+  }
+  return lines;
+}
+
 int controlAt(Dialog& dialog, std::string_view address) {
   const std::string wanted = plainCaption(address);
   const auto search = [&](bool focusable) {

@@ -27,6 +27,16 @@ bool isShown(dialog::Dialog& dialog, int control);
 // A control's address: its fixed name, else its caption, with its group before it where the caption
 // occurs twice.
 std::string addressOf(dialog::Dialog& dialog, int control);
+// What a person reads about one field: its address or a radio item's caption, what it takes, what it is for.
+struct FieldLine {
+  int control;
+  bool item;  // of the radio group before it
+  std::string name;
+  std::string toolTip;
+};
+// The fields that have a name, in the dialog's order, each radio item with a tool tip after its group.
+std::vector<FieldLine> fieldLines(dialog::Dialog& dialog);
+
 // The control of an address (case counts for nothing); -1 where there is none, -2 where there are several. Of several
 // the only one that is shown is meant.
 int controlAt(dialog::Dialog& dialog, std::string_view address);
