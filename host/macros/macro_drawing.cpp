@@ -5,6 +5,32 @@
 
 namespace brevan {
 
+namespace {
+
+const SymbolDefinition* inTable(const SymbolTable* table, const std::string& name) {
+  const auto entry = table == nullptr ? SymbolTable::const_iterator() : table->find(name);
+  return table == nullptr || entry == table->end() ? nullptr : &entry->second;
+}
+
+const SymbolDefinition* definitionOf(DrawingWindow& window, const std::string& name) {
+  if (const SymbolDefinition* here = window.drawing().symbol(name)) { return here; }
+  if (const SymbolDefinition* loaded = inTable(&window.macroState().symbols, name)) { return loaded; }
+  return inTable(window.services().symbols, name);
+}
+
+}  // namespace
+
+bool hasSymbol(DrawingWindow& window, const std::string& name) { return definitionOf(window, name) != nullptr; }
+
+void takeSymbol(DrawingWindow& window, const std::string& name) {
+  const SymbolDefinition* definition = definitionOf(window, name);
+  if (definition == nullptr || window.drawing().symbol(name) != nullptr) { return; }
+  window.drawing().addSymbol(*definition);
+  for (const Primitive& part : window.drawing().symbol(name)->parts) {
+    if (const auto* inner = std::get_if<Symbol>(&part.geometry)) { takeSymbol(window, inner->name); }
+  }
+}
+
 std::optional<Curve> curveOf(const Primitive& primitive) {
   if (const auto* line = std::get_if<Line>(&primitive.geometry)) { return *line; }
   if (const auto* arc = std::get_if<Arc>(&primitive.geometry)) { return *arc; }

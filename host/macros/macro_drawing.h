@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "host/drawing/primitive.h"
 #include "host/geometry/curve.h"
@@ -19,6 +20,10 @@ PrimitiveId drawInStyle(DrawingWindow& window, Geometry geometry);
 // The line or arc whose curve is nearest to the point within reach, on a visible layer; what the open group
 // holds comes first. 0: none.
 PrimitiveId nearestCurve(DrawingWindow& window, Point p, double reach);
+// Whether the drawing, or a symbol file that was loaded, defines a symbol of this name.
+bool hasSymbol(DrawingWindow& window, const std::string& name);
+// Brings such a symbol into the drawing with all that it is made of; the drawing's own definition of a name stays.
+void takeSymbol(DrawingWindow& window, const std::string& name);
 // The group that is open and has members; 0 where there is none.
 GroupId groupInTheMaking(DrawingWindow& window);
 

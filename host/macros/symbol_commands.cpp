@@ -26,34 +26,13 @@ std::string baseName(const std::string& path) {
   return file.substr(0, file.find_last_of('.'));
 }
 
-const SymbolDefinition* inTable(const SymbolTable* table, const std::string& name) {
-  const auto entry = table == nullptr ? SymbolTable::const_iterator() : table->find(name);
-  return table == nullptr || entry == table->end() ? nullptr : &entry->second;
-}
-
-const SymbolDefinition* definitionOf(DrawingWindow& window, const std::string& name) {
-  if (const SymbolDefinition* here = window.drawing().symbol(name)) { return here; }
-  if (const SymbolDefinition* loaded = inTable(&window.macroState().symbols, name)) { return loaded; }
-  return inTable(window.services().symbols, name);
-}
-
-// Into the drawing with all that it is made of; the drawing's own definition of a name stays.
-void takeDefinition(DrawingWindow& window, const std::string& name) {
-  const SymbolDefinition* definition = definitionOf(window, name);
-  if (definition == nullptr || window.drawing().symbol(name) != nullptr) { return; }
-  window.drawing().addSymbol(*definition);
-  for (const Primitive& part : window.drawing().symbol(name)->parts) {
-    if (const auto* inner = std::get_if<Symbol>(&part.geometry)) { takeDefinition(window, inner->name); }
-  }
-}
-
 // A symbol placed is a pattern of its own, named for the symbol.
 PrimitiveId place(DrawingWindow& window, Symbol symbol) {
   Drawing& drawing = window.drawing();
   const std::string name = symbol.name;
   const GroupId group = drawing.addGroup(window.openGroup().parent(), name);
   const PrimitiveId id = drawInStyle(window, std::move(symbol));
-  takeDefinition(window, name);  // last: a placing that is refused leaves none behind
+  takeSymbol(window, name);  // last: a placing that is refused leaves none behind
   Primitive grouped = *drawing.find(id);
   grouped.group = group;
   drawing.replace(id, std::move(grouped));
@@ -82,9 +61,7 @@ void loadSymbolFile(MacroRun& run) {
 
 void addSymbol(MacroRun& run) {
   const std::string& name = run.text(0);
-  if (definitionOf(run.window, name) == nullptr) {
-    throw MacroError(run.column(0), "there is no symbol \"" + name + "\"");
-  }
+  if (!hasSymbol(run.window, name)) { throw MacroError(run.column(0), "there is no symbol \"" + name + "\""); }
   if (run.number(2) <= 0.0) { throw MacroError(run.column(2), "a symbol's scale is above 0"); }
   place(run.window, Symbol{name, run.point(1), run.number(2), run.number(3)});
 }

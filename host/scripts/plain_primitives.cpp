@@ -4,6 +4,7 @@
 
 #include "frame/host/number_text.h"
 #include "host/core/text_encoding.h"
+#include "host/macros/macro_drawing.h"
 
 namespace brevan {
 
@@ -55,9 +56,7 @@ Geometry textOf(const ScriptCursor& cursor, const Statement& statement, DrawingW
 Geometry symbolOf(const ScriptCursor& cursor, const Statement& statement, DrawingWindow& window) {
   Symbol symbol;
   symbol.name = cursor.string(statement, 2);
-  if (window.drawing().symbol(symbol.name) == nullptr) {
-    cursor.fail(statement, "there is no symbol \"" + toUtf8(symbol.name) + '"');
-  }
+  if (!hasSymbol(window, symbol.name)) { cursor.fail(statement, "there is no symbol \"" + toUtf8(symbol.name) + '"'); }
   symbol.at = cursor.point(statement, 3);
   symbol.scale = positive(cursor, statement, 5, "a symbol's scale");
   symbol.rotation = cursor.number(statement, 6);
