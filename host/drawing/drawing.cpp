@@ -100,6 +100,7 @@ void Drawing::put(PrimitiveId id, Primitive&& primitive) {
     members.push_back(id);
   }
   unindexed_.push_back(id);
+  taken_ += weight(place.primitive.geometry);
   ++count_;
   touch(id);
   if (listener_ != nullptr) { listener_->primitiveAdded(id, place.primitive); }
@@ -317,6 +318,7 @@ const SymbolDefinition* Drawing::symbol(std::string_view name) const {
 void Drawing::addSymbol(SymbolDefinition symbol) {
   makeRoomToNote();
   std::string name = symbol.name;
+  taken_ += symbol.parts.size();
   SymbolChange change{std::move(name), std::make_unique<SymbolDefinition>(std::move(symbol))};
   swapSymbol(change);
   note(std::move(change));

@@ -172,6 +172,9 @@ class Drawing {
   void setListener(DrawingListener* listener) { listener_ = listener; }
   // What changed since this was called last; all the first time. Parameters, sheet and layers are not noted.
   [[nodiscard]] TouchedRows takeTouched();
+  // The weight of all that ever came in, changed, undone and loaded primitives included. As undo keeps what was, the
+  // memory that the drawing takes follows it.
+  [[nodiscard]] uint64_t taken() const { return taken_; }
   // Counts up with every change; what is saved and what is shown compare it.
   [[nodiscard]] uint64_t revision() const { return revision_; }
 
@@ -231,6 +234,7 @@ class Drawing {
   int stepDepth_ = 0;
   bool loading_ = false;
   uint64_t revision_ = 0;
+  uint64_t taken_ = 0;
   DrawingListener* listener_ = nullptr;
   std::optional<TouchedRows> touched_;  // none: nobody asks
 };

@@ -107,6 +107,15 @@ bool canTransform(const Geometry& geometry, const Transform& transform) {
   return !std::holds_alternative<Arc>(geometry) || transform.keepsShape();
 }
 
+size_t weight(const Geometry& geometry) {
+  constexpr size_t kLettersOfALine = 128;  // a primitive and its places in the indexes take about 240 bytes
+  if (const Text* text = std::get_if<Text>(&geometry)) { return 1 + text->text.size() / kLettersOfALine; }
+  if (const auto* dimension = std::get_if<Dimension>(&geometry)) {
+    return 1 + dimension->text.size() / kLettersOfALine;
+  }
+  return 1;
+}
+
 bool isFinite(const Geometry& geometry) {
   bool finite = true;
   forEachPoint(geometry, [&finite](Point p) { finite = finite && isFinite(p); });

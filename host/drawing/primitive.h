@@ -102,6 +102,9 @@ void forEachPoint(const Geometry& geometry, const Function& function) {
 Geometry transformed(const Geometry& geometry, const Transform& transform);
 bool canTransform(const Geometry& geometry, const Transform& transform);
 
+// What it takes in memory, in lines: one, and more where its text is long.
+size_t weight(const Geometry& geometry);
+
 // Every number of it is finite.
 bool isFinite(const Geometry& geometry);
 

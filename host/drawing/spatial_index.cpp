@@ -29,8 +29,6 @@ SpatialIndex::~SpatialIndex() = default;
 SpatialIndex::SpatialIndex(SpatialIndex&& other) noexcept = default;
 SpatialIndex& SpatialIndex::operator=(SpatialIndex&& other) noexcept = default;
 
-size_t SpatialIndex::size() const { return tree_->entries.size(); }
-
 double SpatialIndex::spacing() const {
   if (tree_->entries.empty()) { return 0.0; }
   const TreeBox all = tree_->entries.bounds();

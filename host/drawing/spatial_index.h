@@ -22,7 +22,6 @@ class SpatialIndex {
   SpatialIndex(SpatialIndex&& other) noexcept;
   SpatialIndex& operator=(SpatialIndex&& other) noexcept;
 
-  [[nodiscard]] size_t size() const;
   // About how far the entries lie apart; 0 for an empty tree.
   [[nodiscard]] double spacing() const;
   // Builds the tree anew from all entries, which packs it well.

@@ -8,7 +8,7 @@ namespace brevan::macroHandlers {
 
 namespace {
 
-// What one command may add; more is a slip of the pen, and would fill the memory.
+// The weight that one command may add; more is a slip of the pen, and would fill the memory.
 constexpr double kMostAdded = 5e6;
 
 std::vector<PrimitiveId> changeableSelection(MacroRun& run) {
@@ -51,8 +51,10 @@ void repeat(MacroRun& run, const TransformOf& transformOf) {
   const double copies = run.number(0);
   if (copies <= 0.0) { return; }  // callers send n - 1 in passing
   const std::vector<PrimitiveId> ids = changeableSelection(run);
-  if (copies * static_cast<double>(ids.size()) > kMostAdded) {
-    throw MacroError(run.column(0), "REPEAT adds at most 5000000 primitives at once");
+  double once = 0.0;
+  for (const PrimitiveId id : ids) { once += static_cast<double>(weight(run.window.drawing().find(id)->geometry)); }
+  if (copies * once > kMostAdded) {
+    throw MacroError(run.column(0), "REPEAT adds at most 5000000 primitives at once, a long text counting as several");
   }
   for (int copy = 1; copy <= static_cast<int>(copies) && !ids.empty(); ++copy) {
     const Transform transform = transformOf(copy);

@@ -10,6 +10,7 @@
 #include "host/files/drawing_files.h"
 #include "host/files/drg_writer.h"
 #include "host/macros/lexer.h"
+#include "host/macros/macro_drawing.h"
 #include "host/scripts/dialog_answers.h"
 #include "host/scripts/plain_primitives.h"
 #include "host/tools/drawing_tools.h"
@@ -70,7 +71,10 @@ ScriptPlayer::ScriptPlayer(const Script& script, const PlayerParts& parts)
       parts_(parts),
       host_(HostParts{user_, parts.files, parts.settings, parts.transcript, parts.helpFile}) {
   user_.report = parts_.report;
-  user_.checkStop = parts_.checkStop;
+  user_.checkStop = [this] {
+    if (parts_.checkStop) { parts_.checkStop(); }
+    checkBudget();
+  };
   if (!parts_.modulePath.empty()) { host_.loadModule(parts_.modulePath); }
 }
 
@@ -80,6 +84,7 @@ void ScriptPlayer::play() {
     const Statement& statement = cursor_.take();
     try {
       playOne(statement);
+      checkBudget();
     } catch (const ScriptFailure&) { throw; } catch (const HostFailure& failure) {
       cursor_.fail(statement, messageText(toUtf8(failure.what())));
     } catch (const MacroError& error) {
@@ -91,6 +96,12 @@ void ScriptPlayer::play() {
     } catch (const std::exception& failure) { cursor_.fail(statement, toUtf8(failure.what())); }
   }
   user_.noteProgress();
+}
+
+void ScriptPlayer::checkBudget() {
+  if (host_.taken() > parts_.mostDrawn) {
+    throw HostFailure("a script draws and changes at most " + std::to_string(parts_.mostDrawn) + " primitives");
+  }
 }
 
 void ScriptPlayer::playOne(const Statement& statement) {
@@ -241,7 +252,12 @@ void ScriptPlayer::setStyle(const Statement& statement) {
 void ScriptPlayer::draw(const Statement& statement) {
   DrawingWindow& window = host_.window();
   Geometry geometry = plainGeometry(cursor_, statement, window);
+  const auto* symbol = std::get_if<Symbol>(&geometry);
+  const std::string name = symbol == nullptr ? "" : symbol->name;
+  window.drawing().beginStep("Draw");
   window.addPlain(std::move(geometry));
+  if (!name.empty()) { takeSymbol(window, name); }
+  window.drawing().endStep();
 }
 
 void ScriptPlayer::runMacro(const Statement& statement) { host_.runMacro(statement.rest); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -25,6 +26,10 @@ struct PlayerParts {
   Transcript* transcript = nullptr;
   std::function<void(const std::string& text)> report;  // messages and statuses in passing, UTF-8
   std::function<void()> checkStop;
+  uint64_t mostDrawn = kMostDrawn;
+
+  // Primitives that a script may draw, change and load, in all its windows together; more would fill the memory.
+  static constexpr uint64_t kMostDrawn = 10'000'000;
 };
 
 // Plays a script from its first statement to its last. A statement that fails throws ScriptFailure with
@@ -40,6 +45,7 @@ class ScriptPlayer {
   struct StatementRow;
   static const std::vector<StatementRow>& rows();
   void playOne(const Statement& statement);
+  void checkBudget();
 
   void setSetting(const Statement& statement);
   void setParameter(const Statement& statement);

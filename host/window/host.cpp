@@ -43,6 +43,9 @@ void Host::loadModule(const std::string& path) {
 }
 
 DrawingWindow& Host::openWindow(std::string name) {
+  if (windows_.size() == kMostWindows) {
+    throw HostFailure("there are " + std::to_string(kMostWindows) + " windows open, and no more can be opened");
+  }
   DrawingSource* const drawings = parts_.drawings != nullptr ? parts_.drawings : &fileDrawings_;
   windows_.push_back(std::make_unique<DrawingWindow>(
       std::move(name), WindowServices{parts_.user, variables_, parts_.events, drawings, &symbols_}));
@@ -61,6 +64,12 @@ void Host::closeWindow(std::string_view name) {
   } else {
     goToWindow(current);
   }
+}
+
+uint64_t Host::taken() const {
+  uint64_t all = 0;
+  for (const auto& window : windows_) { all += window->drawing().taken(); }
+  return all;
 }
 
 DrawingWindow* Host::goToWindow(std::string_view name) {

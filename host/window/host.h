@@ -61,6 +61,8 @@ struct HostParts {
 // free functions of the seam answer for it (for the newest, where several live).
 class Host {
  public:
+  static constexpr size_t kMostWindows = 1000;
+
   explicit Host(const HostParts& parts);
   ~Host();
   Host(const Host&) = delete;
@@ -78,6 +80,7 @@ class Host {
   // Runs one macro command as typed by the user. Throws MacroError.
   void runMacro(std::string_view text);
 
+  // Throws HostFailure where kMostWindows are open.
   DrawingWindow& openWindow(std::string name);
   [[nodiscard]] DrawingWindow& window() { return *windows_.at(current_); }
   // Closes the window of this name; in place of the last one a new empty one is opened.
@@ -85,6 +88,8 @@ class Host {
   // Null for a name that no window bears.
   DrawingWindow* goToWindow(std::string_view name);
   [[nodiscard]] std::vector<std::string> windowNames() const;
+  // The weight of all that came into the drawings, see Drawing::taken.
+  [[nodiscard]] uint64_t taken() const;
   // "Drawing<n>" that no window bears yet.
   [[nodiscard]] std::string freeWindowName() const;
 

@@ -23,7 +23,8 @@ class Player : public CoreFixture {
                                          "",
                                          &transcript_,
                                          {},
-                                         {}});
+                                         {},
+                                         mostDrawn_});
     try {
       player_->play();
     } catch (const ScriptFailure& failure) { return failure.what(); }
@@ -31,6 +32,7 @@ class Player : public CoreFixture {
   }
   Drawing& drawing() { return player_->host().window().drawing(); }
   Transcript transcript_;
+  uint64_t mostDrawn_ = PlayerParts::kMostDrawn;
 
  private:
   FileServices confined_{folder(), folder(), FileServices::Confinement{folder() + "/out", {}}};
@@ -92,6 +94,22 @@ TEST_F(Player, EveryStatementRefusesBadInputWithItsLineAndRule) {
   EXPECT_NE(play("parameter unit 1e308\n"), "") << "a unit that overflows";
   EXPECT_NE(play("expect no prompt\n"), "") << "a check that cannot fail";
   EXPECT_NE(play("layer \"L\"\nmacro NEWLAYER \"M\"\nmacro FLY\n").find("a.scr:3: column 1"), std::string::npos);
+}
+
+TEST_F(Player, WhatDrawsWithoutEndIsStoppedByName) {
+  mostDrawn_ = 100;
+  const std::string grow = "macro SELECTLAYER \"0\"\nmacro REPEAT 40 \"Y\" [0,0] [1,1]\n";
+  const std::string rule = "a script draws and changes at most 100 primitives";
+  EXPECT_EQ(play("draw line 0 0 1 1\n" + grow), "");
+  EXPECT_EQ(play("draw line 0 0 1 1\n" + grow + grow), "a.scr:5: " + rule);
+  EXPECT_EQ(play("draw line 0 0 1 1\n" + grow + "undo\n" + grow + "undo\n" + grow), "a.scr:9: " + rule);
+  EXPECT_EQ(play("draw text 0 0 35 \"" + std::string(20000, 'x') + "\"\n"), "a.scr:1: " + rule);
+  std::string windows;
+  for (int window = 1; window <= 3; ++window) { windows += "new\ndraw line 0 0 1 1\n" + grow; }
+  EXPECT_EQ(play(windows), "a.scr:12: " + rule);
+  windows = "";
+  for (size_t window = 0; window < Host::kMostWindows; ++window) { windows += "new\n"; }
+  EXPECT_EQ(play(windows), "a.scr:1000: there are 1000 windows open, and no more can be opened");
 }
 
 TEST_F(Player, DrawsAsTheDesktopsToolsDo) {
