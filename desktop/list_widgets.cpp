@@ -132,6 +132,7 @@ class ColumnsWidget : public ControlWidget {
     list_ = new QTreeWidget(parent);
     widget_ = target_ = list_;
     list_->setRootIsDecorated(false);
+    list_->header()->setStretchLastSection(false);  // widths are what the user drags, not what the window leaves
     list_->setMinimumSize(240, 110);
     QStringList titles;
     for (const ListColumn& column : state<ColumnList>().columns) { titles.append(brevan::shown(column.title)); }
