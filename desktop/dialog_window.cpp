@@ -93,11 +93,6 @@ void DialogWindow::showGroups() {
   }
 }
 
-QWidget* DialogWindow::widgetOf(int control) const {
-  const auto& widget = widgets_.controls.at(static_cast<size_t>(control));
-  return widget == nullptr ? nullptr : widget->focusTarget() != nullptr ? widget->focusTarget() : widget->widget();
-}
-
 QString DialogWindow::refusalShown() const { return message_->isHidden() ? QString() : message_->text(); }
 
 void DialogWindow::giveFocus(int control, bool selectAll) {

@@ -23,7 +23,6 @@ class DialogWindow : public QDialog, private DialogOperator {
 
   // Until the dialog is closed; true for OK.
   bool run();
-  [[nodiscard]] QWidget* widgetOf(int control) const;
   [[nodiscard]] QString refusalShown() const;
   [[nodiscard]] dialog::Dialog& description() override { return description_; }
 

@@ -17,8 +17,6 @@ constexpr ModeRow kModes[] = {
 
 }  // namespace
 
-std::span<const ModeRow> modeRows() { return kModes; }
-
 const ModeRow& modeRow(SurveyMode mode) { return kModes[static_cast<size_t>(mode)]; }
 
 std::optional<SurveyMode> modeOf(int number) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string_view>
 
 namespace ardenix::survey {
@@ -18,7 +17,6 @@ struct ModeRow {
 
 inline constexpr std::string_view kHostSection = "SG_DEFAULTS";
 
-std::span<const ModeRow> modeRows();
 const ModeRow& modeRow(SurveyMode mode);
 // Nothing for a number that is no mode.
 std::optional<SurveyMode> modeOf(int number);

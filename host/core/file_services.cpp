@@ -48,8 +48,6 @@ FileServices::FileServices(const std::string& baseFolder, const std::string& dat
   report_ = std::move(confinement->report);
 }
 
-void FileServices::setBaseFolder(const std::string& folder) { baseFolder_ = physicalPath(folder); }
-
 std::string FileServices::checked(std::string_view path) const {
   if (path.find('\0') != std::string_view::npos) { refuse(path, "it holds a NUL byte"); }
   std::string forward = forwardSlashes(path);
