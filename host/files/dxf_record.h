@@ -89,7 +89,7 @@ class DxfRecord {
     const auto value = numberText::parseInteger(trimmed(tag.value));
     if (value && *value >= INT32_MIN && *value <= INT32_MAX) { return static_cast<int>(*value); }
     const double real = realOf(tag);  // some programs write 1.0
-    if (real != static_cast<double>(static_cast<int64_t>(real)) || real > INT32_MAX || real < INT32_MIN) {
+    if (real > INT32_MAX || real < INT32_MIN || real != static_cast<double>(static_cast<int64_t>(real))) {
       refuse(tag, "a whole number");
     }
     return static_cast<int>(real);

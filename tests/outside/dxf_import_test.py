@@ -14,19 +14,50 @@ BATCH = pathlib.Path(sys.argv[1]).resolve()
 VERSIONS = ["R12", "R2000", "R2004", "R2007", "R2010", "R2013", "R2018"]
 
 
+def groups(*pairs):
+    return "".join(f"{code}\n{value}\n" for code, value in pairs)
+
+
+TEXT = ((8, "0"), (10, 1), (20, 2), (40, 2.5))
+# What few programs write: the entity, its groups, the kinds or texts that come in, what the report names.
+SELDOM = [
+    ("TEXT", (*TEXT, (1, "%%176%%u %%o%%999 a^Ib^ c")), ["\u00b0 %%999 a\tb^c"], ""),
+    ("TEXT", (*TEXT, (1, "\\U+00D8 \\U+20AC \\U+12")), ["\u00d8 \u20ac \\U+12"], ""),
+    ("MTEXT", (*TEXT, (1, "\\LA\\l \\W0.5;B^JC^ID\\~E")), ["A B\\NC D E"], ""),
+    ("MTEXT", (*TEXT, (1, "\\S1^ 2; \\S3#4; \\S\\/5/6;")), ["1/2 3/4 /5/6"], ""),
+    ("POINT", ((8, "0"), (10, 1), (20, 2)), [], "1 POINT"),
+    ("LINE", ((8, "0"), (10, 1), (20, 2), (11, 3), (21, 4), (60, 1)), [], "1 LINE that is invisible"),
+    ("LINE", ((8, "0"), (10, 1), (20, 2), (11, 3), (21, 4), (67, 1)), [], "1 LINE on a layout"),
+    ("POLYLINE", ((8, "0"), (66, 1), (70, 64)), [], "1 POLYLINE that is a mesh"),
+    ("ATTRIB", (*TEXT, (1, "A"), (70, 1)), [], "1 ATTRIB that is hidden"),
+    ("ATTDEF", (*TEXT, (1, "A"), (70, 0)), [], "1 ATTDEF"),
+    ("ATTDEF", (*TEXT, (1, "A"), (70, 2.0)), ["A"], ""),
+    ("3DFACE", ((8, "0"), (10, 0), (20, 0), (11, 9), (21, 0), (12, 9), (22, 9), (13, 0), (23, 9)), ["line"] * 4, ""),
+    ("3DFACE", ((8, "0"), (10, 0), (20, 0), (11, 9), (21, 0), (12, 9), (22, 9)), ["line"] * 3, ""),
+    ("ELLIPSE", ((8, "0"), (10, 0), (20, 0), (11, 5), (21, 0), (40, 1), (41, 0), (42, math.pi)), ["arc"], ""),
+]
+
+
 class Import(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def convert(self, document, ending="json"):
-        document.saveas(self.folder / "in.dxf")
+    def convert(self, document=None, ending="json", code=0):
+        if document is not None:
+            document.saveas(self.folder / "in.dxf")
         out = self.folder / f"out.{ending}"
         run = subprocess.run([BATCH, "convert", self.folder / "in.dxf", out], capture_output=True, text=True, check=False)
-        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertEqual(run.returncode, code, run.stderr)
         self.report = run.stderr
+        if code != 0:
+            return None
         return json.loads(out.read_text(encoding="utf-8")) if ending == "json" else out
+
+    def write(self, *entities):
+        text = groups((0, "SECTION"), (2, "ENTITIES"), *entities, (0, "ENDSEC"), (0, "EOF"))
+        (self.folder / "in.dxf").write_text(text, encoding="ascii")
 
     def kinds(self, drawing):
         return [primitive["type"] for primitive in drawing["primitives"]]
@@ -208,6 +239,21 @@ class Import(unittest.TestCase):
         self.assertEqual(code("good.dxf", "no/such/folder/x.json"), 4)
         self.assertEqual(code("good.dxf", "good.dxf"), 4)
         self.assertEqual(code("good.dxf", "x.drg"), 0)
+
+    def test_what_few_programs_write_comes_in_or_is_named(self):
+        for kind, pairs, wanted, named in SELDOM:
+            with self.subTest(kind, pairs=pairs):
+                self.write((0, kind), *pairs)
+                drawing = self.convert()
+                self.assertEqual([p.get("text", p["type"]) for p in drawing["primitives"]], wanted)
+                self.assertIn(named, self.report)
+                self.assertEqual(bool(self.report), bool(named))
+
+    def test_numbers_out_of_range_are_refused(self):
+        for number in ("1e300", "2147483648", "-1e10", "1.5"):
+            self.write((0, "LWPOLYLINE"), (8, "0"), (70, number))
+            self.convert(code=3)
+            self.assertIn("a whole number", self.report)
 
 
 if __name__ == "__main__":
