@@ -1,101 +1,82 @@
 #!/usr/bin/python3
-"""The bolt catalogue as the bolt dialog and a draughtsman meet it."""
+"""The libraries of fasteners as their dialogs and a draughtsman meet them: bolts, screws, nuts, holes and rivets."""
 import configparser
 import re
-import subprocess
-import sys
 import unittest
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
-CATALOGUE = ROOT / "data" / "ISO Mechspecs.ini"
+CATALOGUE = Path(__file__).resolve().parents[2] / "data" / "ISO Mechspecs.ini"
 SECTIONS = ("BOLTS CAPSCREWS NUTS HOLES WELDS RIVETS SHAFTS GEARS LINKS FLANGES SURFACE_FINISH").split()
+SIZES = (3, 4, 5, 6, 8, 10, 12, 16, 20, 24)
 
-# As printed in tables of fasteners: minor diameter, and thread length up to 125, up to 200 and beyond.
+LENGTH, INDEX = r",\d+\.\d{3}", r",\d"
+FORMATS = {
+    "BOLTS": ("Bolt", LENGTH * 6),
+    "CAPSCREWS": ("Bolt", LENGTH * 8 + INDEX * 2),
+    "NUTS": ("Nut", LENGTH * 8 + INDEX * 2),
+    "HOLES": ("Hole", LENGTH * 4 + INDEX * 2 + LENGTH * 2),
+    "RIVETS": ("Bolt", LENGTH * 3 + INDEX + LENGTH * 3 + INDEX),
+}
+
+# As printed in tables of fasteners, one part of each size: M10 unless the name says otherwise.
 PUBLISHED = {
+    "CAPSCREWS": {
+        "M10x60": "16.000,10.000,10.000,60.000,28.000,8.160,10.000,8.000,0,0",
+        "M24x200": "36.000,24.000,24.000,200.000,140.000,20.319,24.000,19.000,0,0",
+        "M8x30CSK": "17.920,4.960,8.000,25.040,0.000,6.466,8.000,5.000,1,0",
+        "M6x16BH": "10.500,3.300,6.000,16.000,0.000,4.773,6.000,4.000,2,0",
+        "M12x20SET": "12.000,3.000,12.000,20.000,0.000,9.853,12.000,6.000,4,0",
+    },
+    "NUTS": {
+        "M10": "16.000,8.400,10.000,14.600,8.376,0.000,0.000,0.000,0,0",
+        "M12THINWF": "18.000,5.400,12.000,16.600,10.106,0.600,0.000,0.000,0,1",
+        "M16CASTLE": "24.000,20.800,16.000,22.500,13.835,0.000,4.500,6.000,1,0",
+    },
+    "HOLES": {
+        "M10x15TAP": "8.500,10.000,22.300,0.000,1,1,0.000,15.000",
+        "M8CB": "9.000,0.000,16.600,8.600,0,0,15.000,0.000",
+        "M16CLRC": "18.500,0.000,32.000,0.000,0,0,0.000,0.000",
+    },
+    "RIVETS": {
+        "4x12SNAP": "4.000,2.400,7.000,0,6.000,2.400,7.000,0",
+        "5x12CSK": "5.000,2.500,8.800,4,9.000,2.500,8.800,4",
+    },
+}
+# Of bolts by diameter: minor diameter, and thread length up to 125, up to 200 and beyond.
+THREADS = {
     3: (2.387, 12), 4: (3.141, 14), 5: (4.019, 16), 6: (4.773, 18), 8: (6.466, 22), 10: (8.160, 26),
     12: (9.853, 30), 16: (13.546, 38, 44), 20: (16.933, 46, 52), 24: (20.319, 54, 60, 73),
     30: (25.706, 66, 72, 85), 36: (31.093, None, 84, 97),
 }
 
 
-def load():
-    catalogue = configparser.ConfigParser(interpolation=None, comment_prefixes=(";",), delimiters=("=",), strict=True)
-    catalogue.optionxform = str
-    catalogue.read_string(CATALOGUE.read_bytes().decode("cp1252"))
-    return catalogue
-
-
-def numbered_records(section):
-    """Records 1, 2, 3, ... up to the first missing one, as the definition store counts them."""
-    records = []
-    while record := section.get(f"Bolt{len(records) + 1}", ""):
-        records.append(record)
-    return records
-
-
-class MechspecsTest(unittest.TestCase):
+class Mechspecs(unittest.TestCase):
     def setUp(self):
-        self.file = load()
-        self.records = numbered_records(self.file["BOLTS"])
-        self.bolts = [(r.split(",")[0], *map(float, r.split(",")[1:])) for r in self.records]
+        self.file = configparser.ConfigParser(interpolation=None, comment_prefixes=(";",), delimiters=("=",), strict=True)
+        self.file.optionxform = str
+        self.file.read_string(CATALOGUE.read_bytes().decode("cp1252"))
+        self.lines = {}
+        for section, (key, _) in FORMATS.items():  # up to the first gap, as the definition store counts them
+            lines = self.lines[section] = []
+            while line := self.file[section].get(f"{key}{len(lines) + 1}", ""):
+                lines.append(line)
+        self.parts = {section: {line.split(",")[0]: line.partition(",")[2] for line in lines}
+                      for section, lines in self.lines.items()}
 
-    def testCommittedFileFollowsItsTables(self):
-        done = subprocess.run([ROOT / "data" / "make_mechspecs.py", "--check"], capture_output=True, text=True)
-        self.assertEqual(done.returncode, 0, done.stderr)
+    def numbers(self, section):
+        return {name: list(map(float, fields.split(","))) for name, fields in self.parts[section].items()}
 
-    def testFileIsAsciiWithWindowsLineEnds(self):
+    def test_file_is_ascii_with_windows_line_ends(self):
         content = CATALOGUE.read_bytes()
-        self.assertTrue(content.isascii())
+        self.assertTrue(content.isascii() and content.endswith(b"\r\n"))
         self.assertEqual(content.count(b"\n"), content.count(b"\r\n"))
         self.assertEqual(content.count(b"\r"), content.count(b"\r\n"))
-        self.assertTrue(content.endswith(b"\r\n"))
 
-    def testEveryKeyOfTheBoltSectionIsCounted(self):
-        self.assertEqual(len([key for key in self.file["BOLTS"] if key.startswith("Bolt")]), len(self.records))
-        self.assertGreaterEqual(len(self.records), 150)
-
-    def testEveryBoltPassesTheDialogAsItStands(self):
-        for name, head_size, head_height, diameter, length, thread, minor in self.bolts:
-            with self.subTest(name):
-                self.assertGreaterEqual(head_size, diameter)
-                self.assertGreater(head_height, 0)
-                self.assertGreaterEqual(length, thread)
-                self.assertGreater(thread, 0)
-                self.assertGreater(diameter, minor)
-                self.assertLessEqual(max(head_size, length), 10000)
-
-    def testFieldsArePrintedAsTheDialogSavesThem(self):
-        for record in self.records:
-            self.assertRegex(record, r"^[^,]{1,31}(,\d+\.\d{3}){6}$")
-
-    def testNamesSurviveCleaningAndNumbering(self):
-        cleaned = {re.sub(r"[^A-Z0-9$_|-]", "_", name.upper()) for name, *_ in self.bolts}
-        self.assertEqual(len(cleaned), len(self.bolts))
-        for name in cleaned:
-            self.assertLessEqual(len(f"{name}_S9999"), 15)
-
-    def testNamesTellDiameterLengthAndThread(self):
-        for name, _, _, diameter, length, thread, _ in self.bolts:
-            self.assertEqual(name, f"M{diameter:g}x{length:g}" + ("F" if thread == length else ""))
-
-    def testBoltsStandByDiameterThenLength(self):
-        order = [(diameter, length) for _, _, _, diameter, length, *_ in self.bolts]
-        self.assertEqual(order, sorted(set(order)))
-
-    def testThreadsAgreeWithPublishedTables(self):
-        self.assertEqual({bolt[3] for bolt in self.bolts}, set(PUBLISHED))
-        for name, _, _, diameter, length, thread, minor in self.bolts:
-            published_minor, *thread_lengths = PUBLISHED[diameter]
-            self.assertEqual(minor, published_minor, name)
-            if not name.endswith("F"):
-                self.assertEqual(thread, thread_lengths[(length > 125) + (length > 200)], name)
-
-    def testEverySectionIsThereAndSelectsItsFirstEntry(self):
+    def test_every_section_is_there_and_selects_its_first_entry(self):
         for section in SECTIONS:
             self.assertEqual(self.file[section]["Current"], "0")
 
-    def testSetupIsValidAndItsSymbolFilesLieBelowTheDataFolder(self):
+    def test_setup_is_valid_and_its_symbol_files_lie_below_the_data_folder(self):
         setup = self.file["Setup"]
         for kind in ("Weld", "Tolerance", "SurfaceFinish"):
             path = setup[kind + "Symbols"]
@@ -105,10 +86,67 @@ class MechspecsTest(unittest.TestCase):
             self.assertIn(int(setup[line + "LT"]), range(1, 33))
             self.assertRegex(setup[line + "LW"], r"^[0-4]\.\d\d$")
 
-    def testRepeatsOfferedLeaveRoomForTheLargestHead(self):
+    def test_records_are_complete_and_printed_as_their_dialogs_save_them(self):
+        for section, lines in self.lines.items():
+            key, fields = FORMATS[section]
+            self.assertEqual(len([k for k in self.file[section] if re.fullmatch(key + r"\d+", k)]), len(lines), section)
+            for line in lines:
+                self.assertRegex(line, "^[^,]{1,31}" + fields + "$")
+        self.assertGreater(len(self.lines["BOLTS"]), 150)
+        self.assertGreater(sum(map(len, self.lines.values())), 300)
+
+    def test_names_are_short_and_differ_once_cleaned(self):
+        for section, lines in self.lines.items():
+            cleaned = {re.sub(r"[^A-Z0-9$_|-]", "_", line.split(",")[0].upper()) for line in lines}
+            self.assertEqual(len(cleaned), len(lines), section)
+            self.assertLessEqual(max(map(len, cleaned)), 10, section)  # with "_S" and a number they make 15
+
+    def test_parts_agree_with_published_tables(self):
+        for section, parts in PUBLISHED.items():
+            for name, fields in parts.items():
+                self.assertEqual(self.parts[section].get(name), fields, name)
+
+    def test_every_size_is_there(self):
+        def sizes(section, word):
+            return {float(m[1]) for name in self.parts[section] if (m := re.fullmatch(rf"M(\d+)(?:x[\d.]+)?{word}", name))}
+
+        for section, words in {"CAPSCREWS": ("", "SET"), "NUTS": ("", "WF", "THIN", "THINWF"),
+                               "HOLES": ("TAP", "TAPTHRU", "CLR", "CB")}.items():
+            for word in words:
+                self.assertLessEqual(set(SIZES), sizes(section, word), f"{section} {word}")
+
+    def test_bolts_are_sound_named_for_their_sizes_and_in_their_order(self):
+        bolts = self.numbers("BOLTS")
+        for name, (head_size, head_height, diameter, length, thread, minor) in bolts.items():
+            with self.subTest(name):
+                self.assertTrue(head_size >= diameter > minor and length >= thread > 0 and head_height > 0)
+                self.assertLessEqual(max(head_size, length), 10000)
+                self.assertEqual(name, f"M{diameter:g}x{length:g}" + ("F" if thread == length else ""))
+                published_minor, *thread_lengths = THREADS[diameter]
+                self.assertEqual(minor, published_minor)
+                if not name.endswith("F"):
+                    self.assertEqual(thread, thread_lengths[(length > 125) + (length > 200)])
+        order = [(bolt[2], bolt[3]) for bolt in bolts.values()]
+        self.assertEqual(order, sorted(set(order)))
+        self.assertEqual({diameter for diameter, _ in order}, set(THREADS))
         spacing = float(self.file["Defaults"]["BoltRepeat"].split(",")[0])
-        self.assertGreaterEqual(spacing, max(bolt[1] for bolt in self.bolts))
+        self.assertGreaterEqual(spacing, max(bolt[0] for bolt in bolts.values()), "repeats leave no room for a head")
+
+    def test_a_screw_fits_its_counterbore_its_hole_and_its_nut(self):
+        screws, nuts, holes = map(self.numbers, ("CAPSCREWS", "NUTS", "HOLES"))
+        for size in SIZES:
+            head, height, nominal = next(s[:3] for name, s in screws.items() if re.fullmatch(rf"M{size}x\d+", name))
+            clearance, _, _, depth, _, _, bore, _ = holes[f"M{size}CB"]
+            self.assertTrue(clearance > nominal and bore > head and depth > height, size)
+            self.assertTrue(nuts[f"M{size}"][4] < nominal and holes[f"M{size}TAPTHRU"][0] < nominal, size)
+
+    def test_screws_have_the_lengths_that_their_standards_say(self):
+        for name, (_, height, nominal, shaft, shank, *_) in self.numbers("CAPSCREWS").items():
+            if shank > 0:
+                self.assertAlmostEqual(shaft - shank, 2 * nominal + 12, msg=name)
+            if name.endswith("CSK"):  # its length is that over all
+                self.assertAlmostEqual(height + shaft, float(re.search(r"x(\d+)", name)[1]), msg=name)
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])  # ctest hands over the batch tool
+    unittest.main(argv=["mechspecs_test"])  # ctest hands over the batch tool
