@@ -24,6 +24,7 @@
 #include <cstring>
 #include <new>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -103,8 +104,10 @@ std::string inodeOf(int descriptor) {
   return NEXT(fstat)(descriptor, &status) == 0 ? std::to_string(status.st_ino) : "0";
 }
 
+using Words = std::vector<std::string>;
+
 // A row: the call's name, its words, the length of its bytes, each ended by a NUL; then the bytes.
-void noteDone(std::initializer_list<std::string> words, const void* bytes = nullptr, size_t size = 0) {
+void noteDone(const Words& words, const void* bytes = nullptr, size_t size = 0) {
   static const char* const kLog = ::getenv("FAULTS_LOG");
   if (kLog == nullptr) { return; }
   const int error = errno;
@@ -149,49 +152,45 @@ ssize_t written(int descriptor, const void* bytes, off_t at, const Call& call) {
   return count;
 }
 
+bool concernsName(int folder, const char* name) {
+  if (inside) { return false; }
+  const Inside own;
+  return isWatched(pathOf(folder, name));
+}
+
+// A call that is watched, or not; the words tell what was done when it went well.
+template <class Call, class Told>
+int changed(bool watched, const Call& call, const Told& words) {
+  if (!watched) { return call(); }
+  const Inside own;
+  if (failsNow()) { return -1; }
+  const int result = call();
+  if (result == 0) { noteDone(words()); }
+  return result;
+}
+
 template <class Call>
 int synced(int descriptor, const Call& call) {
-  if (!concerns(descriptor)) { return call(); }
-  const Inside own;
-  if (failsNow()) { return -1; }
-  const int result = call();
-  if (result == 0) { noteDone({"sync", inodeOf(descriptor), linkOf(descriptor)}); }
-  return result;
-}
-
-template <class Call>
-int renamed(int folder, const char* from, int newFolder, const char* to, const Call& call) {
-  if (inside) { return call(); }
-  const Inside own;
-  const std::string oldPath = pathOf(folder, from);
-  const std::string newPath = pathOf(newFolder, to);
-  if (!isWatched(newPath)) { return call(); }
-  if (failsNow()) { return -1; }
-  const int result = call();
-  if (result == 0) { noteDone({"rename", oldPath, newPath}); }
-  return result;
-}
-
-template <class Call>
-int onName(const char* what, int folder, const char* name, const Call& call) {
-  if (inside) { return call(); }
-  const Inside own;
-  const std::string path = pathOf(folder, name);
-  if (!isWatched(path)) { return call(); }
-  if (failsNow()) { return -1; }
-  const int result = call();
-  if (result == 0) { noteDone({what, path}); }
-  return result;
+  return changed(concerns(descriptor), call, [&] { return Words{"sync", inodeOf(descriptor), linkOf(descriptor)}; });
 }
 
 template <class Call>
 int truncated(int descriptor, off_t size, const Call& call) {
-  if (!concerns(descriptor)) { return call(); }
-  const Inside own;
-  if (failsNow()) { return -1; }
-  const int result = call();
-  if (result == 0) { noteDone({"truncate", inodeOf(descriptor), std::to_string(size)}); }
-  return result;
+  return changed(concerns(descriptor), call, [&] {
+    return Words{"truncate", inodeOf(descriptor), std::to_string(size)};
+  });
+}
+
+template <class Call>
+int renamed(int folder, const char* from, int newFolder, const char* to, const Call& call) {
+  return changed(concernsName(newFolder, to), call, [&] {
+    return Words{"rename", pathOf(folder, from), pathOf(newFolder, to)};
+  });
+}
+
+template <class Call>
+int onName(const char* what, int folder, const char* name, const Call& call) {
+  return changed(concernsName(folder, name), call, [&] { return Words{what, pathOf(folder, name)}; });
 }
 
 std::FILE* openedFile(const char* name, const char* mode, std::FILE* (*call)(const char*, const char*)) {
@@ -209,34 +208,18 @@ std::FILE* openedFile(const char* name, const char* mode, std::FILE* (*call)(con
 
 extern "C" {
 
-int open(const char* name, int flags, ...) {
-  va_list arguments;
-  va_start(arguments, flags);
-  const mode_t mode = modeOf(flags, arguments);
-  va_end(arguments);
-  return opened(AT_FDCWD, name, flags, [&] { return NEXT(open)(name, flags, mode); });
-}
-int open64(const char* name, int flags, ...) {
-  va_list arguments;
-  va_start(arguments, flags);
-  const mode_t mode = modeOf(flags, arguments);
-  va_end(arguments);
-  return opened(AT_FDCWD, name, flags, [&] { return NEXT(open64)(name, flags, mode); });
-}
-int openat(int folder, const char* name, int flags, ...) {
-  va_list arguments;
-  va_start(arguments, flags);
-  const mode_t mode = modeOf(flags, arguments);
-  va_end(arguments);
-  return opened(folder, name, flags, [&] { return NEXT(openat)(folder, name, flags, mode); });
-}
-int openat64(int folder, const char* name, int flags, ...) {
-  va_list arguments;
-  va_start(arguments, flags);
-  const mode_t mode = modeOf(flags, arguments);
-  va_end(arguments);
-  return opened(folder, name, flags, [&] { return NEXT(openat64)(folder, name, flags, mode); });
-}
+#define OPENING(call, folder, declared, passed)                            \
+  int call declared {                                                      \
+    va_list arguments;                                                     \
+    va_start(arguments, flags);                                            \
+    const mode_t mode = modeOf(flags, arguments);                          \
+    va_end(arguments);                                                     \
+    return opened(folder, name, flags, [&] { return NEXT(call) passed; }); \
+  }
+OPENING(open, AT_FDCWD, (const char* name, int flags, ...), (name, flags, mode))
+OPENING(open64, AT_FDCWD, (const char* name, int flags, ...), (name, flags, mode))
+OPENING(openat, folder, (int folder, const char* name, int flags, ...), (folder, name, flags, mode))
+OPENING(openat64, folder, (int folder, const char* name, int flags, ...), (folder, name, flags, mode))
 std::FILE* fopen(const char* name, const char* mode) {
   return openedFile(name, mode, next<decltype(::fopen)>("fopen"));
 }

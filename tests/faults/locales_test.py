@@ -4,38 +4,14 @@ and the locales' sources; where they are missing it says so and is skipped (exit
     locales_test.py BATCH
 """
 
-import pathlib
 import shutil
-import subprocess
-import sys
-import tempfile
 
-from fault_program import DRAWING, LIBRARY_OF, SECONDS, FaultTest, add_bolt, amount, main
+from fault_program import DRAWING, EXAMPLES, LIBRARY_OF, FaultTest, add_bolt, main
+from locales import LOCALES, environment_of, reason_to_skip
 from writers import CONTROL_VISIT, settings_file, shipped_library
 
-LOCALES = ("de_DE", "tr_TR", "af_ZA")[:amount(3, 2)]
-EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
-COMPILED = tempfile.TemporaryDirectory(prefix="brevan-locales-")
 ALL_EXPORTS = "".join(f'export "x.{ending}"\n' for ending in ("dxf", "svg", "pdf", "png", "json"))
 MACROS = 'macro SELECTLAYER "Achsen"\nmacro ROTATE [1.5,2.25] "Y" 33.125\nmacro SCALE [0.5,0.25] "N" 1.5 1.5\nlayer "iI"\n'
-
-
-def reason_to_skip():
-    if shutil.which("localedef") is None:
-        return "localedef is not installed"
-    for name in LOCALES:
-        # It warns of what other systems lack, and ends with 1 for that.
-        subprocess.run(["localedef", "-c", "-i", name, "-f", "UTF-8", f"{COMPILED.name}/{name}.UTF-8"], capture_output=True,
-                       check=False, timeout=SECONDS)
-        shown = subprocess.run(["locale", "decimal_point"], capture_output=True, check=False, env=settings(name), timeout=SECONDS)
-        # Some versions of the system give South Africa a full stop.
-        if shown.stderr or (shown.stdout.strip() != b"," and name != "af_ZA"):
-            return f"the locale {name} cannot be made here (package locales)"
-    return ""
-
-
-def settings(name):
-    return {"LC_ALL": f"{name}.UTF-8", "LANG": f"{name}.UTF-8", "LOCPATH": COMPILED.name, "PATH": "/usr/bin:/bin"}
 
 
 class Locales(FaultTest):
@@ -44,7 +20,7 @@ class Locales(FaultTest):
         self.out.mkdir()
         self.write("out/job.ini", settings_file())
         self.write("own.ini", shipped_library())
-        environment = self.environment(**(settings(locale) if locale else {"LC_ALL": "C"}))
+        environment = self.environment(**(environment_of(locale) if locale else {"LC_ALL": "C"}))
         done = self.batch(*words, environment=environment)
         self.assertDone(done)
         return done.stderr, {name: (self.out / name).read_bytes() for name in self.names()}
@@ -78,8 +54,4 @@ class Locales(FaultTest):
 
 
 if __name__ == "__main__":
-    REASON = reason_to_skip()
-    if REASON:
-        print("skipped:", REASON)
-        sys.exit(77)
-    main()
+    main(reason_to_skip)

@@ -6,7 +6,6 @@ skipped (exit status 77).
 
 import shutil
 import subprocess
-import sys
 
 from fault_program import BATCH, SECONDS, FaultTest, main
 from writers import ALL
@@ -75,8 +74,4 @@ class Mounts(FaultTest):
 
 
 if __name__ == "__main__":
-    REASON = reason_to_skip()
-    if REASON:
-        print("skipped:", REASON)
-        sys.exit(77)
-    main()
+    main(reason_to_skip)

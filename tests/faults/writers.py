@@ -7,6 +7,11 @@ CONTROL_VISIT = (
     'setting "SG_DEFAULTS" "SG_DiaramFile" "out/job.ini"\nrun SG_DiagramEditor\ndialog "*"\npress "Control coords"\n'
     'dialog "Control Coordinates"\nset "Control point 1/Name" "Peg"\nset "Control point 1/Y" 12.5\npress "OK"\npress "OK"\n')
 
+NEW_WALL = (
+    'setting "ArchitecturalTools" "SpecFile" "out/ArchSpecs.ini"\nrun ArchSetWalls\ndialog "Wall Setup"\n'
+    'set "External wall width" 115\npress "Add"\ndialog "Ardenix - Add New Item"\nset "Name for new wall" "OWN"\n'
+    'press "OK"\npress "OK"\n')
+
 
 class Writer:
     """A row: what it is called, the files it needs, its command line, and the file below "out" that it writes."""
@@ -45,6 +50,10 @@ def settings_file():
     return (DATA / "SG Diagram.ini").read_bytes()
 
 
+def specification_file():
+    return (DATA / "ArchSpecs.ini").read_bytes()
+
+
 def conversion(ending):
     return Writer("convert to " + ending, "x." + ending, OLD, words=("convert", "sample.drg", "out/x." + ending))
 
@@ -58,4 +67,5 @@ ALL = [
     Writer("library copied at the first change", "own.ini", None, LIBRARY_OF.format("own.ini") + add_bolt("OWN"),
            files=[("own.ini", shipped_library)]),
     Writer("survey settings", "job.ini", settings_file, CONTROL_VISIT),
+    Writer("architectural specifications", "ArchSpecs.ini", specification_file, NEW_WALL),
 ]
