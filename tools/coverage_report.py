@@ -7,6 +7,7 @@
 import collections
 import json
 import pathlib
+import re
 import sys
 
 
@@ -19,6 +20,22 @@ def ranges(lines):
         else:
             runs.append([line, line])
     return [str(first) if first == last else f"{first}-{last}" for first, last in runs]
+
+
+def unreached(functions):
+    """Line and name of those that never ran: without lambdas, and templates as one."""
+    counts = collections.Counter()
+    for function in functions:
+        name = re.sub(r"\(anonymous namespace\)::", "", function["name"])
+        if "{lambda" in name or name.endswith("::tr(char const*, char const*, int)"):
+            continue
+        while "<" in name:
+            shorter = re.sub(r"<[^<>]*>", "", name)
+            if shorter == name:
+                break
+            name = shorter
+        counts[function["lineno"], name.split("(")[0].split(" ")[-1]] += function["execution_count"]
+    return sorted(key for key, count in counts.items() if count == 0)
 
 
 def share(part, whole):
@@ -36,7 +53,7 @@ def main():
         branches = [branch["count"] > 0 for line in lines for branch in line["branches"]]
         folders[folder].update(lines=len(lines), ran=sum(line["count"] > 0 for line in lines), branches=len(branches),
                                taken=sum(branches))
-        functions = [(f["lineno"], f["name"]) for f in file.get("functions", []) if f["execution_count"] == 0]
+        functions = unreached(file.get("functions", []))
         never = [line["line_number"] for line in lines if line["count"] == 0]
         if (never or functions) and (not wanted or folder in wanted):
             missed.append((file["file"], never, functions))
@@ -51,7 +68,7 @@ def main():
     for name, never, functions in missed:
         print(f"\n{name}: {len(never)} lines: {', '.join(ranges(never))}")
         for line, function in functions:
-            print(f"  {line}: {function}")
+            print(f"  {line} {function}")
 
 
 if __name__ == "__main__":
