@@ -208,6 +208,8 @@ std::FILE* openedFile(const char* name, const char* mode, std::FILE* (*call)(con
 
 extern "C" {
 
+// The last argument is an argument list, brackets included.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define OPENING(call, folder, declared, passed)                            \
   int call declared {                                                      \
     va_list arguments;                                                     \
@@ -220,6 +222,7 @@ OPENING(open, AT_FDCWD, (const char* name, int flags, ...), (name, flags, mode))
 OPENING(open64, AT_FDCWD, (const char* name, int flags, ...), (name, flags, mode))
 OPENING(openat, folder, (int folder, const char* name, int flags, ...), (folder, name, flags, mode))
 OPENING(openat64, folder, (int folder, const char* name, int flags, ...), (folder, name, flags, mode))
+// NOLINTEND(bugprone-macro-parentheses)
 std::FILE* fopen(const char* name, const char* mode) {
   return openedFile(name, mode, next<decltype(::fopen)>("fopen"));
 }
