@@ -99,8 +99,6 @@ class DiagramSession : public CommandSession {
     });
     return box;
   }
-  bool hasLineOn(const std::string& layer) { return !reach(layer).empty(); }
-
   std::map<std::string, std::map<std::string, std::string>> ini_;
   std::string before_;
 
@@ -108,9 +106,9 @@ class DiagramSession : public CommandSession {
   void writeTemplates() {
     brevan::Drawing title;
     const int layer = title.addLayer({"TITLE"});
-    const Point corners[] = {{-95, -138.5}, {95, -138.5}, {95, 138.5}, {-95, 138.5}, {-95, -138.5}};
-    for (size_t n = 1; n < std::size(corners); ++n) {
-      title.add({.layer = layer, .geometry = brevan::Line{corners[n - 1], corners[n]}});
+    const Point corners[] = {{-95, -138.5}, {95, -138.5}, {95, 138.5}, {-95, 138.5}};
+    for (size_t n = 0; n < 4; ++n) {
+      title.add({.layer = layer, .geometry = brevan::Line{corners[n], corners[(n + 1) % 4]}});
     }
     title.add({.layer = layer, .geometry = brevan::Text{{-90, 130}, "SIDES", "Arial", 25.0}});
     write("title.drg", brevan::drawingDrg(title));
@@ -124,6 +122,7 @@ class DiagramSession : public CommandSession {
   void addHidden() {
     const int hidden = drawing().addLayer({"HIDDEN", false, false});
     const int locked = drawing().addLayer({"LOCKED", true, true});
+    drawing().addLayer({"SG_DIAGRAM", true, true});
     drawing().add({.layer = hidden, .geometry = brevan::Line{{990, 2010}, {1060, 2010}}});
     drawing().add({.layer = locked, .geometry = brevan::Line{{990, 2020}, {1060, 2020}}});
   }
