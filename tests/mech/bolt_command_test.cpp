@@ -153,6 +153,7 @@ TEST_F(BoltCommand, RepeatsRoundACircle) {
     for (const Point& c : centres) { EXPECT_NEAR(std::hypot(c.x - 100, c.y - 100), radius, 1e-6); }
     EXPECT_TRUE(same(centres[0], {100 - radius, 100})) << "the first one moves left onto the circle";
     EXPECT_EQ(groups(), Texts{"BOLTS M10_P1 54"}) << "the copies belong to the part";
+    draw(std::string("expect \"Number =\" 6\nexpect \"Polar value\" \"") + value + "\"\n", "space\n");
   }
 }
 

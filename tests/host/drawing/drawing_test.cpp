@@ -128,18 +128,6 @@ TEST(Drawing, RollingBackLeavesAsBefore) {
   }
 }
 
-TEST(Drawing, WhatIsTakenBackIsSelectedAsBefore) {
-  Drawing drawing;
-  const PrimitiveId kept = drawing.add({.geometry = Line{{0, 0}, {1, 0}}});
-  drawing.select(kept);
-  drawing.beginStep("failing");
-  const size_t mark = drawing.mark();
-  drawing.replace(kept, {.geometry = Line{{5, 5}, {6, 6}}});
-  drawing.rollBackTo(mark);
-  drawing.endStep();
-  EXPECT_EQ(drawing.selection(), std::vector<PrimitiveId>{kept});
-}
-
 TEST(Drawing, RefusedChangesChangeNothing) {
   Drawing drawing;
   const PrimitiveId line = drawing.add({.geometry = Line{{0, 0}, {1, 0}}});

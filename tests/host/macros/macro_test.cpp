@@ -232,8 +232,9 @@ TEST_F(Macros, HiddenAndLockedLayersAreNeverChanged) {
     drawing().select(safe);
     drawing().select(free);
     lockLayer("SAFE", locked, locked);
-    for (const char* command : {"MOVE [0,0] [0,1]", "ROTATE [0,0] Y 10", "MIRROR [0,0] Y N", "SCALE [0,0] N 2 2",
-                                "LINKSEL \"OTHER\"", "WSNEWLAY \"ELSE\"", "DELSELECT"}) {
+    for (const char* command :
+         {"MOVE [0,0] [0,1]", "ROTATE [0,0] Y 10", "MIRROR [0,0] Y N", "SCALE [0,0] N 2 2", "LINKSEL \"OTHER\"",
+          "WSNEWLAY \"ELSE\"", "DELSELECT", "SNIP Y N N [20,20] [30,30]", "SNIP Y Y N [-1,-1] [30,30]"}) {
       macro(command);
       ASSERT_NE(drawing().find(safe), nullptr) << command;
       EXPECT_EQ(lineOf(safe).b, (Point{1, 0})) << command;

@@ -73,19 +73,6 @@ TEST_F(Snip, ASlotCutsTheSelectedNutAndNothingElse) {
   EXPECT_EQ(other.pen, 3);
 }
 
-TEST_F(Snip, HiddenAndLockedLayersStayAsTheyAre) {
-  line(0, 5, 10, 5);
-  line(0, 5, 10, 5, "HIDDEN");
-  line(0, 5, 10, 5, "LOCKED");
-  circle(5, 5, 1, "SEEN");
-  setLayer("HIDDEN", false, false);
-  setLayer("LOCKED", true, true);
-  macro("#SNIP \"Y\" \"N\" \"N\" [20,20] [30,30] [#]");
-  EXPECT_EQ(drawing().count(), 2U);
-  macro("#SNIP \"Y\" \"Y\" \"N\" [-1,-1] [30,30] [#]");
-  EXPECT_EQ(drawing().count(), 2U);
-}
-
 TEST_F(Snip, TheOutlineReplacesWhatLayAlongIt) {
   line(0, 0, 0, 10);             // on the left side
   line(-5, 5, 15, 5);            // across

@@ -95,21 +95,6 @@ TEST_F(Window, LayersByNameAndNumber) {
   EXPECT_THROW(window().gsSetCurrentLayer(9), HostFailure);
 }
 
-TEST_F(Window, AnUndoneLayerCanBeRedone) {
-  window().beginCommand("layers");
-  window().gsAddLayer("A");
-  line(0, 0, 1, 0);
-  window().endCommand(true);
-  const std::string with = json();
-  ASSERT_TRUE(drawing().undo());
-  EXPECT_EQ(window().gsGetLayerCount(), 1);
-  ASSERT_TRUE(drawing().redo());
-  EXPECT_EQ(json(), with);
-  window().gsDeleteLayer("A");
-  ASSERT_TRUE(drawing().undo());
-  EXPECT_EQ(json(), with);
-}
-
 TEST_F(Window, ScansSeeTypesLayersAndWindows) {
   line(0, 0, 1, 0);
   window().gsAddLayer("B");
