@@ -148,7 +148,18 @@ TEST_P(FastenerLibraryTest, EveryDefinitionIsDrawnWholeSymmetricalAndThreadedInT
       }
     }
     brevan::Box plan;
-    for (const Primitive& stroke : strokes_[2 * i + 1]) { plan.add(drawing().bounds(stroke)); }
+    std::vector<Line> lines;
+    for (const Primitive& stroke : strokes_[2 * i + 1]) {
+      plan.add(drawing().bounds(stroke));
+      if (const auto* line = std::get_if<Line>(&stroke.geometry)) { lines.push_back(*line); }
+    }
+    for (const Line& line : lines) {
+      const Point a = plan.centre() * 2.0 - line.a;
+      const Point b = plan.centre() * 2.0 - line.b;
+      EXPECT_TRUE(std::ranges::any_of(lines, [&](const Line& other) {
+        return (same(other.a, a) && same(other.b, b)) || (same(other.a, b) && same(other.b, a));
+      })) << "half a turn brings the plan onto itself";
+    }
     EXPECT_TRUE(same(plan.centre(), {kApart * static_cast<double>(i), kPlanBelow}));
     expectThreadsInTheMaterial(view, names_[i]);
   }
