@@ -17,11 +17,13 @@ using namespace brevan;
 
 namespace {
 
-// Fails the n-th call of a save, writes short and is interrupted in turn, or ends the process there as a kill would.
+// Fails the n-th call of a save, writes short and is interrupted in turn, or ends the process there as a kill would, or
+// asks it to end.
 class FailingCalls : public FileSystemCalls {
  public:
   static constexpr int kKill = -1;
   static constexpr int kShort = -2;
+  static constexpr int kAskToEnd = -3;
 
   FailingCalls(int failingCall, int errorNumber) : failingCall_(failingCall), error_(errorNumber) {}
   [[nodiscard]] int count() const { return count_; }
@@ -65,7 +67,7 @@ class FailingCalls : public FileSystemCalls {
  private:
   bool fails() const {
     if (error_ == kShort || ++count_ != failingCall_) { return false; }
-    if (error_ == kKill) { ::raise(SIGKILL); }
+    if (error_ == kKill || error_ == kAskToEnd) { return ::raise(error_ == kKill ? SIGKILL : SIGTERM) != 0; }
     errno = error_;
     return true;
   }
@@ -156,19 +158,22 @@ TEST(SafeFile, killedAtEveryCallTheFileIsWholeAndTheNextSaveCleansUp) {
   const TemporaryFolder folder;
   const std::string path = folder.write("a.ini", kOld);
   const int calls = callsOfASave(path);
-  for (int call = 1; call <= calls; ++call) {
-    folder.write("a.ini", kOld);
-    const pid_t child = ::fork();
-    if (child == 0) {
-      saveBy(FailingCalls(call, FailingCalls::kKill), path);
-      ::_exit(0);
+  for (const int signal : {FailingCalls::kKill, FailingCalls::kAskToEnd}) {
+    for (int call = 1; call <= calls; ++call) {
+      folder.write("a.ini", kOld);
+      const pid_t child = ::fork();
+      if (child == 0) {
+        saveBy(FailingCalls(call, signal), path);
+        ::_exit(0);
+      }
+      int status = 0;
+      ASSERT_EQ(::waitpid(child, &status, 0), child);
+      ASSERT_TRUE(WIFSIGNALED(status)) << "call " << call;
+      const std::string now = folder.read("a.ini");
+      ASSERT_TRUE(now == kNew || now == kOld) << "call " << call;
+      if (signal == FailingCalls::kKill) { saveWhole(path, kOld); }  // who is asked to end cleans up itself
+      ASSERT_EQ(folder.names(), std::set<std::string>{"a.ini"}) << "call " << call;
     }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    const std::string now = folder.read("a.ini");
-    ASSERT_TRUE(now == kNew || now == kOld) << "call " << call;
-    saveWhole(path, kOld);
-    ASSERT_EQ(folder.names(), std::set<std::string>{"a.ini"}) << "call " << call;
   }
 }
 
