@@ -45,11 +45,13 @@ TEST_F(SurveyJob, SeparatorsAreReadByTheirLetter) {
 }
 
 TEST_F(SurveyJob, MissingOptionsAreNotThoseThatDialogsOffer) {
-  const JobSettings job(write("job.ini", "[DEFAULTS]\nLayer=\n"), SurveyMode::kDiagram, surveyView());
+  JobSettings job(write("job.ini", "[DEFAULTS]\nLayer=\n"), SurveyMode::kDiagram, surveyView());
   EXPECT_FALSE(job.numbers().roundBearing || job.options().useOffset || job.options().delLines);
   EXPECT_EQ(job.options().polySnipFactor, 2.0);
   EXPECT_EQ(job.options().lineType, 5);
   EXPECT_EQ(job.options().diagramLayer, "SG_DIAGRAM");
+  job.textStyle().use(job.textRow("TEXT", "Missing"));
+  EXPECT_TRUE(job.textStyle().pen == 8 && job.textStyle().height == 30.0);
 }
 
 TEST_F(SurveyJob, AnOptionOutsideItsRangeIsNamed) {

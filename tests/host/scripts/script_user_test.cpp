@@ -201,7 +201,7 @@ TEST_F(Answers, TheTranscriptStandsInTheOrderOfEvents) {
   coreChooseFile(nullptr, false, "", "", "", text);
   every_.emplace();
   host().mainFrame().RunDialog(every_->dialog, nullptr);
-  InfoMessage("Done.", nullptr);
+  InfoMessage("\"Done\"\n", nullptr);
   window().gsExecuteMacro("NEWLAYER \"" + std::string("a\x80\xFF") + '"');
   window().gsExecuteMacro("FLY");
   line(0, 0, 1, 1e300);
@@ -216,7 +216,7 @@ TEST_F(Answers, TheTranscriptStandsInTheOrderOfEvents) {
             "primitive call");
   for (const char* part :
        {"\"answer\":\"text\",\"value\":\"caf\xC3\xA9\"", "\"answer\":\"accept\",\"value\":\"caf\xC3\xA9\"",
-        "FLY: column 1: there is no macro command FLY"}) {
+        R"("text":"\"Done\"\n")", "FLY: column 1: there is no macro command FLY"}) {
     EXPECT_NE(transcript.lines().find(part), std::string::npos) << part;
   }
 }
