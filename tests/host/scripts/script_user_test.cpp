@@ -7,6 +7,7 @@
 #include "frame/host/core_services.h"
 #include "host/scripts/transcript.h"
 #include "tests/failure.h"
+#include "tests/host/scripts/json_check.h"
 #include "tests/host/window/every_control.h"
 #include "tests/host/window/host_session.h"
 
@@ -185,7 +186,7 @@ TEST_F(Answers, ADialogIsOperatedThroughEveryStatement) {
   EXPECT_TRUE(every_->dialog.accepted() && !every_->plan.checked());
 }
 
-TEST_F(Answers, TheTranscriptStandsInTheOrderOfEvents) {
+TEST_F(Answers, TheTranscriptIsJsonInTheOrderOfEvents) {
   Transcript transcript;
   start("point 1 2\nescape\ntext \"caf\xC3\xA9\"\naccept\nmenu \"One\"\nreply no\npen 4\ncancel\ndialog \"*\"\nclose\n",
         &transcript);
@@ -208,6 +209,7 @@ TEST_F(Answers, TheTranscriptStandsInTheOrderOfEvents) {
   window().gsSetCurrCoord(-0.0, 1.5);
   std::string kinds;
   for (std::istringstream lines(transcript.lines()); std::getline(lines, text);) {
+    EXPECT_TRUE(JsonCheck::valid(text)) << text;
     const std::string kind = text.substr(10, text.find('"', 10) - 10);
     kinds += kinds.empty() ? kind : ' ' + kind;
   }
