@@ -50,7 +50,7 @@ def text_of(value):
 
 
 def rounded(value):
-    """Numbers to eleven figures: a hundredth of what a difference is."""
+    """Numbers to eleven figures, which is far below what counts as a difference."""
     if isinstance(value, list):
         return [rounded(item) for item in value]
     return float(f"{value:.11g}") if isinstance(value, float) else value
