@@ -78,7 +78,7 @@ TEST_F(FastenerDialogTest, EveryRuleThatIsBrokenIsTold) {
 }
 
 TEST_F(FastenerDialogTest, RulesOfAThreadOrASlotCountOnlyWhereThereIsOne) {
-  draw("MechDrawNuts", "Nuts", "", "space\n");
+  draw("MechDrawNuts", "Nuts", "set \"Number =\" 2\nset \"Repeat value\" 13\n", "space\n");  // as far as it is wide
   draw("MechDrawHoles", "Drilled Holes", "set \"Thread diameter\" 1\npick \"Hole type\" \"Drilled\"\n",
        "dialog \"Save Changes to Hole?\"\npress \"Cancel\"\nspace\n");
   draw("MechDrawHoles", "Drilled Holes", "pick \"Definition\" \"OLD\"\nexpect \"Thread length\" 16.5\n", "space\n");

@@ -119,6 +119,11 @@ TEST_F(Enquiries, SymbolsOfEveryWindowAndTheirPanel) {
   host().openWindow("Other");
   macro("ADDSYM DOT [5,6] 2 0");
   EXPECT_EQ(drawing().count(), 1U);
+  macros({"NEWSYMFL \"Marks.drg\" \"N\" \"Y\"", "ADDSYM DOT [5,6] 2 0"});
+  EXPECT_TRUE(drawing().symbol("DOT")->upright) << "the drawing's own definition stays";
+  host().openWindow("Third");
+  macro("ADDSYM DOT [5,6] 2 0");
+  EXPECT_FALSE(drawing().symbol("DOT")->upright) << "symbols of real size turn with the drawing";
 }
 
 TEST_F(Enquiries, AnInsertedDrawingComesInTheDrawingsUnit) {
@@ -149,6 +154,8 @@ TEST_F(Enquiries, AnInsertedDrawingStandsUprightOnATurnedSheet) {
   EXPECT_NEAR(shape<Text>(2).angle, 100.0, 1e-9);
   EXPECT_NEAR(shape<Symbol>(3).rotation, 10.0, 1e-9);
   EXPECT_NEAR(shape<Symbol>(4).rotation, 190.0, 1e-9) << "turned with the axes, it looks as before";
+  macro("#LOAD \"Sheet.drg\" [0,0] 2 0");
+  EXPECT_EQ(shape<Symbol>(drawing().lastId()).scale, 2.0);
 }
 
 TEST_F(Enquiries, ThePaperHoldsWhatIsDrawn) {

@@ -90,7 +90,7 @@ class ParallelLines : public MacroSession {
 };
 
 TEST_F(ParallelLines, AlongPointsWithLeaningClosedEnds) {
-  answer("point 100 0\npoint 100 80\nspace\n");
+  answer("point 100 0\npoint 100 0\npoint 100 80\nspace\n");  // a point given twice is one
   macros({"LINETYPE 1 3", "WIDTH 5", "PARLLDEF 1 225.00 90.00 1 1 0 2 2 7 3.5 10 21 8 2.5 -20 ",
           "PARLLINE [0.00000,0.00000]"});
   EXPECT_FALSE(answersLeft());
@@ -118,6 +118,9 @@ TEST_F(ParallelLines, FollowAFigureFromOutside) {
   answer("point 0 0\npoint 100 0\npoint 100 100\npoint 0 100\npoint 0 0\n");
   macros({"PARLLDEF 1 90 90 1 1 1 1 1 1 0 10 ", "PARLLINE"});
   EXPECT_EQ(drawing().count(), 4U + 8U) << "the first point closes the figure";
+  answer("point 0 0\npoint 100 0\npoint 0 0\npoint 0 50\nspace\n");
+  macros({"PARLLDEF 1 90 90 1 0 0 0", "PARLLINE"});
+  EXPECT_EQ(drawing().count(), 3U) << "there and back is no figure";
   answer("point -50 -50\n");
   line(0, 0, 100, 0);
   line(100, 100, 100, 0);
