@@ -150,9 +150,4 @@ TEST_F(WallDialog, AFileWithoutTypesDrawsAWallThatIsInNoList) {
   }
 }
 
-TEST_F(WallDialog, HelpOpensThePageOfTheLayoutShown) {
-  play(kWallSetup + "help\npick \"Wall type\" \"Internal\"\nhelp\n" + kCancel);
-  EXPECT_EQ(log_.of("message"), Texts(2, "Unable to open help file"));
-}
-
 }  // namespace

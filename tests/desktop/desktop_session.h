@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -16,6 +17,7 @@
 #include "desktop/main_window.h"
 #include "desktop/prompt_bar.h"
 #include "host/files/json_writer.h"
+#include "host/scripts/script_player.h"
 
 // The real main window, offscreen, and a person's hands: steps that each wait for their moment, taken from the
 // event loop, so that they go on while a command asks.
@@ -93,6 +95,29 @@ class DesktopSession : public ::testing::Test {
   brevan::DesktopUser& user() { return *window_->findChild<brevan::DesktopUser*>(); }
   brevan::Drawing& drawing() { return window_->host().window().drawing(); }
   std::string json() { return drawingJson(drawing()); }
+  // What these statements and the recorded ones after them draw in a host without a window, or why they do not.
+  std::string replayed(const std::string& before = "") {
+    const std::string text = before + window_->recorder().script().toStdString();
+    const brevan::Script script = brevan::readScript("recorded.scr", text);
+    const std::string root = folder_.path().toStdString();
+    // The libraries are those that ship, without what the recorded session changed in its own.
+    brevan::FileServices files(root, BREVAN_DATA, brevan::FileServices::Confinement{root + "/out", nullptr});
+    INI_LIST settings("");
+    settings.SetString("MechanicalTools", "SpecFile", "ISO Mechspecs.ini");
+    brevan::ScriptPlayer player(script, brevan::PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});
+    try {
+      player.play();
+    } catch (const std::exception& failure) { return std::string(failure.what()) + "\n" + text; }
+    return drawingJson(player.host().window().drawing());
+  }
+  // Begins a command by its name, typed.
+  void type(const QString& command) { keys(command), key(Qt::Key_Return); }
+  static void press(QWidget& dialog, const QString& caption) {
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+      if (button->text().remove('&') == caption) { return QTest::mouseClick(button, Qt::LeftButton); }
+    }
+    ADD_FAILURE() << "no button " << caption.toStdString();
+  }
   void keys(const QString& text) { QTest::keyClicks(&edit(), text); }
   void key(Qt::Key which) { QTest::keyClick(&edit(), which); }
   void click(brevan::Point at) {

@@ -2,10 +2,8 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMouseEvent>
-#include <QPushButton>
 
 #include "desktop/help_window.h"
-#include "host/scripts/script_player.h"
 #include "tests/desktop/desktop_session.h"
 
 namespace {
@@ -17,24 +15,11 @@ class Window : public DesktopSession {
   // Places one bolt with keys alone, with its rotation menu left by "No Rotation".
   void placeBolt() {
     whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
-    whenPrompted("Indicate the position of the Bolt", [this] { keys("60,60"), key(Qt::Key_Return); });
+    whenPrompted("Indicate the position of the Bolt", [this] { type("60,60"); });
     when([] { return QApplication::activePopupWidget() != nullptr; },
          [] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_1); });
     whenPrompted("Indicate the position of the Bolt", [this] { key(Qt::Key_Space); });
     act([this] { keys("MechDrawBolts"), key(Qt::Key_Return); });
-  }
-  // What the recorded script draws in a host without a window.
-  std::string replayed() {
-    const std::string text = window_->recorder().script().toStdString();
-    const Script script = readScript("recorded.scr", text);
-    FileServices files(folder_.path().toStdString(), folder_.path().toStdString() + "/data");
-    INI_LIST settings("");
-    settings.SetString("MechanicalTools", "SpecFile", "ISO Mechspecs.ini");
-    ScriptPlayer player(script, PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});
-    try {
-      player.play();
-    } catch (const std::exception& failure) { return std::string(failure.what()) + "\n" + text; }
-    return drawingJson(player.host().window().drawing());
   }
 };
 
@@ -70,11 +55,7 @@ TEST_F(Window, ABoltIsPlacedByTheMouseAlone) {
   about.add(Point{0, 0});
   about.add(Point{120, 120});
   window_->view().zoomTo(about);
-  whenDialog([](DialogWindow& dialog) {
-    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
-      if (button->text() == "OK") { QTest::mouseClick(button, Qt::LeftButton); }
-    }
-  });
+  whenDialog([](DialogWindow& dialog) { press(dialog, "OK"); });
   whenPrompted("Indicate the position of the Bolt", [this] { click({60, 60}); });
   when([] { return QApplication::activePopupWidget() != nullptr; },
        [] {
@@ -89,19 +70,20 @@ TEST_F(Window, ABoltIsPlacedByTheMouseAlone) {
 
 TEST_F(Window, EscapeAtEveryQuestionLeavesAWholeDrawing) {
   const std::string empty = json();
-  // At the dialog: by key and by the window's cross.
-  whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-  act([this] { window_->runCommand("MechDrawBolts"); });
-  EXPECT_EQ(json(), empty);
-  whenDialog([](DialogWindow& dialog) { dialog.close(); });
-  act([this] { window_->runCommand("MechDrawBolts"); });
-  EXPECT_EQ(json(), empty);
-  // At the position.
-  whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
-  whenPrompted("Indicate the position", [this] { key(Qt::Key_Escape); });
-  act([this] { window_->runCommand("MechDrawBolts"); });
-  EXPECT_EQ(json(), empty);
-  EXPECT_FALSE(window_->runner().busy());
+  // At the dialog by key and by the window's cross, at the position.
+  const std::function<void(DialogWindow&)> ways[] = {
+      [](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
+      [](DialogWindow& dialog) { dialog.close(); },
+      [](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); }};
+  for (const auto& way : ways) {
+    whenDialog(way);
+    if (&way == &ways[2]) {
+      whenPrompted("Indicate the position", [this] { key(Qt::Key_Escape); });
+    }
+    act([this] { window_->runCommand("MechDrawBolts"); });
+    EXPECT_EQ(json(), empty);
+    EXPECT_FALSE(window_->runner().busy());
+  }
 }
 
 TEST_F(Window, AnotherCommandEndsTheOneThatAsks) {
@@ -222,6 +204,7 @@ TEST(Snap, TheBestPointWithinReachWins) {
   Drawing drawing;
   drawing.add({.geometry = Line{{0, 0}, {100, 0}}});
   drawing.add({.geometry = Line{{30, -10}, {30, 40}}});
+  drawing.add({.layer = drawing.addLayer({"HIDDEN", false, false}), .geometry = Line{{70, -5}, {70, 5}}});
   const std::set<SnapKind> all = {SnapKind::kEnd,          SnapKind::kMiddle,        SnapKind::kCentre,
                                   SnapKind::kIntersection, SnapKind::kPerpendicular, SnapKind::kNearest};
   const auto at = [&](Point p, std::optional<Point> from = std::nullopt) { return snapAt(drawing, p, 2.0, all, from); };

@@ -61,6 +61,7 @@ TEST_F(SurveyWindow, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
   EXPECT_EQ(texts, (QStringList{"SIDES", "Metres"}));
   const QString recorded = window_->recorder().script();
   EXPECT_EQ(recorded.count("click \"Settings\" 8"), 2) << recorded.toStdString();
+  EXPECT_LT(recorded.indexOf("reply no"), recorded.indexOf("reply yes")) << recorded.toStdString();
 }
 
 }  // namespace

@@ -48,16 +48,18 @@ std::string nextName(std::string_view prefix, std::string_view parent = "TREADS"
 }
 
 TEST(GroupNumbering, CountsOnWithinParentAndPrefix) {
-  EXPECT_EQ(nextName("NTH"), "NTH4");
-  EXPECT_EQ(nextName("nth"), "NTH4");
-  EXPECT_EQ(nextName("EST"), "EST3");
+  // W21 is W's twenty-first, not W2's first; a number that no name of ours can hold does not count.
+  const std::pair<const char*, const char*> rows[] = {{"NTH", "NTH4"},
+                                                      {"nth", "NTH4"},
+                                                      {"EST", "EST3"},
+                                                      {"NTHX", "NTHX3"},
+                                                      {"NEW", "NEW1"},
+                                                      {"W2", "W21"},
+                                                      {"SOUTH_SIDE_", "SOUTH_SIDE_10"},
+                                                      {"BIG", "BIG1"},
+                                                      {"A_NAME_OF_18_CHAR_", "A_NAME_OF_18_CH"}};
+  for (const auto& [prefix, name] : rows) { EXPECT_EQ(nextName(prefix), name); }
   EXPECT_EQ(nextName("NTH", "rails"), "NTH10");
-  EXPECT_EQ(nextName("NTHX"), "NTHX3");
-  EXPECT_EQ(nextName("NEW"), "NEW1");
-  EXPECT_EQ(nextName("W2"), "W21") << "W21 is W's twenty-first, not W2's first";
-  EXPECT_EQ(nextName("SOUTH_SIDE_"), "SOUTH_SIDE_10");
-  EXPECT_EQ(nextName("BIG"), "BIG1") << "a number that no name of ours can hold does not count";
-  EXPECT_EQ(nextName("A_NAME_OF_18_CHAR_"), "A_NAME_OF_18_CH");
 }
 
 TEST(MacroTexts, PrintPointsWithEightDecimals) {

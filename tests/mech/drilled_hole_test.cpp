@@ -45,13 +45,9 @@ TEST_F(DrilledHoleTest, AThreadShowsItsEndUnlessItReachesThrough) {
 
 TEST_F(DrilledHoleTest, ACountersinkOrACounterboreStandsAboveTheBody) {
   drawHole("8,0,20,1,0,0,0");
-  EXPECT_TRUE(hasLine({4, -1}, {5, 0}));
-  EXPECT_TRUE(hasLine({-4, -1}, {4, -1}));
-  EXPECT_TRUE(hasLine({4, -1}, {4, -20}));
+  expectLines({{{4, -1}, {5, 0}}, {{-4, -1}, {4, -1}}, {{4, -1}, {4, -20}}});
   drawHole("9,0,17,8.6,0,0,15");
-  EXPECT_TRUE(hasLine({-7.5, -8.6}, {7.5, -8.6}));
-  EXPECT_TRUE(hasLine({7.5, -8.6}, {7.5, 0}));
-  EXPECT_TRUE(hasLine({4.5, -8.6}, {4.5, -17}));
+  expectLines({{{-7.5, -8.6}, {7.5, -8.6}}, {{7.5, -8.6}, {7.5, 0}}, {{4.5, -8.6}, {4.5, -17}}});
   drawHole("8.5,10,20,1,1,1,0,15");
   EXPECT_TRUE(hasLine({5, -1}, {6, 0})) << "of a tapped hole it widens from the thread";
 }
@@ -96,10 +92,10 @@ TEST_F(DrilledHoleTest, ItsLastMacrosLeaveTheParentToTheFrame) {
 // Keeps what was painted, a line each.
 class RecordingCanvas : public dialog::Canvas {
  public:
-  RecordingCanvas(int width, int height) : width_(width), height_(height) {}
+  explicit RecordingCanvas(int height) : height_(height) {}
   std::vector<std::string> strokes;
 
-  [[nodiscard]] int width() const override { return width_; }
+  [[nodiscard]] int width() const override { return 200; }
   [[nodiscard]] int height() const override { return height_; }
   void fill(uint32_t colour) override { note("fill", {static_cast<int>(colour)}); }
   void line(int x1, int y1, int x2, int y2, uint32_t, Stroke stroke) override {
@@ -110,8 +106,8 @@ class RecordingCanvas : public dialog::Canvas {
     note("pie", {x, y, radius, static_cast<int>(start), static_cast<int>(sweep)});
   }
   void text(int x, int y, std::string_view text, int, uint32_t, uint32_t) override { note(std::string(text), {x, y}); }
-  [[nodiscard]] bool has(const std::string& stroke) const {
-    return std::ranges::find(strokes, stroke) != strokes.end();
+  void expect(std::initializer_list<const char*> wanted) const {
+    for (const char* stroke : wanted) { EXPECT_EQ(std::ranges::count(strokes, stroke), 1) << stroke; }
   }
 
  private:
@@ -119,7 +115,6 @@ class RecordingCanvas : public dialog::Canvas {
     for (const int number : numbers) { word += ' ' + std::to_string(number); }
     strokes.push_back(std::move(word));
   }
-  int width_;
   int height_;
 };
 
@@ -129,27 +124,16 @@ using ardenix::HoleType;
 using ardenix::paintHolePreview;
 
 TEST(HolePreview, ABlindHoleEndsAboveTheFarFace) {
-  RecordingCanvas canvas(200, 240);
+  RecordingCanvas canvas(240);
   paintHolePreview(canvas, {.diameter = 5, .length = 10, .type = HoleType::kDrilled, .range = HoleRange::kBlind});
-  const std::vector<std::string> expected = {
-      "fill 0",
-      "axis 100 0 100 240",
-      "SIDE 2 2",
-      "line 0 24 200 24",
-      "line 0 216 200 216",
-      "line 76 24 76 120",
-      "line 76 120 76 132",
-      "line 76 132 100 144",
-      "line 124 24 124 120",
-      "line 124 120 124 132",
-      "line 124 132 100 144",
-      "line 76 132 124 132",
-  };
-  EXPECT_EQ(canvas.strokes, expected);
+  canvas.expect({"fill 0", "axis 100 0 100 240", "SIDE 2 2", "line 0 24 200 24", "line 0 216 200 216",
+                 "line 76 24 76 120", "line 76 120 76 132", "line 76 132 100 144", "line 124 24 124 120",
+                 "line 124 120 124 132", "line 124 132 100 144", "line 76 132 124 132"});
+  EXPECT_EQ(canvas.strokes.size(), 12U);
 }
 
 TEST(HolePreview, AThroughHoleIsCounterboredAndTapped) {
-  RecordingCanvas canvas(200, 250);
+  RecordingCanvas canvas(250);
   paintHolePreview(canvas, {.diameter = 8,
                             .threadDiameter = 10,
                             .length = 20,
@@ -158,28 +142,24 @@ TEST(HolePreview, AThroughHoleIsCounterboredAndTapped) {
                             .range = HoleRange::kThrough,
                             .counterboreDiameter = 12,
                             .threadLength = 18});  // 10 pixels a unit, the faces at 25 and 225
-  for (const char* stroke : {"line 60 45 60 225", "line 60 45 40 45", "line 40 45 40 25", "line 60 45 140 45",
-                             "line 50 45 50 225", "line 50 225 150 225"}) {
-    EXPECT_TRUE(canvas.has(stroke)) << stroke;
-  }
+  canvas.expect({"line 60 45 60 225", "line 60 45 40 45", "line 40 45 40 25", "line 60 45 140 45", "line 50 45 50 225",
+                 "line 50 225 150 225"});
 }
 
 TEST(HolePreview, ThePlanIsPaintedAtTheSidesScale) {
-  RecordingCanvas canvas(200, 89);
+  RecordingCanvas canvas(89);
   HoleRecord hole{.diameter = 5,
                   .length = 23,
                   .countersinkDepth = 1,
                   .type = HoleType::kDowel,
                   .range = HoleRange::kThrough};  // 0.8 * 236 / 23: 8.2 pixels a unit
   paintHolePreview(canvas, hole);
-  for (const char* stroke : {"axis 100 0 100 89", "axis 0 44 200 44", "PLAN 2 2", "circle 100 44 20",
-                             "circle 100 44 28", "pie 100 44 20 90 90", "pie 100 44 20 270 90"}) {
-    EXPECT_TRUE(canvas.has(stroke)) << stroke;
-  }
+  canvas.expect({"axis 100 0 100 89", "axis 0 44 200 44", "PLAN 2 2", "circle 100 44 20", "circle 100 44 28",
+                 "pie 100 44 20 90 90", "pie 100 44 20 270 90"});
   hole = {.diameter = 100, .type = HoleType::kDrilled, .range = HoleRange::kThrough};
-  RecordingCanvas side(200, 240);
+  RecordingCanvas side(240);
   paintHolePreview(side, hole);
-  EXPECT_TRUE(side.has("line 60 120 60 120")) << "without a length, 0.8 pixels a unit";
+  EXPECT_TRUE(std::ranges::count(side.strokes, "line 60 120 60 120") > 0) << "without a length, 0.8 pixels a unit";
 }
 
 }  // namespace

@@ -23,10 +23,7 @@ class FastenerDialogTest : public FastenerSession {
 };
 
 struct BrokenRules {
-  const char* command;
-  const char* title;
-  const char* edits;
-  const char* focus;
+  const char *command, *title, *edits, *focus;
   std::vector<std::string> messages;
 };
 
@@ -81,7 +78,7 @@ TEST_F(FastenerDialogTest, EveryRuleThatIsBrokenIsTold) {
 }
 
 TEST_F(FastenerDialogTest, RulesOfAThreadOrASlotCountOnlyWhereThereIsOne) {
-  draw("MechDrawNuts", "Nuts", "", "space\n");
+  draw("MechDrawNuts", "Nuts", "set \"Number =\" 2\nset \"Repeat value\" 13\n", "space\n");  // as far as it is wide
   draw("MechDrawHoles", "Drilled Holes", "set \"Thread diameter\" 1\npick \"Hole type\" \"Drilled\"\n",
        "dialog \"Save Changes to Hole?\"\npress \"Cancel\"\nspace\n");
   draw("MechDrawHoles", "Drilled Holes", "pick \"Definition\" \"OLD\"\nexpect \"Thread length\" 16.5\n", "space\n");
@@ -117,11 +114,7 @@ TEST_F(FastenerDialogTest, AnEntryThatItsListDoesNotHaveMustBeChosenAnew) {
 
 TEST_F(FastenerDialogTest, RecordsAreSavedInTheirOwnFormats) {
   const struct {
-    const char* command;
-    const char* title;
-    const char* word;
-    const char* section;
-    const char* record;
+    const char *command, *title, *word, *section, *record;
   } kinds[] = {
       {"MechDrawScrews", "Socket Screws", "Screw", "CAPSCREWS",
        "NEW,13.000,8.000,8.000,30.000,2.000,6.466,8.000,6.000,0,0"},

@@ -21,6 +21,18 @@ class FastenerSession : public CommandSession {
   static constexpr const char* kSideOnly = "point 0 0\nmenu \"No Rotation\"\nspace\n";
   static constexpr const char* kPlanOnly = "uncheck \"Draw Side View (elevation)\"\ncheck \"Draw Top View (plan)\"\n";
 
+  // That the last part was ended with the cursor free.
+  void expectFreeCursor() {
+    const Texts tail(log_.lines.end() - 4, log_.lines.end());
+    EXPECT_EQ(tail, (Texts{"macro #PARENT \"A\"", "macro #STARTPAT \"P1\"", "macro #LOCKANG \"U\"",
+                           "call gsSetCursorHold 0"}));
+  }
+  // Pen, line type and width of a stroke.
+  static std::string styleOf(const brevan::Primitive& stroke) {
+    return std::to_string(stroke.pen) + '/' + std::to_string(stroke.linetype) + '/' +
+           numberText::fixed(stroke.width, 1);
+  }
+
   // Runs a command with these edits in its dialog and these answers after it.
   void draw(const std::string& command, const std::string& title, const std::string& edits, const std::string& answers,
             const std::string& before = "") {
@@ -48,6 +60,11 @@ class FastenerSession : public CommandSession {
       found = found || (same(line->a, a) && same(line->b, b)) || (same(line->a, b) && same(line->b, a));
     });
     return found;
+  }
+  void expectLines(std::initializer_list<std::pair<Point, Point>> lines) {
+    for (const auto& [a, b] : lines) {
+      EXPECT_TRUE(hasLine(a, b)) << a.x << ", " << a.y << " to " << b.x << ", " << b.y;
+    }
   }
   bool hasCircle(Point centre, double radius) {
     return std::ranges::any_of(shapes<brevan::Arc>(), [&](const brevan::Arc& arc) {

@@ -27,29 +27,25 @@ class NutTest : public FastenerSession {
 
 TEST_F(NutTest, ShapesDifferInTheirChamfers) {
   drawNut(kHexagon, kRounded);
-  EXPECT_TRUE(hasLine({kCorner, kChamfer}, {kCorner, 10.8 - kChamfer}));
-  EXPECT_TRUE(hasLine({kCorner, kChamfer}, {9, 0}));
-  EXPECT_TRUE(hasLine({kCorner, 10.8 - kChamfer}, {9, 10.8}));
+  expectLines({{{kCorner, kChamfer}, {kCorner, 10.8 - kChamfer}},
+               {{kCorner, kChamfer}, {9, 0}},
+               {{kCorner, 10.8 - kChamfer}, {9, 10.8}}});
   EXPECT_EQ(shapes<brevan::Arc>().size(), 6U);
   for (const double face : {-0.75 * kCorner, 0.0, 0.75 * kCorner}) {
     EXPECT_TRUE(hasArcThrough({face, 0})) << face;
     EXPECT_TRUE(hasArcThrough({face, 10.8})) << face;
   }
   drawNut(kHexagon, kFlatBase);
-  EXPECT_TRUE(hasLine({kCorner, 0}, {kCorner, 10.8 - kChamfer}));
-  EXPECT_TRUE(hasLine({kSide, 0}, {kSide, 10.8 - kChamfer}));
+  expectLines({{{kCorner, 0}, {kCorner, 10.8 - kChamfer}}, {{kSide, 0}, {kSide, 10.8 - kChamfer}}});
   EXPECT_EQ(shapes<brevan::Arc>().size(), 3U);
   drawNut(kHexagon, kFlat);
-  EXPECT_TRUE(hasLine({-kCorner, 10.8}, {kCorner, 10.8}));
-  EXPECT_TRUE(hasLine({kSide, 0}, {kSide, 10.8}));
+  expectLines({{{-kCorner, 10.8}, {kCorner, 10.8}}, {{kSide, 0}, {kSide, 10.8}}});
   EXPECT_EQ(shapes<brevan::Arc>().size(), 0U);
 }
 
 TEST_F(NutTest, StandsOnItsWasher) {
   drawNut(kHexagon, kFlat, "16.6,10.106,0.6");
-  EXPECT_TRUE(hasLine({-8.3, 0}, {8.3, 0}));
-  EXPECT_TRUE(hasLine({8.3, 0}, {8.3, 0.6}));
-  EXPECT_TRUE(hasLine({-kCorner, 0.6}, {kCorner, 0.6}));
+  expectLines({{{-8.3, 0}, {8.3, 0}}, {{8.3, 0}, {8.3, 0.6}}, {{-kCorner, 0.6}, {kCorner, 0.6}}});
   EXPECT_NEAR(axis().a.y, -5.4, 1e-9);
   EXPECT_NEAR(axis().b.y, 0.6 + 16.2, 1e-9);
 }
@@ -117,6 +113,11 @@ TEST_F(NutTest, TurnsTowardsThePointAskedFor) {
   EXPECT_NEAR(axis().b.x, 5 - 16.2, 1e-6);
   drawNut(kHexagon, kFlat, "16.6,10.106,0", "", "point 5 5\nspace\n");
   EXPECT_EQ(drawing().count(), 0U);
+  // A row runs square to the nut: at 30 degrees where its axis points 60 degrees down to the right.
+  const double down = -30.0 * std::sqrt(3.0);
+  drawNut(kHexagon, kFlat, "16.6,10.106,0", "set \"Number =\" 2\nset \"Repeat value\" 25\n",
+          numberText::format("point 0 0\npoint 30 %.9f\npoint 45 20\nspace\n", down));
+  EXPECT_EQ(macros("#REPEAT"), Texts{"#REPEAT 1 \"Y\" [0.00000000,0.00000000] [21.65063509,12.50000000] [#]"});
 }
 
 TEST_F(NutTest, ThePlanLiesOnTheAxisOfItsSideView) {

@@ -50,9 +50,7 @@ TEST_F(RivetTest, ACrownHigherThanItsRadiusIsMoreThanAHalfCircle) {
 
 TEST_F(RivetTest, CountersunkHeadsTakeTheirPartOfTheShank) {
   drawRivet(kCountersunkHead, kCountersunkHead);
-  EXPECT_TRUE(hasLine({2, -2}, {2, -10}));
-  EXPECT_TRUE(hasLine({3.5, 0}, {2, -2}));
-  EXPECT_TRUE(hasLine({-3.5, -12}, {-2, -10}));
+  expectLines({{{2, -2}, {2, -10}}, {{3.5, 0}, {2, -2}}, {{-3.5, -12}, {-2, -10}}});
   EXPECT_NEAR(axis().a.y, -10 - 7.8, 1e-9);
   drawRivet(kCountersunkHead, kSnapHead);
   EXPECT_TRUE(hasLine({2, -2}, {2, -12}));
@@ -68,8 +66,7 @@ TEST_F(RivetTest, ThePlanShowsTheShankHiddenBelowItsWiderHead) {
   drawing().forEach([&](brevan::PrimitiveId, const brevan::Primitive& primitive) {
     const auto* arc = std::get_if<brevan::Arc>(&primitive.geometry);
     if (arc == nullptr || brevan::arcRadius(*arc) > 2.1) { return; }
-    styles.push_back(std::to_string(primitive.pen) + '/' + std::to_string(primitive.linetype) + '/' +
-                     numberText::fixed(primitive.width, 1));
+    styles.push_back(styleOf(primitive));
   });
   EXPECT_EQ(styles, Texts{"1/21/2.5"}) << "the head's pen, the hidden line's type and width";
   EXPECT_EQ(groups(), Texts{"RIVETS RP1 4"});

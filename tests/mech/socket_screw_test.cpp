@@ -33,8 +33,7 @@ TEST_F(SocketScrewTest, ACylindricalHeadStandsOnItsShaft) {
 
 TEST_F(SocketScrewTest, ACountersunkHeadLiesInTheMaterial) {
   drawScrew("16,4,8,30,10,6.47,8,5", 1, 0);
-  EXPECT_TRUE(hasLine({-8, 0}, {8, 0}));
-  EXPECT_TRUE(hasLine({4, -4}, {8, 0}));
+  expectLines({{{-8, 0}, {8, 0}}, {{4, -4}, {8, 0}}});
   EXPECT_TRUE(hasLine({4, -4}, {4, -14})) << "the shoulder";
   EXPECT_TRUE(hasLine({3.235, -34}, {-3.235, -34}));
   EXPECT_NEAR(axis().a.y, -35.6, 1e-9);
@@ -53,9 +52,7 @@ TEST_F(SocketScrewTest, RoundedHeadsRiseToTheirHeight) {
 
 TEST_F(SocketScrewTest, ASetScrewIsThreadedOverAllItsLength) {
   drawScrew("6,1.5,6,10,4,4.773,6,3", 4, 0);
-  EXPECT_TRUE(hasLine({3, -8.5}, {1.5, -10}));
-  EXPECT_TRUE(hasLine({3, 0}, {3, -8.5}));
-  EXPECT_TRUE(hasLine({2.3865, 0}, {3, -0.6135}));
+  expectLines({{{3, -8.5}, {1.5, -10}}, {{3, 0}, {3, -8.5}}, {{2.3865, 0}, {3, -0.6135}}});
   EXPECT_TRUE(hasLine({2.3865, 0}, {2.3865, -9.1135}, kThin));
   EXPECT_NEAR(axis().a.y, -12.7, 1e-9);
   EXPECT_NEAR(axis().b.y, 1.2, 1e-9) << "a fifth of the diameter above the screw";

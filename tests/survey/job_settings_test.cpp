@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "frame/host/core_services.h"
-#include "survey/control_point.h"
 #include "survey/sectional_plan_job.h"
+#include "tests/failure.h"
 #include "tests/mech/command_session.h"
 
 namespace ardenix::survey {
@@ -30,32 +30,14 @@ class SurveyJob : public CommandSession {
   void remember(const std::string& path) { settings().SetString("SG_DEFAULTS", "SG_DiaramFile", path); }
 };
 
-TEST_F(SurveyJob, TakesScaleUnitsAndTextStyleFromTheView) {
-  CCadWindow& view = surveyView();
-  JobSettings job(write("job.ini", ""), SurveyMode::kDiagram, view);
-  EXPECT_DOUBLE_EQ(job.scale(), 500.0);
-  EXPECT_DOUBLE_EQ(job.unitFactor(), 1000.0);
-  EXPECT_DOUBLE_EQ(job.paperFactor(), 0.5) << "a millimetre at 1:500 is half a metre";
-  EXPECT_FALSE(job.cartesian());
-  TextDefaults defaults;
-  view.gsGetTextDefaultParams(defaults);
-  EXPECT_EQ(job.textStyle().font, defaults.font);
-  EXPECT_EQ(job.textStyle().height, defaults.height);
-  EXPECT_EQ(job.textStyle().justification, defaults.justification);
-  EXPECT_EQ(job.textStyle().pen, defaults.pen);
-  job.textStyle().use(job.textRow("TEXT", "Missing"));
-  EXPECT_EQ(job.textStyle().pen, 8);
-  EXPECT_EQ(job.textStyle().height, 30.0);
-}
-
 TEST_F(SurveyJob, SeparatorsAreReadByTheirLetter) {
   CCadWindow& view = surveyView();
   const std::pair<std::string, std::string> letters[] = {
       {"C", ","}, {"D", "\xB0"}, {"M", "-"}, {"N", ""}, {"S", " "}, {"P", "."}, {"", "."}, {",", "."}, {"Comma", ","}};
   for (const auto& [stored, separator] : letters) {
-    std::string text = "[DEFAULTS]\nDecimal=";
-    text.append(stored).append("\nBearing=").append(stored).append("\n");
-    const JobSettings job(write("job.ini", text), SurveyMode::kDiagram, view);
+    const std::string path =
+        write("job.ini", numberText::format("[DEFAULTS]\nDecimal=%s\nBearing=%s\n", stored, stored));
+    const JobSettings job(path, SurveyMode::kDiagram, view);
     EXPECT_EQ(job.numbers().decimal, separator) << stored;
     EXPECT_EQ(job.numbers().bearing, separator) << stored;
     EXPECT_EQ(job.numbers().thousands, ".") << "a missing letter";
@@ -63,14 +45,13 @@ TEST_F(SurveyJob, SeparatorsAreReadByTheirLetter) {
 }
 
 TEST_F(SurveyJob, MissingOptionsAreNotThoseThatDialogsOffer) {
-  const JobSettings job(write("job.ini", "[DEFAULTS]\nLayer=\n"), SurveyMode::kDiagram, surveyView());
-  EXPECT_FALSE(job.numbers().roundBearing);
-  EXPECT_FALSE(job.options().useOffset);
-  EXPECT_FALSE(job.options().delLines);
+  JobSettings job(write("job.ini", "[DEFAULTS]\nLayer=\n"), SurveyMode::kDiagram, surveyView());
+  EXPECT_FALSE(job.numbers().roundBearing || job.options().useOffset || job.options().delLines);
   EXPECT_EQ(job.options().polySnipFactor, 2.0);
   EXPECT_EQ(job.options().lineType, 5);
   EXPECT_EQ(job.options().diagramLayer, "SG_DIAGRAM");
-  EXPECT_EQ(job.options().figureLayer, "");
+  job.textStyle().use(job.textRow("TEXT", "Missing"));
+  EXPECT_TRUE(job.textStyle().pen == 8 && job.textStyle().height == 30.0);
 }
 
 TEST_F(SurveyJob, AnOptionOutsideItsRangeIsNamed) {
@@ -78,23 +59,10 @@ TEST_F(SurveyJob, AnOptionOutsideItsRangeIsNamed) {
   const std::string bad[] = {"PolySnipFactor=0.5", "CornerDiam=-1", "LineType=33", "DimSetting=3", "Offset=1e9"};
   for (const std::string& line : bad) {
     const std::string path = write("job.ini", "[DEFAULTS]\n" + line + "\n");
-    try {
-      const JobSettings job(path, SurveyMode::kDiagram, view);
-      ADD_FAILURE() << line;
-    } catch (const HostFailure& failure) {
-      const std::string told = failure.what();
-      EXPECT_NE(told.find(path), std::string::npos);
-      EXPECT_NE(told.find(line.substr(0, line.find('='))), std::string::npos) << told;
-    }
+    const std::string told = failureOf([&] { JobSettings(path, SurveyMode::kDiagram, view); });
+    EXPECT_NE(told.find(path), std::string::npos) << line;
+    EXPECT_NE(told.find(line.substr(0, line.find('='))), std::string::npos) << told;
   }
-}
-
-TEST_F(SurveyJob, DrawingsAreLookedForBesideTheSettings) {
-  const std::string drawing = write("Block.drg", "");
-  const JobSettings job(write("job.ini", "[DEFAULTS]\nSymbol=Gone.drg\nTitleBlock=Block.drg\n"), SurveyMode::kDiagram,
-                        surveyView());
-  EXPECT_EQ(job.titleBlock(), drawing);
-  EXPECT_EQ(job.symbolFile(), "Gone.drg");
 }
 
 TEST_F(SurveyJob, ACommandBeginsOnlyWithAFileAndASurveyDrawing) {
@@ -129,16 +97,6 @@ TEST_F(SurveyJob, FloorNamesEndAtTheFirstMissing) {
   const Services services;
   const SectionalPlanJob job(&view, services);
   EXPECT_EQ(job.floorNames(), (Texts{"Ground, front", "First"}));
-}
-
-TEST_F(SurveyJob, ControlPointsReadBackWhatWasWritten) {
-  const ControlPoint beacon{ControlCategory::kTrigonometricalBeacon, "Kloof", "3418/123", -12345.675, 3712345.67};
-  const auto again = controlPointOf(controlPointText(beacon));
-  EXPECT_EQ(again.category, beacon.category);
-  EXPECT_EQ(again.name, beacon.name);
-  EXPECT_EQ(again.number, beacon.number);
-  EXPECT_NEAR(again.y, beacon.y, 0.006);
-  EXPECT_DOUBLE_EQ(again.x, beacon.x);
 }
 
 }  // namespace

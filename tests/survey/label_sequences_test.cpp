@@ -11,13 +11,8 @@ namespace {
 
 using Sequence = std::string (*)(std::string_view);
 
-struct Row {
-  const char* label;
-  const char* next;
-};
-
-void expectRows(Sequence sequence, std::initializer_list<Row> rows) {
-  for (const Row& row : rows) { EXPECT_EQ(sequence(row.label), row.next) << row.label; }
+void expectRows(Sequence sequence, std::initializer_list<std::pair<const char*, const char*>> rows) {
+  for (const auto& [label, next] : rows) { EXPECT_EQ(sequence(label), next) << label; }
 }
 
 TEST(LabelSequences, StepTheirOwnPart) {
@@ -42,6 +37,7 @@ TEST(LabelSequences, StepTheirOwnPart) {
                                      {"Z1", "A2"},
                                      {"Z9", "A10"},
                                      {"TZ", "TA1"},
+                                     {"Z1A", "A1B"},
                                      {"n7", "p7"},
                                      {"12", "13"},
                                      {"", "1"}});

@@ -66,9 +66,7 @@ class FullDisk {
 };
 
 struct ShippedFile {
-  const char* command;
-  const char* key;
-  const char* file;
+  const char *command, *key, *file;
   SurveyMode mode;
 };
 

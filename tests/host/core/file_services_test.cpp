@@ -25,6 +25,14 @@ class FileServicesTest : public ::testing::Test {
         FileServices::Confinement{folder_.path("out"), [this](const std::string& text) { reports_.push_back(text); }}};
   }
 
+  // Makes the files what the functions of the seam work on.
+  struct Bound {
+    explicit Bound(FileServices& files) : context{files, settings, "", nullptr} {}
+    INI_LIST settings{""};
+    CoreContext context;
+    CoreContextBinding binding{context};
+  };
+
   TemporaryFolder folder_;
   std::vector<std::string> reports_;
 };
@@ -71,7 +79,7 @@ TEST_F(FileServicesTest, confinedWritingGoesToACopyFromThenOn) {
   EXPECT_EQ(reports_.size(), 1U);
 }
 
-TEST_F(FileServicesTest, copiesNeverReplaceWhatIsThere) {
+TEST_F(FileServicesTest, copiesNeverReplaceWhatIsThereAndNewFilesLieBeside) {
   folder_.write("data/Specs.ini", "data");
   folder_.write("base/lib/Specs.ini", "base");
   folder_.write("out/Specs.ini", "mine");
@@ -82,10 +90,6 @@ TEST_F(FileServicesTest, copiesNeverReplaceWhatIsThere) {
             "minedatabase");
   EXPECT_EQ(files.resolveForWriting(folder_.path("out/specs.INI")), folder_.path("out/Specs.ini"));
   EXPECT_EQ(reports_.size(), 2U);
-}
-
-TEST_F(FileServicesTest, newFilesOfAConfinedProgramLieInItsOutputFolder) {
-  FileServices files = confined();
   const std::string path = files.resolveForWriting("table.txt");
   EXPECT_EQ(path, folder_.path("out/table.txt"));
   folder_.write("out/table.txt", "x");
@@ -100,17 +104,17 @@ TEST_F(FileServicesTest, confinedEscapesAreRefused) {
   std::filesystem::create_symlink(folder_.path("secret.ini"), folder_.path("out/link.ini"));
   std::filesystem::create_directory_symlink(folder_.path(), folder_.path("out/up"));
   FileServices files = confined();
-  const std::string bad[] = {"../secret.ini",
-                             "..\\secret.ini",
-                             "a/../../secret.ini",
-                             "C:\\secret.ini",
-                             "con",
-                             "lib/NUL.ini",
-                             folder_.path("out/link.ini"),
-                             folder_.path("out/up/secret.ini"),
-                             folder_.path("out/up/new.ini"),
-                             std::string("a\0b", 3),
-                             ""};
+  std::vector<std::string> bad = {"../secret.ini",
+                                  "..\\secret.ini",
+                                  "a/../../secret.ini",
+                                  "C:\\secret.ini",
+                                  "con",
+                                  "lib/NUL.ini",
+                                  "com9",
+                                  "prn .txt",
+                                  "",
+                                  std::string("a\0b", 3)};
+  for (const char* name : {"link.ini", "up/secret.ini", "up/new.ini"}) { bad.push_back(folder_.path("out/") + name); }
   for (const std::string& path : bad) { EXPECT_THROW(files.resolveForWriting(path), HostFailure) << path; }
   EXPECT_THROW(static_cast<void>(files.resolveForReading("../secret.ini")), HostFailure);
   EXPECT_THROW(static_cast<void>(files.resolveForDeleting("in.ini")), HostFailure);
@@ -127,31 +131,18 @@ TEST_F(FileServicesTest, pathsInsideAFolderStayThere) {
   EXPECT_EQ(resolveInside(base, "symbols\\WELD.sym"), path);
   EXPECT_EQ(resolveInside(base, "inside/Weld.sym"), path);
   EXPECT_EQ(resolveInside(base, "Symbols/new.sym"), folder_.path("base/Symbols/new.sym"));
-  const std::string bad[] = {"../secret.sym",
-                             "Symbols/../../secret.sym",
-                             "Symbols/../Symbols/Weld.sym",
-                             "/etc/passwd",
-                             "\\etc\\passwd",
-                             "C:x.sym",
-                             "c:\\x.sym",
-                             "NUL",
-                             "aux.sym",
-                             "Symbols\\com1.drg",
-                             "link.sym",
-                             "outside/new.sym",
-                             "",
-                             ".",
-                             "/",
-                             std::string("a\0b", 3)};
-  for (const std::string& name : bad) { EXPECT_THROW(resolveInside(base, name), HostFailure) << name; }
+  for (const char* name :
+       {"../secret.sym", "Symbols/../../secret.sym", "Symbols/../Symbols/Weld.sym", "/etc/passwd", "\\etc\\passwd",
+        "C:x.sym", "c:\\x.sym", "NUL", "aux.sym", "Symbols\\com1.drg", "link.sym", "outside/new.sym", "", ".", "/"}) {
+    EXPECT_THROW(resolveInside(base, name), HostFailure) << name;
+  }
+  EXPECT_THROW(resolveInside(base, std::string("a\0b", 3)), HostFailure);
 }
 
 TEST_F(FileServicesTest, iniFileKeepsItsNameWhenItMovesToACopy) {
   const std::string original = folder_.write("data/Specs.ini", "[A]\r\nx=1\r\n");
   FileServices files = confined();
-  INI_LIST settings("");
-  CoreContext context{files, settings, "", nullptr};
-  const CoreContextBinding binding(context);
+  const Bound bound(files);
   TINIFile file(original);
   for (const int value : {2, 3}) {
     file.WriteInt("A", "x", value);
@@ -166,9 +157,7 @@ TEST_F(FileServicesTest, iniFileKeepsItsNameWhenItMovesToACopy) {
 TEST_F(FileServicesTest, fileFunctionsOfTheSeam) {
   folder_.write("data/a.txt", "one\r\ntwo\nthree");
   FileServices files = confined();
-  INI_LIST settings("");
-  CoreContext context{files, settings, folder_.path("brevan.hlp"), nullptr};
-  const CoreContextBinding binding(context);
+  const Bound bound(files);
   EXPECT_EQ(coreGetDefaultPath(), folder_.path("data/"));
   EXPECT_EQ(coreFileExist(coreGetDefaultPath() + "A.TXT"), 1);
   EXPECT_EQ(coreFileExist("b.txt") + coreFileExist("../base") + coreFileExist(coreGetDefaultPath()), 0);
@@ -183,9 +172,7 @@ TEST_F(FileServicesTest, textFilesAreReadAndWrittenLineByLine) {
   folder_.write("base/list.txt", "one\r\n\r\nthree\rfour");
   ASSERT_EQ(::mkfifo(folder_.path("base/pipe").c_str(), 0600), 0);
   FileServices files = confined();
-  INI_LIST settings("");
-  CoreContext context{files, settings, "", nullptr};
-  const CoreContextBinding binding(context);
+  const Bound bound(files);
   const int list = coreFileOpen("LIST.txt", "r");
   const int table = coreFileOpen("table.txt", "w");
   ASSERT_TRUE(list > 0 && table > 0 && list != table);
@@ -213,12 +200,10 @@ TEST(FileNames, extensionsAndNamesAreReplaced) {
 
 TEST(FileNames, abbreviatedPathsFit) {
   const std::string path = "/home/ann/drawings/2024/plate.ini";
-  EXPECT_EQ(coreAbbreviateFileName(path, 40), path);
-  EXPECT_EQ(coreAbbreviateFileName(path, 30), "/home/ann/.../plate.ini");
-  EXPECT_EQ(coreAbbreviateFileName(path, 14), "/.../plate.ini");
-  EXPECT_EQ(coreAbbreviateFileName(path, 13), ".../plate.ini");
-  EXPECT_EQ(coreAbbreviateFileName(path, 10), "plate.ini");
-  EXPECT_EQ(coreAbbreviateFileName(path, 8), "plate...");
+  const std::pair<int, std::string> rows[] = {
+      {40, path},     {30, "/home/ann/.../plate.ini"}, {14, "/.../plate.ini"}, {13, ".../plate.ini"}, {10, "plate.ini"},
+      {8, "plate..."}};
+  for (const auto& [length, shown] : rows) { EXPECT_EQ(coreAbbreviateFileName(path, length), shown); }
   for (int length = -1; length < 40; ++length) {
     EXPECT_LE(static_cast<int>(coreAbbreviateFileName(path, length).size()), std::max(length, 0));
   }

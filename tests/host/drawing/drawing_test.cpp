@@ -53,14 +53,8 @@ void expectNearestIsNearest(RandomDrawing& random) {
   });
   const PrimitiveId found =
       drawing.nearest(p, kReach, [](PrimitiveId, const Primitive& primitive) { return primitive.pen > 2; });
-  if (found == 0) {
-    EXPECT_EQ(least, kReach);
-    return;
-  }
-  EXPECT_EQ(drawing.distanceTo(*drawing.find(found), p), least);
-  EXPECT_GT(drawing.find(found)->pen, 2);
-  // The bounds hold what is near, else the search would have missed it.
-  EXPECT_LE(drawing.distanceTo(*drawing.find(found), p), kReach);
+  EXPECT_EQ(found == 0 ? kReach : drawing.distanceTo(*drawing.find(found), p), least);
+  EXPECT_TRUE(found == 0 || drawing.find(found)->pen > 2);
 }
 
 TEST(Drawing, UndoAndRedoGiveEveryStateBackByteForByte) {
@@ -134,18 +128,6 @@ TEST(Drawing, RollingBackLeavesAsBefore) {
   }
 }
 
-TEST(Drawing, WhatIsTakenBackIsSelectedAsBefore) {
-  Drawing drawing;
-  const PrimitiveId kept = drawing.add({.geometry = Line{{0, 0}, {1, 0}}});
-  drawing.select(kept);
-  drawing.beginStep("failing");
-  const size_t mark = drawing.mark();
-  drawing.replace(kept, {.geometry = Line{{5, 5}, {6, 6}}});
-  drawing.rollBackTo(mark);
-  drawing.endStep();
-  EXPECT_EQ(drawing.selection(), std::vector<PrimitiveId>{kept});
-}
-
 TEST(Drawing, RefusedChangesChangeNothing) {
   Drawing drawing;
   const PrimitiveId line = drawing.add({.geometry = Line{{0, 0}, {1, 0}}});
@@ -159,6 +141,8 @@ TEST(Drawing, RefusedChangesChangeNothing) {
       {.geometry = Text{{0, 0}, "T", "Arial", 35, kNan}},
       {.geometry = Arrow{{0, 0}, {1, 1}, kNan}},
       {.geometry = Symbol{"S", {0, 0}, kInf}},
+      {.geometry = Symbol{"S", {0, 0}, 1.0, kNan}},
+      {.geometry = Arrow{{0, 0}, {1, 1}, 20, kInf}},
       {.geometry = Dimension{DimensionKind::kVertical, {0, -kInf}, {}, {}, ""}},
       {.width = kNan, .geometry = Line{{0, 0}, {1, 0}}},
       {.layer = 7, .geometry = Line{{0, 0}, {1, 0}}},

@@ -29,7 +29,7 @@ class RandomDrawing {
     using Change = void (RandomDrawing::*)();
     constexpr std::array<Change, 14> kChanges = {
         &RandomDrawing::draw,       &RandomDrawing::draw,        &RandomDrawing::draw,      &RandomDrawing::draw,
-        &RandomDrawing::erase,      &RandomDrawing::move,        &RandomDrawing::move,      &RandomDrawing::relayer,
+        &RandomDrawing::erase,      &RandomDrawing::move,        &RandomDrawing::move,      &RandomDrawing::move,
         &RandomDrawing::makeLayer,  &RandomDrawing::alterLayer,  &RandomDrawing::dropLayer, &RandomDrawing::makeGroup,
         &RandomDrawing::alterSheet, &RandomDrawing::defineSymbol};
     (this->*kChanges[static_cast<size_t>(whole(0, 13))])();
@@ -80,14 +80,8 @@ class RandomDrawing {
     brevan::Primitive moved = *drawing.find(id);
     const auto turn = brevan::Transform::rotation(point(), brevan::radians(whole(0, 359)));
     moved.geometry = transformed(moved.geometry, turn);
-    moved.group = drawing.lastGroup() == 0 ? 0 : whole(0, drawing.lastGroup());
-    drawing.replace(id, std::move(moved));
-  }
-  void relayer() {
-    const brevan::PrimitiveId id = anyPrimitive();
-    if (id == 0) { return; }
-    brevan::Primitive moved = *drawing.find(id);
-    moved.layer = anyLayer();
+    moved.group = whole(0, drawing.lastGroup());
+    if (whole(0, 2) == 0) { moved.layer = anyLayer(); }
     drawing.replace(id, std::move(moved));
   }
   void makeLayer() { drawing.setCurrentLayer(drawing.addLayer({"L" + std::to_string(whole(0, 6)), true, false, 1})); }

@@ -7,14 +7,7 @@
 namespace brevan {
 namespace {
 
-Text sampleText(int justification) {
-  Text text;
-  text.at = {100.0, 50.0};
-  text.text = "Mwy\\Nsecond line";
-  text.height = 50.0;
-  text.justification = justification;
-  return text;
-}
+Text sampleText(int justification) { return {{100.0, 50.0}, "Mwy\\Nsecond line", "Arial", 50.0, 0.0, justification}; }
 
 // Where the text's point lies in the block, as parts of its width and height.
 Point placeInBlock(const Text& text) {

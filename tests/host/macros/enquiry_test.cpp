@@ -14,91 +14,62 @@ class MadeDrawings : public DrawingSource {
   ReadDrawing open(const std::string& path) override {
     if (path.find("none") != std::string::npos) { throw HostFailure("cannot read \"" + path + "\": no such file"); }
     ReadDrawing made;
-    Drawing* const drawing = &made.drawing;
+    Drawing& drawing = made.drawing;
     Parameters metres;
     metres.setUnit(1000.0);
     metres.setOrientation(turned ? 1 : 0);
-    drawing->setParameters(metres);
-    Primitive line;
-    line.layer = drawing->addLayer(Layer{"FRAME"});
-    line.group = drawing->addGroup("SHEETS", "BORDER");
-    line.geometry = Line{{0, 0}, {1, 2}};
-    drawing->add(line);
-    SymbolDefinition inner{"DOT", {Primitive{}}};
-    SymbolDefinition outer{"W1200P", {Primitive{}}};
-    outer.parts[0].geometry = Line{{0, 0}, {1200, 100}};
-    Primitive nested;
-    nested.geometry = Symbol{"DOT", {10, 10}};
-    outer.parts.push_back(nested);
-    drawing->addSymbol(inner);
-    drawing->addSymbol(outer);
-    if (lettered) { letter(*drawing); }
+    drawing.setParameters(metres);
+    const int layer = drawing.addLayer({"FRAME"});
+    drawing.add({.layer = layer, .group = drawing.addGroup("SHEETS", "BORDER"), .geometry = Line{{0, 0}, {1, 2}}});
+    drawing.addSymbol({"DOT", {Primitive{}}});
+    drawing.addSymbol({"W1200P", {{.geometry = Line{{0, 0}, {1200, 100}}}, {.geometry = Symbol{"DOT", {10, 10}}}}});
+    if (!lettered) { return made; }
+    drawing.addSymbol({"MARK", {Primitive{}}, true, true});
+    drawing.add({.geometry = Text{{1, 1}, "TITLE", "Arial", 25.0, 100.0}});
+    drawing.add({.geometry = Symbol{"MARK", {1, 2}, 1.0, 10.0}});
+    drawing.add({.geometry = Symbol{"DOT", {1, 3}, 1.0, 10.0}});
     return made;
   }
   bool turned = false;
   bool lettered = false;  // a text, a symbol that stays upright and one that turns with the axes
-
- private:
-  static void letter(Drawing& drawing) {
-    SymbolDefinition mark{"MARK", {Primitive{}}};
-    mark.upright = true;
-    drawing.addSymbol(mark);
-    drawing.add({.geometry = Text{{1, 1}, "TITLE", "Arial", 25.0, 100.0}});
-    drawing.add({.geometry = Symbol{"MARK", {1, 2}, 1.0, 10.0}});
-    drawing.add({.geometry = Symbol{"DOT", {1, 3}, 1.0, 10.0}});
-  }
 };
 
 class Enquiries : public MacroSession {
  protected:
+  using Numbers = std::vector<double>;
+  // Each macro is refused with its message and changes nothing.
+  void expectRefused(const std::vector<std::pair<std::string, std::string>>& rows) {
+    const std::string before = json();
+    for (const auto& [command, told] : rows) { EXPECT_EQ(macroError(command), told) << command; }
+    EXPECT_EQ(json(), before);
+  }
   MadeDrawings files_;
 };
 
 TEST_F(Enquiries, WhatLiesAtTheCursor) {
-  Primitive thick;
-  thick.pen = 5;
-  thick.linetype = 21;
-  thick.geometry = Line{{0, 0}, {100, 0}};
-  drawing().add(thick);
+  drawing().add({.pen = 5, .linetype = 21, .geometry = Line{{0, 0}, {100, 0}}});
   window().gsSetCurrCoord(40, 3);
   macro("enquire \"NEARLINE\" X1 Y1 X2 Y2 pen linetype");
-  EXPECT_EQ(number("X2"), 100.0);
-  EXPECT_EQ(number("pen"), 5.0);
-  EXPECT_EQ(number("linetype"), 21.0);
-  macro("jumpnear \"L\"");
-  macro("enquire \"CURPOSN\" xf yf");
-  EXPECT_EQ(number("xf"), 40.0);
-  EXPECT_EQ(number("yf"), 0.0);
-  macro("curtocoordenter 12.50000 -4.00000");
-  macro("enquire \"CURPOSN\" xf yf");
-  EXPECT_EQ(number("yf"), -4.0);
-  macro("lockang \"L\" [50,0]");
-  macro("#ENQUIRE \"LOCKANG\" A2");
-  EXPECT_EQ(number("A2"), 0.0);
+  EXPECT_EQ(numbers({"X1", "Y1", "X2", "Y2", "pen", "linetype"}), (Numbers{0, 0, 100, 0, 5, 21}));
+  macros({"jumpnear \"L\"", "enquire \"CURPOSN\" xf yf"});
+  EXPECT_EQ(numbers({"xf", "yf"}), (Numbers{40, 0}));
+  macros({"curtocoordenter 12.50000 -4.00000", "enquire \"CURPOSN\" xf yf", "lockang \"L\" [50,0]",
+          "#ENQUIRE \"LOCKANG\" A2"});
+  EXPECT_EQ(numbers({"xf", "yf", "A2"}), (Numbers{12.5, -4, 0}));
   window().gsSetCurrCoord(500, 500);
-  EXPECT_EQ(macroError("jumpnear \"L\""), "1: no line lies near the cursor");
-  EXPECT_EQ(macroError("enquire \"NEARLINE\" X1"), "1: no line lies at the cursor");
-  EXPECT_EQ(macroError("enquire \"CURPOSN\" xf yf zf"), "25: there is nothing more to enquire");
-  EXPECT_EQ(macroError("enquire \"CURPOSN\" xf$"), "19: xf$ would take a number here");
+  expectRefused({{"jumpnear \"L\"", "1: no line lies near the cursor"},
+                 {"enquire \"NEARLINE\" X1", "1: no line lies at the cursor"},
+                 {"enquire \"CURPOSN\" xf yf zf", "25: there is nothing more to enquire"},
+                 {"enquire \"CURPOSN\" xf$", "19: xf$ would take a number here"}});
 }
 
 TEST_F(Enquiries, SettingsAndUnits) {
-  macro("LINETYPE 21 7");
-  macro("WIDTH 2.5");
-  macro("ENQUIRE \"LINEDEF\" L P W C S F R G B");
-  EXPECT_EQ(number("L"), 21.0);
-  EXPECT_EQ(number("P"), 7.0);
-  EXPECT_EQ(number("W"), 2.5);
-  macro("#ENQUIRE \"TEXTDEFAULTS\" T3 P2 P3 P4 P5 F$ P7 P8 P9 Q1 Q2 Q3 Q4 Q5 Q6 Q7");
-  EXPECT_EQ(number("T3"), 35.0);
-  EXPECT_EQ(number("P2"), 1.0);
-  EXPECT_EQ(text("F$"), "Arial");
-  EXPECT_EQ(number("P7"), 1.0);
-  macro("#ENQUIRE \"SCALE\"\tS");
-  EXPECT_EQ(number("S"), 1.0);
-  macro("#ENQUIRE \"AREAUNITS\" AU U$ zzz");
-  EXPECT_EQ(number("AU"), 6.0);
-  EXPECT_EQ(text("U$"), "mm\xB2");
+  macros({"LINETYPE 21 7", "WIDTH 2.5", "ENQUIRE \"LINEDEF\" L P W C S F R G B"});
+  EXPECT_EQ(numbers({"L", "P", "W"}), (Numbers{21, 7, 2.5}));
+  macros({"#ENQUIRE \"TEXTDEFAULTS\" T3 P2 P3 P4 P5 F$ P7 P8 P9 Q1 Q2 Q3 Q4 Q5 Q6 Q7", "#ENQUIRE \"SCALE\"\tS",
+          "#ENQUIRE \"AREAUNITS\" AU U$ zzz"});
+  EXPECT_EQ(numbers({"T3", "P2", "P7", "S", "AU"}), (Numbers{35, 1, 1, 1, 6}));
+  EXPECT_EQ(text("F$") + text("U$"), "Arialmm\xB2");
 }
 
 TEST_F(Enquiries, TheUserIsAskedWithWhatTheVariableHolds) {
@@ -114,8 +85,7 @@ TEST_F(Enquiries, TheUserIsAskedWithWhatTheVariableHolds) {
 
 TEST_F(Enquiries, DimensionsMeasureFromRelativePoints) {
   macro("#HDIM \"F\" [0.000,20.000] [0.000,0.000] [40.000,5.000] ! [#]");
-  const auto& level = shape<Dimension>(1);
-  EXPECT_EQ(level.text, "40.000");
+  EXPECT_EQ(shape<Dimension>(1).text, "40.000");
   window().cursor().enter({100, 100});
   macro("#VDIM \"F\" [@10.000,0.000] [@0.000,0.000] [@5.000,-12.500] \"half\" [#]");
   EXPECT_EQ(shape<Dimension>(2).p2, (Point{105, 87.5}));
@@ -124,23 +94,18 @@ TEST_F(Enquiries, DimensionsMeasureFromRelativePoints) {
 
 TEST_F(Enquiries, SymbolsArePatternsOfTheirOwn) {
   answer("", &files_);
-  EXPECT_EQ(macroError("ADDSYM \"W1200P\" [0,0] 1 0"), "8: there is no symbol \"W1200P\"");
-  EXPECT_EQ(macroError("NEWSYMFL \"\\Windows\\none.DRG\" \"N\" \"N\""),
-            "10: cannot read \"\\Windows\\none.DRG\": no such file");
-  macro("NEWSYMFL \"\\Windows\\W1200.DRG\" \"N\" \"N\"");
-  macro("PARENT \"PLAN\"");
-  macro("ADDSYM \"W1200P\" [1000.000,500.000] 1 90.00000");
+  expectRefused({{"ADDSYM \"W1200P\" [0,0] 1 0", "8: there is no symbol \"W1200P\""},
+                 {"NEWSYMFL \"\\none.DRG\" \"N\" \"N\"", "10: cannot read \"\\none.DRG\": no such file"}});
+  macros({"NEWSYMFL \"\\Windows\\W1200.DRG\" \"N\" \"N\"", "PARENT \"PLAN\"",
+          "ADDSYM \"W1200P\" [1000.000,500.000] 1 90.00000"});
   EXPECT_NE(drawing().symbol("DOT"), nullptr);  // what it is made of came along
   window().gsSetCurrCoord(950, 900);
   macro("ENQUIRE \"NEARPATNAME\" pat$ xl yl xr yr");
   EXPECT_EQ(text("pat$"), "PLAN W1200P");
-  EXPECT_NEAR(number("xl"), 900.0, 1e-9);
-  EXPECT_NEAR(number("yr"), 1700.0, 1e-9);
+  EXPECT_NEAR(std::hypot(number("xl") - 900.0, number("yr") - 1700.0), 0.0, 1e-9);
   macro("QUERYEL [950.000,900.000] A$ B$ C$ [#]");
-  EXPECT_EQ(text("A$"), "SYMBOL 'W1200 W1200P'");
-  EXPECT_EQ(text("B$"), "0");
-  macro("#RENAMPAT \"* W1200P\" \"WINDOWS N1\" [#]");
-  macro("SELECTNAME \"WINDOWS N1\"");
+  EXPECT_EQ(text("A$") + " on " + text("B$"), "SYMBOL 'W1200 W1200P' on 0");
+  macros({"#RENAMPAT \"* W1200P\" \"WINDOWS N1\" [#]", "SELECTNAME \"WINDOWS N1\""});
   EXPECT_EQ(drawing().selection().size(), 1U);
   EXPECT_EQ(macroError("#RENAMPAT \"* W1200P\" \"WINDOWS N2\" [#]"), "11: there is no group \"* W1200P\"");
 }
@@ -148,13 +113,17 @@ TEST_F(Enquiries, SymbolsArePatternsOfTheirOwn) {
 TEST_F(Enquiries, SymbolsOfEveryWindowAndTheirPanel) {
   answer("menu \"DOT\"\npoint 1 2\npoint 3 4\nspace\n", &files_);
   EXPECT_EQ(macroError("SYMBOL"), "1: SYMBOL expects a symbol file to be loaded first");
-  macro("NEWSYMFL \"Marks.drg\" \"Y\" \"Y\"");
-  macro("SYMBOL");
+  macros({"NEWSYMFL \"Marks.drg\" \"Y\" \"Y\"", "SYMBOL"});
   EXPECT_EQ(drawing().count(), 2U);
   EXPECT_TRUE(drawing().symbol("DOT")->upright);
   host().openWindow("Other");
   macro("ADDSYM DOT [5,6] 2 0");
   EXPECT_EQ(drawing().count(), 1U);
+  macros({"NEWSYMFL \"Marks.drg\" \"N\" \"Y\"", "ADDSYM DOT [5,6] 2 0"});
+  EXPECT_TRUE(drawing().symbol("DOT")->upright) << "the drawing's own definition stays";
+  host().openWindow("Third");
+  macro("ADDSYM DOT [5,6] 2 0");
+  EXPECT_FALSE(drawing().symbol("DOT")->upright) << "symbols of real size turn with the drawing";
 }
 
 TEST_F(Enquiries, AnInsertedDrawingComesInTheDrawingsUnit) {
@@ -169,9 +138,7 @@ TEST_F(Enquiries, AnInsertedDrawingComesInTheDrawingsUnit) {
   macro("#LOAD \"Sheet.drg\" [100.00000, 200.00000] 1 0");
   EXPECT_NEAR(shape<Line>(3).b.x, -900.0, 1e-9);
   setLayer("FRAME", true, true);
-  const std::string before = json();
-  EXPECT_EQ(macroError("#LOAD \"Sheet.drg\" [0,0] 1 0"), "7: the layer \"FRAME\" is locked");
-  EXPECT_EQ(json(), before);
+  expectRefused({{"#LOAD \"Sheet.drg\" [0,0] 1 0", "7: the layer \"FRAME\" is locked"}});
 }
 
 // A title block is drawn upright on its own paper, and reads upright on a south-oriented sheet.
@@ -187,6 +154,8 @@ TEST_F(Enquiries, AnInsertedDrawingStandsUprightOnATurnedSheet) {
   EXPECT_NEAR(shape<Text>(2).angle, 100.0, 1e-9);
   EXPECT_NEAR(shape<Symbol>(3).rotation, 10.0, 1e-9);
   EXPECT_NEAR(shape<Symbol>(4).rotation, 190.0, 1e-9) << "turned with the axes, it looks as before";
+  macro("#LOAD \"Sheet.drg\" [0,0] 2 0");
+  EXPECT_EQ(shape<Symbol>(drawing().lastId()).scale, 2.0);
 }
 
 TEST_F(Enquiries, ThePaperHoldsWhatIsDrawn) {
@@ -198,17 +167,18 @@ TEST_F(Enquiries, ThePaperHoldsWhatIsDrawn) {
   EXPECT_EQ(window().cursor().position(), (Point{40000, 60000}));
   host().variables().setNumber("S", 500);
   window().beginCommand("Sheet");
-  macro("#NEWSCALE 14 S [40000.000,60000.000]");
-  macro("#SETPORTRAIT 1");
+  macros({"#NEWSCALE 14 S [40000.000,60000.000]", "#SETPORTRAIT 1"});
   window().gsCenterPaper(41000, 60000);
   ASSERT_TRUE(drawing().sheet());
   EXPECT_EQ(drawing().sheet()->name, "A4");
-  EXPECT_EQ(drawing().sheet()->height, 297.0);
   macro("#HOME");
   EXPECT_EQ(window().cursor().position(), (Point{41000, 60000}));
   macro("#ENQUIRE \"PAPER\" X1 Y1 W L");
-  EXPECT_EQ((Point{number("X1"), number("Y1")}), (Point{41000, 60000}));
-  EXPECT_EQ((Point{number("W"), number("L")}), (Point{210, 297}));
+  EXPECT_EQ(numbers({"X1", "Y1", "W", "L"}), (Numbers{41000, 60000, 210, 297}));
+  for (const double portrait : {0.0, 1.0}) {
+    macro("#SETPORTRAIT " + std::to_string(static_cast<int>(portrait)));
+    EXPECT_EQ(drawing().sheet()->height, 210.0 + 87.0 * portrait) << "the sheet turns with its setting";
+  }
   line(0, 0, 130000, 180000);  // the title block comes later
   window().endCommand(true);
   EXPECT_EQ(drawing().sheet()->name, "A3");
@@ -221,9 +191,7 @@ TEST_F(Enquiries, EditingAndSwitching) {
   EXPECT_EQ(drawing().find(edited)->pen, 9);
   setLayer("0", true, true);
   EXPECT_EQ(macroError("#EDITLP \"N\" [5.000,1.000] 4 9 3.500 [#]"), "13: the line at this point is locked");
-  macro("ALLLAYER \"N\"");
-  macro("SHOWPOWERBAR");
-  macro("#CLEARCURROBJ");
+  macros({"ALLLAYER \"N\"", "SHOWPOWERBAR", "#CLEARCURROBJ"});
   setLayer("0", true, false);
   macro("#POLY");
   window().gsSetPrimHeader(kLinePrimitive, 0, 0, 0, 1, 1, 0, 0, 0);

@@ -12,16 +12,18 @@ class MacroSession : public HostSession {
     start(answers, nullptr, drawings);
   }
   double number(const std::string& name) { return host().variables().number(name).value_or(-1e300); }
+  std::vector<double> numbers(const std::vector<std::string>& names) {
+    std::vector<double> all;
+    for (const std::string& name : names) { all.push_back(number(name)); }
+    return all;
+  }
   std::string text(const std::string& name) {
     const std::string* value = host().variables().text(name);
     return value == nullptr ? "(unset)" : *value;
   }
 
   brevan::PrimitiveId add(brevan::Geometry geometry, const std::string& layer = "0") {
-    brevan::Primitive primitive;
-    primitive.layer = drawing().addLayer(brevan::Layer{layer});
-    primitive.geometry = std::move(geometry);
-    return drawing().add(std::move(primitive));
+    return drawing().add({.layer = drawing().addLayer({layer}), .geometry = std::move(geometry)});
   }
   brevan::PrimitiveId line(double x1, double y1, double x2, double y2, const std::string& layer = "0") {
     return add(brevan::Line{{x1, y1}, {x2, y2}}, layer);
@@ -30,11 +32,8 @@ class MacroSession : public HostSession {
     return add(brevan::Arc{{x + radius, y}, {x, y}, {x + radius, y}}, layer);
   }
   void setLayer(const std::string& name, bool visible, bool locked) {
-    const int index = drawing().addLayer(brevan::Layer{name});
-    brevan::Layer changed = *drawing().layer(index);
-    changed.visible = visible;
-    changed.locked = locked;
-    drawing().changeLayer(index, changed);
+    drawing().addLayer({name});
+    lockLayer(name, visible, locked);
   }
   template <class Kind>
   const Kind& shape(brevan::PrimitiveId id) {

@@ -78,42 +78,49 @@ TEST_F(Parallels, MitredCornersNeverComeNearer) {
   EXPECT_TRUE(parallelOf(square, true, -6, false).empty());
 }
 
-class ParallelLines : public MacroSession {};
+class ParallelLines : public MacroSession {
+ protected:
+  // What was drawn last, and how far it reaches.
+  void expectBox(PrimitiveId first, PrimitiveId last, const Box& reach) {
+    ASSERT_EQ(drawing().count(), static_cast<size_t>(last));
+    Box box;
+    for (PrimitiveId id = first; id <= last; ++id) { box.add(drawing().bounds(*drawing().find(id))); }
+    EXPECT_TRUE(box.low == reach.low && box.high == reach.high);
+  }
+};
 
 TEST_F(ParallelLines, AlongPointsWithLeaningClosedEnds) {
-  answer("point 100 0\npoint 100 80\nspace\n");
-  macro("LINETYPE 1 3");
-  macro("WIDTH 5");
-  macro("PARLLDEF 1 225.00 90.00 1 1 0 2 2 7 3.5 10 21 8 2.5 -20 ");
-  macro("PARLLINE [0.00000,0.00000]");
+  answer("point 100 0\npoint 100 0\npoint 100 80\nspace\n");  // a point given twice is one
+  macros({"LINETYPE 1 3", "WIDTH 5", "PARLLDEF 1 225.00 90.00 1 1 0 2 2 7 3.5 10 21 8 2.5 -20 ",
+          "PARLLINE [0.00000,0.00000]"});
   EXPECT_FALSE(answersLeft());
   ASSERT_EQ(drawing().count(), 10U);  // three lines of two legs, two ends of two pieces
+  const struct {
+    PrimitiveId id;
+    Point a, b;
+    int pen, linetype;
+  } rows[] = {{3, {10, -10}, {110, -10}, 7, 2},  // at 45 degrees from travel to the right
+              {5, {-20, 20}, {80, 20}, 8, 21},
+              {7, {-20, 20}, {0, 0}, 8, 21},  // the outer line closes its side
+              {9, {0, 0}, {10, -10}, 7, 2}};
   EXPECT_EQ(drawing().find(1)->pen, 3);
-  EXPECT_EQ(drawing().find(3)->pen, 7);
-  EXPECT_LT(distance(shape<Line>(3).a, {10, -10}), 1e-9);  // at 45 degrees from travel to the right
-  EXPECT_LT(distance(shape<Line>(3).b, {110, -10}), 1e-9);
-  EXPECT_LT(distance(shape<Line>(5).a, {-20, 20}), 1e-9);
-  EXPECT_LT(distance(shape<Line>(5).b, {80, 20}), 1e-9);
-  EXPECT_EQ(drawing().find(6)->linetype, 21);
-  EXPECT_LT(distance(shape<Line>(7).a, {-20, 20}), 1e-9);
-  EXPECT_LT(distance(shape<Line>(7).b, {0, 0}), 1e-9);
-  EXPECT_LT(distance(shape<Line>(9).a, {0, 0}), 1e-9);
-  EXPECT_LT(distance(shape<Line>(9).b, {10, -10}), 1e-9);
-  EXPECT_EQ(drawing().find(7)->linetype, 21);  // the outer line closes its side
-  EXPECT_EQ(drawing().find(9)->linetype, 2);
+  for (const auto& row : rows) {
+    EXPECT_LT(distance(shape<Line>(row.id).a, row.a) + distance(shape<Line>(row.id).b, row.b), 1e-9) << row.id;
+    EXPECT_EQ(drawing().find(row.id)->pen, row.pen) << row.id;
+    EXPECT_EQ(drawing().find(row.id)->linetype, row.linetype) << row.id;
+  }
   EXPECT_NE(macroError("PARLLDEF 1 90 180 1 1 0 0"), "");
   drawing().undo();
   EXPECT_EQ(drawing().count(), 0U);
 }
 
-TEST_F(ParallelLines, TheFirstPointClosesTheFigure) {
-  answer("point 0 0\npoint 100 0\npoint 100 100\npoint 0 100\npoint 0 0\n");
-  macro("PARLLDEF 1 90 90 1 1 1 1 1 1 0 10 ");
-  macro("PARLLINE");
-  EXPECT_EQ(drawing().count(), 4U + 8U);
-}
-
 TEST_F(ParallelLines, FollowAFigureFromOutside) {
+  answer("point 0 0\npoint 100 0\npoint 100 100\npoint 0 100\npoint 0 0\n");
+  macros({"PARLLDEF 1 90 90 1 1 1 1 1 1 0 10 ", "PARLLINE"});
+  EXPECT_EQ(drawing().count(), 4U + 8U) << "the first point closes the figure";
+  answer("point 0 0\npoint 100 0\npoint 0 0\npoint 0 50\nspace\n");
+  macros({"PARLLDEF 1 90 90 1 0 0 0", "PARLLINE"});
+  EXPECT_EQ(drawing().count(), 3U) << "there and back is no figure";
   answer("point -50 -50\n");
   line(0, 0, 100, 0);
   line(100, 100, 100, 0);
@@ -124,11 +131,7 @@ TEST_F(ParallelLines, FollowAFigureFromOutside) {
   window().gsSetAutoperimPromptFlag(1);
   macro("PARLLINE");
   window().gsSetAutoperimPromptFlag(0);
-  ASSERT_EQ(drawing().count(), 9U);
-  Box box;
-  for (PrimitiveId id = 6; id <= 9; ++id) { box.add(drawing().bounds(*drawing().find(id))); }
-  EXPECT_EQ(box.low, (Point{-550, -550}));
-  EXPECT_EQ(box.high, (Point{650, 650}));
+  expectBox(6, 9, {{-550, -550}, {650, 650}});
   EXPECT_EQ(macroError("PARLLDEF 0 90 90 1 0 0 1 2 1 0"),
             "24: PARLLDEF expects line type, pen, width and offset for each of its lines");
 }
@@ -136,13 +139,8 @@ TEST_F(ParallelLines, FollowAFigureFromOutside) {
 TEST_F(ParallelLines, FollowAnOpenLineOnTheSideOfThePoint) {
   line(0, 0, 100, 0);
   line(100, 0, 100, 50);
-  macro("PARLLDEF 0 90 90 1 0 0 1 1 1 0 -5");
-  macro("PARLLINE [50.00000,30.00000]");
-  ASSERT_EQ(drawing().count(), 4U);
-  Box box;
-  for (PrimitiveId id = 3; id <= 4; ++id) { box.add(drawing().bounds(*drawing().find(id))); }
-  EXPECT_EQ(box.low, (Point{0, 5}));
-  EXPECT_EQ(box.high, (Point{95, 50}));
+  macros({"PARLLDEF 0 90 90 1 0 0 1 1 1 0 -5", "PARLLINE [50.00000,30.00000]"});
+  expectBox(3, 4, {{0, 5}, {95, 50}});
   answer("");
   line(0, 0, 100, 0);
   line(50, 0, 50, 40);

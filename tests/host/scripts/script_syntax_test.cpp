@@ -2,16 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/failure.h"
+
 namespace {
 
 using namespace brevan;
-
-std::string failureOf(std::string_view text) {
-  try {
-    readScript("a.scr", text);
-  } catch (const ScriptFailure& failure) { return failure.what(); }
-  return "";
-}
 
 TEST(ScriptSyntax, WordsStringsCommentsAndLineEnds) {
   const Script script = readScript("a.scr",
@@ -33,17 +28,20 @@ TEST(ScriptSyntax, WordsStringsCommentsAndLineEnds) {
 }
 
 TEST(ScriptSyntax, MistakesNameTheirLine) {
-  EXPECT_EQ(failureOf("space\n\nlayer \"A"), "a.scr:3: a string without its closing quotation mark");
-  EXPECT_EQ(failureOf("layer \"A\\\""), "a.scr:1: a string without its closing quotation mark");
-  EXPECT_EQ(failureOf("layer \"A\"B"), "a.scr:1: a blank must follow a string");
-  EXPECT_EQ(failureOf("layer A\"B\""), "a.scr:1: a blank must go before a string");
-  EXPECT_EQ(failureOf("\r\nlayer \"\xE4\xB8\xAD\""),
-            "a.scr:2: a text holds a character that Windows-1252 lacks: <U+4E2D>");
-  EXPECT_EQ(failureOf("layer \"\xFF\""), "a.scr:1: a text holds a character that Windows-1252 lacks: <FF>");
-  EXPECT_EQ(failureOf("macro NEWLAYER \"\xE4\xB8\xAD\""),
-            "a.scr:1: a text holds a character that Windows-1252 lacks: NEWLAYER \"<U+4E2D>\"");
-  EXPECT_EQ(failureOf(std::string_view("space\nsp\0ace", 12)), "a.scr:2: a script is text and holds no NUL byte");
-  EXPECT_EQ(failureOf(""), "");
+  const std::pair<std::string_view, const char*> rows[] = {
+      {"space\n\nlayer \"A", "a.scr:3: a string without its closing quotation mark"},
+      {"layer \"A\\\"", "a.scr:1: a string without its closing quotation mark"},
+      {"layer \"A\"B", "a.scr:1: a blank must follow a string"},
+      {"layer A\"B\"", "a.scr:1: a blank must go before a string"},
+      {"\r\nlayer \"\xE4\xB8\xAD\"", "a.scr:2: a text holds a character that Windows-1252 lacks: <U+4E2D>"},
+      {"layer \"\xFF\"", "a.scr:1: a text holds a character that Windows-1252 lacks: <FF>"},
+      {"macro NEWLAYER \"\xE4\xB8\xAD\"",
+       "a.scr:1: a text holds a character that Windows-1252 lacks: NEWLAYER \"<U+4E2D>\""},
+      {std::string_view("space\nsp\0ace", 12), "a.scr:2: a script is text and holds no NUL byte"},
+      {"", ""}};
+  for (const auto& [text, told] : rows) {
+    EXPECT_EQ(failureOf([&] { readScript("a.scr", text); }), told);
+  }
 }
 
 }  // namespace

@@ -101,17 +101,13 @@ TEST_F(Tools, TrimCutsBetweenNeighbours) {
   EXPECT_EQ(lines().size(), 4U) << "nothing crosses what is left";
   draw(Arc{{25, 200}, {15, 200}, {25, 200}});
   draw(Line{{15, 150}, {15, 250}});
-  use("trim", "point 25 200\nspace\n");
-  bool found = false;
-  drawing().forEach([&](PrimitiveId, const Primitive& primitive) {
-    const auto* arc = std::get_if<Arc>(&primitive.geometry);
-    if (arc == nullptr) { return; }
-    found = true;
-    EXPECT_TRUE(arcCovers(*arc, kPi));
-    EXPECT_FALSE(arcCovers(*arc, 0.0));
-    EXPECT_NEAR(std::abs(arcSweep(*arc)), kPi, 1e-9);
-  });
-  EXPECT_TRUE(found);
+  for (const bool onTheLeft : {false, true}) {  // of the line that halves the circle
+    use("trim", onTheLeft ? "point 6 196\nspace\n" : "point 25 200\nspace\n");
+    const Arc& kept = std::get<Arc>(drawing().find(drawing().lastId())->geometry);
+    EXPECT_TRUE(arcCovers(kept, kPi) != onTheLeft && arcCovers(kept, 0.0) == onTheLeft);
+    EXPECT_NEAR(std::abs(arcSweep(kept)), kPi, 1e-9);
+    drawing().undo();
+  }
 }
 
 }  // namespace

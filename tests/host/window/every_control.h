@@ -78,20 +78,10 @@ class EveryControl {
     using namespace dialog;
     Grid grid;
     grid.columns = {{"Name", ""}, {"Width", ""}, {"Pen", ""}, {"Kind", ""}, {"Shown", ""}, {"Area", ""}};
-    const auto cell = [](CellKind kind, const char* text) {
-      Cell made;
-      made.kind = kind;
-      made.text = text;
-      return made;
-    };
-    Cell width = cell(CellKind::kNumber, "1.0");
-    width.minimum = 0.5;
-    width.maximum = 9.5;
-    width.format = "%.1f";
-    Cell kind = cell(CellKind::kList, "Brick");
-    kind.items = {"Brick", "Stone"};
-    Cell area = cell(CellKind::kText, "12");
-    area.readOnly = true;
+    const auto cell = [](CellKind kind, const char* text) { return Cell{.kind = kind, .text = text}; };
+    const Cell width{.kind = CellKind::kNumber, .text = "1.0", .minimum = 0.5, .maximum = 9.5, .format = "%.1f"};
+    const Cell kind{.kind = CellKind::kList, .text = "Brick", .items = {"Brick", "Stone"}};
+    const Cell area{.kind = CellKind::kText, .text = "12", .readOnly = true};
     grid.rows.assign(
         2, {cell(CellKind::kText, "W"), width, cell(CellKind::kPen, "1"), kind, cell(CellKind::kCheck, "0"), area});
     return grid;

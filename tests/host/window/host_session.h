@@ -34,6 +34,9 @@ class HostSession : public CoreFixture {
   std::string json() { return drawingJson(drawing()); }
 
   void macro(const std::string& text) { host_->runMacro(text); }
+  void macros(std::initializer_list<const char*> texts) {
+    for (const char* text : texts) { macro(text); }
+  }
   // The failing macro's column and message, "" where it did not fail.
   std::string macroError(const std::string& text) {
     try {
