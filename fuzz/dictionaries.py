@@ -17,6 +17,7 @@ TABLES = {
     "survey": [("survey/control_listings.cpp", r'"([^"\\./]+)"'), ("survey/text_row.cpp", r'"(_\w+_)"')],
     "ini": [],
     "quote": [("survey/text_row.cpp", r'"(_\w+_)"')],
+    "path": [("host/core/path_names.cpp", r'"(con|nul|aux|com|lpt)"')],
     "record": [],
     "store": [("mech/definition_kinds.cpp", r'\.section = "([^"]+)"'), ("mech/definition_kinds.cpp", r'\.keyPrefix = "([^"]+)"'),
               ("arch/spec_store.h", r'= "([A-Z_]+)"'), ("arch/spec_store.cpp", r'\{k\w+, "(\w+)"')],
@@ -31,6 +32,7 @@ MARKS = {
     "survey": ["   RSA   ", ",", "  "],
     "ini": ["[", "]", "=", ";", "\r\n", "\r", "\xef\xbb\xbf", "[Section]"],
     "quote": ['"', '""', "\\", "%%", "%%u", "%%%", "\\U+0041", "^J", "{%}", "\\P", "\\N", "\r\n", "#", "%%176", "../", "CON"],
+    "path": ["../", "..", "./", "/", "\\", "C:", "leads_out", "secret.ini", "plan.ini", "Sub", "stays", "loop", "\0", "\n", "kept.ini"],
     "record": [",", ",,"],
     "store": ["[", "]\n", "=", "1=", "2=", "TRIG", "TSM", "TRIGTSM", ",1,2"],
 }

@@ -197,7 +197,9 @@ void paths(Text text) {
   const int room = static_cast<uint8_t>(text.front());
   text.remove_prefix(1);
   require(coreAbbreviateFileName(text, room).size() <= static_cast<size_t>(room));
-  require(coreChangeFileExt(coreChangeFileExt(text, ".aa"), ".b") == coreChangeFileExt(text, ".b"));
+  if (!text.empty() && Text("/\\:").find(text.back()) == Text::npos) {  // it names a file
+    require(coreChangeFileExt(coreChangeFileExt(text, ".aa"), ".b") == coreChangeFileExt(text, ".b"));
+  }
   coreChangeFileName(text, "name", ".ini");
 }
 
