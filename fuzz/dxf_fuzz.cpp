@@ -1,9 +1,9 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "frame/host/core_services.h"
+#include "fuzz/laws.h"
 #include "host/files/dxf_reader.h"
 #include "host/files/dxf_writer.h"
 
@@ -11,15 +11,10 @@
 // and read again with as many primitives, unless symbols in it make that too large.
 namespace {
 
-void require(bool holds) {
-  if (!holds) { std::abort(); }
-}
+using namespace fuzzing;
 
 void use(const brevan::Drawing& drawing) {
-  drawing.forEach([&drawing](brevan::PrimitiveId, const brevan::Primitive& primitive) {
-    require(isFinite(primitive.geometry) && drawing.layer(primitive.layer) != nullptr);
-    require(primitive.group <= drawing.lastGroup());
-  });
+  requireSound(drawing);
   constexpr size_t kMostWritten = 20'000;
   if (drawing.count() < kMostWritten) { brevan::drawingDxf(drawing); }
 }

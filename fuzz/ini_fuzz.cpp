@@ -1,13 +1,13 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "frame/host/core_services.h"
+#include "fuzz/laws.h"
 #include "host/core/ini_file.h"
 
 // The first byte says how many edits follow, each three bytes: what to do and with which section and key.
@@ -15,11 +15,9 @@
 // file without changes must keep its bytes.
 namespace {
 
-using brevan::IniFile;
+using fuzzing::require;
 
-void require(bool holds) {
-  if (!holds) { std::abort(); }
-}
+using brevan::IniFile;
 
 // What a lookup must find, read the slow way: the key's first line in the first section of the name.
 std::optional<std::string> slowLookup(const std::string& text, std::string_view section, std::string_view key) {

@@ -1,11 +1,11 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "frame/host/core_services.h"
 #include "frame/host/macro_quote.h"
+#include "fuzz/laws.h"
 #include "host/core/file_services.h"
 #include "host/files/json_writer.h"
 #include "host/macros/command.h"
@@ -16,9 +16,7 @@
 // undoing everything must bring the first drawing back; any line must survive its own quoting.
 namespace {
 
-void require(bool holds) {
-  if (!holds) { std::abort(); }
-}
+using fuzzing::require;
 
 constexpr double kMostCopies = 20.0;  // more proves nothing and takes the fuzzer's time
 

@@ -49,10 +49,30 @@ void replayDamaged(const Bytes& whole, size_t step) {
   }
 }
 
+// Says beforehand which file it is, so that the last one named is the one that failed.
+void replayFile(const std::filesystem::path& path, size_t step) {
+  std::ifstream file(path, std::ios::binary);
+  const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
+  std::printf("%s\n", path.c_str());
+  std::fflush(stdout);
+  const Bytes whole(bytes.begin(), bytes.end());
+  replay(whole);
+  if (step > 0) { replayDamaged(whole, step); }
+}
+
+std::vector<std::filesystem::path> filesAt(const std::filesystem::path& place) {
+  if (!std::filesystem::is_directory(place)) { return {place}; }
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(place)) {
+    if (entry.is_regular_file()) { files.push_back(entry.path()); }
+  }
+  return files;
+}
+
 }  // namespace
 
-// Replays files through a fuzz target without a fuzzer, after "--damaged N" damaged at every N-th byte; fails where
-// there is nothing to replay.
+// Replays files and folders through a fuzz target without a fuzzer, after "--damaged N" damaged at every N-th byte;
+// fails where there is nothing to replay.
 int main(int argc, char** argv) {
   size_t step = 0;
   for (int argument = 1; argument < argc; ++argument) {
@@ -60,14 +80,7 @@ int main(int argc, char** argv) {
       step = std::strtoul(argv[++argument], nullptr, 10);
       continue;
     }
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(argv[argument])) {
-      if (!entry.is_regular_file()) { continue; }
-      std::ifstream file(entry.path(), std::ios::binary);
-      const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-      const Bytes whole(bytes.begin(), bytes.end());
-      replay(whole);
-      if (step > 0) { replayDamaged(whole, step); }
-    }
+    for (const auto& path : filesAt(argv[argument])) { replayFile(path, step); }
   }
   std::printf("%zu inputs replayed\n", replayed);
   return replayed == 0 ? 1 : 0;

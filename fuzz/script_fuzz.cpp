@@ -1,11 +1,11 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
 #include <string>
 #include <string_view>
 
 #include "frame/host/core_services.h"
+#include "fuzz/laws.h"
 #include "host/core/file_services.h"
 #include "host/scripts/script_player.h"
 #include "tests/host/scripts/json_check.h"
@@ -16,11 +16,8 @@
 // line of the transcript is JSON.
 namespace {
 
+using fuzzing::require;
 using namespace brevan;
-
-void require(bool holds) {
-  if (!holds) { std::abort(); }
-}
 
 void checkFailure(const ScriptFailure& failure) { require(std::string_view(failure.what()).starts_with("fuzz.scr:")); }
 

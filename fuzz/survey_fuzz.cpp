@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "frame/host/core_services.h"
+#include "fuzz/laws.h"
 #include "survey/control_listings.h"
 #include "survey/control_point.h"
 #include "survey/text_row.h"
@@ -14,11 +14,8 @@
 // What a listing gives has a name and coordinates; a text keeps its commas; a control point reads back as written.
 namespace {
 
+using fuzzing::require;
 using namespace ardenix::survey;
-
-void require(bool holds) {
-  if (!holds) { std::abort(); }
-}
 
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;

@@ -11,6 +11,13 @@ constexpr int kLetterHeight = 8;
 
 using Stroke = dialog::Canvas::Stroke;
 
+// What lies beyond every canvas, as a field that is still being typed may put it, stays there.
+int pixel(double at) {
+  constexpr int kFarthest = 100'000;
+  if (!(at > -kFarthest)) { return -kFarthest; }
+  return at < kFarthest ? static_cast<int>(at) : kFarthest;
+}
+
 // A canvas with the hole's scale and the middle of the canvas.
 class HolePane {
  public:
@@ -34,10 +41,10 @@ class HolePane {
   [[nodiscard]] bool tapped() const { return hole_.type == HoleType::kTapped; }
   [[nodiscard]] bool sunk() const { return hole_.countersinkDepth > 0.0; }
   [[nodiscard]] bool counterbored() const { return hole_.counterboreDiameter > 0.0; }
-  [[nodiscard]] int x(double aside) const { return static_cast<int>(middleX_ + aside * scale_); }
+  [[nodiscard]] int x(double aside) const { return pixel(middleX_ + aside * scale_); }
   // Depths count from the surface of the material.
-  [[nodiscard]] int y(double depth) const { return static_cast<int>(middleY_ + (depth - extent_ / 2.0) * scale_); }
-  [[nodiscard]] int pixels(double length) const { return static_cast<int>(length * scale_); }
+  [[nodiscard]] int y(double depth) const { return pixel(middleY_ + (depth - extent_ / 2.0) * scale_); }
+  [[nodiscard]] int pixels(double length) const { return pixel(length * scale_); }
 
   void line(double fromX, double fromY, double toX, double toY) {
     canvas_.line(x(fromX), y(fromY), x(toX), y(toY), kWhite, Stroke::kSolid);

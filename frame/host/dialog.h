@@ -4,6 +4,7 @@
 #include <cassert>
 #include <cctype>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -336,7 +337,11 @@ class CIntEdit : public CNumberEdit {
   void SetValue(int value) const {
     CNumberEdit::show(value, numberText::format(as<dialog::NumberEdit>().format, value));
   }
-  [[nodiscard]] int GetValue() const { return static_cast<int>(number()); }
+  // As above, cut to the numbers that an int can hold: a text that is still being typed may be out of range.
+  [[nodiscard]] int GetValue() const {
+    constexpr double kLargest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(number(), -kLargest, kLargest));
+  }
 };
 
 class CIntSpinCtrl : public CIntEdit {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <span>
 #include <stdexcept>
@@ -89,9 +90,7 @@ class DxfRecord {
     const auto value = numberText::parseInteger(trimmed(tag.value));
     if (value && *value >= INT32_MIN && *value <= INT32_MAX) { return static_cast<int>(*value); }
     const double real = realOf(tag);  // some programs write 1.0
-    if (real > INT32_MAX || real < INT32_MIN || real != static_cast<double>(static_cast<int64_t>(real))) {
-      refuse(tag, "a whole number");
-    }
+    if (!(real >= INT32_MIN && real <= INT32_MAX) || real != std::trunc(real)) { refuse(tag, "a whole number"); }
     return static_cast<int>(real);
   }
   // Hexadecimal; 0 where there is none.

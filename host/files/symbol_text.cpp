@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <unordered_map>
 
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
@@ -13,6 +15,8 @@ namespace brevan {
 namespace {
 
 constexpr size_t kMostBytes = size_t{4} << 20;
+constexpr size_t kMostParts = 1'000'000;  // a turned symbol is a line of text and as many parts as the other
+constexpr double kFarthest = 1e9;         // a thousand kilometres, so that nothing overflows where symbols are placed
 
 class SymbolTextReader {
  public:
@@ -74,10 +78,10 @@ class SymbolTextReader {
 
   void upturned() {
     const std::string wanted = name(words_[2]);
-    const auto other = std::find_if(symbols_.begin(), symbols_.end(),
-                                    [&wanted](const SymbolDefinition& symbol) { return symbol.name == wanted; });
-    if (other == symbols_.end()) { fail("there is no symbol \"" + wanted + "\" above"); }
-    std::vector<Primitive> parts = other->parts;
+    const auto other = places_.find(wanted);
+    if (other == places_.end()) { fail("there is no symbol \"" + wanted + "\" above"); }
+    std::vector<Primitive> parts = symbols_[other->second].parts;
+    count(parts.size());
     for (Primitive& part : parts) {
       part.geometry = transformed(part.geometry, Transform{1.0, 0.0, 0.0, 0.0, -1.0, 0.0});
     }
@@ -110,18 +114,22 @@ class SymbolTextReader {
 
   void begin(std::string_view word) {
     const std::string wanted = name(word);
-    for (const SymbolDefinition& symbol : symbols_) {
-      if (symbol.name == wanted) { fail("there is a symbol \"" + wanted + "\" already"); }
-    }
+    if (!places_.emplace(wanted, symbols_.size()).second) { fail("there is a symbol \"" + wanted + "\" already"); }
     symbols_.push_back({wanted, {}, paperSize_, false});
   }
 
   void add(Geometry geometry) {
     if (symbols_.empty()) { fail("a symbol's name comes before what is drawn in it"); }
+    count(1);
     Primitive part;
     part.pen = kPenByLayer;
     part.geometry = std::move(geometry);
     symbols_.back().parts.push_back(std::move(part));
+  }
+
+  void count(size_t parts) {
+    parts_ += parts;
+    if (parts_ > kMostParts) { fail("the symbols come to more than " + std::to_string(kMostParts) + " parts"); }
   }
 
   std::vector<Point> pointsFrom(size_t first) {
@@ -133,6 +141,7 @@ class SymbolTextReader {
   double number(size_t word) {
     const auto value = numberText::parseDouble(words_[word]);
     if (!value) { fail("a number is expected, got \"" + messageText(words_[word]) + "\""); }
+    if (std::abs(*value) > kFarthest) { fail("a number is at most 1e9 in size, got " + messageText(words_[word])); }
     return *value;
   }
   double radius(size_t word) {
@@ -154,7 +163,9 @@ class SymbolTextReader {
   size_t line_ = 1;
   bool paperSize_ = true;
   std::vector<std::string_view> words_;
+  size_t parts_ = 0;
   std::vector<SymbolDefinition> symbols_;
+  std::unordered_map<std::string, size_t> places_;  // of the symbols by name
 };
 
 // Each symbol once, its name below it, in rows on a sheet about as wide as high.
