@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "bench/report.h"
 #include "bench/dxf_sample.h"
+#include "bench/report.h"
 #include "host/files/dxf_reader.h"
 #include "host/files/dxf_writer.h"
 

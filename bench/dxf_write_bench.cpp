@@ -1,5 +1,5 @@
-#include "bench/report.h"
 #include "bench/dxf_sample.h"
+#include "bench/report.h"
 #include "host/files/dxf_writer.h"
 
 // Writing a drawing as DXF, against putting its numbers alone into one text.
