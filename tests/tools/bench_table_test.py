@@ -54,4 +54,4 @@ class Table(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(argv=sys.argv[:1])  # it is given the batch tool, like its neighbours
