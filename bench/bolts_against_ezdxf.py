@@ -1,21 +1,20 @@
 """Placing bolts by script and writing them as DXF, against ezdxf drawing and writing the same strokes.
 
-    bolts_against_ezdxf.py BATCH [COUNT ...]
+    bolts_against_ezdxf.py BATCH [--quick]
 
 Both sides are timed in this run: our side is the whole program (start, script, dialog, placing with the scan
-of groups for each number, DXF); the peer's side is drawing the strokes it is given and saving. Prints seconds
-and the ratio for each count, and the growth exponent of our side.
+of groups for each number, DXF); the peer's side is drawing the strokes it is given and saving.
 """
 
 import json
 import math
 import pathlib
-import subprocess
-import sys
 import tempfile
 import time
 
-import ezdxf
+import rows
+
+ezdxf = rows.needed("ezdxf")
 
 HEAD = """setting "MechanicalTools" "SpecFile" "ISO Mechspecs.ini"
 run MechDrawBolts
@@ -36,9 +35,7 @@ def script(count, ending):
 def play(batch, folder, count, ending):
     path = folder / "bolts.scr"
     path.write_text(script(count, ending), encoding="utf-8")
-    start = time.perf_counter()
-    subprocess.run([batch, "run", path, "-o", folder / "out"], check=True, capture_output=True)
-    return time.perf_counter() - start
+    return rows.seconds([batch, "run", path, "-o", folder / "out"])
 
 
 def draw_with_ezdxf(strokes, path):
@@ -58,19 +55,17 @@ def draw_with_ezdxf(strokes, path):
 
 
 def main():
-    batch = pathlib.Path(sys.argv[1]).resolve()
-    counts = [int(word) for word in sys.argv[2:]] or [2500, 5000, 10000]
-    before = None
-    for count in counts:
+    (batch,), quick = rows.arguments()
+    taken = []
+    for count in [2500] if quick else [2500, 5000, 10000]:
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name)
             play(batch, folder, count, "json")
             strokes = json.loads((folder / "out/bolts.json").read_text(encoding="utf-8"))["primitives"]
             ours = min(play(batch, folder, count, "dxf") for _ in range(3))
             peer = draw_with_ezdxf(strokes, folder / "peer.dxf")
-        growth = "" if before is None else f", growth exponent {math.log(ours / before[1], count / before[0]):.2f}"
-        print(f"{count} bolts, {len(strokes)} strokes: {ours:.3f} s, ezdxf {peer:.3f} s, ratio {peer / ours:.1f}{growth}")
-        before = (count, ours)
+        taken.append(rows.row("bolts", count, ours, ezdxf=peer))
+    rows.show(taken)
 
 
 if __name__ == "__main__":

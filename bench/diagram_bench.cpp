@@ -1,11 +1,10 @@
-// A diagram takes as long as what lies round its figure, however large the drawing is that it is traced in.
-#include <map>
-#include <memory>
+// Tracing a diagram: in drawings of ever more lines round a figure of the same size, where the time should stay, and of
+// ever larger figures in one drawing.
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "bench/best_time.h"
+#include "bench/report.h"
 #include "bench/township.h"
 #include "host/window/host.h"
 #include "host/window/silent_user.h"
@@ -16,8 +15,6 @@ using namespace brevan;
 
 constexpr double kParcelWidth = 20.0;
 constexpr double kParcelHeight = 30.0;
-constexpr double kBoundOfDrawing = 2.0;       // the time in the largest drawing to that in the smallest
-constexpr double kBoundOfSurroundings = 2.5;  // the time with twice the surroundings
 
 // Picks corners and takes what is offered for their labels; leaves the frame's texts empty.
 class Surveyor : public SilentUser {
@@ -79,47 +76,31 @@ class Office {
   Host host_{HostParts{user_, files_, settings_, nullptr, ""}};
 };
 
-double timeOf(benchmark::State& state, int parcelsAlong, int parcels, int rounds) {
+void traceFigures(benchmark::State& state, int parcelsAlong, int parcels, bool sizeIsDrawing) {
   Office office(parcelsAlong);
   bench::BestTime best;
-  for (int round = 0; round < rounds; ++round) {
+  size_t copied = 0;
+  for (auto _ : state) {
     best.measure([&] {
       office.trace(parcelsAlong, parcels);
-      return office.copied();
+      return copied = office.copied();
     });
-    state.counters["primitives"] = static_cast<double>(office.copied());
     office.closeDiagram();
   }
-  return best.seconds();
+  const int lines = 2 * parcelsAlong * (parcelsAlong + 1);
+  bench::report(state, sizeIsDrawing ? lines : static_cast<double>(copied), best.seconds(), {});
 }
 
-// How the time compares with that of the row before.
-void compare(benchmark::State& state, double seconds, double reference, double bound) {
-  state.counters["milliseconds"] = seconds * 1e3;
-  state.counters["ratio"] = seconds / reference;
-  if (seconds > bound * reference) { state.SkipWithError(("ratio: " + std::to_string(seconds / reference)).c_str()); }
-}
-
-void inADrawingOfLines(benchmark::State& state) {
-  static double smallest = 0.0;
+void traceInDrawingOfLines(benchmark::State& state) {
   constexpr int kParcels = 4;
-  constexpr int kRounds = 7;
-  double seconds = 0.0;
-  for (auto _ : state) { seconds = timeOf(state, static_cast<int>(state.range(0)), kParcels, kRounds); }
-  if (smallest == 0.0) { smallest = seconds; }
-  compare(state, seconds, smallest, kBoundOfDrawing);
+  traceFigures(state, static_cast<int>(state.range(0)), kParcels, true);
 }
-BENCHMARK(inADrawingOfLines)->Arg(71)->Arg(224)->Arg(707)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(traceInDrawingOfLines)->Arg(71)->Arg(224)->Arg(707)->Iterations(9)->Unit(benchmark::kMillisecond);
 
-void roundAFigureOfParcels(benchmark::State& state) {
-  static double before = 0.0;
+void traceFigureOfParcels(benchmark::State& state) {
   constexpr int kTownship = 707;
-  constexpr int kRounds = 5;
-  double seconds = 0.0;
-  for (auto _ : state) { seconds = timeOf(state, kTownship, static_cast<int>(state.range(0)), kRounds); }
-  compare(state, seconds, before == 0.0 ? seconds : before, kBoundOfSurroundings);
-  before = seconds;
+  traceFigures(state, kTownship, static_cast<int>(state.range(0)), false);
 }
-BENCHMARK(roundAFigureOfParcels)->Arg(50)->Arg(71)->Arg(100)->Arg(141)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(traceFigureOfParcels)->Arg(50)->Arg(100)->Arg(200)->Iterations(5)->Unit(benchmark::kMillisecond);
 
 }  // namespace

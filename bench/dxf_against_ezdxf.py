@@ -1,21 +1,19 @@
 """Reading and writing DXF by the batch tool, against ezdxf reading and writing the same files.
 
-    dxf_against_ezdxf.py BATCH [COUNT ...]
+    dxf_against_ezdxf.py BATCH [--quick]
 
 The file is made by ezdxf: lines and arcs with coordinates of full length. Our side is the whole program: start, read,
-write what was read as another DXF file. Prints seconds and the ratio for each count, and the growth exponent of our
-side.
+write what was read as another DXF file.
 """
 
-import math
 import pathlib
 import random
-import subprocess
-import sys
 import tempfile
 import time
 
-import ezdxf
+import rows
+
+ezdxf = rows.needed("ezdxf")
 
 
 def make(count, path):
@@ -32,33 +30,24 @@ def make(count, path):
     document.saveas(path)
 
 
-def ours(batch, path, out):
-    start = time.perf_counter()
-    subprocess.run([batch, "convert", path, out], check=True, capture_output=True)
-    return time.perf_counter() - start
-
-
 def theirs(path, out):
     start = time.perf_counter()
     document = ezdxf.readfile(path)
-    read = time.perf_counter()
     document.saveas(out)
-    return read - start, time.perf_counter() - read
+    return time.perf_counter() - start
 
 
 def main():
-    batch = pathlib.Path(sys.argv[1]).resolve()
-    counts = [int(word) for word in sys.argv[2:]] or [15_000, 60_000, 240_000]
-    before = None
-    for count in counts:
+    (batch,), quick = rows.arguments()
+    taken = []
+    for count in [15_000] if quick else [15_000, 60_000, 240_000]:
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name)
             make(count, folder / "in.dxf")
-            taken = min(ours(batch, folder / "in.dxf", folder / "ours.dxf") for _ in range(3))
-            read, write = theirs(folder / "in.dxf", folder / "theirs.dxf")
-        growth = "" if before is None else f", growth exponent {math.log(taken / before[1], count / before[0]):.2f}"
-        print(f"{count} entities: {taken:.3f} s, ezdxf {read:.3f} + {write:.3f} s, ratio {(read + write) / taken:.1f}{growth}")
-        before = (count, taken)
+            ours = min(rows.seconds([batch, "convert", folder / "in.dxf", folder / "ours.dxf"]) for _ in range(3))
+            peer = theirs(folder / "in.dxf", folder / "theirs.dxf")
+        taken.append(rows.row("readAndWrite", count, ours, ezdxf=peer))
+    rows.show(taken)
 
 
 if __name__ == "__main__":

@@ -1,9 +1,7 @@
-#include <QImage>
-#include <QPainter>
-#include <QPen>
 #include <random>
 
-#include "bench/best_time.h"
+#include "bench/lines_by_qt.h"
+#include "bench/report.h"
 #include "render/drawing_painter.h"
 #include "render/render_session.h"
 
@@ -13,6 +11,7 @@ namespace {
 using namespace brevan;
 
 constexpr double kSide = 1000.0;
+constexpr QSize kPicture(1000, 1000);
 
 void fill(Drawing& drawing, int64_t count) {
   std::mt19937_64 random(7);
@@ -26,31 +25,13 @@ void fill(Drawing& drawing, int64_t count) {
   drawing.endLoading();
 }
 
-QImage blank() {
-  QImage image(static_cast<int>(kSide), static_cast<int>(kSide), QImage::Format_RGB32);
-  image.fill(Qt::white);
-  return image;
-}
-
 size_t paintDrawing(const Drawing& drawing) {
-  QImage image = blank();
+  QImage image(kPicture, QImage::Format_RGB32);
+  image.fill(Qt::white);
   QPainter painter(&image);
   PaintOptions options;
   options.lineWidths = false;
   return paint(painter, drawing, Transform{1.0, 0.0, 0.0, 0.0, -1.0, kSide}, options);
-}
-
-int paintLines(const Drawing& drawing) {
-  QImage image = blank();
-  QPainter painter(&image);
-  QPen pen(Qt::black, 1.0);
-  pen.setCapStyle(Qt::RoundCap);
-  painter.setPen(pen);
-  drawing.forEach([&painter](PrimitiveId, const Primitive& primitive) {
-    const Line& line = std::get<Line>(primitive.geometry);
-    painter.drawLine(QPointF(line.a.x, kSide - line.a.y), QPointF(line.b.x, kSide - line.b.y));
-  });
-  return image.pixel(0, 0) == 0 ? 1 : 0;
 }
 
 void paintPrimitives(benchmark::State& state) {
@@ -61,10 +42,9 @@ void paintPrimitives(benchmark::State& state) {
   bench::BestTime bare;
   for (auto _ : state) {
     ours.measure([&] { return paintDrawing(drawing); });
-    bare.measure([&] { return paintLines(drawing); });
+    bare.measure([&] { return bench::linesByQt(drawing, 1.0, kPicture); });
   }
-  state.counters["nsALine"] = ours.seconds() * 1e9 / static_cast<double>(state.range(0));
-  state.counters["ratio"] = ours.seconds() / bare.seconds();
+  bench::report(state, static_cast<double>(state.range(0)), ours.seconds(), {{"Qt alone", bare.seconds()}});
 }
 BENCHMARK(paintPrimitives)->Arg(62'500)->Arg(250'000)->Arg(1'000'000)->Iterations(2)->Unit(benchmark::kMillisecond);
 

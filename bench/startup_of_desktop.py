@@ -1,22 +1,23 @@
 """From the start of the desktop until its window is there, and until it has done what was typed into it.
 
-    startup_of_desktop.py DESKTOP
+    startup_of_desktop.py DESKTOP [--quick]
 
 Runs it under Xvfb with settings of its own, alternating with a run that only tells its version, which is what loading
-the program and its toolkit takes. The first start also copies the libraries to their own place; it is told apart.
+the program and its toolkit takes. The first start, which also copies the libraries to their own place, is left out.
 What is typed draws a line, and is done once the file kept for recovery is there. Both end with what this script
 itself needs to look (xdotool, some 10 ms).
 """
 
 import os
 import pathlib
+import shutil
 import statistics
 import subprocess
-import sys
 import tempfile
 import time
 
-RUNS = 15
+import rows
+
 LIMIT = 20.0
 
 
@@ -29,7 +30,7 @@ def until(what, probe):
 
 
 def start(desktop, environment):
-    """Milliseconds until the window is there, and until it has done what was typed."""
+    """Seconds until the window is there, and until it has done what was typed."""
     def xdotool(*words):
         return subprocess.run(["xdotool", *words], env=environment, text=True, capture_output=True, check=False,
                               timeout=LIMIT).stdout.split()
@@ -43,7 +44,7 @@ def start(desktop, environment):
         xdotool("windowfocus", window, "key", *"line", "Return", "0", "comma", "0", "Return", "9", "comma", "9",
                 "Return", "Escape")
         until("the typed commands", lambda: list(kept.glob(f"{program.pid}-*.drg")))
-        return 1000 * shown, 1000 * (time.perf_counter() - began)
+        return shown, time.perf_counter() - began
     finally:
         program.kill()
         program.wait()
@@ -52,7 +53,10 @@ def start(desktop, environment):
 
 
 def main():
-    desktop = pathlib.Path(sys.argv[1]).resolve()
+    (desktop,), quick = rows.arguments()
+    for tool in ("Xvfb", "xdotool"):
+        if shutil.which(tool) is None:
+            rows.lacking(tool)
     readable, writable = os.pipe()
     server = subprocess.Popen(["Xvfb", "-displayfd", str(writable), "-screen", "0", "1400x900x24", "-noreset"],
                               pass_fds=[writable], stderr=subprocess.DEVNULL)
@@ -62,20 +66,17 @@ def main():
                        "XDG_CONFIG_HOME": home + "/config", "XDG_DATA_HOME": home + "/data",
                        "XDG_RUNTIME_DIR": home}
         try:
-            first = start(desktop, environment)
+            start(desktop, environment)
             runs, loading = [], []
-            for _ in range(RUNS):
+            for _ in range(3 if quick else 15):
                 runs.append(start(desktop, environment))
-                began = time.perf_counter()
-                subprocess.run([desktop, "--version"], env=environment, check=True, stdout=subprocess.DEVNULL)
-                loading.append(1000 * (time.perf_counter() - began))
+                loading.append(rows.seconds([desktop, "--version"], env=environment))
         finally:
             server.terminate()
             server.wait()
-    print(f"first start: window {first[0]:.0f} ms, line drawn {first[1]:.0f} ms")
-    for what, times in (("window", [run[0] for run in runs]), ("line drawn", [run[1] for run in runs]),
-                        ("loading alone", loading)):
-        print(f"{what}: median {statistics.median(times):.0f} ms, best {min(times):.0f}, worst {max(times):.0f}")
+    bound = statistics.median(loading)
+    rows.show([rows.row(what, 1, statistics.median(times), loading_alone=bound)
+               for what, times in zip(("window", "lineDrawn"), zip(*runs))])
 
 
 if __name__ == "__main__":

@@ -148,8 +148,8 @@ class Drawing {
   // add would refuse or whose group is not there. Numbers are indexes: the caller bounds how far they are strewn.
   void load(PrimitiveId id, Primitive&& primitive);
   void loadLayer(int index, Layer layer);
-  // For one of no group yet.
-  void loadGroupOf(PrimitiveId id, GroupId group);
+  // For those of these numbers, which must be there, that are of no group yet.
+  void loadGroupOf(PrimitiveId first, PrimitiveId last, GroupId group);
 
   // ---- Journal
   // ---------------------------------------------------------------------------------------------------------- Steps

@@ -20,13 +20,17 @@ void Drawing::load(PrimitiveId id, Primitive&& primitive) {
   ++revision_;
 }
 
-void Drawing::loadGroupOf(PrimitiveId id, GroupId group) {
-  Slot& place = slot(id);
+void Drawing::loadGroupOf(PrimitiveId first, PrimitiveId last, GroupId group) {
   std::vector<PrimitiveId>& members = groups_.at(static_cast<size_t>(group) - 1).members;
-  place.primitive.group = group;
-  place.groupPosition = static_cast<uint32_t>(members.size());
-  members.push_back(id);
-  touch(id);
+  for (PrimitiveId id = first; id <= last; ++id) {
+    Slot& place = slot(id);
+    if (place.primitive.group != 0) { continue; }
+    makeRoom(members);
+    place.primitive.group = group;
+    place.groupPosition = static_cast<uint32_t>(members.size());
+    members.push_back(id);
+    touch(id);
+  }
   ++revision_;
 }
 

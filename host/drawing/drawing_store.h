@@ -12,13 +12,13 @@ namespace brevan {
 
 // A primitive's place; ids index it, so a removed one leaves its place empty.
 struct Drawing::Slot {
-  Primitive primitive;
   uint32_t layerPosition = 0;  // in the lists of its layer and its group
   uint32_t groupPosition = 0;
   uint32_t selectionPosition = 0;
   bool there = false;
   bool indexed = false;
   bool selected = false;
+  Primitive primitive;  // last, so that its layer and group lie beside what is looked at with them
 };
 
 // Places in blocks, so that growing moves nothing.

@@ -238,15 +238,19 @@ void DxfBuilder::addGroup(std::string_view parent, std::string_view name, const 
   }
   const GroupId group = drawing_.addGroup(parent, name);
   auto next = entities_.cbegin();
+  Place run;  // of members that follow each other
   for (const uint64_t handle : members) {
     const bool follows = next != entities_.cend() && next->handle == handle;  // as members mostly do
     const auto found = follows ? next : entityOf(handle);
     if (found == entities_.cend()) { continue; }
-    for (PrimitiveId id = found->before + 1; id <= found->last; ++id) {
-      if (drawing_.find(id)->group == 0) { drawing_.loadGroupOf(id, group); }
-    }
     next = found + 1;
+    if (found->before != run.last) {
+      drawing_.loadGroupOf(run.before + 1, run.last, group);
+      run.before = found->before;
+    }
+    run.last = found->last;
   }
+  drawing_.loadGroupOf(run.before + 1, run.last, group);
 }
 
 std::vector<DxfBuilder::Place>::const_iterator DxfBuilder::entityOf(uint64_t handle) const {

@@ -106,9 +106,10 @@ const std::vector<DxfEntityReader::KindRow>& DxfEntityReader::rows() {
 
 void DxfEntityReader::read(const DxfRecord& record, DxfSink& sink) {
   if (polyline_.open && record.kind() != "VERTEX") { finish(sink); }
-  const auto row = std::find_if(rows().begin(), rows().end(),
+  const std::vector<KindRow>& kinds = rows();
+  const auto row = std::find_if(kinds.begin(), kinds.end(),
                                 [&record](const KindRow& candidate) { return candidate.kind == record.kind(); });
-  if (row == rows().end()) {
+  if (row == kinds.end()) {
     shaft_.reset();
     report_.note(record.kind());
     return;

@@ -69,54 +69,74 @@ inline uint64_t eightDigits(uint64_t eight) {
   return ((eight & kPairs) * 0x000F424000000064 + (eight >> 16 & kPairs) * 0x0000271000000001) >> 32 & 0xFFFFFFFF;
 }
 
-// Appends the digits from a place to the text's end to a number; false where not all are digits.
-inline bool appendDigits(uint64_t& number, std::string_view text, size_t at) {
+// Appends the digits from `at` to the end of a text that begins at `begin` to a number; false where not all are digits.
+inline bool appendDigits(uint64_t& number, const char* begin, const char* at, const char* end) {
   if constexpr (std::endian::native == std::endian::little) {
-    for (; text.size() - at >= kEight; at += kEight) {
-      const uint64_t eight = loadEight(text.data() + at);
+    constexpr auto kStep = static_cast<std::ptrdiff_t>(kEight);
+    for (; end - at >= kStep; at += kStep) {
+      const uint64_t eight = loadEight(at);
       if (!areDigits(eight)) { return false; }
       number = number * 100'000'000 + eightDigits(eight);
     }
-    if (const size_t left = text.size() - at; left > 0 && text.size() >= kEight) {
+    if (at == end) { return true; }
+    if (end - begin >= kStep) {
       // The text's last eight characters, those that were counted before made zeros.
+      const auto left = static_cast<size_t>(end - at);
       const uint64_t before = ~uint64_t{0} >> (8 * left);
-      const uint64_t eight = (loadEight(text.data() + text.size() - kEight) & ~before) | (kZeros & before);
-      if (!areDigits(eight)) { return false; }
+      const uint64_t eight = (loadEight(end - kStep) & ~before) | (kZeros & before);
       number = number * kPowersOfTen[left] + eightDigits(eight);
-      return true;
+      return areDigits(eight);
     }
   }
-  for (; at < text.size(); ++at) {
-    const unsigned digit = static_cast<unsigned>(text[at]) - '0';
+  for (; at != end; ++at) {
+    const unsigned digit = static_cast<unsigned>(*at) - '0';
     if (digit > 9) { return false; }
     number = number * 10 + digit;
   }
   return true;
 }
 
+// The value of a hexadecimal digit, above 15 for what is none.
+inline constexpr std::array<uint8_t, 256> kHexDigits = [] {
+  std::array<uint8_t, 256> values{};
+  for (size_t n = 0; n < values.size(); ++n) {
+    const size_t digit = n - '0';
+    const size_t letter = (n | 0x20U) - 'a';
+    values[n] = digit <= 9 ? static_cast<uint8_t>(digit) : letter <= 5 ? static_cast<uint8_t>(letter + 10) : 0xFF;
+  }
+  return values;
+}();
+
 }  // namespace dxfNumber
 
 // The number that a plain decimal such as "-1234.5678" is, the same as the general reading gives; nothing for a text of
 // another form or of more than 19 digits, which may be a number all the same. Nearly all numbers of a DXF file are
 // such, and reading them is most of reading it.
-inline std::optional<double> plainDecimal(std::string_view text) {
-  const size_t first = text.starts_with('-') ? 1 : 0;
-  if (text.size() - first > dxfNumber::kMostDigits + 1) { return std::nullopt; }
+[[gnu::always_inline]] inline std::optional<double> plainDecimal(std::string_view text) {
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  const bool negative = at != end && *at == '-';
+  if (negative) { ++at; }
+  const char* const first = at;
+  if (end - first > static_cast<std::ptrdiff_t>(dxfNumber::kMostDigits) + 1) { return std::nullopt; }
   uint64_t significand = 0;
-  size_t at = first;
-  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
-    significand = significand * 10 + static_cast<unsigned>(text[at] - '0');
+  for (; at != end; ++at) {
+    const unsigned digit = static_cast<unsigned>(*at) - '0';
+    if (digit > 9) { break; }
+    significand = significand * 10 + digit;
   }
-  const size_t ahead = at - first;
-  const bool point = at < text.size() && text[at] == '.';
-  if (point) { ++at; }
-  const size_t decimals = text.size() - at;
-  const size_t digits = ahead + decimals;
+  auto digits = static_cast<size_t>(end - first);
+  size_t decimals = 0;
+  if (at != end) {
+    if (*at++ != '.') { return std::nullopt; }
+    decimals = static_cast<size_t>(end - at);
+    --digits;
+    if (!dxfNumber::appendDigits(significand, text.data(), at, end)) { return std::nullopt; }
+  }
   if (digits == 0 || digits > dxfNumber::kMostDigits) { return std::nullopt; }
-  if (decimals > 0 && !(point && dxfNumber::appendDigits(significand, text, at))) { return std::nullopt; }
   const bool whole = decimals == 0 || significand == 0;
   const double size = whole ? static_cast<double>(significand) : dxfNumber::quotient(significand, decimals);
-  return first > 0 ? -size : size;
+  return negative ? -size : size;
 }
 
 // A handle in hexadecimal digits alone; nothing for a text of another form.
@@ -125,10 +145,9 @@ inline std::optional<uint64_t> plainHandle(std::string_view text) {
   if (text.empty() || text.size() > kMostHexDigits) { return std::nullopt; }
   uint64_t value = 0;
   for (const char character : text) {
-    const unsigned digit = static_cast<unsigned>(character) - '0';
-    const unsigned letter = (static_cast<unsigned>(character) | 0x20U) - 'a';
-    if (digit > 9 && letter > 5) { return std::nullopt; }
-    value = value << 4 | (digit <= 9 ? digit : letter + 10);
+    const unsigned digit = dxfNumber::kHexDigits[static_cast<unsigned char>(character)];
+    if (digit > 15) { return std::nullopt; }
+    value = value << 4 | digit;
   }
   return value;
 }

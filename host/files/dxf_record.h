@@ -26,8 +26,10 @@ class DxfRefusal : public std::runtime_error {
 // The groups of one entity, table entry or object, looked up by code; where a code repeats, the first counts
 // unless all are asked for. Filled over and over, so that reading a million entities allocates once.
 //
-// After its first group, the handle, an entity often repeats the one before it byte for byte up to its own
-// coordinates: owner, layer, colour and their like. This head is taken apart once and then only compared.
+// Entities repeat what came before them. After its first group, the handle, one often has the head of the one before,
+// byte for byte up to its own coordinates: owner, layer, colour and their like. This head is taken apart once and then
+// only compared. And the codes of its other groups are mostly those of the entity before of its kind: they are expected
+// and compared, and the index by code then stays as it is.
 class DxfRecord {
  public:
   static constexpr size_t kMostTags = 4'000'000;
@@ -39,22 +41,17 @@ class DxfRecord {
   bool take(DxfTag& next) {
     kind_ = trimmed(next.value);
     line_ = next.line;
-    round_ = ++lastRound_;
-    bool more = scanner_.next(next);
-    if (!more || next.code == 0) {
-      dropHead();
-      return more;
+    if (!repeatsHead() && !takeHeadAlike()) {
+      const DxfScanner::Place begin = scanner_.place();
+      const bool more = scanner_.next(next);
+      if (!more || next.code == 0) {
+        dropHead();
+        return more;
+      }
+      takeHead(begin, next);
     }
-    const bool repeats = headTags_ > 0 && tags_.front().code == next.code && scanner_.skip(head_, headLines_);
-    count_ = repeats ? headTags_ : 0;
-    if (repeats) {
-      putFirst(next);
-      more = scanner_.next(next);
-    } else {
-      more = takeHead(next);
-    }
-    for (; more && next.code != 0; more = scanner_.next(next)) { add(next, round_); }
-    return more;
+    Codes& codes = codesOf(kind_);
+    return takeAlike(codes, next) || takeTail(codes, next);
   }
 
   // Records that share their head, one after the other, have the same number here.
@@ -79,12 +76,8 @@ class DxfRecord {
   [[nodiscard]] Point point(int code) const { return {real(code), real(code + 10)}; }
 
   [[nodiscard]] double realOf(const DxfTag& tag) const {
-    if (const auto plain = plainDecimal(tag.value)) { return *plain; }
-    std::string_view text = trimmed(tag.value);
-    if (text.size() > 1 && text.front() == '+' && text[1] != '-') { text.remove_prefix(1); }
-    const auto value = numberText::parseDouble(text);
-    if (!value) { refuse(tag, "a finite number"); }
-    return *value;
+    const auto plain = plainDecimal(tag.value);
+    return plain ? *plain : oddRealOf(tag);
   }
   [[nodiscard]] int integerOf(const DxfTag& tag) const {
     const auto value = numberText::parseInteger(trimmed(tag.value));
@@ -113,10 +106,17 @@ class DxfRecord {
 
  private:
   static constexpr int kIndexed = 1000;
+  [[gnu::noinline]] double oddRealOf(const DxfTag& tag) const {
+    std::string_view text = trimmed(tag.value);
+    if (text.size() > 1 && text.front() == '+' && text[1] != '-') { text.remove_prefix(1); }
+    const auto value = numberText::parseDouble(text);
+    if (!value) { refuse(tag, "a finite number"); }
+    return *value;
+  }
   [[nodiscard]] const DxfTag& tagOf(int code) const { return tags_[first_[static_cast<size_t>(code)]]; }
 
   [[gnu::always_inline]] void add(const DxfTag& tag, uint32_t round) {
-    if (tag.code >= 0 && tag.code < kIndexed && !has(tag.code)) { index(tag.code, round); }
+    indexIfNew(tag.code, round);
     if (count_ == tags_.size()) { grow(); }
     tags_[count_++] = {tag.code, tag.line - line_, tag.value};
   }
@@ -126,50 +126,170 @@ class DxfRecord {
     }
     tags_.resize(std::min(2 * count_ + kFewTags, kMostTags));
   }
-  void index(int code, uint32_t round) {
+  // Notes that the group at count_ has this code.
+  [[gnu::always_inline]] void indexIfNew(int code, uint32_t round) {
+    if (code < 0 || code >= kIndexed || has(code)) { return; }
     rounds_[static_cast<size_t>(code)] = round;
     first_[static_cast<size_t>(code)] = static_cast<uint32_t>(count_);
   }
 
-  void putFirst(const DxfTag& tag) {
-    tags_.front() = {tag.code, tag.line - line_, tag.value};
-    if (tag.code < 0 || tag.code >= kIndexed) { return; }
-    rounds_[static_cast<size_t>(tag.code)] = round_;
-    first_[static_cast<size_t>(tag.code)] = 0;
+  void indexFirst() {
+    round_ = ++lastRound_;
+    const int code = tags_.front().code;
+    if (code < 0 || code >= kIndexed) { return; }
+    rounds_[static_cast<size_t>(code)] = round_;
+    first_[static_cast<size_t>(code)] = 0;
   }
 
-  // Ends before the group with the entity's own content, which is then `next`; false at the end of the bytes.
-  bool takeHead(DxfTag& next) {
-    constexpr size_t kMostInHead = 64;
-    headRound_ = ++lastRound_;
+  // The codes of groups that came one after the other, to be expected again.
+  static constexpr size_t kMostCodes = 32;
+  struct Codes {
+    std::array<DxfScanner::CodeText, kMostCodes> texts;
+    size_t count = 0;
+    bool comparable = false;  // all of them are there, and each can be compared
+    void clear() {
+      count = 0;
+      comparable = true;
+    }
+    void add(const DxfScanner::CodeText& text) {
+      comparable = comparable && count < kMostCodes && text.mask != 0;
+      if (comparable) { texts[count++] = text; }
+    }
+    [[nodiscard]] std::span<const DxfScanner::CodeText> all() const { return {texts.data(), count}; }
+  };
+  // Of the groups after the head, with that of the next record. Kinds that share a place cost time alone.
+  Codes& codesOf(std::string_view kind) {
+    const size_t first = kind.empty() ? 0 : static_cast<unsigned char>(kind.front());
+    return codes_[(kind.size() + first) % codes_.size()];
+  }
+  // The groups from here up to `end` have these codes.
+  [[gnu::noinline]] void indexAlike(std::span<const DxfScanner::CodeText> codes, size_t end, uint32_t round) {
+    for (const DxfScanner::CodeText* code = codes.data(); count_ < end; ++count_, ++code) {
+      tags_[count_].code = code->code;
+      tags_[count_].line = 2 * (static_cast<uint32_t>(count_) + 1);
+      indexIfNew(code->code, round);
+    }
+  }
+
+  // Takes the first group and the head if they come as before, byte for byte but for the first group's value.
+  bool repeatsHead() {
+    if (headTags_ == 0 || !headCodes_[lastHead_].comparable) { return false; }
+    const DxfScanner::Place begin = scanner_.place();
+    if (scanner_.nextLike(headCodes_[lastHead_].texts.front(), tags_.front().value) &&
+        scanner_.skip(head_, headLines_)) {
+      count_ = headTags_;
+      return true;
+    }
+    scanner_.goTo(begin);
+    return false;
+  }
+
+  // Takes the first group and the head if they have the codes of the last or the one before with other codes: a colour
+  // takes one group or two.
+  bool takeHeadAlike() {
+    if (headTags_ == 0) { return false; }
+    if (takeHeadLike(headCodes_[lastHead_])) { return true; }
+    if (!takeHeadLike(headCodes_[1 - lastHead_])) { return false; }
+    lastHead_ = 1 - lastHead_;
+    return true;
+  }
+  bool takeHeadLike(const Codes& head) {
+    if (!head.comparable || head.count == 0) { return false; }
+    const DxfScanner::Place start = scanner_.place();
+    const auto codes = head.all();
+    if (!scanner_.nextLike(codes.front(), tags_.front().value)) { return false; }
+    const DxfScanner::Place begin = scanner_.place();
+    if (!scanner_.nextLike(codes.subspan(1), tags_.data() + 1)) {
+      scanner_.goTo(start);
+      return false;
+    }
+    startHead();
+    indexAlike(codes.first(1), 1, round_);
+    indexAlike(codes.subspan(1), codes.size(), headRound_);
+    endHead(begin, scanner_.place());
+    return true;
+  }
+
+  // Takes the first group, which is `next` and began there, and those after it up to the entity's own content.
+  void takeHead(const DxfScanner::Place& start, DxfTag& next) {
+    startHead();
+    lastHead_ = 1 - lastHead_;
+    Codes& codes = headCodes_[lastHead_];
+    codes.clear();
+    codes.add(scanner_.codeText(start, next));
     add(next, round_);
     const DxfScanner::Place begin = scanner_.place();
     DxfScanner::Place end = begin;
     bool inSubclass = false;
     bool more = scanner_.next(next);
-    while (more && !endsHead(next.code, inSubclass) && count_ < kMostInHead) {
+    while (more && !endsHead(next.code, inSubclass) && count_ < kMostCodes) {
       inSubclass = inSubclass || next.code == kSubclass;
+      codes.add(scanner_.codeText(end, next));
       add(next, headRound_);
       end = scanner_.place();
       more = scanner_.next(next);
     }
-    headTags_ = more ? count_ : 0;  // what the end of the bytes cuts short may go on elsewhere
-    head_ = scanner_.between(begin, end);
-    headLines_ = end.line - begin.line;
-    return more;
+    scanner_.goTo(end);
+    endHead(begin, end);
+    if (!more) { headTags_ = 0; }  // what the end of the bytes cuts short may go on elsewhere
   }
   [[nodiscard]] bool endsHead(int code, bool inSubclass) const {
     const bool isReal = code >= 10 && code < 60;
-    return code == 0 || isReal || (code == kSubclass && inSubclass) || code == tags_.front().code;
+    const bool isList = code == tags_[count_ - 1].code;
+    return code == 0 || isReal || isList || (code == kSubclass && inSubclass) || code == tags_.front().code;
+  }
+  void startHead() {
+    round_ = ++lastRound_;
+    headRound_ = ++lastRound_;
+    indexed_ = nullptr;
+    count_ = 0;
+  }
+  void endHead(const DxfScanner::Place& begin, const DxfScanner::Place& end) {
+    headTags_ = count_;
+    head_ = scanner_.between(begin, end);
+    headLines_ = end.line - begin.line;
   }
   void dropHead() {
-    count_ = 0;
+    startHead();
     headTags_ = 0;
-    headRound_ = round_;
+  }
+
+  // Takes the groups after the head if they have these codes, else none.
+  bool takeAlike(const Codes& codes, DxfTag& next) {
+    if (!codes.comparable || headTags_ == 0) { return false; }
+    const auto all = codes.all();
+    if (!scanner_.nextLike(all, tags_.data() + headTags_)) { return false; }
+    const size_t end = headTags_ + all.size() - 1;
+    if (indexed_ != &codes) {
+      indexFirst();
+      indexAlike(all, end, round_);
+      indexed_ = &codes;
+    }
+    count_ = end;
+    next = {0, scanner_.place().line - 1, tags_[count_].value};
+    return true;
+  }
+
+  // Takes the groups after the head whatever they are, and notes their codes.
+  bool takeTail(Codes& codes, DxfTag& next) {
+    indexFirst();
+    indexed_ = nullptr;
+    codes.clear();
+    do {
+      const DxfScanner::Place begin = scanner_.place();
+      if (!scanner_.next(next)) {
+        codes.comparable = false;
+        return false;
+      }
+      codes.add(scanner_.codeText(begin, next));
+      if (next.code != 0) { add(next, round_); }
+    } while (next.code != 0);
+    return true;
   }
 
   static constexpr int kSubclass = 100;
   static constexpr size_t kFewTags = 128;
+  static_assert(2 * kMostCodes < kFewTags);
 
   DxfScanner& scanner_;
   std::string_view kind_;
@@ -184,7 +304,11 @@ class DxfRecord {
   uint32_t headRound_ = 0;
   std::string_view head_;  // without the first group
   uint32_t headLines_ = 0;
-  size_t headTags_ = 0;  // with it; 0: there is none
+  size_t headTags_ = 0;             // with it; 0: there is none
+  std::array<Codes, 2> headCodes_;  // of the last head, and of one before with other codes
+  size_t lastHead_ = 0;
+  std::array<Codes, 16> codes_;     // by kind
+  const Codes* indexed_ = nullptr;  // those that the index by code is of, under the present head
 };
 
 }  // namespace brevan

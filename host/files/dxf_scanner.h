@@ -3,6 +3,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,48 @@ struct DxfTag {
   int code = 0;
   uint32_t line = 0;  // of the code
   std::string_view value;
+};
+
+// The ends of the lines of a text, one after the other. Those of a block are bits of a number, so that looking for one
+// need not wait until the one before is found.
+class LineEnds {
+ public:
+  static constexpr std::ptrdiff_t kStep = 16;
+  LineEnds(const char* at, const char* limit, char lineEnd) : next_(at), limit_(limit), lineEnd_(lineEnd) {}
+
+  // Null where less than a block is left to look at.
+  [[gnu::always_inline]] const char* next() {
+    while (found_ == 0) {
+      if (limit_ - next_ < kBlock) { return nullptr; }
+      block_ = next_;
+      found_ = inStep(block_, lineEnd_) | inStep(block_ + kStep, lineEnd_) << kStep |
+               inStep(block_ + 2 * kStep, lineEnd_) << 2 * kStep | inStep(block_ + 3 * kStep, lineEnd_) << 3 * kStep;
+      next_ += kBlock;
+    }
+    const char* const end = block_ + std::countr_zero(found_);
+    found_ &= found_ - 1;
+    return end;
+  }
+
+  // A bit for each of the next kStep characters.
+  [[gnu::always_inline]] static uint64_t inStep(const char* at, char lineEnd) {
+#ifdef __SSE2__
+    const __m128i characters = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(characters, _mm_set1_epi8(lineEnd))));
+#else
+    uint64_t found = 0;
+    for (std::ptrdiff_t n = 0; n < kStep; ++n) { found |= static_cast<uint64_t>(at[n] == lineEnd) << n; }
+    return found;
+#endif
+  }
+
+ private:
+  static constexpr std::ptrdiff_t kBlock = 4 * kStep;
+  const char* block_ = nullptr;
+  const char* next_;
+  const char* limit_;
+  uint64_t found_ = 0;  // those of the block that were not handed out yet
+  char lineEnd_;
 };
 
 // Takes a DXF file's bytes apart, without copying any. Lines end with CRLF, LF or CR. Throws HostFailure with the
@@ -58,6 +101,50 @@ class DxfScanner {
     const char* at = nullptr;
     uint32_t line = 0;
   };
+
+  // A code's line with its end, as it stood somewhere in the file.
+  struct CodeText {
+    uint64_t bytes = 0;
+    uint64_t mask = 0;  // set where there are bytes; 0: they are more than can be compared
+    uint32_t length = 0;
+    int code = 0;
+  };
+  // Of the group that was taken last, from the place before it.
+  [[nodiscard]] static CodeText codeText(const Place& before, const DxfTag& taken) {
+    CodeText text;
+    text.code = taken.code;
+    text.length = static_cast<uint32_t>(taken.value.data() - before.at);
+    if (text.length > sizeof text.bytes) { return text; }
+    std::memcpy(&text.bytes, before.at, text.length);
+    std::memset(&text.mask, 0xFF, text.length);
+    return text;
+  }
+  // Takes the next group's value if the line of its code is this text, which can be compared; else nothing.
+  [[gnu::always_inline]] bool nextLike(const CodeText& code, std::string_view& value) {
+    if (end_ - at_ < kLongestCode || !beginsWith(at_, code)) { return false; }
+    at_ += code.length;
+    ++line_;
+    value = takeLine();
+    return true;
+  }
+  // The same for several, one after the other, or for none of them, though values may have been written.
+  bool nextLike(std::span<const CodeText> codes, DxfTag* tags) {
+    const char* at = at_;
+    LineEnds ends(at, end_, lineEnd_);
+    for (const CodeText& code : codes) {
+      if (end_ - at < kLongestCode || !beginsWith(at, code) || ends.next() == nullptr) { return false; }
+      at += code.length;
+      const char* const found = ends.next();
+      if (found == nullptr || found - at > static_cast<std::ptrdiff_t>(kLongestLine)) { return false; }
+      const auto length = static_cast<size_t>(found - at);
+      (tags++)->value = {at, length - static_cast<size_t>(length > 0 && found[-1] == '\r')};
+      at = found + 1;
+    }
+    at_ = at;
+    line_ += 2 * static_cast<uint32_t>(codes.size());
+    return true;
+  }
+
   [[nodiscard]] Place place() const { return {at_, line_}; }
   void goTo(const Place& place) {
     at_ = place.at;
@@ -84,6 +171,11 @@ class DxfScanner {
   static constexpr std::ptrdiff_t kMostBlanks = 4;
   static constexpr std::ptrdiff_t kLongestCode = 16;  // more than blanks, digits and line end take
 
+  static bool beginsWith(const char* at, const CodeText& code) {
+    uint64_t bytes = 0;
+    std::memcpy(&bytes, at, sizeof bytes);
+    return ((bytes ^ code.bytes) & code.mask) == 0;
+  }
   static unsigned digitOf(char character) { return static_cast<unsigned>(character) - '0'; }
   [[nodiscard]] size_t left() const { return static_cast<size_t>(end_ - at_); }
 
@@ -102,14 +194,10 @@ class DxfScanner {
 
   // Most lines are shorter than two steps of sixteen characters.
   [[gnu::always_inline]] const char* lineEndFrom(const char* at) const {
-#ifdef __SSE2__
-    const __m128i wanted = _mm_set1_epi8(lineEnd_);
-    for (int step = 0; step < 2 && end_ - at >= 16; ++step, at += 16) {
-      const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-      const auto found = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(block, wanted)));
+    for (int step = 0; step < 2 && end_ - at >= LineEnds::kStep; ++step, at += LineEnds::kStep) {
+      const uint64_t found = LineEnds::inStep(at, lineEnd_);
       if (found != 0) { return at + std::countr_zero(found); }
     }
-#endif
     return static_cast<const char*>(std::memchr(at, lineEnd_, static_cast<size_t>(end_ - at)));
   }
 

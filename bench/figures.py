@@ -1,0 +1,112 @@
+"""What bench/run measures and what is asked of it: the programs it starts and a row for every figure of the table."""
+
+from dataclasses import dataclass
+
+
+@dataclass(frozen=True)
+class Program:
+    """A benchmark; `needs` are programs of the build that a Python one is given."""
+
+    name: str
+    rounds: int = 3  # runs of which the median counts
+    needs: tuple = ()
+    timeout: int = 180  # seconds a run
+
+
+PROGRAMS = (
+    Program("group_numbering_bench", rounds=5),
+    Program("ini_change_bench", rounds=5),
+    Program("dxf_read_bench", rounds=5),
+    Program("dxf_write_bench", rounds=5),
+    Program("drg_bench"),
+    Program("nearest_bench"),
+    Program("snip_bench"),
+    Program("paint_bench"),
+    Program("diagram_bench"),
+    Program("boundary_bench"),
+    Program("desktop_view_bench", rounds=2),
+    Program("startup_against_qt.py", rounds=1, needs=("brevan-batch", "empty_qt")),
+    Program("startup_of_desktop.py", rounds=1, needs=("brevan",)),
+    Program("bolts_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
+    Program("dxf_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
+)
+
+
+@dataclass(frozen=True)
+class Figure:
+    """A row of the table: a benchmark beside one of its peers, at all its sizes.
+
+    What is asked, each None for nothing: that our time be at most `ratio` times the peer's, at most `seconds`, at most
+    `over` seconds above the peer's, at every size; and that it grow with at most this power of the size.
+    """
+
+    program: str
+    benchmark: str
+    peer: str | None
+    title: str
+    counted: str  # what the size counts
+    ratio: float | None = None
+    seconds: float | None = None
+    over: float | None = None
+    growth: float | None = None
+
+
+def _figures(program, *rows):
+    return tuple(Figure(program, *row[:-1], **row[-1]) for row in rows)
+
+
+_SCAN = "scan over the lines"
+
+FIGURES = (
+    *_figures("group_numbering_bench", (
+        "numberPart", "walk over the names", "number a part among the groups", "groups", {"seconds": 1e-4})),
+    *_figures(
+        "ini_change_bench",
+        ("changeOneRecord/firstInOpenFile", _SCAN, "INI: change the first record", "records", {"ratio": 2}),
+        ("changeOneRecord/middleInOpenFile", _SCAN, "INI: change a middle record", "records", {"ratio": 2}),
+        ("changeOneRecord/openingTheFile", _SCAN, "INI: open and change a record", "records", {}),
+        ("countRecords", "standard hash table", "INI: open and ask for every record", "records", {})),
+    *_figures(
+        "dxf_read_bench",
+        ("readDxf", "mapping and parsing", "DXF: read", "primitives", {"ratio": 3}),
+        ("readDxf", "file of bare numbers", "DXF: read", "primitives", {})),
+    *_figures("dxf_write_bench", ("writeDxf", "bare numbers", "DXF: write", "primitives", {"ratio": 1.5})),
+    *_figures(
+        "drg_bench",
+        ("openDrg", "SQLite alone", "drawing file: open", "primitives", {}),
+        ("saveDrg", "SQLite alone", "drawing file: save", "primitives", {})),
+    *_figures(
+        "nearest_bench",
+        ("nearest/loaded", "Boost R-tree", "pick the nearest", "primitives", {"seconds": 1e-5}),
+        ("nearest/loaded", "scan of all", "pick the nearest", "primitives", {}),
+        ("nearest/grown", "Boost R-tree", "pick the nearest after as many inserts", "primitives", {"seconds": 1e-5}),
+        ("nearest/grown", "scan of all", "pick the nearest after as many inserts", "primitives", {})),
+    *_figures("snip_bench", ("snip", "cutting alone", "snip along a window", "lines", {"ratio": 3})),
+    *_figures("paint_bench", ("paintPrimitives", "Qt alone", "paint a picture", "lines", {})),
+    *_figures(
+        "diagram_bench",
+        ("traceInDrawingOfLines", None, "diagram of one figure", "lines of the drawing", {"growth": 0.1}),
+        ("traceFigureOfParcels", None, "diagram, figure and surroundings growing", "primitives copied",
+         {"growth": 1.1})),
+    *_figures(
+        "boundary_bench",
+        ("traceParcels", "GEOS", "trace every parcel of a township", "parcels", {"ratio": 1, "growth": 1.1}),
+        ("traceParcels", "CGAL", "trace every parcel of a township", "parcels", {"ratio": 1, "growth": 1.1})),
+    *_figures(
+        "desktop_view_bench",
+        ("zoomAll", "Qt alone", "desktop: zoom all", "lines", {"seconds": 1.5}),
+        ("zoomStep", None, "desktop: zoom a step", "lines", {}),
+        ("panStep", None, "desktop: pan a step, all of the strip", "lines", {"seconds": 0.15}),
+        ("dragFrame", None, "desktop: a frame while dragging", "lines", {"seconds": 1 / 30}),
+        ("longestDragFrame", None, "desktop: the longest frame while dragging", "lines", {})),
+    *_figures("startup_against_qt.py", (
+        "firstDrawing", "empty Qt program", "batch tool: start to first drawing", "bolt", {"over": 0.025})),
+    *_figures(
+        "startup_of_desktop.py",
+        ("window", "loading alone", "desktop: start to the window", "window", {"seconds": 0.5}),
+        ("lineDrawn", "loading alone", "desktop: start to the first typed line", "line", {})),
+    *_figures("bolts_against_ezdxf.py", (
+        "bolts", "ezdxf", "bolts by one script, to DXF", "bolts", {"ratio": 1 / 12})),
+    *_figures("dxf_against_ezdxf.py", (
+        "readAndWrite", "ezdxf", "DXF: read and write, whole program", "primitives", {})),
+)
