@@ -22,7 +22,7 @@ std::optional<int> leadingInteger(std::string_view text) {
 int copyCut(std::string_view text, char* buffer, int size) {
   if (buffer == nullptr || size <= 0) { return 0; }
   const size_t length = std::min(text.size(), static_cast<size_t>(size) - 1);
-  std::memmove(buffer, text.data(), length);
+  if (length > 0) { std::memmove(buffer, text.data(), length); }  // an empty text may stand nowhere
   buffer[length] = '\0';
   return static_cast<int>(length);
 }
