@@ -6,10 +6,9 @@ Part of the whole suite alone (FAULTS_WHOLE=1): it compares processor times, whi
 """
 
 import math
-import os
-import subprocess
+import resource
 
-from fault_program import BATCH, WHOLE, FaultTest, main
+from fault_program import WHOLE, FaultTest, main
 
 
 def lines(count, one):
@@ -59,7 +58,7 @@ SCRIPTS = [
         lines(n, lambda k: f"draw line {k * 10} 0 {k * 10} 10\ndraw line {k * 10} 0 {k * 10 + 10} 0\n"
               f"draw line {k * 10} 10 {k * 10 + 10} 10") + f"draw line {n * 10} 0 {n * 10} 10\n" +
         lines(n, lambda k: f"macro AUTOPERIM 0 [{k * 10 + 5},5]"))),
-    ("undo", 10_000, lambda n: grid(n) + "undo\n" * n + "redo\n" * n),
+    ("undo", 20_000, lambda n: grid(n) + "undo\n" * n + "redo\n" * n),
     ("copies", 100_000, lambda n: f"draw line 0 0 10 0\nmacro SELECT [5,0] [#]\nmacro REPEAT {n} \"Y\" [0,0] [0,20]\n"),
     ("texts", 50_000, lambda n: lines(n, lambda k: f'draw text {k % 1000 * 20} {k // 1000 * 20} 35 "Text {k}"')),
 ]
@@ -70,13 +69,10 @@ class Growth(FaultTest):
         """Processor time of a run, the best of three."""
         best = []
         for _ in range(3):
-            with open(self.folder / "said", "wb") as said:
-                program = subprocess.Popen([BATCH, *words], cwd=self.folder, env=self.environment(),
-                                           stdin=subprocess.DEVNULL, stdout=said, stderr=said)
-                _, status, usage = os.wait4(program.pid, 0)
-                program.returncode = os.waitstatus_to_exitcode(status)
-            self.assertEqual(program.returncode, 0, (self.folder / "said").read_bytes()[:500])
-            best.append(usage.ru_utime + usage.ru_stime)
+            before = resource.getrusage(resource.RUSAGE_CHILDREN)
+            self.assertDone(self.batch(*words))
+            after = resource.getrusage(resource.RUSAGE_CHILDREN)
+            best.append(after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime)
         return min(best)
 
     def grows(self, name, amount, prepare):
@@ -87,7 +83,8 @@ class Growth(FaultTest):
             doubling = math.sqrt(more / once)
             print(f"{name}: {amount} in {once:.3f} s, {4 * amount} in {more:.3f} s, a doubling {doubling:.2f} times")
             self.assertGreater(once, 0.03, "too little to measure")
-            self.assertLess(doubling, 2.5)
+            # A walk takes 4; a table that outgrows the processor's caches up to 2.9, its instructions twice as many.
+            self.assertLess(doubling, 3.0)
 
     def script(self, text):
         self.write("x.scr", text + 'export "x.dxf"\n')
@@ -121,7 +118,7 @@ class Growth(FaultTest):
             return "convert", f"x.{ending}", "out/x.json"
 
         for ending in ("dxf", "drg"):
-            self.grows(f"{ending} of layers and groups", 10_000, lambda n, ending=ending: prepare(n, ending))
+            self.grows(f"{ending} of layers and groups", 20_000, lambda n, ending=ending: prepare(n, ending))
 
 
 if __name__ == "__main__":
