@@ -65,7 +65,10 @@ void ArchSpecStore::deleteRecordKey(int number, std::string_view section) {
 }
 
 void ArchSpecStore::addRecord(std::string_view text, const dialog::DropDownHandle& list, std::string_view section) {
-  writeRecord(++counts_[listOf(section)], text, section);
+  const size_t index = listOf(section);
+  const int number = ++counts_[index];
+  makeRoomForRecord(file_, section, kLists[index].keyPrefix, number);
+  writeRecord(number, text, section);
   flush();
   list.addItem(recordName(text));
   list.select(list.count() - 1);

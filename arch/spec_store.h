@@ -32,7 +32,8 @@ class ArchSpecStore {
   [[nodiscard]] std::optional<std::string> readRecord(std::string_view section, int number) const;
   void writeRecord(int number, std::string_view text, std::string_view section);
   void deleteRecordKey(int number, std::string_view section);
-  // Appends the record, adds its name to the list box and selects it.
+  // Appends the record, adds its name to the list box and selects it. What stood behind a gap in the numbers is never
+  // overwritten: it moves down where it stands in the way, and is listed from the next loading on.
   void addRecord(std::string_view text, const dialog::DropDownHandle& list, std::string_view section);
   // Removes the record behind a selection, counted from 0; the later ones move down a number. The entry
   // before becomes selected, or the first. A selection outside the list changes nothing.

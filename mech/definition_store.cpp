@@ -1,5 +1,6 @@
 #include "mech/definition_store.h"
 
+#include "frame/records.h"
 #include "mech/definition_kinds.h"
 #include "mech/record_format.h"
 
@@ -45,6 +46,7 @@ void DefinitionStore::put(std::string_view section, int n, std::string_view text
 void DefinitionStore::append(std::string_view section, std::string_view text) {
   const int n = ++counts_[std::string(section)];
   if (text.empty()) { return; }
+  makeRoomForRecord(file_, section, definitionKind(section).keyPrefix, n);
   write(section, n, text);
   flush();
 }

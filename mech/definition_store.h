@@ -26,6 +26,8 @@ class DefinitionStore {
   [[nodiscard]] std::vector<std::string> names(std::string_view section) const;
 
   void put(std::string_view section, int n, std::string_view text);
+  // The new record follows those that names() lists. What stood behind a gap in the numbers is never overwritten: it
+  // moves down where it stands in the way, and is listed from the next opening on.
   void append(std::string_view section, std::string_view text);
   // Removes the record at a list index, counted from 0. Later records move up; the key that was the last
   // stays with an empty value. An index outside the list changes nothing.

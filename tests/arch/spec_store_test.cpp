@@ -69,6 +69,10 @@ TEST_F(SpecStore, AnEmptyValueEndsAListAndASelectionOutsideRemovesNothing) {
   store.removeRecord(-1, list_, ardenix::kWallTypes);
   store.removeRecord(1, list_, ardenix::kWallTypes);
   EXPECT_EQ(read(path), before);
+  for (const char* name : {"D", "E"}) { store.addRecord(name, list_, ardenix::kWallTypes); }
+  EXPECT_EQ(list_.items(), (Texts{"A", "D", "E"}));
+  store.loadNames(list_, ardenix::kWallTypes);
+  EXPECT_EQ(list_.items(), (Texts{"A", "D", "E", "C"})) << "what stood behind the gap is not overwritten";
 }
 
 TEST_F(SpecStore, OffersEachLayerOnce) {

@@ -40,6 +40,9 @@ TEST_F(DefinitionStoreTest, AGapEndsTheList) {
   store.append("BOLTS", "B,2.000");
   EXPECT_EQ(store.record("BOLTS", 2), "B,2.000") << "a new record takes the first free number";
   EXPECT_EQ(DefinitionStore(store.file().FileName()).names("BOLTS"), (Names{"A", "B", "C", "D"}));
+  store.append("BOLTS", "E");
+  EXPECT_EQ(store.names("BOLTS"), (Names{"A", "B", "E", "C", "D"})) << "what stood behind the gap is not overwritten";
+  EXPECT_EQ(store.count("BOLTS"), 3) << "the list that a dialog shows";
 }
 
 TEST_F(DefinitionStoreTest, RecordsReachTheDiskAtOnceSingleKeysOnFlush) {
