@@ -69,6 +69,10 @@ void DialogWindow::showControl(int control) {
   showPictures();
 }
 
+void DialogWindow::showControls() {
+  for (size_t control = 0; control < widgets_.controls.size(); ++control) { showControl(static_cast<int>(control)); }
+}
+
 // Canvases and previews show what the other controls hold.
 void DialogWindow::showPictures() {
   for (size_t other = 0; other < widgets_.controls.size(); ++other) {
@@ -127,9 +131,7 @@ void DialogWindow::operate(int, const std::function<DialogSession::Refusal(Dialo
     if (!rulesMovedFocus_) { refuse(shown(*refusal)); }
     // After the event that brought the focus elsewhere.
     QTimer::singleShot(0, this, [this] {
-      for (size_t control = 0; control < widgets_.controls.size(); ++control) {
-        showControl(static_cast<int>(control));
-      }
+      showControls();
       giveFocus(description_.focus(), true);
     });
   } else {
@@ -174,9 +176,7 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
 }
 
 void DialogWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange && session_ != nullptr) {
-    for (size_t control = 0; control < widgets_.controls.size(); ++control) { showControl(static_cast<int>(control)); }
-  }
+  if (event->type() == QEvent::PaletteChange && session_ != nullptr) { showControls(); }
   QDialog::changeEvent(event);
 }
 
@@ -200,7 +200,7 @@ bool DialogWindow::run() {
   session_->open();
   --operating_;
   if (description_.closed()) { return description_.accepted(); }
-  for (size_t control = 0; control < widgets_.controls.size(); ++control) { showControl(static_cast<int>(control)); }
+  showControls();
   showGroups();
   ++operating_;
   show();

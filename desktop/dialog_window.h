@@ -39,6 +39,7 @@ class DialogWindow : public QDialog, private DialogOperator {
   [[nodiscard]] QString pictureFolder() const override { return pictureFolder_; }
 
   void showControl(int control);
+  void showControls();
   void showGroups();
   void showPictures();
   void focusArrived(int control);

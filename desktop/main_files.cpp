@@ -115,7 +115,13 @@ void MainWindow::print() {
   printer.setFullPage(true);
   QPrintDialog chooser(&printer, this);
   if (chooser.exec() != QDialog::Accepted) { return; }
-  QPainter painter(&printer);
+  QPainter painter;
+  if (!painter.begin(&printer)) {
+    const QString file = printer.outputFileName();
+    const QString target = file.isEmpty() ? printer.printerName() : file;
+    QMessageBox::critical(this, tr("Print"), tr("Nothing can be printed to \"%1\".").arg(target));
+    return;
+  }
   constexpr double kMillimetresAnInch = 25.4;
   const double scale = printer.resolution() / kMillimetresAnInch;
   paint(painter, drawing, sheetToDevice(sheet, drawing.parameters(), scale), {});

@@ -63,8 +63,7 @@ void trimAt(DrawingWindow& window, Point at) {
     window.gsSetStatus("Nothing crosses it, so nothing can be cut off.");
     return;
   }
-  double where = parameterOf(curve, nearestOn(curve, at));
-  if (isClosed(curve) && where < 0.0) { where += 1.0; }
+  const double where = parameterOf(curve, nearestOn(curve, at));
   drawing.remove(id);
   for (const Curve& piece : remains(curve, cuts, where)) {
     Primitive kept = before;

@@ -108,6 +108,12 @@ TEST_F(Enquiries, SymbolsArePatternsOfTheirOwn) {
   macros({"#RENAMPAT \"* W1200P\" \"WINDOWS N1\" [#]", "SELECTNAME \"WINDOWS N1\""});
   EXPECT_EQ(drawing().selection().size(), 1U);
   EXPECT_EQ(macroError("#RENAMPAT \"* W1200P\" \"WINDOWS N2\" [#]"), "11: there is no group \"* W1200P\"");
+  // A symbol that takes the name of the part being drawn belongs to that part.
+  macros({"PARENT \"WELDS\"", "STARTPAT \"N7\""});
+  HostSession::line(0, 0, 10, 0);
+  macros({"ADDSYM \"DOT\" [0.000,0.000] 1 0", "#RENAMPAT \"* DOT\" \"WELDS N7\" [#]"});
+  EXPECT_EQ(drawing().membersOf(drawing().newestGroup("WELDS N7")).size(), 2U);
+  EXPECT_EQ(drawing().newestGroup("WELDS DOT"), 0);
 }
 
 TEST_F(Enquiries, SymbolsOfEveryWindowAndTheirPanel) {

@@ -1,0 +1,138 @@
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "tests/desktop/desktop_session.h"
+
+namespace {
+
+using namespace brevan;
+
+// Opening, saving, exporting and printing by hand, and what asks before work is lost.
+class Files : public DesktopSession {
+ protected:
+  void trigger(const QString& caption) {
+    for (QAction* found : window_->findChildren<QAction*>()) {
+      if (found->text().remove('&') == caption) { return found->trigger(); }
+    }
+    ADD_FAILURE() << "no action " << caption.toStdString();
+  }
+  // The next chooser takes this file.
+  void chooses(const QString& path) {
+    when([] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
+         [path] {
+           auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+           auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
+           name->setText(path);
+           QTest::keyClick(name, Qt::Key_Return);
+         });
+  }
+  void answers(QMessageBox::StandardButton button) {
+    when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
+         [button] {
+           auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+           QTest::mouseClick(box->button(button), Qt::LeftButton);
+         });
+  }
+  void drawLine(const QString& from, const QString& to) {
+    whenPrompted("Indicate the start", [this, from] { type(from); });
+    whenPrompted("Indicate the next", [this, to] { type(to); });
+    whenPrompted("Indicate", [this] { key(Qt::Key_Escape); });
+    act([this] { type("line"); });
+  }
+  QString path(const QString& name) { return folder_.filePath(name); }
+  std::string content(const QString& name) {
+    std::ifstream in(path(name).toStdString(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+  QTabWidget& tabs() { return *window_->findChild<QTabWidget*>(); }
+};
+
+TEST_F(Files, SavedClosedAndOpenedAgainADrawingIsTheSame) {
+  drawLine("10,10", "@50<90");
+  const std::string drawn = json();
+  chooses(path("one.drg"));
+  act([this] { trigger("Save"); });
+  EXPECT_FALSE(tabs().tabText(tabs().currentIndex()).contains('*'));
+  drawLine("0,0", "5,5");
+  const std::string more = json();
+  act([this] { trigger("Save"); });  // asks nothing now
+  window_->undo();
+  const int before = tabs().count();
+  answers(QMessageBox::Discard);
+  act([this] { emit tabs().tabCloseRequested(tabs().currentIndex()); });
+  trigger("New");
+  EXPECT_EQ(drawing().count(), 0U);
+  chooses(path("one.drg"));
+  act([this] { trigger("Open or Import..."); });
+  EXPECT_EQ(json(), more) << "and not what was undone and discarded";
+  EXPECT_GE(tabs().count(), before);
+  window_->undo();
+  EXPECT_EQ(json(), more) << "what is opened has no past";
+}
+
+TEST_F(Files, ClosingAsksAndCancelKeepsAll) {
+  drawLine("10,10", "@50<90");
+  const std::string drawn = json();
+  answers(QMessageBox::Cancel);
+  act([this] { emit tabs().tabCloseRequested(tabs().currentIndex()); });
+  EXPECT_EQ(json(), drawn);
+  answers(QMessageBox::Cancel);
+  act([this] { window_->close(); });
+  EXPECT_TRUE(window_->isVisible());
+  answers(QMessageBox::Save);
+  chooses(path("kept.drg"));
+  act([this] { window_->close(); });
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_TRUE(content("kept.drg").starts_with("SQLite format 3"));
+}
+
+TEST_F(Files, ExportsInEveryFormatAndRefusesOthers) {
+  drawLine("10,10", "@50<90");
+  const std::pair<const char*, const char*> formats[] = {
+      {"x.pdf", "%PDF"}, {"x.svg", "<?xml"}, {"x.png", "\x89PNG"}, {"x.dxf", "SECTION"}, {"x.json", "{"}};
+  for (const auto& [name, start] : formats) {
+    chooses(path(name));
+    act([this] { trigger("Export..."); });
+    EXPECT_NE(content(name).substr(0, 20).find(start), std::string::npos) << name;
+  }
+  chooses(path("x.dwq"));
+  answers(QMessageBox::Ok);
+  act([this] { trigger("Export..."); });
+  EXPECT_FALSE(std::filesystem::exists(path("x.dwq").toStdString()));
+  chooses(path("made.scr"));
+  act([this] { trigger("Save Recorded Script..."); });
+  EXPECT_EQ(content("made.scr"), window_->recorder().script().toStdString());
+  EXPECT_NE(content("made.scr").find("tool line"), std::string::npos);
+  window_->undo();  // an export changes nothing: this takes the line back
+  EXPECT_EQ(drawing().count(), 0U);
+}
+
+TEST_F(Files, ABrokenDrawingOpensNothing) {
+  drawLine("10,10", "@50<90");
+  const std::string drawn = json();
+  const int before = tabs().count();
+  std::ofstream(path("bad.dxf").toStdString()) << "0\nSECTION\nx";
+  chooses(path("bad.dxf"));
+  answers(QMessageBox::Ok);
+  act([this] { trigger("Open or Import..."); });
+  EXPECT_EQ(tabs().count(), before);
+  EXPECT_EQ(json(), drawn);
+}
+
+TEST_F(Files, PrintsTheSheet) {
+  drawLine("10,10", "@50<90");
+  when([] { return qobject_cast<QPrintDialog*>(QApplication::activeModalWidget()) != nullptr; },
+       [this] {
+         auto* chooser = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+         auto* name = chooser->findChild<QLineEdit*>("filename");
+         ASSERT_NE(name, nullptr);
+         name->setText(path("paper.pdf"));
+         press(*chooser, "Print");
+       });
+  act([this] { trigger("Print..."); });
+  EXPECT_TRUE(content("paper.pdf").starts_with("%PDF"));
+}
+
+}  // namespace

@@ -1,0 +1,267 @@
+#include <QComboBox>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QToolBar>
+#include <QWheelEvent>
+
+#include "desktop/panels.h"
+#include "tests/desktop/desktop_session.h"
+
+namespace {
+
+using namespace brevan;
+
+// Moving about the drawing, selecting, layers and looks: what a hand does between commands.
+class Hand : public DesktopSession {
+ protected:
+  DrawingView& view() { return window_->view(); }
+  QAction* action(const QString& caption) {
+    for (QAction* found : window_->findChildren<QAction*>()) {
+      if (found->text().remove('&') == caption) { return found; }
+    }
+    throw std::runtime_error("no action " + caption.toStdString());
+  }
+  void show(Point low, Point high) {
+    Box box;
+    box.add(low);
+    box.add(high);
+    view().zoomTo(box);
+  }
+  double pixelsAUnit() { return view().toDevice({1, 0}).x() - view().toDevice({0, 0}).x(); }
+  void mouse(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    QMouseEvent event(type, at, view().mapToGlobal(at), button,
+                      type == QEvent::MouseButtonRelease ? Qt::NoButton : button, keys);
+    QApplication::sendEvent(&view(), &event);
+  }
+  void drag(Point from, Point to) {
+    mouse(QEvent::MouseButtonPress, view().toDevice(from), Qt::LeftButton);
+    mouse(QEvent::MouseMove, view().toDevice(to), Qt::LeftButton);
+    view().grab();  // the band on the way is painted
+    mouse(QEvent::MouseButtonRelease, view().toDevice(to), Qt::LeftButton);
+  }
+  void clickWith(Qt::KeyboardModifiers keys, Point at) {
+    QTest::mouseClick(&view(), Qt::LeftButton, keys, view().toDevice(at).toPoint());
+  }
+  PrimitiveId line(Point from, Point to, int layer = 0) {
+    return drawing().add({.layer = layer, .geometry = Line{from, to}});
+  }
+  std::set<PrimitiveId> selected() {
+    const auto& ids = drawing().selection();
+    return {ids.begin(), ids.end()};
+  }
+};
+
+void expectNear(Point a, Point b, double reach) {
+  EXPECT_NEAR(a.x, b.x, reach);
+  EXPECT_NEAR(a.y, b.y, reach);
+}
+
+// What the next click would do is painted, where it would do it.
+TEST_F(Hand, WhatAToolWouldDrawFollowsTheMouse) {
+  show({-100, -100}, {200, 200});
+  const auto inkAt = [this](Point at) {
+    view().finishPainting();
+    const QImage image = view().grab().toImage();
+    const QPoint middle = view().toDevice(at).toPoint();
+    const QRgb ground = image.pixel(0, 0);
+    int ink = 0;
+    for (int x = -3; x <= 3; ++x) {
+      for (int y = -3; y <= 3; ++y) { ink += image.pixel(middle + QPoint(x, y)) == ground ? 0 : 1; }
+    }
+    return ink > 0;
+  };
+  struct Row {
+    const char* tool;
+    std::vector<Point> clicks;
+    Point mouse;  // asked for the last point
+    Point shown;
+  };
+  const Row rows[] = {
+      {"move", {{0, 0}}, {60, 80}, {85, 80}},
+      {"copy", {{0, 0}}, {60, 80}, {85, 80}},
+      {"rotate", {{0, 0}, {50, 0}}, {0, -80}, {0, -25}},
+      {"mirror", {{-50, 50}}, {150, 50}, {25, 100}},
+      {"line", {{-50, -50}}, {150, -50}, {70, -50}},
+      {"rectangle", {{-50, -50}}, {150, 150}, {150, 20}},
+      {"circle", {{80, 80}}, {110, 80}, {80, 110}},
+      {"arc", {{-60, 60}, {-30, 90}}, {0, 60}, {-30 + 30 * 0.6, 60 + 30 * 0.8}},
+  };
+  for (const Row& row : rows) {
+    const PrimitiveId drawn = line({0, 0}, {50, 0});
+    window_->runner().run("Shown", [] {});
+    click({40, 0});
+    EXPECT_EQ(selected(), (std::set{drawn}));
+    EXPECT_FALSE(inkAt(row.shown)) << row.tool;
+    for (const Point at : row.clicks) {
+      whenPrompted("Indicate", [this, at] { type(QString("%1,%2").arg(at.x).arg(at.y)); });
+    }
+    const size_t clicked = row.clicks.size();
+    when([this, clicked] { return window_->recorder().script().count("point") >= static_cast<int>(clicked); }, [] {});
+    whenPrompted("Indicate", [&] {
+      mouse(QEvent::MouseMove, view().toDevice(row.mouse), Qt::NoButton);
+      EXPECT_TRUE(inkAt(row.shown)) << row.tool;
+      key(Qt::Key_Escape);
+    });
+    act([&] { type(row.tool); });
+    EXPECT_FALSE(inkAt(row.shown)) << row.tool << " is cancelled";
+    drawing().remove(drawn);
+  }
+}
+
+// Settings of the view change what is seen, at once.
+TEST_F(Hand, TheViewsSettingsAreSeen) {
+  drawing().add({.width = 20.0, .geometry = Line{{0, 0}, {100, 70}}});
+  view().zoomAll();
+  const auto seen = [this] {
+    view().finishPainting();
+    return view().grab().toImage();
+  };
+  QImage before = seen();
+  for (const char* setting : {"Line Widths", "Grid", "Dark Ground"}) {
+    action(setting)->trigger();
+    const QImage now = seen();
+    EXPECT_NE(now, before) << setting;
+    before = now;
+  }
+  EXPECT_LT(qGray(before.pixel(3, 3)), 100) << "a dark ground";
+  when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
+       [] {
+         auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+         QTest::mouseClick(question->button(QMessageBox::Discard), Qt::LeftButton);
+       });
+  act([this] { window_->close(); });
+  start();
+  EXPECT_TRUE(action("Grid")->isChecked()) << "kept for the next session";
+}
+
+TEST_F(Hand, TheWheelKeepsWhatIsUnderTheMouse) {
+  show({0, 0}, {100, 100});
+  const QPointF at(view().width() / 4.0, view().height() / 5.0);
+  const Point under = view().toDrawing(at);
+  const double before = pixelsAUnit();
+  for (const int turn : {120, 120, -360}) {
+    QWheelEvent event(at, view().mapToGlobal(at), {}, {0, turn}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(&view(), &event);
+    expectNear(view().toDrawing(at), under, 1e-6);
+  }
+  EXPECT_LT(pixelsAUnit(), before);
+  const Point middle = view().toDrawing({view().width() / 2.0, view().height() / 2.0});
+  action("Zoom In")->trigger();
+  action("Zoom In")->trigger();
+  action("Zoom Out")->trigger();
+  expectNear(view().toDrawing({view().width() / 2.0, view().height() / 2.0}), middle, 1e-6);
+}
+
+TEST_F(Hand, AWindowIsZoomedToAndAllIsShownAgain) {
+  line({0, 0}, {1000, 800});
+  view().zoomAll();
+  const double all = pixelsAUnit();
+  action("Zoom Window")->trigger();
+  QTest::keyClick(&view(), Qt::Key_Escape);
+  drag({100, 100}, {300, 200});
+  EXPECT_DOUBLE_EQ(pixelsAUnit(), all) << "Escape left the zoom";
+  action("Zoom Window")->trigger();
+  drag({100, 100}, {300, 200});
+  EXPECT_GT(pixelsAUnit(), 3.0 * all);
+  expectNear(view().toDrawing({view().width() / 2.0, view().height() / 2.0}), {200, 150}, 1.0);
+  for (const Point corner : {Point{100, 100}, Point{300, 200}}) {
+    EXPECT_TRUE(view().rect().contains(view().toDevice(corner).toPoint()));
+  }
+  mouse(QEvent::MouseButtonDblClick, {20, 20}, Qt::MiddleButton);
+  EXPECT_DOUBLE_EQ(pixelsAUnit(), all);
+}
+
+TEST_F(Hand, ClicksAndWindowsSelect) {
+  const PrimitiveId low = line({0, 0}, {100, 0});
+  const PrimitiveId high = line({0, 50}, {100, 50});
+  const PrimitiveId hidden = line({0, 25}, {100, 25}, drawing().addLayer({"HIDDEN", false, false}));
+  const PrimitiveId locked = line({0, 75}, {100, 75}, drawing().addLayer({"LOCKED", true, true}));
+  show({-20, -20}, {120, 120});
+  click({40, 0});
+  EXPECT_EQ(selected(), (std::set{low}));
+  clickWith(Qt::ControlModifier, {40, 50});
+  EXPECT_EQ(selected(), (std::set{low, high}));
+  clickWith(Qt::ControlModifier, {40, 0});
+  EXPECT_EQ(selected(), (std::set{high}));
+  click({40, 25});
+  EXPECT_TRUE(selected().empty()) << "a hidden line is not met";
+  drag({-10, -10}, {110, 60});
+  EXPECT_EQ(selected(), (std::set{low, high}));
+  drag({10, -10}, {110, 60});
+  EXPECT_TRUE(selected().empty()) << "what is half inside stays out";
+  action("Select All")->trigger();
+  EXPECT_EQ(selected(), (std::set{low, high}));
+  action("Delete")->trigger();
+  EXPECT_EQ(drawing().count(), 2U);
+  EXPECT_TRUE(drawing().find(hidden) != nullptr && drawing().find(locked) != nullptr);
+}
+
+TEST_F(Hand, AGroupIsFoundByItsName) {
+  const GroupId group = drawing().addGroup("BOLTS", "B7");
+  const PrimitiveId far = drawing().add({.group = group, .geometry = Line{{5000, 5000}, {5010, 5000}}});
+  line({0, 0}, {100, 0});
+  show({0, 0}, {100, 100});
+  window_->runner().run("Shown", [] {});
+  auto* panel = window_->findChild<GroupsPanel*>("groupsPanel");
+  ASSERT_EQ(panel->topLevelItemCount(), 1);
+  EXPECT_EQ(panel->topLevelItem(0)->text(0), "BOLTS  (1)");
+  emit panel->itemClicked(panel->topLevelItem(0)->child(0), 0);
+  EXPECT_EQ(selected(), (std::set{far}));
+  EXPECT_TRUE(view().rect().contains(view().toDevice({5005, 5000}).toPoint()));
+}
+
+TEST_F(Hand, LayersAndLooksAreChosenUndoneAndRecorded) {
+  auto* choice = window_->findChild<QToolBar*>("styleBar")->findChild<QComboBox*>();
+  choice->setCurrentText("Walls \"outer\"");
+  emit choice->textActivated(choice->currentText());
+  const auto boxes = window_->findChild<QToolBar*>("styleBar")->findChildren<QComboBox*>();
+  ASSERT_EQ(boxes.size(), 3);
+  boxes[1]->setCurrentIndex(4);
+  emit boxes[1]->activated(4);
+  boxes[2]->setCurrentIndex(2);
+  emit boxes[2]->activated(2);
+  whenPrompted("Indicate the start", [this] { type("10,10"); });
+  whenPrompted("Indicate the next", [this] { type("@50<90"); });
+  whenPrompted("Indicate", [this] { key(Qt::Key_Escape); });
+  act([this] { type("line"); });
+  ASSERT_EQ(drawing().count(), 1U);
+  drawing().forEach([this](PrimitiveId, const Primitive& primitive) {
+    EXPECT_EQ(drawing().layer(primitive.layer)->name, "Walls \"outer\"");
+    EXPECT_EQ(primitive.pen, 5);
+    EXPECT_EQ(primitive.linetype, 3);
+  });
+  auto* panel = window_->findChild<LayersPanel*>("layersPanel");
+  ASSERT_EQ(panel->rowCount(), 2);
+  EXPECT_TRUE(panel->item(1, 0)->font().bold());
+  panel->item(1, 1)->setCheckState(Qt::Unchecked);
+  panel->item(0, 2)->setCheckState(Qt::Checked);
+  EXPECT_FALSE(drawing().layer(1)->visible);
+  EXPECT_TRUE(drawing().layer(0)->locked);
+  const std::string changed = json();
+  EXPECT_EQ(replayed(), changed);
+  window_->undo();
+  window_->undo();
+  EXPECT_TRUE(drawing().layer(1)->visible && !drawing().layer(0)->locked);
+  EXPECT_EQ(panel->item(1, 1)->checkState(), Qt::Checked);
+  emit panel->cellDoubleClicked(0, 0);
+  EXPECT_EQ(drawing().currentLayer(), 0);
+  EXPECT_EQ(replayed(), json());
+}
+
+TEST_F(Hand, TheDrawingsSettingsAreChangedInADialog) {
+  whenDialog([](DialogWindow& dialog) {
+    const auto edits = dialog.findChildren<QLineEdit*>();
+    edits[0]->selectAll();
+    QTest::keyClicks(edits[0], "2,5");
+    QTest::keyClick(edits[0], Qt::Key_Tab);
+    press(dialog, "OK");
+  });
+  act([this] { action("Drawing Settings...")->trigger(); });
+  EXPECT_EQ(drawing().parameters().scale(), 2.5);
+  EXPECT_EQ(replayed(), json());
+  window_->undo();
+  EXPECT_NE(drawing().parameters().scale(), 2.5);
+}
+
+}  // namespace
