@@ -101,7 +101,7 @@ IniFile::Section& IniFile::newSection(std::string_view name) {
   section.name = *section.newName;
   section.begin = section.body = section.end = source_->text.size();
   section.index = std::make_unique<Index>(0);
-  firstOfName_.emplace(section.name, &section);
+  indexLastSection();
   return section;
 }
 
@@ -131,10 +131,10 @@ void IniFile::removeLine(uint32_t place) {
 }
 
 void IniFile::eraseSection(std::string_view section) {
-  const auto found = firstOfName_.find(trimmed(section));
-  if (found == firstOfName_.end()) { return; }
-  const std::string name(found->first);
-  firstOfName_.erase(found);
+  const uint32_t place = placeOf(section);
+  if (place == LineIndex::kNowhere) { return; }
+  const std::string name(sections_[place].name);
+  firstOfName_.remove(keyHash(name), [place](uint32_t other) { return other == place; });
   for (Section& candidate : sections_) {
     if (candidate.erased || !equalWithoutCase(candidate.name, name)) { continue; }
     candidate.erased = true;

@@ -49,7 +49,7 @@ void IniFile::findSections() {
     section.begin = begin;
     section.body = line.end;
     section.end = text.size();
-    firstOfName_.emplace(section.name, &section);
+    indexLastSection();
     at = line.textEnd - 1;
   }
 }
@@ -69,9 +69,21 @@ std::optional<IniFile::Entry> IniFile::entryAt(const LineSpan& line) const {
   return entry;
 }
 
+void IniFile::indexLastSection() {
+  const std::string_view name = sections_.back().name;
+  const auto sameName = [this, name](uint32_t place) { return equalWithoutCase(sections_[place].name, name); };
+  firstOfName_.insert(keyHash(name), static_cast<uint32_t>(sections_.size() - 1), sameName);
+}
+
+uint32_t IniFile::placeOf(std::string_view section) const {
+  const std::string_view name = trimmed(section);
+  return firstOfName_.find(keyHash(name),
+                           [this, name](uint32_t place) { return equalWithoutCase(sections_[place].name, name); });
+}
+
 IniFile::Section* IniFile::findSection(std::string_view name) const {
-  const auto found = firstOfName_.find(trimmed(name));
-  return found == firstOfName_.end() ? nullptr : found->second;
+  const uint32_t place = placeOf(name);
+  return place == LineIndex::kNowhere ? nullptr : &sections_[place];
 }
 
 std::string_view IniFile::keyOf(const Entry& entry) const {

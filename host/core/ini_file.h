@@ -108,9 +108,10 @@ class IniFile {
     std::string value;
   };
   struct Operation;
-  using Sections = std::unordered_map<std::string_view, Section*, HashWithoutCase, EqualWithoutCase>;
-
   void findSections();
+  // The first of its name is the one that is found from then on.
+  void indexLastSection();
+  [[nodiscard]] uint32_t placeOf(std::string_view section) const;  // in sections_
   [[nodiscard]] std::optional<Entry> entryAt(const LineSpan& line) const;
   [[nodiscard]] std::string_view keyOf(const Entry& entry) const;
   [[nodiscard]] bool hasKey(uint32_t line, std::string_view key) const;
@@ -132,8 +133,8 @@ class IniFile {
   // Behind a pointer, because the index holds views of it.
   std::unique_ptr<const PlainText> source_;
   std::string lineEnd_;
-  std::deque<Section> sections_;  // a deque keeps its elements where they are
-  Sections firstOfName_;
+  mutable std::deque<Section> sections_;        // a deque keeps its elements where they are; reading indexes their keys
+  LineIndex firstOfName_{0};                    // places in sections_
   std::unordered_map<size_t, Change> changes_;  // by the position of the value in the source
   std::unordered_map<size_t, size_t> removed_;  // begin and end of removed lines and sections
 };

@@ -6,7 +6,7 @@
 
 namespace brevan {
 
-// A hash table from keys to the places of their lines in a text below 4 GiB. It stores hashes and places
+// A hash table from keys to places: of their lines in a text below 4 GiB, or in a list. It stores hashes and places
 // only, eight bytes a slot, and leaves reading and comparing the keys to its caller: for a long file it
 // is filled several times faster than a map of nodes.
 class LineIndex {

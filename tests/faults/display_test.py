@@ -12,6 +12,9 @@ from screen import BOLTS, PATIENCE, DesktopTest, Display, missing, until
 ADD = "Ardenix - Add New Item"
 
 
+signal.signal(signal.SIGHUP, signal.SIG_DFL)  # a suite under nohup ignores it, and so would what it starts
+
+
 class Ends(DesktopTest):
     """Each leaves the program no time; what was drawn before is offered at the next start."""
 

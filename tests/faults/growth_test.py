@@ -11,6 +11,9 @@ import resource
 from fault_program import WHOLE, FaultTest, main
 
 
+BOUND = 2.5  # a walk takes 4; a table that outgrows the processor's caches up to 2.4, its instructions twice as many
+
+
 def lines(count, one):
     return "".join(one(n) + "\n" for n in range(count))
 
@@ -79,12 +82,14 @@ class Growth(FaultTest):
         """prepare(n) writes the input for n and gives the program's words."""
         with self.subTest(name):
             nothing = self.seconds(*prepare(1))
-            once, more = (self.seconds(*prepare(n)) - nothing for n in (amount, 4 * amount))
-            doubling = math.sqrt(more / once)
-            print(f"{name}: {amount} in {once:.3f} s, {4 * amount} in {more:.3f} s, a doubling {doubling:.2f} times")
-            self.assertGreater(once, 0.03, "too little to measure")
-            # A walk takes 4; a table that outgrows the processor's caches up to 2.9, its instructions twice as many.
-            self.assertLess(doubling, 3.0)
+            for _ in range(3):  # what else runs on the machine only adds
+                once, more = (self.seconds(*prepare(n)) - nothing for n in (amount, 4 * amount))
+                doubling = math.sqrt(more / once)
+                print(f"{name}: {amount} in {once:.3f} s, {4 * amount} in {more:.3f} s, a doubling {doubling:.2f} times")
+                if doubling < BOUND:
+                    break
+            self.assertGreater(once, 0.01, "too little to measure")
+            self.assertLess(doubling, BOUND)
 
     def script(self, text):
         self.write("x.scr", text + 'export "x.dxf"\n')
