@@ -41,8 +41,8 @@ def start(desktop, environment):
     try:
         window = until("the window", lambda: xdotool("search", "--onlyvisible", "--name", "Drawing1 - Brevan"))[0]
         shown = time.perf_counter() - began
-        xdotool("windowfocus", window, "key", *"line", "Return", "0", "comma", "0", "Return", "9", "comma", "9",
-                "Return", "Escape")
+        xdotool("windowfocus", "--sync", window, "key", "--delay", "0", *"line", "Return", "0", "comma", "0", "Return",
+                "9", "comma", "9", "Return", "Escape")
         until("the typed commands", lambda: list(kept.glob(f"{program.pid}-*.drg")))
         return shown, time.perf_counter() - began
     finally:

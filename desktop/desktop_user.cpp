@@ -95,7 +95,9 @@ void DesktopUser::wait(Wants wants) {
   promptBar_.showPrompt({});
 }
 
+// What arrives before the loop has ended answers nothing.
 void DesktopUser::answered() {
+  wants_ = Wants::kNothing;
   if (loop_ != nullptr) { loop_->quit(); }
 }
 
@@ -112,7 +114,10 @@ void DesktopUser::giveSpace() {
 }
 
 void DesktopUser::giveEscape() {
-  if (wants_ == Wants::kNothing) { return; }
+  if (wants_ == Wants::kNothing) {
+    if (showsProgress_) { cancelled_ = true; }
+    return;
+  }
   point_ = {PromptEnd::kEscape, {}};
   text_ = {PromptEnd::kEscape, {}, false};
   answered();
@@ -233,7 +238,9 @@ void DesktopUser::showPrompt(const std::string& text) { promptBar_.showPrompt(sh
 void DesktopUser::showProgress(int done, int total, const std::string& text) {
   if (sincePumped_.elapsed() < kPumpMilliseconds && done < total) { return; }
   emit progressed(done, total, shown(text));
+  showsProgress_ = true;
   QApplication::processEvents();
+  showsProgress_ = false;
   sincePumped_.restart();
   if (cancelled_) { throw CommandCancelled{}; }
 }

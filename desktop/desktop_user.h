@@ -42,6 +42,9 @@ class DesktopUser : public QObject, public User {
   void giveSpace();
   void giveEscape();
   [[nodiscard]] bool wantsPoint() const { return wants_ == Wants::kPoint; }
+  [[nodiscard]] bool wantsAnything() const { return wants_ != Wants::kNothing; }
+  // A long computation lets events in, so that Escape can stop it.
+  [[nodiscard]] bool showsProgress() const { return showsProgress_; }
 
  signals:
   // Something is about to be asked: what was drawn so far should be seen.
@@ -67,6 +70,7 @@ class DesktopUser : public QObject, public User {
   PointAnswer point_;
   TextAnswer text_;
   bool cancelled_ = false;
+  bool showsProgress_ = false;
   int refusals_ = 0;
   QElapsedTimer sincePumped_;
 };

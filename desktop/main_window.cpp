@@ -19,6 +19,7 @@
 #include "desktop/prompt_bar.h"
 #include "desktop/shortcut_bar.h"
 #include "desktop/texts.h"
+#include "desktop/type_ahead.h"
 #include "frame/host/number_text.h"
 #include "host/macros/macro_drawing.h"
 #include "host/tools/drawing_tools.h"
@@ -113,6 +114,14 @@ void MainWindow::connectUser() {
     host_->window().drawing().clearSelection();
     view().update();
   });
+  auto* typeAhead = new TypeAhead(
+      [this](const QKeyEvent& key) {
+        return runner_.busy() && !user_->wantsAnything() && QApplication::activeModalWidget() == nullptr &&
+               QApplication::activePopupWidget() == nullptr && !(user_->showsProgress() && key.key() == Qt::Key_Escape);
+      },
+      this);
+  connect(user_, &DesktopUser::asking, typeAhead, &TypeAhead::release);
+  connect(&runner_, &CommandRunner::finished, typeAhead, &TypeAhead::release);
   connect(user_, &DesktopUser::asking, this, [this] {
     followHost();
     for (auto& [name, document] : documents_) { document.view->refreshIfChanged(); }

@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QProgressBar>
 #include <QToolBar>
 #include <QWheelEvent>
 
@@ -106,6 +107,41 @@ TEST_F(Hand, WhatAToolWouldDrawFollowsTheMouse) {
     EXPECT_FALSE(inkAt(row.shown)) << row.tool << " is cancelled";
     drawing().remove(drawn);
   }
+}
+
+// Keys that come all at once, faster than the next question.
+TEST_F(Hand, WhatIsTypedAheadIsNotLost) {
+  const auto keysOfWindow = [this](const QString& text) {
+    for (const QChar letter : text) {
+      if (letter == '\n' || letter == '!') {
+        QTest::keyClick(window_->windowHandle(), letter == '!' ? Qt::Key_Escape : Qt::Key_Return);
+      } else {
+        QTest::keyClick(window_->windowHandle(), letter.toLatin1());
+      }
+    }
+  };
+  whenPrompted("Indicate the start", [&] { keysOfWindow("0,0\n90,0\n90,50\n!!circle\n20,20\n25,20\n!"); });
+  when([this] { return drawing().count() == 3 && !window_->runner().busy(); }, [] {});
+  act([this] { type("line"); });
+  EXPECT_EQ(drawing().count(), 3U);
+  EXPECT_EQ(std::get<Arc>(drawing().find(drawing().lastId())->geometry), (Arc{{25, 20}, {20, 20}, {25, 20}}));
+  EXPECT_TRUE(edit().text().isEmpty());
+}
+
+TEST_F(Hand, EscapeStopsALongComputation) {
+  constexpr int kSteps = 2000;
+  int done = 0;
+  QTimer::singleShot(0, [this] { QTest::keyClick(&view(), Qt::Key_Escape); });
+  act([&] {
+    window_->runner().run("Long", [&] {
+      for (; done < kSteps; ++done) {
+        QTest::qSleep(1);
+        user().showProgress(done, kSteps, "Long");
+      }
+    });
+  });
+  EXPECT_LT(done, kSteps);
+  EXPECT_FALSE(window_->findChild<QProgressBar*>()->isVisible());
 }
 
 // Settings of the view change what is seen, at once.

@@ -1,0 +1,49 @@
+#include "desktop/type_ahead.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <utility>
+
+namespace brevan {
+
+namespace {
+
+constexpr size_t kMostHeld = 1000;  // a key that is held down during a long computation
+
+}  // namespace
+
+TypeAhead::TypeAhead(std::function<bool(const QKeyEvent&)> nobodyTakes, QObject* parent)
+    : QObject(parent), nobodyTakes_(std::move(nobodyTakes)) {
+  QApplication::instance()->installEventFilter(this);
+}
+
+// Windows get a key first and hand it to the widget in focus.
+bool TypeAhead::eventFilter(QObject* object, QEvent* event) {
+  const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+  if (!isKey || !object->isWindowType() || event == sent_) { return QObject::eventFilter(object, event); }
+  auto* key = static_cast<QKeyEvent*>(event);
+  if (!releasing_ && !nobodyTakes_(*key)) { return QObject::eventFilter(object, event); }
+  if (held_.size() < kMostHeld) { held_.push_back({object, std::unique_ptr<QKeyEvent>(key->clone())}); }
+  return true;
+}
+
+// From the next event loop on, which is that of the question.
+void TypeAhead::release() {
+  if (held_.empty()) { return; }
+  releasing_ = true;
+  QTimer::singleShot(0, this, &TypeAhead::sendHeld);
+}
+
+// Until one of them answers the question: the others wait for the next.
+void TypeAhead::sendHeld() {
+  releasing_ = false;
+  while (!held_.empty() && !nobodyTakes_(*held_.front().key)) {
+    const Held first = std::move(held_.front());
+    held_.pop_front();
+    sent_ = first.key.get();
+    if (first.window) { QApplication::sendEvent(first.window, first.key.get()); }
+    sent_ = nullptr;
+  }
+}
+
+}  // namespace brevan
