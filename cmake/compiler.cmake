@@ -8,8 +8,8 @@ string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}
 string(REPLACE "-O3" "-O2" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
 
 if(ARDENIX_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O0 -g1)  # compiling takes longer than running
-  add_link_options(-fsanitize=address,undefined)
+  add_compile_options(-fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all -fno-omit-frame-pointer -O0 -g1)  # compiling takes longer than running
+  add_link_options(-fsanitize=address,undefined,float-cast-overflow)
 elseif(ARDENIX_COVERAGE)
   add_compile_options(--coverage -fprofile-update=atomic -fprofile-abs-path -O0 -g1)
   add_link_options(--coverage)

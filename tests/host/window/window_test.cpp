@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 #include <limits>
 
@@ -184,6 +185,32 @@ TEST_F(Window, PicksSeeFiveMillimetresOnPaper) {
   EXPECT_EQ(current().type, kLinePrimitive);
   window().gsSetLayerVisibility(0, 0, 0);
   EXPECT_EQ(window().gsNearestPrim(0, 50, 0), 0) << "hidden layers are never picked";
+}
+
+TEST_F(Window, WhatIsPickedIsReadBack) {
+  double values[6] = {};
+  auto& [startX, startY, centreX, centreY, endX, endY] = values;
+  int direction = 7;
+  char text[5] = "none";
+  for (const int turned : {0, 1}) {
+    header(kArcPrimitive);
+    window().gsSetArc(10, turned, 1, turned, 1, 9 + turned, turned, 1, 0);
+    window().gsAddPrim();
+    EXPECT_EQ(window().gsNearestPrim(kArcPrimitive, 10, turned), kArcPrimitive);
+    EXPECT_EQ(window().gsGetArc(startX, startY, centreX, centreY, endX, endY, direction), 1);
+    EXPECT_EQ(std::to_array(values), (std::array{10.0, 0.0 + turned, 1.0, 0.0 + turned, 1.0, 9.0 + turned}));
+    EXPECT_EQ(direction, turned);
+  }
+  EXPECT_EQ(window().gsGetText(startX, startY, text, sizeof text), 0) << "an arc is no text";
+  header(kTextPrimitive);
+  window().gsSetFont("Arial", 1, 25, 0, 0, 1, 100, 0, 0);
+  window().gsSetText(100, 100, "Longer than that");
+  window().gsAddPrim();
+  EXPECT_EQ(window().gsNearestPrim(0, 100, 100), kTextPrimitive);
+  EXPECT_EQ(window().gsGetArc(startX, startY, centreX, centreY, endX, endY, direction), 0);
+  EXPECT_EQ(window().gsGetText(startX, startY, text, sizeof text), 1);
+  EXPECT_STREQ(text, "Long");
+  EXPECT_EQ(startX, 100.0);
 }
 
 TEST_F(Window, PicksLookAtTheOpenGroupFirst) {
