@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <QStyleFactory>
 #include <QToolBar>
+#include <utility>
 
 #include "desktop/control_widgets.h"
 #include "desktop/help_window.h"
@@ -59,6 +60,10 @@ QAction* MainWindow::action(QMenu& menu, const char* icon, const QString& captio
 }
 
 void MainWindow::refreshIcons() {
+  // Starting up changes the palette several times to the same.
+  const IconLook look{palette().color(QPalette::WindowText), palette().color(QPalette::Base), devicePixelRatioF(),
+                      icons_.size(), penChoice_ != nullptr};
+  if (std::exchange(iconLook_, look) == look) { return; }
   for (const auto& [action, icon] : icons_) { action->setIcon(toolIcon(icon, *this)); }
   if (penChoice_ == nullptr) { return; }
   for (int pen = 0; pen < penChoice_->count(); ++pen) { penChoice_->setItemIcon(pen, penIcon(pen + 1, *this)); }

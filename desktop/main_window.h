@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QMainWindow>
 #include <QTabWidget>
 #include <map>
@@ -144,6 +145,15 @@ class MainWindow : public QMainWindow {
   HelpWindow* help_;
   QMenu* recent_ = nullptr;
   std::vector<std::pair<QAction*, QString>> icons_;
+  struct IconLook {
+    QColor ink;
+    QColor ground;
+    double ratio = 0.0;
+    size_t tools = 0;
+    bool hasPens = false;
+    friend bool operator==(const IconLook&, const IconLook&) = default;
+  };
+  IconLook iconLook_;  // of the icons as they are
   QAction* undo_ = nullptr;
   QAction* redo_ = nullptr;
   QString last_;  // what space repeats
