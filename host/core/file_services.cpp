@@ -119,8 +119,11 @@ std::string FileServices::freeName(const std::string& fileName) const {
   const std::filesystem::path name(fileName);
   const auto taken = [this](const std::string& path) {
     std::error_code error;
-    const bool exists = std::filesystem::symlink_status(path, error).type() != std::filesystem::file_type::not_found;
-    return exists || std::any_of(copies_.begin(), copies_.end(), [&](const auto& row) { return row.second == path; });
+    const std::filesystem::file_type type = std::filesystem::symlink_status(path, error).type();
+    // A name that is too long would be so with every number.
+    if (type == std::filesystem::file_type::none) { refuse(path, error.message()); }
+    return type != std::filesystem::file_type::not_found ||
+           std::any_of(copies_.begin(), copies_.end(), [&](const auto& row) { return row.second == path; });
   };
   std::string path = outputFolder_ + "/" + fileName;
   for (int number = 2; taken(path); ++number) {

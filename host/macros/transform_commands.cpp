@@ -51,12 +51,13 @@ void repeat(MacroRun& run, const TransformOf& transformOf) {
   const double copies = run.number(0);
   if (copies <= 0.0) { return; }  // callers send n - 1 in passing
   const std::vector<PrimitiveId> ids = changeableSelection(run);
+  if (ids.empty()) { return; }
   double once = 0.0;
   for (const PrimitiveId id : ids) { once += static_cast<double>(weight(run.window.drawing().find(id)->geometry)); }
   if (copies * once > kMostAdded) {
     throw MacroError(run.column(0), "REPEAT adds at most 5000000 primitives at once, a long text counting as several");
   }
-  for (int copy = 1; copy <= static_cast<int>(copies) && !ids.empty(); ++copy) {
+  for (int copy = 1; copy <= static_cast<int>(copies); ++copy) {
     const Transform transform = transformOf(copy);
     for (const PrimitiveId id : ids) { addTransformed(run, id, transform); }
   }
