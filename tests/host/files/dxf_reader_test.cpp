@@ -200,6 +200,7 @@ TEST(DxfReader, BadInputIsRefusedWithItsLine) {
     const std::string inner = insertOf("N" + std::to_string(level - 1));
     tree += block("N" + std::to_string(level), inner + inner);
   }
+  const std::string manyCells = "70\n1000\n71\n900\n44\n1\n45\n1\n";
   const std::pair<std::string, std::string> rows[] = {
       {section("BLOCKS", tree) + entities(insertOf("N40")), "expands to more than"},
       {"", "line 1: the file does not begin as a DXF file"},
@@ -218,6 +219,9 @@ TEST(DxfReader, BadInputIsRefusedWithItsLine) {
        "block \"A\" contains itself"},
       {section("BLOCKS", block("A", kLine)) + entities(insertOf("A", "70\n32767\n71\n32767\n44\n1\n45\n1\n")),
        "comes to more than"},
+      {section("BLOCKS", block("A", "0\nINSERT\n8\nW\n2\nNONE\n10\n0\n20\n0\n")) +
+           entities(insertOf("A", manyCells) + insertOf("A", manyCells)),
+       "the blocks placed up to \"A\" come to more than 2000000 parts"},
       {"AutoCAD Binary DXF\r\n", "save it as an ASCII one"},
       {"\xFF\xFE", "UTF-16"},
   };
