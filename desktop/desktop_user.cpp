@@ -7,12 +7,14 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <algorithm>
 
 #include "desktop/dialog_window.h"
 #include "desktop/pen_widgets.h"
 #include "desktop/prompt_bar.h"
 #include "desktop/recorder.h"
 #include "desktop/texts.h"
+#include "host/window/file_filters.h"
 
 namespace brevan {
 
@@ -22,20 +24,16 @@ namespace {
 constexpr int kMostRefusals = 100;
 constexpr int kPumpMilliseconds = 50;
 
-// "Description|*.ext||" as Qt writes it.
-QString qtFilter(const std::string& filter) {
-  const QStringList parts = shown(filter).split('|', Qt::SkipEmptyParts);
+// As Qt writes them, in the request's order.
+QStringList qtFilters(const std::string& text) {
   QStringList filters;
-  for (qsizetype part = 0; part + 1 < parts.size(); part += 2) {
-    QString patterns = parts[part + 1];
-    patterns.replace(';', ' ');
-    QString description = parts[part];
-    const qsizetype bracket = description.indexOf('(');
-    if (bracket >= 0) { description.truncate(bracket); }
-    description = description.trimmed();
-    filters.append((description.isEmpty() ? DesktopUser::tr("Files") : description) + " (" + patterns + ')');
+  for (const FileFilter& filter : fileFilters(text)) {
+    QStringList patterns;
+    for (const std::string& pattern : filter.patterns) { patterns.append(shown(pattern)); }
+    const QString name = shown(filter.name());
+    filters.append((name.isEmpty() ? DesktopUser::tr("Files") : name) + " (" + patterns.join(' ') + ')');
   }
-  return filters.join(";;");
+  return filters;
 }
 
 }  // namespace
@@ -192,14 +190,15 @@ std::optional<size_t> DesktopUser::chooseFromMenu(const std::vector<std::string>
   return chosen == nullptr ? std::nullopt : std::optional<size_t>(chosen->data().value<size_t>());
 }
 
-std::optional<std::string> DesktopUser::chooseFile(const FileRequest& request) {
+std::optional<ChosenFile> DesktopUser::chooseFile(const FileRequest& request) {
   if (cancelled_) { return std::nullopt; }
   QFileDialog chooser(topWindow(), shown(request.title));
   chooser.setFileMode(request.folder ? QFileDialog::Directory
                       : request.open ? QFileDialog::ExistingFile
                                      : QFileDialog::AnyFile);
   chooser.setAcceptMode(request.open || request.folder ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-  if (!request.filter.empty()) { chooser.setNameFilter(qtFilter(request.filter)); }
+  const QStringList filters = qtFilters(request.filter);
+  if (!filters.isEmpty()) { chooser.setNameFilters(filters); }
   chooser.setDefaultSuffix(shown(request.defaultExtension));
   // A name without a path is that of a library.
   QDir data(pictureFolder_);
@@ -212,8 +211,11 @@ std::optional<std::string> DesktopUser::chooseFile(const FileRequest& request) {
   modal_ = &chooser;
   if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) { return std::nullopt; }
   auto path = hostText(chooser.selectedFiles().front());
-  if (!path) { emit statusChanged(tr("The path holds a character that Windows-1252 lacks.")); }
-  return path;
+  if (!path) {
+    emit statusChanged(tr("The path holds a character that Windows-1252 lacks."));
+    return std::nullopt;
+  }
+  return ChosenFile{*path, static_cast<size_t>(std::max<qsizetype>(filters.indexOf(chooser.selectedNameFilter()), 0))};
 }
 
 std::optional<int> DesktopUser::choosePen(const std::string& title, int pen) {

@@ -27,7 +27,7 @@ class DesktopUser : public QObject, public User {
   TextAnswer askText(const std::string& prompt, const std::string& fallback) override;
   BoxAnswer showMessage(const MessageBox& box) override;
   std::optional<size_t> chooseFromMenu(const std::vector<std::string>& items) override;
-  std::optional<std::string> chooseFile(const FileRequest& request) override;
+  std::optional<ChosenFile> chooseFile(const FileRequest& request) override;
   std::optional<int> choosePen(const std::string& title, int pen) override;
   bool runDialog(dialog::Dialog& dialog) override;
   void showStatus(const std::string& text) override;

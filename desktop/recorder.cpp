@@ -56,13 +56,13 @@ void Recorder::menuChosen(const std::vector<std::string>&, std::string_view choi
   answer(choice.empty() ? QString("cancel") : "menu " + scriptString(shown(choice)));
 }
 
-void Recorder::chooserAnswered(std::string_view kind, std::string_view given) {
+void Recorder::chooserAnswered(std::string_view kind, std::string_view given, std::string_view filter) {
   if (given == "cancel") {
     answer("cancel");
   } else if (kind == "pen") {
     answer("pen " + shown(given));
   } else {
-    answer("file " + scriptString(shown(given)));
+    answer("file " + scriptString(shown(given)) + (filter.empty() ? "" : " as " + scriptString(shown(filter))));
   }
 }
 

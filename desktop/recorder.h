@@ -27,7 +27,7 @@ class Recorder : public EventSink {
   void messageShown(const MessageBox& box, BoxAnswer answer) override;
   void dialogClosed(std::string_view, bool) override {}
   void menuChosen(const std::vector<std::string>& items, std::string_view choice) override;
-  void chooserAnswered(std::string_view kind, std::string_view answer) override;
+  void chooserAnswered(std::string_view kind, std::string_view answer, std::string_view filter) override;
   void focusMoved(std::string_view) override {}
   void called(std::string_view, std::initializer_list<CallArgument>) override {}
   void statusShown(std::string_view) override {}

@@ -13,6 +13,7 @@
 #include "host/window/control_text.h"
 #include "host/window/dialog_session.h"
 #include "host/window/drawing_window.h"
+#include "host/window/file_filters.h"
 #include "host/window/silent_user.h"
 #include "host/window/user.h"
 
@@ -63,11 +64,13 @@ class ByteUser : public brevan::User {
     const size_t item = choices_.below(items.size() + 1);
     return item == 0 ? std::nullopt : std::optional(item - 1);
   }
-  std::optional<std::string> chooseFile(const brevan::FileRequest&) override {
+  std::optional<brevan::ChosenFile> chooseFile(const brevan::FileRequest& request) override {
     count();
     const size_t file = choices_.below(files_.size() + 2);
     if (file == 0) { return std::nullopt; }
-    return file <= files_.size() ? files_[file - 1] : text();
+    brevan::ChosenFile chosen{file <= files_.size() ? files_[file - 1] : text()};
+    chosen.filter = brevan::filterListing(brevan::fileFilters(request.filter), chosen.path);
+    return chosen;
   }
   std::optional<int> choosePen(const std::string&, int) override {
     count();

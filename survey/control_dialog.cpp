@@ -26,12 +26,6 @@ bool linesOf(const std::string& path, std::vector<std::string>& lines) {
   return true;
 }
 
-bool isTable(std::string_view path) {
-  std::string ending(path.substr(path.size() - std::min<size_t>(path.size(), 4)));
-  std::ranges::transform(ending, ending.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return ending == ".csv";
-}
-
 }  // namespace
 
 ControlDialog::ControlDialog(std::array<ControlPoint, 2>& points, std::string storePath, const Services& services)
@@ -176,15 +170,17 @@ void ControlDialog::readListing(ControlCategory category) {
   const bool beacons = category == ControlCategory::kTrigonometricalBeacon;
   const std::string filter =
       numberText::format(" CDSM %s listing (*.txt)|*.txt| Comma delimited (*.csv)|*.csv||", beacons ? "Trig" : "TSM");
+  constexpr int kTable = 2;
   std::string path;
-  if (coreChooseFile(&dialog_, true, filter, "txt", "", path) == 0) { return; }
+  int chosen = 1;
+  if (coreChooseFile(&dialog_, true, filter, "txt", "", path, &chosen) == 0) { return; }
   std::vector<std::string> lines;
   if (coreFileExist(path) == 0) { return tell(&dialog_, "File does not exist.", "File read error"); }
   try {
     if (!linesOf(path, lines)) { return tell(&dialog_, "Problem with the input file.", "File read error"); }
     const Reader table = beacons ? beaconsOfTable : marksOfTable;
     const Reader listing = beacons ? beaconsOfListing : marksOfListing;
-    for (const ListedPoint& point : (isTable(path) ? table : listing)(lines)) { store_->add(category, point); }
+    for (const ListedPoint& point : (chosen == kTable ? table : listing)(lines)) { store_->add(category, point); }
   } catch (const HostFailure&) { return tell(&dialog_, "Problem with the input file.", "File read error"); }
   for (const PointControls& controls : controls_) {
     controls.category.select(static_cast<int>(category));

@@ -117,9 +117,9 @@ void nameFigure(SheetWriter& sheet, const Figure& figure) {
 
 void drawAdditionalTexts(SheetWriter& sheet) {
   for (int number = 1;; ++number) {
-    const std::string value = sheet.job().value(kTexts, numberText::format(kAdditionalText, number));
-    if (value.empty()) { return; }
-    const TextRow row = textRowOf(value);
+    const std::string key = numberText::format(kAdditionalText, number);
+    if (!storedValue(sheet.job().file(), kTexts, key)) { return; }
+    const TextRow row = sheet.job().textRow(kTexts, key);
     writeFixed(sheet, row, row.text);
   }
 }

@@ -13,7 +13,7 @@ namespace ardenix::survey {
 namespace {
 
 constexpr std::string_view kNoFile = "<None>";
-constexpr size_t kPathBuffer = 260;
+constexpr size_t kPathBuffer = 4097;  // the longest path that the system opens, and a NUL
 constexpr double kNoUnit = 1e-12;
 constexpr double kUnitOfParms = 100000.0;
 constexpr int kUnderlined = 4;
@@ -89,7 +89,7 @@ JobSettings::JobSettings(std::string_view path, SurveyMode mode, CCadWindow& vie
 }
 
 std::string JobSettings::namedFile(std::string_view section, std::string_view key) const {
-  return pathNamedIn(file_.FileName(), file_.ReadString(section, key, "").substr(0, kPathBuffer - 1));
+  return pathNamedIn(file_.FileName(), file_.ReadString(section, key, ""));
 }
 
 void JobSettings::readView(CCadWindow& view) {

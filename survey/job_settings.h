@@ -90,8 +90,7 @@ class JobSettings {
   AreaUnits areaUnits_;
 };
 
-// The path of a mode's settings file as the host remembers it, at most 259 characters; "<None>" where it
-// remembers none.
+// The path of a mode's settings file as the host remembers it; "<None>" where it remembers none.
 std::string rememberedFile(SurveyMode mode);
 void rememberFile(SurveyMode mode, std::string_view path);
 

@@ -85,9 +85,10 @@ BREVAN_API int coreFileClose(int file);
 // Asks the user for a folder, starting at the given one; returns non-zero when one was chosen.
 BREVAN_API int coreGetFolder(CWnd* owner, std::string_view title, std::string_view start, std::string& folder);
 // Asks for a file to open (or to save). The filter is pairs of description and pattern with "|"
-// between and "||" at the end. Returns non-zero when one was chosen.
+// between and "||" at the end; the number of the one chosen, from 1, is handed back where it is asked for. Returns
+// non-zero when a file was chosen.
 BREVAN_API int coreChooseFile(CWnd* owner, bool open, std::string_view filter, std::string_view defaultExtension,
-                              std::string_view initialName, std::string& path);
+                              std::string_view initialName, std::string& path, int* chosenFilter = nullptr);
 
 // ---- Text and settings ------------------------------------------------------------------------------
 

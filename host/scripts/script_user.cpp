@@ -6,6 +6,7 @@
 #include "host/core/text_encoding.h"
 #include "host/scripts/dialog_answers.h"
 #include "host/window/control_text.h"
+#include "host/window/file_filters.h"
 
 namespace brevan {
 
@@ -17,6 +18,12 @@ std::string titles(const std::vector<std::string>& items) {
   std::string all;
   for (const std::string& item : items) { all += (all.empty() ? "" : ", ") + quotedUtf8(item); }
   return all;
+}
+
+std::string descriptions(const std::vector<FileFilter>& filters) {
+  std::vector<std::string> all;
+  for (const FileFilter& filter : filters) { all.push_back(filter.description); }
+  return all.empty() ? "none" : titles(all);
 }
 
 std::string commaSeparated(const std::vector<std::string>& items) {
@@ -175,7 +182,7 @@ BoxAnswer ScriptUser::showMessage(const MessageBox& box) {
   return row->answer;
 }
 
-std::optional<std::string> ScriptUser::chooseFile(const FileRequest& request) {
+std::optional<ChosenFile> ScriptUser::chooseFile(const FileRequest& request) {
   const std::string asked = request.folder ? "a folder" : request.open ? "a file to open" : "a file to save";
   readExpectations("chooser", asked);
   if (cursor_.nextIs("cancel")) {
@@ -184,9 +191,16 @@ std::optional<std::string> ScriptUser::chooseFile(const FileRequest& request) {
   }
   if (!cursor_.nextIs("file")) { cursor_.failHere("the command asks for " + asked); }
   const Statement& answer = takeAnswer("");
-  const bool filter = answer.words.size() == 4 && answer.words[2].text == "as" && !answer.words[2].quoted;
-  if (answer.words.size() != 2 && !filter) { cursor_.fail(answer, "file expects a path, or a path, as and a filter"); }
-  return cursor_.string(answer, 1);
+  const bool named = answer.words.size() == 4 && answer.words[2].text == "as" && !answer.words[2].quoted;
+  if (answer.words.size() != 2 && !named) { cursor_.fail(answer, "file expects a path, or a path, as and a filter"); }
+  const std::vector<FileFilter> filters = fileFilters(request.filter);
+  const std::string& path = cursor_.string(answer, 1);
+  const auto filter = named ? filterNamed(filters, cursor_.string(answer, 3)) : filterListing(filters, path);
+  if (!filter) {
+    cursor_.fail(answer, "the chooser has no filter " + quotedUtf8(cursor_.string(answer, 3)) + ", it has " +
+                             descriptions(filters));
+  }
+  return ChosenFile{path, *filter};
 }
 
 std::optional<int> ScriptUser::choosePen(const std::string& title, int) {

@@ -113,8 +113,10 @@ void Transcript::menuChosen(const std::vector<std::string>& items, std::string_v
   event.object().text("choice", choice);
 }
 
-void Transcript::chooserAnswered(std::string_view kind, std::string_view answer) {
-  Event(lines_, "chooser").object().text("kind", kind).text("answer", answer);
+void Transcript::chooserAnswered(std::string_view kind, std::string_view answer, std::string_view filter) {
+  Event event(lines_, "chooser");
+  event.object().text("kind", kind).text("answer", answer);
+  if (!filter.empty()) { event.object().text("filter", filter); }
 }
 
 void Transcript::focusMoved(std::string_view control) { Event(lines_, "focus").object().text("control", control); }

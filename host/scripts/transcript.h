@@ -20,7 +20,7 @@ class Transcript : public EventSink {
   void messageShown(const MessageBox& box, BoxAnswer answer) override;
   void dialogClosed(std::string_view title, bool accepted) override;
   void menuChosen(const std::vector<std::string>& items, std::string_view choice) override;
-  void chooserAnswered(std::string_view kind, std::string_view answer) override;
+  void chooserAnswered(std::string_view kind, std::string_view answer, std::string_view filter) override;
   void focusMoved(std::string_view control) override;
   void called(std::string_view name, std::initializer_list<CallArgument> arguments) override;
   void statusShown(std::string_view text) override;

@@ -270,7 +270,7 @@ Refusal DialogSession::press(int control) {
   if (std::holds_alternative<PenButton>(state)) {
     auto& pen = std::get<PenButton>(dialog_.control(control).state);
     const auto chosen = user_.choosePen(dialog_.control(control).caption, pen.pen);
-    if (events_ != nullptr) { events_->chooserAnswered("pen", chosen ? std::to_string(*chosen) : "cancel"); }
+    if (events_ != nullptr) { events_->chooserAnswered("pen", chosen ? std::to_string(*chosen) : "cancel", ""); }
     if (!chosen) { return std::nullopt; }
     pen.pen = *chosen;
     edited(control);

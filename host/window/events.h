@@ -31,7 +31,8 @@ class EventSink {
   virtual void messageShown(const MessageBox& box, BoxAnswer answer) = 0;
   virtual void dialogClosed(std::string_view title, bool accepted) = 0;
   virtual void menuChosen(const std::vector<std::string>& items, std::string_view choice) = 0;
-  virtual void chooserAnswered(std::string_view kind, std::string_view answer) = 0;
+  // With the filter's description where a file's ending does not tell it.
+  virtual void chooserAnswered(std::string_view kind, std::string_view answer, std::string_view filter) = 0;
   virtual void focusMoved(std::string_view control) = 0;
   virtual void called(std::string_view name, std::initializer_list<CallArgument> arguments) = 0;
   virtual void statusShown(std::string_view text) = 0;

@@ -5,6 +5,7 @@
 #include "frame/host/ini.h"
 #include "host/core/core_context.h"
 #include "host/core/text_encoding.h"
+#include "host/window/file_filters.h"
 #include "host/window/host.h"
 
 // The free functions of the seam that need a window or the user.
@@ -24,12 +25,23 @@ BoxAnswer show(std::string_view text, std::string_view caption, BoxIcon icon, Bo
   return answer;
 }
 
+// The filter's description where the file's ending does not tell it.
+std::string namedFilter(const brevan::FileRequest& request, const brevan::ChosenFile& chosen) {
+  const auto filters = brevan::fileFilters(request.filter);
+  if (chosen.filter >= filters.size() || chosen.filter == brevan::filterListing(filters, chosen.path)) { return {}; }
+  return filters[chosen.filter].description;
+}
+
 // Paths come from the user's side in the file system's encoding.
-int chosenPath(const brevan::FileRequest& request, std::string_view kind, std::string& path) {
+int chosenPath(const brevan::FileRequest& request, std::string_view kind, std::string& path, int* filter = nullptr) {
   const auto answer = host().user().chooseFile(request);
-  if (host().events() != nullptr) { host().events()->chooserAnswered(kind, answer.value_or("cancel")); }
+  if (host().events() != nullptr) {
+    host().events()->chooserAnswered(kind, answer ? answer->path : "cancel",
+                                     answer ? namedFilter(request, *answer) : "");
+  }
   if (!answer) { return 0; }
-  path = *answer;
+  path = answer->path;
+  if (filter != nullptr) { *filter = static_cast<int>(answer->filter) + 1; }
   return 1;
 }
 
@@ -50,13 +62,13 @@ int coreGetFolder(CWnd*, std::string_view title, std::string_view start, std::st
 }
 
 int coreChooseFile(CWnd*, bool open, std::string_view filter, std::string_view defaultExtension,
-                   std::string_view initialName, std::string& path) {
+                   std::string_view initialName, std::string& path, int* chosenFilter) {
   brevan::FileRequest request;
   request.open = open;
   request.filter = filter;
   request.defaultExtension = defaultExtension;
   request.initialName = initialName;
-  return chosenPath(request, open ? "open" : "save", path);
+  return chosenPath(request, open ? "open" : "save", path, chosenFilter);
 }
 
 void ErrorMessage(std::string_view text, CWnd*) { show(text, "", BoxIcon::kError, BoxButtons::kOk); }

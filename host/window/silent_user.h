@@ -12,7 +12,7 @@ class SilentUser : public User {
   TextAnswer askText(const std::string&, const std::string&) override { return {}; }
   BoxAnswer showMessage(const MessageBox&) override { return BoxAnswer::kCancel; }
   std::optional<size_t> chooseFromMenu(const std::vector<std::string>&) override { return std::nullopt; }
-  std::optional<std::string> chooseFile(const FileRequest&) override { return std::nullopt; }
+  std::optional<ChosenFile> chooseFile(const FileRequest&) override { return std::nullopt; }
   std::optional<int> choosePen(const std::string&, int) override { return std::nullopt; }
   bool runDialog(dialog::Dialog&) override { return false; }
   void showStatus(const std::string&) override {}

@@ -44,6 +44,11 @@ struct FileRequest {
   std::string initialName;
 };
 
+struct ChosenFile {
+  std::string path;   // names a file (or folder) as the host's file services take it
+  size_t filter = 0;  // of the request's, from 0
+};
+
 // Whoever sits before the host: a person at the desktop, or a script. Every question is answered; one that
 // cannot be is an error of its own (a script throws ScriptFailure). Texts are Windows-1252.
 class User {
@@ -58,8 +63,7 @@ class User {
   virtual BoxAnswer showMessage(const MessageBox& box) = 0;
   // The item chosen from 0; nothing when the menu was left.
   virtual std::optional<size_t> chooseFromMenu(const std::vector<std::string>& items) = 0;
-  // A path that names a file (or folder) as the host's file services take it.
-  virtual std::optional<std::string> chooseFile(const FileRequest& request) = 0;
+  virtual std::optional<ChosenFile> chooseFile(const FileRequest& request) = 0;
   virtual std::optional<int> choosePen(const std::string& title, int pen) = 0;
   // Operates the dialog until it is closed; true for OK.
   virtual bool runDialog(dialog::Dialog& dialog) = 0;

@@ -116,7 +116,7 @@ void DrawingWindow::gsSetCurrCoord(double x, double y) {
 int DrawingWindow::gsSetupPenDialog(std::string_view title, int& pen) {
   const auto chosen = services_.user.choosePen(std::string(title), pen);
   if (services_.events != nullptr) {
-    services_.events->chooserAnswered("pen", chosen ? std::to_string(*chosen) : "cancel");
+    services_.events->chooserAnswered("pen", chosen ? std::to_string(*chosen) : "cancel", "");
   }
   if (!chosen) { return 0; }
   pen = *chosen;

@@ -28,7 +28,7 @@ class SessionLog : public brevan::EventSink {
   }
   void dialogClosed(std::string_view title, bool) override { add("dialog", title); }
   void menuChosen(const std::vector<std::string>&, std::string_view) override {}
-  void chooserAnswered(std::string_view, std::string_view) override {}
+  void chooserAnswered(std::string_view, std::string_view, std::string_view) override {}
   void focusMoved(std::string_view control) override { add("focus", control); }
   void called(std::string_view name, std::initializer_list<brevan::CallArgument> arguments) override {
     std::string text(name);

@@ -120,6 +120,16 @@ TEST_F(ControlPoints, ListingsFillTheStoreOnlyWithOk) {
   EXPECT_EQ(stored("CtrlPnt2"), "0,TSM 8,,7.00,8.00");
 }
 
+TEST_F(ControlPoints, TheFilterSaysHowAFileIsRead) {
+  const std::string table = write("marks.txt", "TSM 8,7.00,8.00\n");
+  const std::string listing =
+      write("list.csv", columns({{1, "TSM 15"}, {27, "45.10"}, {34, "2851655.31"}, {46, "1234.5"}, {60, " "}}));
+  visit("TrigINI=points.ini\n",
+        "press \"Tsm lists\"\nfile \"" + table + "\" as \"Comma delimited\"\npress \"Tsm lists\"\nfile \"" + listing +
+            "\" as \"CDSM TSM listing (*.txt)\"\nexpect \"Control point 1/Name\" items \"TSM 8\" \"TSM 15\"\n" +
+            kAccept);
+}
+
 TEST_F(ControlPoints, WithoutAStoreNothingIsChosen) {
   const std::string other = write("other.ini", "[TSM]\nOnly=1.00,2.00\n");
   visit("", "press \"Tsm lists\"\n" + kAccept + "press \"...\"\nfile \"" + other + "\"\nexpect \"Storage file\" \"" +

@@ -139,6 +139,16 @@ TEST_F(DiagramSheet, NextLinesOfTheFrame) {
   EXPECT_TRUE(std::ranges::none_of(shapes<Text>(), [](const Text& text) { return text.text.empty(); }));
 }
 
+TEST_F(DiagramSheet, AdditionalTextsEndAtTheFirstMissing) {
+  ini_["TEXT"]["AddText1"] = "";
+  ini_["TEXT"]["AddText2"] = "two,-100,-100,1,25,1,Arial,0";
+  ini_["TEXT"]["AddText4"] = "four,-100,-110,1,25,1,Arial,0";
+  trace();
+  EXPECT_EQ(textReading("Default").pen, 8) << "an empty row is the default one, as the setup dialog shows it";
+  expectNear(fromOrigin(textReading("two").at), {-100, -100}, "after it");
+  EXPECT_TRUE(std::ranges::none_of(shapes<Text>(), [](const Text& text) { return text.text == "four"; }));
+}
+
 TEST_F(DiagramSheet, ATableWithoutColumnsIsNotDrawn) {
   ini_["DATA"].erase("Figure2");
   ini_["TEXT"]["Beacon"] = "Beacons,-188,9999,1,30,1,Arial,1";

@@ -90,6 +90,17 @@ TEST_F(SurveyJob, ACommandBeginsOnlyWithAFileAndASurveyDrawing) {
             "Settings menu.");
 }
 
+TEST_F(SurveyJob, AFileIsFoundHoweverDeepItLies) {
+  CCadWindow& view = surveyView();
+  const std::string folder = std::string(120, 'a') + '/' + std::string(120, 'b') + '/' + std::string(120, 'c');
+  const std::string path = write(folder + "/job.ini", "[DEFAULTS]\nTitleblock=title.drg\n");
+  remember(path);
+  write(folder + "/title.drg", "");
+  std::unique_ptr<JobSettings> job;
+  ASSERT_TRUE(beginJob(job, SurveyMode::kDiagram, view));
+  EXPECT_NE(coreFileExist(job->titleBlock()), 0);
+}
+
 TEST_F(SurveyJob, FloorNamesEndAtTheFirstMissing) {
   CCadWindow& view = surveyView();
   settings().SetString("SG_DEFAULTS", "SG_SectionalFile",

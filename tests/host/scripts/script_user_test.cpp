@@ -71,6 +71,7 @@ TEST_F(Answers, AnswersOfTheWrongKindAreNamed) {
       {"cancel", point, "answers.scr:1: \"Where\" asks for a point, the script gave: cancel"},
       {"file \"a\" of \"b\"", file, "answers.scr:1: file expects a path, or a path, as and a filter"},
       {"file \"a\" as", file, "answers.scr:1: file expects a path, or a path, as and a filter"},
+      {"file \"a\" as \"Text\"", file, "answers.scr:1: the chooser has no filter \"Text\", it has \"All\""},
       {"pen 3", file, "answers.scr:1: the command asks for a file to open, the script gave: pen 3"},
       {"dialog \"Every Control\"", point,
        "answers.scr:1: \"Where\" asks for a point, the script gave: dialog \"Every Control\""},
@@ -78,6 +79,23 @@ TEST_F(Answers, AnswersOfTheWrongKindAreNamed) {
   for (const auto& [answers, command, failure] : cases) { EXPECT_EQ(failureOf(answers, command), failure); }
   EXPECT_EQ(failureOf("file \"a\" as \"All\"", file), "");
   EXPECT_EQ(failureOf("point 1 2\npoint 3 4", point), "answers are left over");
+}
+
+TEST_F(Answers, AFileComesWithTheFilterItWasChosenBy) {
+  const std::tuple<const char*, int, bool> rows[] = {{"\"a.csv\"", 2, false},
+                                                     {"\"a.JSON\"", 2, false},
+                                                     {"\"a.dat\"", 1, false},
+                                                     {"\"a.csv\" as \"listing\"", 1, true},
+                                                     {"\"a.dat\" as \"Tables (*.csv)\"", 2, true}};
+  for (const auto& [answer, wanted, told] : rows) {
+    Transcript transcript;
+    start(std::string("file ") + answer + "\n", &transcript);
+    std::string path;
+    int filter = 0;
+    coreChooseFile(nullptr, true, " Listing (*.txt)|*.txt| Tables (*.csv)|*.csv;*.json||", "txt", "", path, &filter);
+    EXPECT_EQ(filter, wanted) << answer;
+    EXPECT_EQ(transcript.lines().find("\"filter\":") != std::string::npos, told) << answer;
+  }
 }
 
 TEST_F(Answers, MessagesAreAcknowledgedUnlessAwaited) {
