@@ -1,10 +1,10 @@
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <filesystem>
 
+#include "desktop/application.h"
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
 #include "host/core/safe_file.h"
@@ -53,7 +53,7 @@ int main(int argc, char** argv) {
     }
   }
   QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   QApplication::setApplicationName("brevan");
   QApplication::setApplicationDisplayName("Brevan");
   QApplication::setApplicationVersion(BREVAN_VERSION);

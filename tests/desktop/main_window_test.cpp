@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 
+#include "desktop/application.h"
 #include "desktop/help_window.h"
 #include "tests/desktop/desktop_session.h"
 
@@ -222,7 +223,7 @@ TEST(Snap, TheBestPointWithinReachWins) {
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -132,11 +132,7 @@ class Recovery(FaultTest):
         """The command is taken back and that is said; or the program ends, and what was drawn before is kept."""
         outcomes = collections.Counter()
         for at in self.random.sample(range(1, 30_000), amount(200, 3)):
-            try:
-                done = self.run_session("Bolt", new_at=at)
-            except subprocess.TimeoutExpired as stuck:
-                outcomes["stands still"] += 1
-                done = subprocess.CompletedProcess(stuck.cmd, -signal.SIGABRT, b"")
+            done = self.run_session("Bolt", new_at=at)
             own = b'"std::bad_alloc" thrown in' in done.stdout
             outcomes[own and "within the test" or done.returncode] += 1
             # The toolkit's own constructors leave widgets half made.
@@ -147,7 +143,6 @@ class Recovery(FaultTest):
                 path.unlink()
         print(dict(outcomes))
         self.assertGreater(outcomes[0], amount(150, 1), "it ends too often")
-        self.assertLessEqual(outcomes["stands still"], amount(2, 0))
 
 
 if __name__ == "__main__":
