@@ -1,6 +1,7 @@
 #include "arch/building_standard_dialog.h"
 
 #include "arch/item_name.h"
+#include "frame/host/core_services.h"
 
 namespace ardenix {
 
@@ -87,7 +88,9 @@ void BuildingStandardDialog::remove() {
 }
 
 bool BuildingStandardDialog::confirm() {
-  standard_.setName(list_.text());
+  std::string name = list_.text();
+  coreTrimStr(name);
+  standard_.setName(std::move(name));
   takeLimits();
   standard_.save();
   return true;

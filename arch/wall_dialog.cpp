@@ -247,6 +247,7 @@ bool WallDialog::confirm() {
   takeType();
   takeSettings();
   drawer_.type.name = list_.text();
+  coreTrimStr(drawer_.type.name);
   drawer_.save();
   return true;
 }

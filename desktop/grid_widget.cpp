@@ -59,7 +59,8 @@ class CellEditors : public QStyledItemDelegate {
         list->setItemIcon(entry, lineTypeIcon(entry + 1, *parent));
       }
     }
-    list->setEditable(cell->kind == CellKind::kEditableList || cell->kind == CellKind::kFont);
+    list->setEditable(cell->kind == CellKind::kEditableList || cell->kind == CellKind::kFont ||
+                      cell->kind == CellKind::kLineType);
     return list;
   }
   void setEditorData(QWidget* editor, const QModelIndex& index) const override {

@@ -1,4 +1,5 @@
 #include "host/drawing/drawing.h"
+#include "host/geometry/segment.h"
 #include "host/macros/command.h"
 #include "host/macros/handlers.h"
 #include "host/window/drawing_window.h"
@@ -10,8 +11,22 @@ namespace {
 constexpr double kMostPens = 256.0;
 constexpr double kMostLineTypes = 32767.0;
 
-void lockOntoLineNear(MacroRun& run, Point p) {
-  const Primitive* found = run.window.drawing().find(run.window.pick(p, kLinePrimitive));
+// The newest line seen that would run through the point if it were longer: the middle of a part's axis can lie
+// beyond what is drawn of it. 0: none.
+PrimitiveId lineContinuedThrough(const Drawing& drawing, Point p) {
+  constexpr double kOnLine = 0.001;  // points come printed
+  PrimitiveId newest = 0;
+  drawing.forEach([&](PrimitiveId id, const Primitive& primitive) {
+    const Line* line = std::get_if<Line>(&primitive.geometry);
+    if (line == nullptr || !drawing.layer(primitive.layer)->visible) { return; }
+    const auto foot = footOnLine(*line, p);
+    if (foot && distance(*foot, p) <= kOnLine) { newest = id; }
+  });
+  return newest;
+}
+
+void lockOntoLineOf(MacroRun& run, PrimitiveId id) {
+  const Primitive* found = run.window.drawing().find(id);
   if (found == nullptr) { throw MacroError(run.column(0), "no line lies at this point"); }
   const Line& line = std::get<Line>(found->geometry);
   if (line.a == line.b) { throw MacroError(run.column(0), "the line at this point has no length"); }
@@ -38,9 +53,15 @@ void unlockAngle(MacroRun& run) { run.window.cursor().unlock(); }
 
 void lockAngle(MacroRun& run) { run.window.cursor().lockAtAngle(run.number(0)); }
 
-void lockOntoLineAt(MacroRun& run) { lockOntoLineNear(run, run.point(0)); }
+void lockOntoLineAt(MacroRun& run) {
+  const Point p = run.point(0);
+  const PrimitiveId near = run.window.pick(p, kLinePrimitive);
+  lockOntoLineOf(run, near != 0 ? near : lineContinuedThrough(run.window.drawing(), p));
+}
 
-void lockOntoLine(MacroRun& run) { lockOntoLineNear(run, run.window.cursor().position()); }
+void lockOntoLine(MacroRun& run) {
+  lockOntoLineOf(run, run.window.pick(run.window.cursor().position(), kLinePrimitive));
+}
 
 void lockSquare(MacroRun& run) {
   if (!run.window.cursor().lockSquare()) { throw MacroError(1, "YPERP expects the cursor locked onto a line"); }

@@ -339,13 +339,15 @@ int columnOf(const Grid& grid, const std::string& title) {
 
 // Why a cell does not take a text; the text in the cell's own form where it does.
 Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& text) {
+  constexpr double kLastPen = 256.0;
+  constexpr double kLastLineType = 999.0;  // the list offers those that have a pattern
   if (cell.readOnly) { return inQuotes(column) + " cannot be edited in this row"; }
   const bool pen = cell.kind == CellKind::kPen;
   if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger || pen || cell.kind == CellKind::kLineType) {
     NumberEdit edit;
     edit.integer = cell.kind != CellKind::kNumber;
     edit.minimum = edit.integer && cell.kind != CellKind::kInteger ? 1.0 : cell.minimum;
-    edit.maximum = pen ? 256.0 : cell.kind == CellKind::kLineType ? 32.0 : cell.maximum;
+    edit.maximum = pen ? kLastPen : cell.kind == CellKind::kLineType ? kLastLineType : cell.maximum;
     edit.text = text;
     if (auto refusal = refusalOf(column, edit)) { return refusal; }
     const double value = *numberText::parseTyped(text);

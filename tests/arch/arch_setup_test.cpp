@@ -128,6 +128,14 @@ TEST_F(ArchSetup, DeletingTheFirstStandardMovesTheOthersDown) {
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "missing");
 }
 
+TEST_F(ArchSetup, NamesAreSavedWithoutTheBlanksAroundThem) {
+  const std::string path = useSpecs(
+      "[BLDG_STD]\nCurrent=1\n[BLDG_STD_TYPES]\nBldgStd1=One ,180\n[WALLS]\nCurrent=1\n[WALL_TYPES]\nWall1=Thin ,W\n");
+  play(kArchSetup + kStandards + kOk + kOk + "run ArchSetWalls\ndialog \"Wall Setup\"\n" + kOk);
+  EXPECT_TRUE(value(path, "BLDG_STD_TYPES", "BldgStd1").starts_with("One,180.00,"));
+  EXPECT_TRUE(value(path, "WALL_TYPES", "Wall1").starts_with("Thin,W,"));
+}
+
 // What commands ask of the standard and of the symbol folder, run as a command would.
 class ArchServices : public ArchSession {
  protected:

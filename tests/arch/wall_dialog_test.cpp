@@ -68,15 +68,15 @@ TEST_F(WallDialog, GridCellsTakeWhatFitsThemAndTheMouseChoosesPensAndVisibility)
        "expect \"Layers\" 2 \"Pen\" 33\nexpect \"Layers\" 1 \"Pen\" 11\n"
        "rightclick \"Layers\" 1 \"Vis\"\nrightclick \"Layers\" 2 \"Vis\"\nrightclick \"Layers\" 5 \"Vis\"\n"
        "expect \"Layers\" 1 \"Vis\" \"No\"\nexpect \"Layers\" 2 \"Vis\" \"Yes\"\n"
-       "cell \"Layers\" 3 \"Line Type\" \"32\"\ncell \"Layers\" 3 \"Line Width\" \"0,355\"\n"
+       "cell \"Layers\" 3 \"Line Type\" \"999\"\ncell \"Layers\" 3 \"Line Width\" \"0,355\"\n"
        "cell \"Layers\" 4 \"Vis\" \"Yes\"\n" +
        kOk);
   EXPECT_EQ(record(1),
-            "Outer,OUTER,0,90.00,45.00,1,0,11,2,3.50,0,33,1,5.00,1,13,32,0.35,1,14,4,2.50,1,15,1,5.00,1,16,21,1.80,1,"
+            "Outer,OUTER,0,90.00,45.00,1,0,11,2,3.50,0,33,1,5.00,1,13,999,0.35,1,14,4,2.50,1,15,1,5.00,1,16,21,1.80,1,"
             "150.00,110.00,50.00,115.00,160.00");
   for (const char* refused : {"1 \"Pen\" \"0\"", "1 \"Pen\" \"257\"", "1 \"Pen\" \"red\"", "1 \"Line Type\" \"0\"",
-                              "1 \"Line Width\" \"72.5\"", "1 \"Line Width\" \"-1\"", "1 \"Line Width\" \"\"",
-                              "2 \"Vis\" \"No\"", "1 \"Vis\" \"Maybe\"", "7 \"Pen\" \"1\""}) {
+                              "1 \"Line Type\" \"1000\"", "1 \"Line Width\" \"72.5\"", "1 \"Line Width\" \"-1\"",
+                              "1 \"Line Width\" \"\"", "2 \"Vis\" \"No\"", "1 \"Vis\" \"Maybe\"", "7 \"Pen\" \"1\""}) {
     const std::string before = read(path_);
     EXPECT_THROW(play(numberText::format("%scell \"Layers\" %s\n%s", kWallSetup, refused, kOk)), std::exception)
         << refused;

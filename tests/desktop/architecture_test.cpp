@@ -54,6 +54,7 @@ TEST_F(Architecture, AWallTypeIsEditedInItsGridAndDrawn) {
     EXPECT_EQ(grid.item(1, 3)->text(), "Yes");
     typeInto(grid, 2, 0, "33");
     EXPECT_EQ(grid.item(2, 0)->background().color(), QColor(QRgb(window_->host().window().gsGetPenColor(33))));
+    typeInto(grid, 2, 1, "40");  // beyond those that the list shows
     typeInto(grid, 2, 2, "0,5");
     press(dialog, "OK");
   });
@@ -65,7 +66,7 @@ TEST_F(Architecture, AWallTypeIsEditedInItsGridAndDrawn) {
   EXPECT_EQ(drawing().count(), 5U + 2 * 4U);
   std::string wanted = before;
   wanted.replace(wanted.find("13,21,2.50,1"), 12, "13,21,2.50,0");
-  wanted.replace(wanted.find("8,1,2.50"), 8, "33,1,0.50");
+  wanted.replace(wanted.find("8,1,2.50"), 8, "33,40,0.50");
   EXPECT_EQ(record(1), wanted);
   EXPECT_EQ(replayed(), json());
 }

@@ -121,13 +121,15 @@ TEST_F(NutTest, TurnsTowardsThePointAskedFor) {
 }
 
 TEST_F(NutTest, ThePlanLiesOnTheAxisOfItsSideView) {
-  drawNut(kHexagon, kRounded, "16.6,10.106,0.6", "check \"Draw top view (plan view)\"\n",
-          "point 0 0\npoint 0 -6\npoint 9 -80\npoint 9 -80\nspace\n");
-  EXPECT_EQ(groups(), (Texts{"NUTS M12_S1 21", "NUTS M12_P1 12"}));
-  EXPECT_TRUE(hasCircle({0, -80}, 9));
-  EXPECT_TRUE(hasCircle({0, -80}, 5.053));
-  EXPECT_TRUE(hasCircle({0, -80}, 8.3)) << "the washer";
-  EXPECT_TRUE(hasLine({-kCorner - 5, -80}, {kCorner + 5, -80}));
+  for (const char* turned : {"0 -6", "0 -60"}) {  // near the centre line as drawn, and far beyond its end
+    drawNut(kHexagon, kRounded, "16.6,10.106,0.6", "check \"Draw top view (plan view)\"\n",
+            numberText::format("point 0 0\npoint %s\npoint 9 -80\npoint 9 -80\nspace\n", turned));
+    EXPECT_EQ(groups(), (Texts{"NUTS M12_S1 21", "NUTS M12_P1 12"}));
+    EXPECT_TRUE(hasCircle({0, -80}, 9)) << turned;
+    EXPECT_TRUE(hasCircle({0, -80}, 5.053));
+    EXPECT_TRUE(hasCircle({0, -80}, 8.3)) << "the washer";
+    EXPECT_TRUE(hasLine({-kCorner - 5, -80}, {kCorner + 5, -80}));
+  }
 }
 
 TEST_F(NutTest, SixSlotsRunFromTheBoreToTheFlats) {
