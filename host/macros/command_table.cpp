@@ -35,7 +35,7 @@ std::span<const CommandForm> commandForms() {
       {"LOCKANG", "=U", unlockAngle, "frees the cursor"},
       {"LOCKANG", "=K number", lockAngle, "locks the cursor at an angle and square to it"},
       {"LOCKANG", "=L point", lockOntoLineAt,
-       "locks the cursor onto the line at a point, else the newest one that leads to it"},
+       "locks the cursor onto the line at a point, else the one of the part drawn last that leads to it"},
       {"LOCKANG", "=L", lockOntoLine, "locks the cursor onto the line at the cursor"},
       {"YPERP", "", lockSquare, "turns the lock square to its line"},
       {"CURSORHOLD", "", toggleHold, "holds the cursor where it is, or releases it"},

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <optional>
+
 #include "host/drawing/drawing.h"
 #include "host/geometry/segment.h"
 #include "host/macros/command.h"
@@ -11,18 +14,19 @@ namespace {
 constexpr double kMostPens = 256.0;
 constexpr double kMostLineTypes = 32767.0;
 
-// The newest line seen that would run through the point if it were longer: the middle of a part's axis can lie
-// beyond what is drawn of it. 0: none.
+// The line of the part drawn last that would run through the point if it were longer: the middle of a part's axis can
+// lie beyond what is drawn of it. 0: none.
 PrimitiveId lineContinuedThrough(const Drawing& drawing, Point p) {
   constexpr double kOnLine = 0.001;  // points come printed
-  PrimitiveId newest = 0;
-  drawing.forEach([&](PrimitiveId id, const Primitive& primitive) {
-    const Line* line = std::get_if<Line>(&primitive.geometry);
-    if (line == nullptr || !drawing.layer(primitive.layer)->visible) { return; }
-    const auto foot = footOnLine(*line, p);
-    if (foot && distance(*foot, p) <= kOnLine) { newest = id; }
+  const Primitive* last = drawing.find(drawing.lastId());
+  if (last == nullptr || last->group == 0) { return 0; }
+  const std::vector<PrimitiveId> part = drawing.membersOf(last->group);
+  const auto found = std::find_if(part.rbegin(), part.rend(), [&](PrimitiveId id) {
+    const Line* line = std::get_if<Line>(&drawing.find(id)->geometry);
+    const auto foot = line == nullptr ? std::nullopt : footOnLine(*line, p);
+    return foot && distance(*foot, p) <= kOnLine;
   });
-  return newest;
+  return found == part.rend() ? 0 : *found;
 }
 
 void lockOntoLineOf(MacroRun& run, PrimitiveId id) {

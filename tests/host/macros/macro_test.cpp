@@ -304,10 +304,12 @@ TEST_F(CursorMacros, ALineLockAndItsSquare) {
   EXPECT_FALSE(window().cursor().held());
   macro("LOCKANG U");
   EXPECT_EQ(given(), (Point{3, 8}));
+  line(200, 2, 210, 192);
+  macros({"PARENT \"A\"", "BEGINGROUP \"PART\""});
   line(200, 2, 200, 12);
   line(100, 0, 150, 0);
   macro("LOCKANG L [200,202]");
-  EXPECT_EQ(window().cursor().lockedAngle().value_or(0), 90.0) << "the newest line that leads to the point";
+  EXPECT_EQ(window().cursor().lockedAngle().value_or(0), 90.0) << "the part's line that leads to the point";
 }
 
 TEST_F(CursorMacros, SnappingComesBeforeTheLock) {
