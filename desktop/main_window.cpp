@@ -63,6 +63,7 @@ MainWindow::MainWindow(const DesktopParts& parts)
   host_ = std::make_unique<Host>(HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile, nullptr,
                                            shortcutBar_,
                                            [this](const std::string& topic) { return help_->showTopic(topic); }});
+  first_ = host_->window().name();
   host_->loadModule(parts.places.module);
   build();
   connectUser();
@@ -178,6 +179,13 @@ bool MainWindow::isModified(const std::string& name) const {
   return document.view->window().drawing().revision() != document.savedRevision;
 }
 
+// Nothing was ever drawn in it, and it bears no file's name.
+bool MainWindow::isUntouched(const std::string& name) const {
+  const auto document = documents_.find(name);
+  return document != documents_.end() && document->second.path.isEmpty() && !isModified(name) &&
+         document->second.view->window().drawing().count() == 0;
+}
+
 void MainWindow::addView(DrawingWindow& window) {
   auto* view = new DrawingView(window, style_, this);
   Document& document = documents_[window.name()];
@@ -239,14 +247,19 @@ void MainWindow::closeTab(int tab) {
   if (view == nullptr || runner_.busy()) { return; }
   const std::string name = view->window().name();
   if (!mayClose(name)) { return; }
+  closeDrawing(name);
+  showChanges();
+}
+
+void MainWindow::closeDrawing(const std::string& name) {
   recovery_.drop(name);
   following_ = true;
-  delete view;
+  delete documents_.at(name).view;
   documents_.erase(name);
   following_ = false;
+  recorder_.statement("closewindow " + scriptString(shown(name)));
   host_->closeWindow(name);
   followHost();
-  showChanges();
 }
 
 void MainWindow::showChanges() {
