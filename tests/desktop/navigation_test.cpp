@@ -1,4 +1,6 @@
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QCompleter>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QProgressBar>
@@ -27,6 +29,16 @@ class Hand : public DesktopSession {
     box.add(low);
     box.add(high);
     view().zoomTo(box);
+  }
+  // As the window system gives them: an exclamation mark is Escape.
+  static void keysTo(QWindow& window, const QString& text) {
+    for (const QChar letter : text) {
+      if (letter == '\n' || letter == '!') {
+        QTest::keyClick(&window, letter == '!' ? Qt::Key_Escape : Qt::Key_Return);
+      } else {
+        QTest::keyClick(&window, letter.toLatin1());
+      }
+    }
   }
   double pixelsAUnit() { return view().toDevice({1, 0}).x() - view().toDevice({0, 0}).x(); }
   void mouse(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::KeyboardModifiers keys = Qt::NoModifier) {
@@ -111,21 +123,29 @@ TEST_F(Hand, WhatAToolWouldDrawFollowsTheMouse) {
 
 // Keys that come all at once, faster than the next question.
 TEST_F(Hand, WhatIsTypedAheadIsNotLost) {
-  const auto keysOfWindow = [this](const QString& text) {
-    for (const QChar letter : text) {
-      if (letter == '\n' || letter == '!') {
-        QTest::keyClick(window_->windowHandle(), letter == '!' ? Qt::Key_Escape : Qt::Key_Return);
-      } else {
-        QTest::keyClick(window_->windowHandle(), letter.toLatin1());
-      }
-    }
-  };
-  whenPrompted("Indicate the start", [&] { keysOfWindow("0,0\n90,0\n90,50\n!!circle\n20,20\n25,20\n!"); });
+  whenPrompted("Indicate the start",
+               [&] { keysTo(*window_->windowHandle(), "0,0\n90,0\n90,50\n!!circle\n20,20\n25,20\n!"); });
   when([this] { return drawing().count() == 3 && !window_->runner().busy(); }, [] {});
   act([this] { type("line"); });
   EXPECT_EQ(drawing().count(), 3U);
   EXPECT_EQ(std::get<Arc>(drawing().find(drawing().lastId())->geometry), (Arc{{25, 20}, {20, 20}, {25, 20}}));
   EXPECT_TRUE(edit().text().isEmpty());
+}
+
+// The list of completions has the keyboard until the window system hears that it has closed.
+TEST_F(Hand, WhatReachesAClosedListIsNotLost) {
+  keys("line");
+  const QWidget* list = edit().completer()->popup();
+  ASSERT_TRUE(list->isVisible());
+  QWindow* window = list->windowHandle();
+  whenPrompted("Indicate the start", [this, list, window] {
+    ASSERT_FALSE(list->isVisible());
+    keysTo(*window, "0,0\n9,9\n!");
+  });
+  when([this] { return !window_->runner().busy(); }, [] {});
+  act([this] { key(Qt::Key_Return); });
+  ASSERT_EQ(drawing().count(), 1U);
+  EXPECT_EQ(std::get<Line>(drawing().find(1)->geometry), (Line{{0, 0}, {9, 9}}));
 }
 
 TEST_F(Hand, EscapeStopsALongComputation) {
