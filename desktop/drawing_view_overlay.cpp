@@ -1,15 +1,44 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "desktop/drawing_view.h"
 #include "host/drawing/pens.h"
+#include "host/drawing/symbol_expansion.h"
 #include "render/drawing_painter.h"
 
 // What lies over the drawing's picture: sheet, grid, selection, what a click would make, where it would snap to.
 namespace brevan {
 
 namespace {
+
+// Of all symbols that are shown where they would come; more would let the mouse wait.
+constexpr size_t kMostSymbolParts = 5000;
+
+// What a symbol expands to; nothing where that is more than so many parts, or endless.
+std::optional<size_t> partsWithin(const Drawing& drawing, std::string_view name, size_t most, size_t depth = 0) {
+  const SymbolDefinition* symbol = drawing.symbol(name);
+  if (symbol == nullptr) { return 1; }
+  if (symbol->parts.size() > most || depth == SymbolExpansion::kDeepest) { return std::nullopt; }
+  size_t parts = 0;
+  for (const Primitive& part : symbol->parts) {
+    const Symbol* inner = std::get_if<Symbol>(&part.geometry);
+    const auto more = inner == nullptr ? 1 : partsWithin(drawing, inner->name, most - parts, depth + 1);
+    if (!more || parts + *more > most) { return std::nullopt; }
+    parts += *more;
+  }
+  return parts;
+}
+
+void copySymbol(Drawing& onto, const Drawing& from, std::string_view name) {
+  const SymbolDefinition* symbol = from.symbol(name);
+  if (symbol == nullptr || onto.symbol(name) != nullptr) { return; }
+  onto.addSymbol(*symbol);
+  for (const Primitive& part : symbol->parts) {
+    if (const Symbol* inner = std::get_if<Symbol>(&part.geometry)) { copySymbol(onto, from, inner->name); }
+  }
+}
 
 QRectF rectOf(const Box& box, const Transform& transform) {
   Box device;
@@ -86,8 +115,15 @@ void DrawingView::paintSelection(QPainter& painter) {
 void DrawingView::paintWhatComes(QPainter& painter, std::vector<Geometry> shapes) {
   Drawing scratch;
   scratch.setParameters(window_.drawing().parameters());
+  size_t most = kMostSymbolParts;
   for (Geometry& shape : shapes) {
-    if (!std::holds_alternative<Symbol>(shape)) { scratch.add({.geometry = std::move(shape)}); }
+    if (const Symbol* symbol = std::get_if<Symbol>(&shape)) {
+      const auto parts = partsWithin(window_.drawing(), symbol->name, most);
+      if (!parts) { continue; }
+      most -= *parts;
+      copySymbol(scratch, window_.drawing(), symbol->name);
+    }
+    scratch.add({.geometry = std::move(shape)});
   }
   PaintOptions options{style_.ground, false, std::nullopt};
   options.colour = palette().color(QPalette::Highlight).rgb() & 0xFFFFFFU;

@@ -40,6 +40,17 @@ class Hand : public DesktopSession {
       }
     }
   }
+  bool inkAt(Point at) {
+    view().finishPainting();
+    const QImage image = view().grab().toImage();
+    const QPoint middle = view().toDevice(at).toPoint();
+    const QRgb ground = image.pixel(0, 0);
+    int ink = 0;
+    for (int x = -3; x <= 3; ++x) {
+      for (int y = -3; y <= 3; ++y) { ink += image.pixel(middle + QPoint(x, y)) == ground ? 0 : 1; }
+    }
+    return ink > 0;
+  }
   double pixelsAUnit() { return view().toDevice({1, 0}).x() - view().toDevice({0, 0}).x(); }
   void mouse(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::KeyboardModifiers keys = Qt::NoModifier) {
     QMouseEvent event(type, at, view().mapToGlobal(at), button,
@@ -72,17 +83,6 @@ void expectNear(Point a, Point b, double reach) {
 // What the next click would do is painted, where it would do it.
 TEST_F(Hand, WhatAToolWouldDrawFollowsTheMouse) {
   show({-100, -100}, {200, 200});
-  const auto inkAt = [this](Point at) {
-    view().finishPainting();
-    const QImage image = view().grab().toImage();
-    const QPoint middle = view().toDevice(at).toPoint();
-    const QRgb ground = image.pixel(0, 0);
-    int ink = 0;
-    for (int x = -3; x <= 3; ++x) {
-      for (int y = -3; y <= 3; ++y) { ink += image.pixel(middle + QPoint(x, y)) == ground ? 0 : 1; }
-    }
-    return ink > 0;
-  };
   struct Row {
     const char* tool;
     std::vector<Point> clicks;
@@ -122,6 +122,32 @@ TEST_F(Hand, WhatAToolWouldDrawFollowsTheMouse) {
 }
 
 // Keys that come all at once, faster than the next question.
+// A symbol, with the symbols in it, shows where it would come, unless it is so large that the mouse would wait.
+TEST_F(Hand, SymbolsThatMoveFollowTheMouse) {
+  show({-100, -100}, {200, 200});
+  const auto bar = [](double length) { return Primitive{.geometry = Line{{0, 0}, {length, 0}}}; };
+  drawing().addSymbol({"INNER", {bar(40)}});
+  drawing().addSymbol({"OUTER", {{.geometry = Symbol{"INNER", {0, 10}}}, bar(40)}});
+  drawing().addSymbol({"LARGE", std::vector<Primitive>(6000, bar(40))});
+  const struct {
+    const char* name;
+    std::vector<Point> shown;
+    bool shows;
+  } rows[] = {{"OUTER", {{70, 60}, {70, 70}}, true}, {"LARGE", {{70, 60}}, false}};
+  for (const auto& row : rows) {
+    const PrimitiveId placed = drawing().add({.geometry = Symbol{row.name, {0, 0}}});
+    drawing().select(placed);
+    whenPrompted("Indicate the point to move from", [this] { type("0,0"); });
+    whenPrompted("Indicate the point to move to", [&] {
+      mouse(QEvent::MouseMove, view().toDevice({50, 60}), Qt::NoButton);
+      for (const Point at : row.shown) { EXPECT_EQ(inkAt(at), row.shows) << row.name; }
+      key(Qt::Key_Escape);
+    });
+    act([&] { type("move"); });
+    drawing().remove(placed);
+  }
+}
+
 TEST_F(Hand, WhatIsTypedAheadIsNotLost) {
   whenPrompted("Indicate the start",
                [&] { keysTo(*window_->windowHandle(), "0,0\n90,0\n90,50\n!!circle\n20,20\n25,20\n!"); });
