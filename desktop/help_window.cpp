@@ -22,6 +22,7 @@ constexpr PageRow kPages[] = {
     {"desktop.md", QT_TRANSLATE_NOOP("HelpWindow", "The desktop")},
     {"architectural.md", QT_TRANSLATE_NOOP("HelpWindow", "Architectural commands")},
     {"survey-settings.md", QT_TRANSLATE_NOOP("HelpWindow", "Survey settings")},
+    {"survey-diagrams.md", QT_TRANSLATE_NOOP("HelpWindow", "Survey diagrams")},
     {"scripts.md", QT_TRANSLATE_NOOP("HelpWindow", "Scripts")},
     {"macros.md", QT_TRANSLATE_NOOP("HelpWindow", "Macro commands")},
     {"drawing-files.md", QT_TRANSLATE_NOOP("HelpWindow", "Drawing files")},
@@ -106,6 +107,7 @@ void HelpWindow::showPage(const QString& file) {
 bool HelpWindow::showTopic(const std::string& topic) {
   auto* asking = qobject_cast<DialogWindow*>(QApplication::activeModalWidget());
   if (asking == nullptr) { return false; }
+  topic_ = topic;
   QString html = helpOn(asking->description());
   for (const FamilyChapter& chapter : kChapters) {
     if (topic.starts_with(chapter.topic)) {

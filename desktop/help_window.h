@@ -23,10 +23,12 @@ class HelpWindow : public QDialog {
   // The page of the dialog that is open; false where none is. The topic names its family.
   bool showTopic(const std::string& topic);
   [[nodiscard]] QString text() const;
+  [[nodiscard]] const std::string& topic() const { return topic_; }  // shown last
 
  private:
   void come();
   QString folder_;
+  std::string topic_;
   QListWidget* pages_;
   QTextBrowser* page_;
 };

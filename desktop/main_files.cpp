@@ -31,8 +31,8 @@ QString plain(const QString& path) { return path.section('/', -1).section('.', 0
 
 void MainWindow::newDrawing() {
   runner_.run(tr("New"), [this] {
-    host_->openWindow(host_->freeWindowName());
-    recorder_.statement("new");
+    const DrawingWindow& window = host_->openWindow(host_->freeWindowName());
+    recorder_.statement("new " + scriptString(shown(window.name())));
   });
 }
 
@@ -49,8 +49,9 @@ void MainWindow::openFile(const QString& path) {
     const std::vector<std::string> taken = host_->windowNames();
     if (std::find(taken.begin(), taken.end(), name) != taken.end()) { name = host_->freeWindowName(); }
     host_->openWindow(name).setDrawing(std::move(read.drawing));
-    recorder_.statement("open " + scriptString(path));
+    recorder_.statement("open " + scriptString(path) + ' ' + scriptString(shown(name)));
     followHost();
+    if (isUntouched(first_)) { closeDrawing(first_); }
     const bool own = path.endsWith(".drg", Qt::CaseInsensitive);
     document().path = own ? path : QString();
     document().savedRevision = host_->window().drawing().revision();

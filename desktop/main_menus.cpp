@@ -341,6 +341,7 @@ void MainWindow::editSettings() {
     scale.SetValue(parameters.scale());
     unit.SetValue(parameters.unit());
     orientation.setChecked(parameters.orientation() == 1);
+    dialog.onHelp = [this](int) { help_->showTopic(""); };
     if (!user_->runDialog(dialog)) { return; }
     const auto set = [this](const char* name, double before, double now) {
       if (before == now) { return; }

@@ -21,12 +21,11 @@
 #include "desktop/texts.h"
 #include "desktop/type_ahead.h"
 #include "frame/host/number_text.h"
-#include "host/macros/macro_drawing.h"
 #include "host/tools/drawing_tools.h"
 #include "host/window/module.h"
 
-// The window itself: drawings in tabs, what the user picks and types, what follows a command. Menus are in
-// main_menus.cpp, files in main_files.cpp.
+// The window itself: drawings in tabs, what follows a command. What the user runs and selects is in main_commands.cpp,
+// menus in main_menus.cpp, files in main_files.cpp.
 namespace brevan {
 
 namespace {
@@ -63,6 +62,7 @@ MainWindow::MainWindow(const DesktopParts& parts)
   host_ = std::make_unique<Host>(HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile, nullptr,
                                            shortcutBar_,
                                            [this](const std::string& topic) { return help_->showTopic(topic); }});
+  first_ = host_->window().name();
   host_->loadModule(parts.places.module);
   build();
   connectUser();
@@ -178,6 +178,13 @@ bool MainWindow::isModified(const std::string& name) const {
   return document.view->window().drawing().revision() != document.savedRevision;
 }
 
+// Nothing was ever drawn in it, and it bears no file's name.
+bool MainWindow::isUntouched(const std::string& name) const {
+  const auto document = documents_.find(name);
+  return document != documents_.end() && document->second.path.isEmpty() && !isModified(name) &&
+         document->second.view->window().drawing().count() == 0;
+}
+
 void MainWindow::addView(DrawingWindow& window) {
   auto* view = new DrawingView(window, style_, this);
   Document& document = documents_[window.name()];
@@ -239,14 +246,19 @@ void MainWindow::closeTab(int tab) {
   if (view == nullptr || runner_.busy()) { return; }
   const std::string name = view->window().name();
   if (!mayClose(name)) { return; }
+  closeDrawing(name);
+  showChanges();
+}
+
+void MainWindow::closeDrawing(const std::string& name) {
   recovery_.drop(name);
   following_ = true;
-  delete view;
+  delete documents_.at(name).view;
   documents_.erase(name);
   following_ = false;
+  recorder_.statement("closewindow " + scriptString(shown(name)));
   host_->closeWindow(name);
   followHost();
-  showChanges();
 }
 
 void MainWindow::showChanges() {
@@ -270,129 +282,6 @@ void MainWindow::showChanges() {
                           .arg(QString::fromStdString(numberText::shortest(drawing.parameters().scale())),
                                QString::fromStdString(numberText::shortest(drawing.parameters().unit()))));
   setWindowTitle(tabs_->tabText(tabs_->currentIndex()) + " - Brevan");
-}
-
-// ---- Commands
-// --------------------------------------------------------------------------------------------------------
-
-void MainWindow::runTyped(const QString& text) {
-  last_ = text;
-  const std::string name = text.toStdString();
-  if (host_->module()->command(name) != nullptr) {
-    runCommand(text);
-  } else if (drawingTool(name) != nullptr) {
-    runTool(text);
-  } else {
-    const auto macro = hostText(text);
-    if (!macro) { return; }
-    runner_.run(text, [this, text, macro] {
-      recorder_.statement("macro " + text);
-      host_->runMacro(*macro);
-    });
-  }
-}
-
-void MainWindow::runCommand(const QString& name) {
-  last_ = name;
-  runner_.run(name, [this, name] {
-    recorder_.statement("run " + name);
-    host_->runCommand(name.toStdString());
-  });
-}
-
-void MainWindow::runTool(const QString& name) {
-  last_ = name;
-  const DrawingTool* tool = drawingTool(name.toStdString());
-  runner_.run(name, [this, tool] {
-    if (tool->changesSelection) { recordSelection(); }
-    recorder_.statement("tool " + shown(tool->name));
-    host_->runTool(tool->name, tool->run);
-  });
-}
-
-// What is selected here was clicked together; a script selects it item by item.
-void MainWindow::recordSelection() {
-  const Drawing& drawing = host_->window().drawing();
-  for (const PrimitiveId id : drawing.selection()) {
-    const Primitive& primitive = *drawing.find(id);
-    constexpr double kSomewhere = 0.37;  // where neighbours seldom meet it
-    const auto curve = curveOf(primitive);
-    Point at;
-    if (curve) {
-      at = pointAt(*curve, kSomewhere);
-    } else {
-      forEachPoint(primitive.geometry, [&at](Point p) { at = p; });
-    }
-    recorder_.statement(QString("macro #SELECT [%1,%2]")
-                            .arg(QString::fromStdString(numberText::shortest(at.x)),
-                                 QString::fromStdString(numberText::shortest(at.y))));
-  }
-}
-
-void MainWindow::undo() {
-  runner_.run(tr("Undo"), [this] {
-    if (host_->window().drawing().undo()) { recorder_.statement("undo"); }
-  });
-}
-
-void MainWindow::redo() {
-  runner_.run(tr("Redo"), [this] {
-    if (host_->window().drawing().redo()) { recorder_.statement("redo"); }
-  });
-}
-
-// ---- Selecting
-// -------------------------------------------------------------------------------------------------------
-
-void MainWindow::select(PrimitiveId id, bool more) {
-  if (runner_.busy()) { return; }
-  Drawing& drawing = host_->window().drawing();
-  const bool wasSelected = drawing.isSelected(id);
-  if (!more) { drawing.clearSelection(); }
-  if (id != 0) {
-    const GroupId group = drawing.find(id)->group;
-    for (const PrimitiveId member : group == 0 ? std::vector<PrimitiveId>{id} : drawing.membersOf(group)) {
-      if (more && wasSelected) {
-        drawing.deselect(member);
-      } else {
-        drawing.select(member);
-      }
-    }
-    const Primitive& primitive = *drawing.find(id);
-    statusBar()->showMessage(
-        tr("%1 on layer %2").arg(shown(kindName(primitive.geometry)), shown(drawing.layer(primitive.layer)->name)) +
-        (group == 0 ? QString() : "   " + shown(drawing.group(group).parent) + " " + shown(drawing.group(group).name)));
-  }
-  view().update();
-}
-
-void MainWindow::selectWindow(const Box& box, bool more) {
-  if (runner_.busy()) { return; }
-  Drawing& drawing = host_->window().drawing();
-  if (!more) { drawing.clearSelection(); }
-  for (const PrimitiveId id : drawing.inBox(box)) {
-    const Primitive& primitive = *drawing.find(id);
-    if (drawing.layer(primitive.layer)->visible && box.holds(drawing.bounds(primitive))) { drawing.select(id); }
-  }
-  view().update();
-}
-
-void MainWindow::selectGroup(GroupId group) {
-  if (runner_.busy()) { return; }
-  Drawing& drawing = host_->window().drawing();
-  drawing.clearSelection();
-  Box box;
-  for (const PrimitiveId id : drawing.membersOf(group)) {
-    drawing.select(id);
-    box.add(drawing.bounds(*drawing.find(id)));
-  }
-  const Point low = view().toDrawing(QPointF(0, view().height()));
-  const Point high = view().toDrawing(QPointF(view().width(), 0));
-  Box seen;
-  seen.add(low);
-  seen.add(high);
-  if (!box.empty() && !seen.holds(box)) { view().zoomTo(box.grownBy(std::max(box.width(), box.height()))); }
-  view().update();
 }
 
 // ---- Settings

@@ -94,8 +94,10 @@ class MainWindow : public QMainWindow {
   void addView(DrawingWindow& window);
   void tabChosen(int tab);
   void closeTab(int tab);
+  void closeDrawing(const std::string& name);
   [[nodiscard]] Document& document();
   [[nodiscard]] bool isModified(const std::string& name) const;
+  [[nodiscard]] bool isUntouched(const std::string& name) const;
   void select(PrimitiveId id, bool more);
   void selectWindow(const Box& box, bool more);
   void selectGroup(GroupId group);
@@ -133,6 +135,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<Host> host_;
   QTabWidget* tabs_;
   std::map<std::string, Document> documents_;  // by the window's name
+  std::string first_;                          // the name of the window that is there from the start
   LayersPanel* layers_ = nullptr;
   GroupsPanel* groups_ = nullptr;
   QToolBar* toolBar_ = nullptr;

@@ -1,7 +1,7 @@
 #include "desktop/panels.h"
 
 #include <QHeaderView>
-#include <map>
+#include <algorithm>
 
 #include "desktop/texts.h"
 
@@ -10,8 +10,37 @@ namespace brevan {
 namespace {
 
 enum Column { kName, kVisible, kLocked, kColumns };
-// A tree of more entries helps nobody and costs the panel its swiftness.
-constexpr int kMostGroups = 20'000;
+// A tree of more entries helps nobody, and takes long to make.
+constexpr size_t kMostGroups = 20'000;
+// Of more changes the panel is built anew.
+constexpr size_t kFewChanges = 1000;
+enum Role { kGroup = Qt::UserRole, kCategory };
+
+// What groups are sorted by within their category.
+std::pair<QString, GroupId> keyOf(const QTreeWidgetItem& item) { return {item.text(0), item.data(0, kGroup).toInt()}; }
+
+// Of the first child that does not come before.
+int placeIn(const QTreeWidgetItem& category, const std::pair<QString, GroupId>& key) {
+  int low = 0;
+  int high = category.childCount();
+  while (low < high) {
+    const int middle = low + (high - low) / 2;
+    if (keyOf(*category.child(middle)) < key) {
+      low = middle + 1;
+    } else {
+      high = middle;
+    }
+  }
+  return low;
+}
+
+QString nameOf(const QTreeWidgetItem& category) { return category.data(0, kCategory).toString(); }
+
+void showCount(QTreeWidgetItem& category) {
+  const QString name = nameOf(category);
+  category.setText(
+      0, QString("%1  (%2)").arg(name.isEmpty() ? GroupsPanel::tr("(no category)") : name).arg(category.childCount()));
+}
 
 QTableWidgetItem* tick(bool on) {
   auto* item = new QTableWidgetItem;
@@ -70,35 +99,85 @@ GroupsPanel::GroupsPanel(QWidget* parent) : QTreeWidget(parent) {
   setObjectName("groupsPanel");
   setHeaderHidden(true);
   connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
-    const int group = item->data(0, Qt::UserRole).toInt();
+    const int group = item->data(0, kGroup).toInt();
     if (group != 0) { emit groupPicked(group); }
   });
 }
 
 void GroupsPanel::show(const Drawing& drawing) {
+  const auto changed = log_ == drawing.groupLog() ? log_->since(read_) : std::nullopt;
+  log_ = drawing.groupLog();
+  read_ = log_->end();
+  if (!changed || changed->size() > kFewChanges) {
+    showAll(drawing);
+    return;
+  }
+  for (const GroupId id : *changed) { showGroup(drawing, id); }
+}
+
+void GroupsPanel::showAll(const Drawing& drawing) {
   std::map<QString, bool> expanded;
-  for (int row = 0; row < topLevelItemCount(); ++row) {
-    expanded[topLevelItem(row)->data(0, Qt::UserRole + 1).toString()] = topLevelItem(row)->isExpanded();
-  }
+  for (const auto& [name, category] : categories_) { expanded[name] = category->isExpanded(); }
   clear();
-  std::map<QString, QTreeWidgetItem*> parents;
-  int count = 0;
+  categories_.clear();
+  items_.clear();
+  std::map<QString, QList<QTreeWidgetItem*>> listed;
   drawing.forEachGroup([&](const Group& group) {
-    if (++count > kMostGroups) { return; }
-    const QString parentName = shown(group.parent);
-    QTreeWidgetItem*& parent = parents[parentName];
-    if (parent == nullptr) {
-      parent = new QTreeWidgetItem(this, {parentName.isEmpty() ? tr("(no category)") : parentName});
-      parent->setData(0, Qt::UserRole + 1, parentName);
-    }
-    auto* item = new QTreeWidgetItem(parent, {shown(group.name)});
-    item->setData(0, Qt::UserRole, group.id);
+    if (items_.size() < kMostGroups) { listed[shown(group.parent)].append(newItem(group)); }
   });
-  for (const auto& [name, item] : parents) {
-    item->setExpanded(expanded.contains(name) ? expanded[name] : true);
-    item->setText(0, item->text(0) + QString("  (%1)").arg(item->childCount()));
+  for (auto& [name, items] : listed) {
+    std::sort(items.begin(), items.end(), [](const auto* a, const auto* b) { return keyOf(*a) < keyOf(*b); });
+    QTreeWidgetItem& category = categoryNamed(name);
+    category.addChildren(items);
+    showCount(category);
+    if (expanded.contains(name)) { category.setExpanded(expanded[name]); }
   }
-  sortItems(0, Qt::AscendingOrder);
+}
+
+void GroupsPanel::showGroup(const Drawing& drawing, GroupId id) {
+  const bool there = id <= drawing.lastGroup() && !drawing.group(id).members.empty();
+  if (const auto entry = items_.find(id); entry != items_.end()) {
+    const QTreeWidgetItem& item = *entry->second;
+    const bool holds = there && item.text(0) == shown(drawing.group(id).name) &&
+                       nameOf(*item.parent()) == shown(drawing.group(id).parent);
+    if (holds) { return; }
+    removeItem(entry->second);
+    items_.erase(entry);
+  }
+  if (!there || items_.size() >= kMostGroups) { return; }
+  const Group& group = drawing.group(id);
+  QTreeWidgetItem& category = categoryNamed(shown(group.parent));
+  QTreeWidgetItem* item = newItem(group);
+  category.insertChild(placeIn(category, keyOf(*item)), item);
+  showCount(category);
+}
+
+QTreeWidgetItem* GroupsPanel::newItem(const Group& group) {
+  auto* item = new QTreeWidgetItem({shown(group.name)});
+  item->setData(0, kGroup, group.id);
+  return items_[group.id] = item;
+}
+
+QTreeWidgetItem& GroupsPanel::categoryNamed(const QString& name) {
+  const auto [entry, isNew] = categories_.try_emplace(name, nullptr);
+  if (isNew) {
+    entry->second = new QTreeWidgetItem;
+    entry->second->setData(0, kCategory, name);
+    insertTopLevelItem(static_cast<int>(std::distance(categories_.begin(), entry)), entry->second);
+    entry->second->setExpanded(true);
+  }
+  return *entry->second;
+}
+
+void GroupsPanel::removeItem(QTreeWidgetItem* item) {
+  QTreeWidgetItem& category = *item->parent();
+  delete category.takeChild(placeIn(category, keyOf(*item)));
+  if (category.childCount() > 0) {
+    showCount(category);
+  } else {
+    categories_.erase(nameOf(category));
+    delete &category;
+  }
 }
 
 }  // namespace brevan

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <QWidget>
+#include <QWindow>
 #include <utility>
 
 namespace brevan {
@@ -9,6 +11,17 @@ namespace brevan {
 namespace {
 
 constexpr size_t kMostHeld = 1000;  // a key that is held down during a long computation
+
+// A list or a menu takes the keyboard while it is open; what was pressed by then still reaches its window when it has
+// closed meanwhile, and was meant for the one behind.
+QObject* receiverOf(QObject* window) {
+  if (static_cast<const QWindow*>(window)->isVisible()) { return window; }
+  for (const QWidget* front :
+       {QApplication::activePopupWidget(), QApplication::activeModalWidget(), QApplication::focusWidget()}) {
+    if (front != nullptr && front->isVisible()) { return front->window()->windowHandle(); }
+  }
+  return window;
+}
 
 }  // namespace
 
@@ -22,9 +35,20 @@ bool TypeAhead::eventFilter(QObject* object, QEvent* event) {
   const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (!isKey || !object->isWindowType() || event == sent_) { return QObject::eventFilter(object, event); }
   auto* key = static_cast<QKeyEvent*>(event);
-  if (!releasing_ && !nobodyTakes_(*key)) { return QObject::eventFilter(object, event); }
-  if (held_.size() < kMostHeld) { held_.push_back({object, std::unique_ptr<QKeyEvent>(key->clone())}); }
+  if (releasing_ || nobodyTakes_(*key)) {
+    if (held_.size() < kMostHeld) { held_.push_back({object, std::unique_ptr<QKeyEvent>(key->clone())}); }
+    return true;
+  }
+  QObject* const receiver = receiverOf(object);
+  if (receiver == object) { return QObject::eventFilter(object, event); }
+  send(*receiver, *key);
   return true;
+}
+
+void TypeAhead::send(QObject& window, QKeyEvent& key) {
+  sent_ = &key;
+  QApplication::sendEvent(&window, &key);
+  sent_ = nullptr;
 }
 
 // From the next event loop on, which is that of the question.
@@ -40,9 +64,7 @@ void TypeAhead::sendHeld() {
   while (!held_.empty() && !nobodyTakes_(*held_.front().key)) {
     const Held first = std::move(held_.front());
     held_.pop_front();
-    sent_ = first.key.get();
-    if (first.window) { QApplication::sendEvent(first.window, first.key.get()); }
-    sent_ = nullptr;
+    if (first.window) { send(*receiverOf(first.window), *first.key); }
   }
 }
 

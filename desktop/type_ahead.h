@@ -10,7 +10,8 @@
 namespace brevan {
 
 // Keys that are pressed while a command computes, or between two of its questions, wait here for the next
-// question: who types faster than the program asks loses nothing.
+// question: who types faster than the program asks loses nothing. Keys on their way to a list or a menu that has closed
+// go to the window behind it.
 class TypeAhead : public QObject {
   Q_OBJECT
  public:
@@ -24,6 +25,7 @@ class TypeAhead : public QObject {
 
  private:
   void sendHeld();
+  void send(QObject& window, QKeyEvent& key);
 
   std::function<bool(const QKeyEvent&)> nobodyTakes_;
   struct Held {
@@ -31,7 +33,7 @@ class TypeAhead : public QObject {
     std::unique_ptr<QKeyEvent> key;
   };
   std::deque<Held> held_;
-  const QEvent* sent_ = nullptr;  // one that was held
+  const QEvent* sent_ = nullptr;  // by this, so not to be held again
   bool releasing_ = false;        // what is pressed now comes after what is held
 };
 

@@ -98,6 +98,7 @@ void Drawing::put(PrimitiveId id, Primitive&& primitive) {
     std::vector<PrimitiveId>& members = groups_[static_cast<size_t>(place.primitive.group) - 1].members;
     place.groupPosition = static_cast<uint32_t>(members.size());
     members.push_back(id);
+    if (members.size() == 1) { logGroup(place.primitive.group); }
   }
   unindexed_.push_back(id);
   taken_ += weight(place.primitive.geometry);
@@ -113,8 +114,10 @@ Primitive Drawing::take(PrimitiveId id) {
   removeAt(layerMembers_[static_cast<size_t>(place.primitive.layer)], place.layerPosition,
            [this](PrimitiveId moved) -> uint32_t& { return slot(moved).layerPosition; });
   if (place.primitive.group != 0) {
-    removeAt(groups_[static_cast<size_t>(place.primitive.group) - 1].members, place.groupPosition,
+    std::vector<PrimitiveId>& members = groups_[static_cast<size_t>(place.primitive.group) - 1].members;
+    removeAt(members, place.groupPosition,
              [this](PrimitiveId moved) -> uint32_t& { return slot(moved).groupPosition; });
+    if (members.empty()) { logGroup(place.primitive.group); }
   }
   place.there = false;
   --count_;

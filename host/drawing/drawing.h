@@ -13,6 +13,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "host/drawing/group_log.h"
 #include "host/drawing/journal.h"
 #include "host/drawing/layer.h"
 #include "host/drawing/layer_names.h"
@@ -111,6 +112,8 @@ class Drawing {
   [[nodiscard]] GroupId newestGroup(std::string_view parent, std::string_view name) const;
   [[nodiscard]] GroupId newestGroup(std::string_view parentAndName) const;
   [[nodiscard]] std::vector<PrimitiveId> membersOf(GroupId group) const;  // in drawing order
+  // Each drawing's own for as long as it lives; who keeps it can tell this drawing from another in its place.
+  [[nodiscard]] std::shared_ptr<const GroupLog> groupLog() const { return groupLog_; }
 
   // ---- Selection (no part of the journal) ---------------------------------------------------------------------
   void select(PrimitiveId id);
@@ -206,6 +209,7 @@ class Drawing {
   void unnameGroup(GroupId id);
   void touch(PrimitiveId id) noexcept;
   void touchGroup(GroupId id) noexcept;
+  void logGroup(GroupId id) noexcept { groupLog_->note(id, groups_.size()); }
   template <class Wanted>
   GroupId newestNamed(const std::string& key, const Wanted& wanted) const;
 
@@ -219,6 +223,7 @@ class Drawing {
   std::set<std::string, std::less<>> parents_;
   std::vector<Group> groups_;
   std::unordered_map<std::string, std::vector<GroupId>> groupsByName_;
+  std::shared_ptr<GroupLog> groupLog_ = std::make_shared<GroupLog>();
   std::vector<PrimitiveId> selected_;
   mutable SpatialIndex index_;
   mutable std::vector<PrimitiveId> unindexed_;

@@ -29,6 +29,7 @@ void Drawing::loadGroupOf(PrimitiveId first, PrimitiveId last, GroupId group) {
     place.primitive.group = group;
     place.groupPosition = static_cast<uint32_t>(members.size());
     members.push_back(id);
+    if (members.size() == 1) { logGroup(group); }
     touch(id);
   }
   ++revision_;
@@ -75,6 +76,7 @@ void Drawing::touch(PrimitiveId id) noexcept {
 }
 
 void Drawing::touchGroup(GroupId id) noexcept {
+  logGroup(id);
   if (touched_) { noteTouched(*touched_, touched_->groups, id, groups_.size()); }
 }
 

@@ -33,8 +33,9 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
       {"textstyle", 6, 6, &ScriptPlayer::setTextStyle},
       {"dimstyle", 2, 2, &ScriptPlayer::setDimensionStyle},
       {"new", 1, 2, &ScriptPlayer::openNew},
-      {"open", 2, 2, &ScriptPlayer::openFile},
+      {"open", 2, 3, &ScriptPlayer::openFile},
       {"window", 2, 2, &ScriptPlayer::goToWindow},
+      {"closewindow", 2, 2, &ScriptPlayer::closeWindow},
       {"sheet", 3, 5, &ScriptPlayer::setSheet},
       {"layer", 2, 2, &ScriptPlayer::setLayer},
       {"layerstate", 4, 4, &ScriptPlayer::setLayerState},
@@ -189,7 +190,8 @@ void ScriptPlayer::openFile(const Statement& statement) {
   const std::string asked = toUtf8(cursor_.string(statement, 1));
   const auto own = written_.find(asked);
   const std::string path = own != written_.end() ? own->second : parts_.files.resolveForReading(asked);
-  const auto name = toWindows1252(fs::path(path).stem().string());
+  const auto name =
+      statement.words.size() > 2 ? cursor_.string(statement, 2) : toWindows1252(fs::path(path).stem().string());
   if (!name) { cursor_.fail(statement, "the file's name holds a character that Windows-1252 lacks"); }
   refuseTakenName(statement, *name);
   ReadDrawing read = readDrawing(path);
@@ -201,6 +203,14 @@ void ScriptPlayer::goToWindow(const Statement& statement) {
   if (host_.goToWindow(cursor_.string(statement, 1)) == nullptr) {
     cursor_.fail(statement, "there is no window \"" + toUtf8(statement.words[1].text) + '"');
   }
+}
+
+void ScriptPlayer::closeWindow(const Statement& statement) {
+  const std::string current = host_.window().name();
+  goToWindow(statement);
+  const std::string closed = host_.window().name();
+  host_.goToWindow(current);
+  host_.closeWindow(closed);
 }
 
 void ScriptPlayer::setSheet(const Statement& statement) {

@@ -55,6 +55,7 @@ class ScriptPlayer {
   void openFile(const Statement& statement);
   void refuseTakenName(const Statement& statement, const std::string& name);
   void goToWindow(const Statement& statement);
+  void closeWindow(const Statement& statement);
   void setSheet(const Statement& statement);
   void setLayer(const Statement& statement);
   void setLayerState(const Statement& statement);

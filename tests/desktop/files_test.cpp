@@ -72,6 +72,60 @@ TEST_F(Files, SavedClosedAndOpenedAgainADrawingIsTheSame) {
   EXPECT_EQ(json(), more) << "what is opened has no past";
 }
 
+TEST_F(Files, WhatIsOpenedTakesThePlaceOfTheUntouchedFirstDrawing) {
+  const auto open = [this](const QString& name) {
+    chooses(path(name));
+    act([this] { trigger("Open or Import..."); });
+  };
+  const auto titles = [this] {
+    QStringList all;
+    for (int tab = 0; tab < tabs().count(); ++tab) { all.append(tabs().tabText(tab)); }
+    return all;
+  };
+  drawLine("10,10", "@50<90");
+  for (const char* name : {"one.drg", "Drawing1.drg"}) {
+    chooses(path(name));
+    act([this] { trigger("Save As..."); });
+  }
+  const std::string drawn = json();
+  const std::string recovery = root_.toStdString() + "/recovery";
+  const auto begin = [&] {
+    std::filesystem::remove_all(recovery);
+    start();
+    EXPECT_EQ(tabs().count(), 1);
+  };
+
+  begin();
+  open("Drawing1.drg");
+  EXPECT_EQ(titles(), QStringList{"Drawing1.drg"});
+  EXPECT_EQ(json(), drawn);
+  open("one.drg");
+  trigger("New");
+  EXPECT_EQ(tabs().count(), 3) << "only the first drawing gives way";
+  open("one.drg");
+  EXPECT_EQ(tabs().count(), 4);
+  tabs().setCurrentIndex(1);
+  drawLine("1,1", "@5<0");
+  const std::string more = json();
+  EXPECT_EQ(replayed(), more);
+
+  begin();
+  std::ofstream(path("bad.dxf").toStdString()) << "0\nSECTION\nx";
+  chooses(path("bad.dxf"));
+  answers(QMessageBox::Ok);
+  act([this] { trigger("Open or Import..."); });
+  EXPECT_EQ(titles(), QStringList{"Drawing1"});
+
+  drawLine("1,1", "@5<0");
+  window_->undo();
+  open("one.drg");
+  EXPECT_EQ(tabs().count(), 2) << "what was taken back can be done again";
+  EXPECT_FALSE(std::filesystem::is_empty(recovery));
+  answers(QMessageBox::Discard);
+  act([this] { emit tabs().tabCloseRequested(0); });
+  EXPECT_TRUE(std::filesystem::is_empty(recovery));
+}
+
 TEST_F(Files, ClosingAsksAndCancelKeepsAll) {
   drawLine("10,10", "@50<90");
   const std::string drawn = json();

@@ -1,4 +1,6 @@
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QCompleter>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QProgressBar>
@@ -27,6 +29,27 @@ class Hand : public DesktopSession {
     box.add(low);
     box.add(high);
     view().zoomTo(box);
+  }
+  // As the window system gives them: an exclamation mark is Escape.
+  static void keysTo(QWindow& window, const QString& text) {
+    for (const QChar letter : text) {
+      if (letter == '\n' || letter == '!') {
+        QTest::keyClick(&window, letter == '!' ? Qt::Key_Escape : Qt::Key_Return);
+      } else {
+        QTest::keyClick(&window, letter.toLatin1());
+      }
+    }
+  }
+  bool inkAt(Point at) {
+    view().finishPainting();
+    const QImage image = view().grab().toImage();
+    const QPoint middle = view().toDevice(at).toPoint();
+    const QRgb ground = image.pixel(0, 0);
+    int ink = 0;
+    for (int x = -3; x <= 3; ++x) {
+      for (int y = -3; y <= 3; ++y) { ink += image.pixel(middle + QPoint(x, y)) == ground ? 0 : 1; }
+    }
+    return ink > 0;
   }
   double pixelsAUnit() { return view().toDevice({1, 0}).x() - view().toDevice({0, 0}).x(); }
   void mouse(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::KeyboardModifiers keys = Qt::NoModifier) {
@@ -60,17 +83,6 @@ void expectNear(Point a, Point b, double reach) {
 // What the next click would do is painted, where it would do it.
 TEST_F(Hand, WhatAToolWouldDrawFollowsTheMouse) {
   show({-100, -100}, {200, 200});
-  const auto inkAt = [this](Point at) {
-    view().finishPainting();
-    const QImage image = view().grab().toImage();
-    const QPoint middle = view().toDevice(at).toPoint();
-    const QRgb ground = image.pixel(0, 0);
-    int ink = 0;
-    for (int x = -3; x <= 3; ++x) {
-      for (int y = -3; y <= 3; ++y) { ink += image.pixel(middle + QPoint(x, y)) == ground ? 0 : 1; }
-    }
-    return ink > 0;
-  };
   struct Row {
     const char* tool;
     std::vector<Point> clicks;
@@ -110,22 +122,56 @@ TEST_F(Hand, WhatAToolWouldDrawFollowsTheMouse) {
 }
 
 // Keys that come all at once, faster than the next question.
+// A symbol, with the symbols in it, shows where it would come, unless it is so large that the mouse would wait.
+TEST_F(Hand, SymbolsThatMoveFollowTheMouse) {
+  show({-100, -100}, {200, 200});
+  const auto bar = [](double length) { return Primitive{.geometry = Line{{0, 0}, {length, 0}}}; };
+  drawing().addSymbol({"INNER", {bar(40)}});
+  drawing().addSymbol({"OUTER", {{.geometry = Symbol{"INNER", {0, 10}}}, bar(40)}});
+  drawing().addSymbol({"LARGE", std::vector<Primitive>(6000, bar(40))});
+  const struct {
+    const char* name;
+    std::vector<Point> shown;
+    bool shows;
+  } rows[] = {{"OUTER", {{70, 60}, {70, 70}}, true}, {"LARGE", {{70, 60}}, false}};
+  for (const auto& row : rows) {
+    const PrimitiveId placed = drawing().add({.geometry = Symbol{row.name, {0, 0}}});
+    drawing().select(placed);
+    whenPrompted("Indicate the point to move from", [this] { type("0,0"); });
+    whenPrompted("Indicate the point to move to", [&] {
+      mouse(QEvent::MouseMove, view().toDevice({50, 60}), Qt::NoButton);
+      for (const Point at : row.shown) { EXPECT_EQ(inkAt(at), row.shows) << row.name; }
+      key(Qt::Key_Escape);
+    });
+    act([&] { type("move"); });
+    drawing().remove(placed);
+  }
+}
+
 TEST_F(Hand, WhatIsTypedAheadIsNotLost) {
-  const auto keysOfWindow = [this](const QString& text) {
-    for (const QChar letter : text) {
-      if (letter == '\n' || letter == '!') {
-        QTest::keyClick(window_->windowHandle(), letter == '!' ? Qt::Key_Escape : Qt::Key_Return);
-      } else {
-        QTest::keyClick(window_->windowHandle(), letter.toLatin1());
-      }
-    }
-  };
-  whenPrompted("Indicate the start", [&] { keysOfWindow("0,0\n90,0\n90,50\n!!circle\n20,20\n25,20\n!"); });
+  whenPrompted("Indicate the start",
+               [&] { keysTo(*window_->windowHandle(), "0,0\n90,0\n90,50\n!!circle\n20,20\n25,20\n!"); });
   when([this] { return drawing().count() == 3 && !window_->runner().busy(); }, [] {});
   act([this] { type("line"); });
   EXPECT_EQ(drawing().count(), 3U);
   EXPECT_EQ(std::get<Arc>(drawing().find(drawing().lastId())->geometry), (Arc{{25, 20}, {20, 20}, {25, 20}}));
   EXPECT_TRUE(edit().text().isEmpty());
+}
+
+// The list of completions has the keyboard until the window system hears that it has closed.
+TEST_F(Hand, WhatReachesAClosedListIsNotLost) {
+  keys("line");
+  const QWidget* list = edit().completer()->popup();
+  ASSERT_TRUE(list->isVisible());
+  QWindow* window = list->windowHandle();
+  whenPrompted("Indicate the start", [this, list, window] {
+    ASSERT_FALSE(list->isVisible());
+    keysTo(*window, "0,0\n9,9\n!");
+  });
+  when([this] { return !window_->runner().busy(); }, [] {});
+  act([this] { key(Qt::Key_Return); });
+  ASSERT_EQ(drawing().count(), 1U);
+  EXPECT_EQ(std::get<Line>(drawing().find(1)->geometry), (Line{{0, 0}, {9, 9}}));
 }
 
 TEST_F(Hand, EscapeStopsALongComputation) {

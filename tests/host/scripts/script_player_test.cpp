@@ -58,6 +58,7 @@ TEST_F(Player, EveryStatementRefusesBadInputWithItsLineAndRule) {
       {"dimstyle one", "dimstyle expects a number, got \"one\""},
       {"new \"Drawing1\"", "there is a window \"Drawing1\" already"},
       {"window \"None\"", "there is no window \"None\""},
+      {"closewindow \"None\"", "there is no window \"None\""},
       {"sheet \"A5\" portrait", "sheet expects A0 to A4, got \"A5\""},
       {"sheet \"A4\" upright", "sheet expects portrait or landscape, got \"upright\""},
       {"sheet \"A4\" portrait 1", "sheet expects both coordinates of its corner"},
