@@ -21,8 +21,8 @@ std::string titles(const std::vector<std::string>& items) {
 }
 
 std::string descriptions(const std::vector<FileFilter>& filters) {
-  std::vector<std::string> all;
-  for (const FileFilter& filter : filters) { all.push_back(filter.description); }
+  std::vector<std::string> all(filters.size());
+  std::ranges::transform(filters, all.begin(), &FileFilter::description);
   return all.empty() ? "none" : titles(all);
 }
 
