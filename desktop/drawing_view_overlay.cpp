@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "desktop/drawing_view.h"
+#include "frame/host/core_services.h"
 #include "host/drawing/pens.h"
 #include "host/drawing/symbol_expansion.h"
 #include "render/drawing_painter.h"
@@ -16,28 +17,11 @@ namespace {
 // Of all symbols that are shown where they would come; more would let the mouse wait.
 constexpr size_t kMostSymbolParts = 5000;
 
-// What a symbol expands to; nothing where that is more than so many parts, or endless.
-std::optional<size_t> partsWithin(const Drawing& drawing, std::string_view name, size_t most, size_t depth = 0) {
-  const SymbolDefinition* symbol = drawing.symbol(name);
-  if (symbol == nullptr) { return 1; }
-  if (symbol->parts.size() > most || depth == SymbolExpansion::kDeepest) { return std::nullopt; }
-  size_t parts = 0;
-  for (const Primitive& part : symbol->parts) {
-    const Symbol* inner = std::get_if<Symbol>(&part.geometry);
-    const auto more = inner == nullptr ? 1 : partsWithin(drawing, inner->name, most - parts, depth + 1);
-    if (!more || parts + *more > most) { return std::nullopt; }
-    parts += *more;
-  }
-  return parts;
-}
-
-void copySymbol(Drawing& onto, const Drawing& from, std::string_view name) {
-  const SymbolDefinition* symbol = from.symbol(name);
-  if (symbol == nullptr || onto.symbol(name) != nullptr) { return; }
-  onto.addSymbol(*symbol);
-  for (const Primitive& part : symbol->parts) {
-    if (const Symbol* inner = std::get_if<Symbol>(&part.geometry)) { copySymbol(onto, from, inner->name); }
-  }
+// Nothing for a symbol of too many parts, or endless ones.
+std::optional<size_t> partsOf(SymbolExpansion& symbols, std::string_view name) {
+  try {
+    return symbols.parts(name);
+  } catch (const HostFailure&) { return std::nullopt; }
 }
 
 QRectF rectOf(const Box& box, const Transform& transform) {
@@ -115,13 +99,14 @@ void DrawingView::paintSelection(QPainter& painter) {
 void DrawingView::paintWhatComes(QPainter& painter, std::vector<Geometry> shapes) {
   Drawing scratch;
   scratch.setParameters(window_.drawing().parameters());
-  size_t most = kMostSymbolParts;
+  SymbolExpansion symbols(window_.drawing(), kMostSymbolParts);
+  size_t shownParts = 0;
   for (Geometry& shape : shapes) {
     if (const Symbol* symbol = std::get_if<Symbol>(&shape)) {
-      const auto parts = partsWithin(window_.drawing(), symbol->name, most);
-      if (!parts) { continue; }
-      most -= *parts;
-      copySymbol(scratch, window_.drawing(), symbol->name);
+      const auto parts = partsOf(symbols, symbol->name);
+      if (!parts || shownParts + *parts > kMostSymbolParts) { continue; }
+      shownParts += *parts;
+      copyDefinition(window_.drawing(), symbol->name, scratch);
     }
     scratch.add({.geometry = std::move(shape)});
   }

@@ -140,8 +140,7 @@ void MainWindow::saveRecording() {
   }
 }
 
-// ---- Recent files
-// ----------------------------------------------------------------------------------------------------
+// ---- Recent files ------------------------------------------------------------------------------------------
 
 void MainWindow::noteRecent(const QString& path) {
   QStringList recent{QDir(path).absolutePath()};
@@ -166,8 +165,7 @@ void MainWindow::showRecent() {
   if (recent_->isEmpty()) { recent_->addAction(tr("(none yet)"))->setEnabled(false); }
 }
 
-// ---- Nothing lost
-// ----------------------------------------------------------------------------------------------------
+// ---- Nothing lost ------------------------------------------------------------------------------------------
 
 bool MainWindow::mayClose(const std::string& name) {
   if (!isModified(name)) { return true; }

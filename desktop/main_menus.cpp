@@ -289,8 +289,7 @@ void MainWindow::setStyle() {
   });
 }
 
-// ---- Panels
-// ----------------------------------------------------------------------------------------------------------
+// ---- Panels ------------------------------------------------------------------------------------------------
 
 void MainWindow::buildDocks() {
   const auto dock = [this](const QString& title, const char* name, QWidget* panel) {

@@ -284,8 +284,7 @@ void MainWindow::showChanges() {
   setWindowTitle(tabs_->tabText(tabs_->currentIndex()) + " - Brevan");
 }
 
-// ---- Settings
-// ----------------------------------------------------------------------------------------------------------
+// ---- Settings ----------------------------------------------------------------------------------------------
 
 std::string MainWindow::setting(const std::string& key) const {
   std::array<char, 4096> text{};

@@ -7,9 +7,13 @@
 namespace brevan {
 
 const SymbolDefinition* SymbolExpansion::definition(std::string_view name) {
-  open_.clear();  // a symbol refused earlier left its path
-  partsOf(name);
+  parts(name);
   return drawing_.symbol(name);
+}
+
+size_t SymbolExpansion::parts(std::string_view name) {
+  open_.clear();  // a symbol refused earlier left its path
+  return partsOf(name);
 }
 
 size_t SymbolExpansion::partsOf(std::string_view name) {
@@ -22,17 +26,26 @@ size_t SymbolExpansion::partsOf(std::string_view name) {
     throw HostFailure(quoted + " lies deeper than " + std::to_string(kDeepest) + " symbols within symbols.");
   }
   open_.push_back(name);
-  size_t parts = 0;
+  size_t parts = 1;  // so that a tree of empty symbols comes to something, too
   for (const Primitive& part : symbol->parts) {
     const Symbol* inner = std::get_if<Symbol>(&part.geometry);
     parts += inner == nullptr ? 1 : partsOf(inner->name);
-    if (parts > kMostParts) {
-      throw HostFailure(quoted + " expands to more than " + std::to_string(kMostParts) + " parts.");
+    if (parts > mostParts_) {
+      throw HostFailure(quoted + " expands to more than " + std::to_string(mostParts_) + " parts.");
     }
   }
   open_.pop_back();
   parts_.emplace(name, parts);
   return parts;
+}
+
+void copyDefinition(const Drawing& from, std::string_view name, Drawing& onto) {
+  const SymbolDefinition* definition = from.symbol(name);
+  if (definition == nullptr || onto.symbol(name) != nullptr) { return; }
+  onto.addSymbol(*definition);
+  for (const Primitive& part : definition->parts) {
+    if (const auto* inner = std::get_if<Symbol>(&part.geometry)) { copyDefinition(from, inner->name, onto); }
+  }
 }
 
 Transform symbolPlacement(const Symbol& symbol, double size) {

@@ -2,6 +2,7 @@
 #include <span>
 
 #include "frame/host/core_services.h"
+#include "host/drawing/symbol_expansion.h"
 #include "host/window/drawing_window.h"
 
 // Picks, scans and what they make current.
@@ -160,16 +161,6 @@ int sameLayer(const Drawing& from, int index, Drawing& onto) {
   const Layer* same = onto.layer(index);
   if (same != nullptr && same->name == layer.name) { return index; }
   return onto.addLayer(layer);
-}
-
-// A symbol's definition with all that it is made of; the other drawing's own definition of a name stays.
-void copyDefinition(const Drawing& from, const std::string& name, Drawing& onto) {
-  const SymbolDefinition* definition = from.symbol(name);
-  if (definition == nullptr || onto.symbol(name) != nullptr) { return; }
-  onto.addSymbol(*definition);
-  for (const Primitive& part : definition->parts) {
-    if (const auto* inner = std::get_if<Symbol>(&part.geometry)) { copyDefinition(from, inner->name, onto); }
-  }
 }
 
 }  // namespace
