@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/line_style.h"
+#include "frame/drafting/line_style.h"
 
 namespace ardenix {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/point.h"
+#include "frame/drafting/point.h"
 
 namespace ardenix {
 

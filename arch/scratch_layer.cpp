@@ -1,6 +1,6 @@
 #include "arch/scratch_layer.h"
 
-#include "frame/macro_texts.h"
+#include "frame/drafting/macro_texts.h"
 
 namespace ardenix {
 

@@ -2,7 +2,8 @@
 
 #include "arch/scratch_layer.h"
 #include "arch/wall_lines.h"
-#include "frame/group_numbering.h"
+#include "frame/drafting/group_numbering.h"
+#include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 
@@ -58,11 +59,11 @@ bool WallDrawer::draw(Point first) {
   };
   if (!settings.tracks) {
     const LayerStyle& face = type.rows[referenceRow(settings)];
-    view.gsExecuteMacro(numberText::format("LINETYPE %d %d", face.linetype, face.pen));
-    view.gsExecuteMacro(numberText::format("WIDTH %f", face.width));
+    view.gsExecuteMacro(macroText::lineType(face.linetype, face.pen));
+    view.gsExecuteMacro(macroText::width(face.width));
   }
   if (refused(parallelDefinition(type, settings))) { return false; }
-  refused(numberText::format("PARLLINE [%.5f,%.5f]", first.x, first.y));
+  refused(macroText::parallelLine(first));
   return true;
 }
 

@@ -3,7 +3,7 @@
 #include "arch/spec_store.h"
 #include "arch/wall_settings.h"
 #include "arch/wall_type.h"
-#include "frame/point.h"
+#include "frame/drafting/point.h"
 
 namespace ardenix {
 

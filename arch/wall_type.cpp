@@ -1,5 +1,6 @@
 #include "arch/wall_type.h"
 
+#include "frame/drafting/macro_values.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "frame/records.h"
@@ -11,27 +12,17 @@ namespace {
 constexpr int kFirstRowField = 8;
 constexpr int kFirstWidthField = kFirstRowField + kWallRows * kLayerStyleFields;
 
-std::string textField(std::string_view record, int field) {
-  std::array<char, 256> text{};
-  coreGetField(record, "", text.data(), static_cast<int>(text.size()), field, kFieldSeparator);
-  return text.data();
-}
-
-bool flagField(std::string_view record, bool fallback, int field) {
-  return coreGetFieldInt(record, fallback ? 1 : 0, field, kFieldSeparator) != 0;
-}
-
 }  // namespace
 
 WallType readWallType(std::string_view record) {
   WallType wall;
   wall.name = textField(record, 1);
   wall.layer = textField(record, 2);
-  wall.internal = flagField(record, wall.internal, 3);
+  wall.internal = flagField(record, 3, wall.internal);
   wall.startAngle = coreGetFieldDouble(record, wall.startAngle, 4, kFieldSeparator);
   wall.endAngle = coreGetFieldDouble(record, wall.endAngle, 5, kFieldSeparator);
-  wall.closesEnds = flagField(record, wall.closesEnds, 6);
-  wall.filletsCorners = flagField(record, wall.filletsCorners, 7);
+  wall.closesEnds = flagField(record, 6, wall.closesEnds);
+  wall.filletsCorners = flagField(record, 7, wall.filletsCorners);
   int field = kFirstRowField;
   for (LayerStyle& row : wall.rows) {
     row = readLayerStyle(record, field);

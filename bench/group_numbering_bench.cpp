@@ -2,7 +2,7 @@
 // same names in a plain list.
 #include "bench/report.h"
 #include "bench/silent_window.h"
-#include "frame/group_numbering.h"
+#include "frame/drafting/group_numbering.h"
 
 namespace {
 

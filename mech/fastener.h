@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/point.h"
+#include "frame/drafting/point.h"
 #include "mech/definition_store.h"
 #include "mech/line_style.h"
 

@@ -3,7 +3,7 @@
 #include <span>
 
 #include "frame/host/cad_window.h"
-#include "mech/drafting_pen.h"
+#include "frame/drafting/pen.h"
 #include "mech/fastener.h"
 #include "mech/fastener_placement.h"
 

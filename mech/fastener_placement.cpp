@@ -4,10 +4,10 @@
 #include <numbers>
 #include <string>
 
-#include "frame/group_numbering.h"
+#include "frame/drafting/group_numbering.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
-#include "frame/macro_texts.h"
+#include "frame/drafting/macro_texts.h"
 
 namespace ardenix {
 

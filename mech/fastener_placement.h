@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "frame/host/cad_window.h"
-#include "frame/point.h"
+#include "frame/drafting/point.h"
 #include "mech/fastener.h"
 
 namespace ardenix {

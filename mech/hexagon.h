@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "frame/point.h"
-#include "mech/drafting_pen.h"
+#include "frame/drafting/point.h"
+#include "frame/drafting/pen.h"
 
 namespace ardenix {
 

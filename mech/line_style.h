@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "frame/line_style.h"
+#include "frame/drafting/line_style.h"
 #include "mech/definition_store.h"
 
 namespace ardenix {

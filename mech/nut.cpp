@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "frame/macro_texts.h"
+#include "frame/drafting/macro_texts.h"
 #include "mech/outline.h"
 
 namespace ardenix {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frame/point.h"
-#include "mech/drafting_pen.h"
+#include "frame/drafting/point.h"
+#include "frame/drafting/pen.h"
 
 // Shapes that several kinds of part are drawn with.
 namespace ardenix {

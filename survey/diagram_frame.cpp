@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "frame/drafting/pen.h"
 #include "frame/host/number_text.h"
 #include "survey/diagram_table.h"
 #include "survey/number_formats.h"
@@ -85,7 +86,6 @@ TextRow tableRow(const JobSettings& job) {
 
 void drawFrameLines(const SheetWriter& sheet, double tableEnd) {
   constexpr int kFrameLayer = 0;
-  CCadWindow& view = sheet.view();
   const auto place = [&](double horizontal, double vertical) {
     Point point = sheet.at(horizontal, vertical);
     if (vertical == kNextLine) { point.y = tableEnd; }
@@ -97,9 +97,7 @@ void drawFrameLines(const SheetWriter& sheet, double tableEnd) {
     const LineRow row = lineRowOf(value);
     const Point from = place(row.startHorizontal, row.startVertical);
     const Point to = place(row.endHorizontal, row.endVertical);
-    view.gsSetPrimHeader(kLinePrimitive, 0, 0, kFrameLayer, row.pen, row.linetype, 0.0, 0, 0);
-    view.gsSetLine(from.x, from.y, to.x, to.y);
-    view.gsAddPrim();
+    DraftingPen(sheet.view(), {.pen = row.pen, .linetype = row.linetype}, kFrameLayer).line(from, to);
   }
 }
 

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <limits>
 
+#include "frame/drafting/macro_texts.h"
+#include "frame/drafting/macro_values.h"
 #include "frame/host/core_services.h"
-#include "frame/host/macro_quote.h"
 #include "frame/host/number_text.h"
 #include "survey/figure.h"
 
@@ -12,11 +13,8 @@ namespace ardenix::survey {
 
 namespace {
 
-constexpr std::string_view kHome = "#HOME";
-constexpr std::string_view kClearSelection = "#CLEARSEL";
-
 Point homeOf(CCadWindow& view) {
-  view.gsExecuteMacro(kHome);
+  view.gsExecuteMacro(macroText::kHome);
   Point at;
   view.gsGetCurrCoord(at.x, at.y);
   return at;
@@ -43,17 +41,11 @@ Extents linesOf(CCadWindow& view) {
   return extents;
 }
 
-double variable(CCadWindow& view, std::string_view name) {
-  double value = 0.0;
-  view.gsGetMacVar(name, value);
-  return value;
-}
-
 Extents paperOf(const JobSettings& job, CCadWindow& view) {
-  view.gsExecuteMacro("#ENQUIRE \"PAPER\" X1 Y1 W L");
-  const Point centre{variable(view, "X1"), variable(view, "Y1")};
-  const double halfWidth = variable(view, "W") / 2.0 * job.paperFactor();
-  const double halfHeight = variable(view, "L") / 2.0 * job.paperFactor();
+  view.gsExecuteMacro(macroText::enquire("PAPER", "X1 Y1 W L"));
+  const Point centre{numberVariable(view, "X1"), numberVariable(view, "Y1")};
+  const double halfWidth = numberVariable(view, "W") / 2.0 * job.paperFactor();
+  const double halfHeight = numberVariable(view, "L") / 2.0 * job.paperFactor();
   return {{centre.x - halfWidth, centre.y - halfHeight}, {centre.x + halfWidth, centre.y + halfHeight}};
 }
 
@@ -62,13 +54,13 @@ Extents paperOf(const JobSettings& job, CCadWindow& view) {
 void setUpPaper(const JobSettings& job, CCadWindow& view) {
   view.gsZoomAll();
   const Point home = homeOf(view);
-  view.gsExecuteMacro(numberText::format("#NEWSCALE 14 S [%.3f,%.3f]", home.x, home.y));
-  view.gsExecuteMacro("#SETPORTRAIT 1");
+  view.gsExecuteMacro(macroText::newScale(home));
+  view.gsExecuteMacro(macroText::kPortrait);
   // The figure stands right of the paper's middle, beside the texts down the left edge.
   constexpr double kFigureRight = 15.0;  // millimetres on paper
   const double left = (job.parms().p[10] == 0.0 ? -1.0 : 1.0) * kFigureRight * job.paperFactor();
   view.gsCenterPaper(home.x + left, home.y);
-  view.gsExecuteMacro(kHome);
+  view.gsExecuteMacro(macroText::kHome);
 }
 
 Point insertTitleBlock(const JobSettings& job, CCadWindow& view) {
@@ -77,11 +69,11 @@ Point insertTitleBlock(const JobSettings& job, CCadWindow& view) {
     view.gsSetStatus(numberText::format("The title block file %s does not exist.", std::string_view(job.titleBlock())));
     return topRight(job, paperOf(job, view));
   }
-  view.gsExecuteMacro(numberText::format("#LOAD %s [%.5f, %.5f] 1 0", quotedForMacro(job.titleBlock()), at.x, at.y));
+  view.gsExecuteMacro(macroText::load(job.titleBlock(), at));
   const double scale = job.parms().p[1];
-  view.gsExecuteMacro(numberText::format("#SCALE [%.3f,%.3f] \"N\" %.3f %.3f", at.x, at.y, scale, scale));
+  view.gsExecuteMacro(macroText::scale(at, scale, scale));
   const Extents block = linesOf(view);
-  view.gsExecuteMacro(kClearSelection);
+  view.gsExecuteMacro(macroText::kClearSelection);
   // A title block without a line has no corner of its own.
   return topRight(job, block.low.x > block.high.x ? paperOf(job, view) : block);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "frame/drafting/point.h"
 #include "frame/host/cad_window.h"
-#include "frame/point.h"
 #include "survey/job_settings.h"
 
 namespace ardenix::survey {

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
-#include "frame/host/number_text.h"
 #include "survey/control_point.h"
 #include "survey/number_formats.h"
 #include "survey/settings_keys.h"
@@ -44,7 +44,7 @@ class DataTable {
       : sheet_(sheet), row_(row), columns_(columns), place_(sheet.placeOf(row)) {}
 
   double draw(const Figure& figure) {
-    sheet_.view().gsExecuteMacro("ALLLAYER \"N\"");
+    sheet_.view().gsExecuteMacro(macroText::kAllLayersOff);
     for (const Side& side : figure) { drawSide(side); }
     nextLine();
     for (const std::string_view key : kControlKeys) { drawControlPoint(key); }
@@ -66,8 +66,7 @@ class DataTable {
   void circleBeacon(Point beacon) {
     const double radius = sheet_.job().paperFactor() * sheet_.job().options().cornerDiam / 2.0;
     if (radius == 0.0) { return; }
-    sheet_.view().gsExecuteMacro(numberText::format("#SNIP \"N\" \"Y\" \"Y\" [%.3f,%.3f] [%.3f,%.3f] [#]", beacon.x,
-                                                    beacon.y, beacon.x, beacon.y + radius));
+    sheet_.view().gsExecuteMacro(macroText::cutCircle(beacon, beacon + Point{0, radius}));
   }
 
   void drawControlPoint(std::string_view key) {
@@ -81,10 +80,8 @@ class DataTable {
     line[kY] = coordinate(point.y);
     line[kX] = coordinate(point.x);
     write(line);
-    const Point symbol = placeOf(kBeacon);
-    sheet_.view().gsExecuteMacro(
-        numberText::format("#ADDSYM %s [%.3f,%.3f] 1 0", beacon ? "TRIG" : "WITNESS", symbol.x, symbol.y));
-    sheet_.view().gsExecuteMacro("#BEGINGROUP \"_\"");
+    sheet_.view().gsExecuteMacro(macroText::addSymbol(beacon ? "TRIG" : "WITNESS", placeOf(kBeacon)));
+    sheet_.view().gsExecuteMacro(macroText::beginGroup("_"));
     nextLine();
   }
 

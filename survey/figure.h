@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/point.h"
+#include "frame/drafting/point.h"
 
 namespace ardenix::survey {
 

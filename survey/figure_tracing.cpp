@@ -1,9 +1,10 @@
 #include "survey/figure_tracing.h"
 
-#include <array>
 #include <cmath>
 #include <string>
 
+#include "frame/drafting/macro_texts.h"
+#include "frame/drafting/macro_values.h"
 #include "frame/host/number_text.h"
 #include "survey/label_sequences.h"
 
@@ -27,7 +28,7 @@ class Tracing {
   }
 
   std::optional<Figure> run() {
-    view_.gsExecuteMacro("#curmode \"A\"");
+    view_.gsExecuteMacro(macroText::kSnapNear);
     const std::optional<Point> start = pick("Enter first corner of outside figure");
     if (!start) { return std::nullopt; }
     const Corner first{*start, label("LBL1$", "first", "A")};
@@ -64,12 +65,9 @@ class Tracing {
   }
 
   std::string label(std::string_view variable, std::string_view which, std::string_view offered) {
-    constexpr int kLongest = 256;
     view_.gsSetMacStrVar(variable, offered);
-    view_.gsExecuteMacro(numberText::format("#ENTER \"Enter label for %s point\"\t%s", which, variable));
-    std::array<char, kLongest> typed{};
-    view_.gsGetMacStrVar(variable, typed.data(), kLongest);
-    return typed.data();
+    view_.gsExecuteMacro(macroText::enter(numberText::format("Enter label for %s point", which), variable, '\t'));
+    return textVariable(view_, variable);
   }
 
   static bool closes(Point at, Point first) {

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "frame/drafting/macro_texts.h"
+#include "frame/drafting/macro_values.h"
 #include "frame/file_paths.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
@@ -18,43 +20,26 @@ constexpr double kNoUnit = 1e-12;
 constexpr double kUnitOfParms = 100000.0;
 constexpr int kUnderlined = 4;
 
-double numberVariable(CCadWindow& view, std::string_view name) {
-  double value = 0.0;
-  view.gsGetMacVar(name, value);
-  return value;
-}
-
-int integerVariable(CCadWindow& view, std::string_view name) { return static_cast<int>(numberVariable(view, name)); }
-
-template <int kSize>
-std::string textVariable(CCadWindow& view, std::string_view name) {
-  std::array<char, kSize> buffer{};
-  view.gsGetMacStrVar(name, buffer.data(), kSize);
-  return buffer.data();
-}
-
 TextStyle textStyleOf(CCadWindow& view) {
-  view.gsExecuteMacro("#ENQUIRE \"TEXTDEFAULTS\" T3 P2 P3 P4 P5 F$ P7 P8 P9 Q1 Q2 Q3 Q4 Q5 Q6 Q7");
-  constexpr int kFontBuffer = 256;
+  view.gsExecuteMacro(macroText::enquire("TEXTDEFAULTS", "T3 P2 P3 P4 P5 F$ P7 P8 P9 Q1 Q2 Q3 Q4 Q5 Q6 Q7"));
   return {.height = numberVariable(view, "T3"),
-          .justification = integerVariable(view, "P2"),
+          .justification = wholeVariable(view, "P2"),
           .angle = numberVariable(view, "P3"),
           .style = numberVariable(view, "P4"),
           .width = numberVariable(view, "P5"),
-          .font = textVariable<kFontBuffer>(view, "F$"),
-          .pen = integerVariable(view, "P7"),
+          .font = textVariable(view, "F$"),
+          .pen = wholeVariable(view, "P7"),
           .eighth = numberVariable(view, "P8"),
           .ninth = numberVariable(view, "Q7")};
 }
 
 AreaUnits areaUnitsOf(CCadWindow& view) {
-  view.gsExecuteMacro("#ENQUIRE \"AREAUNITS\" AU U$ zzz");
-  constexpr int kNameBuffer = 50;
-  return {.code = integerVariable(view, "AU"), .name = textVariable<kNameBuffer>(view, "U$")};
+  view.gsExecuteMacro(macroText::enquire("AREAUNITS", "AU U$ zzz"));
+  return {.code = wholeVariable(view, "AU"), .name = textVariable(view, "U$")};
 }
 
 double scaleOf(CCadWindow& view) {
-  view.gsExecuteMacro("#ENQUIRE \"SCALE\"\tS");
+  view.gsExecuteMacro(macroText::enquire("SCALE", "S", '\t'));
   return numberVariable(view, "S");
 }
 
@@ -62,17 +47,13 @@ double scaleOf(CCadWindow& view) {
 
 // ---- Text style -------------------------------------------------------------------------------------------------
 
-void TextStyle::use(const TextRow& row) {
-  height = row.size;
-  justification = row.justification;
-  angle = 0.0;
-  style = row.underlined ? kUnderlined : 0;
-  font = row.font;
-  pen = row.pen;
-}
-
-void TextStyle::sendTo(CCadWindow& view) const {
-  view.gsSetFont(font, pen, height, angle, static_cast<int>(style), justification, width, eighth, ninth);
+void use(const TextRow& row, TextStyle& style) {
+  style.height = row.size;
+  style.justification = row.justification;
+  style.angle = 0.0;
+  style.style = row.underlined ? kUnderlined : 0;
+  style.font = row.font;
+  style.pen = row.pen;
 }
 
 // ---- Job settings -----------------------------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "frame/drafting/pen.h"
 #include "frame/host/cad_window.h"
 #include "frame/host/ini.h"
 #include "survey/job_options.h"
@@ -13,22 +14,8 @@
 
 namespace ardenix::survey {
 
-// The style of the next text, as the host's font call takes it: set from the view's defaults at first, then by
-// each text row that is drawn.
-struct TextStyle {
-  double height = 0.0;  // tenths of a millimetre on paper
-  int justification = 0;
-  double angle = 0.0;  // tenths of a degree on paper
-  double style = 0.0;  // 4: underlined
-  double width = 1.0;
-  std::string font;
-  int pen = 0;
-  double eighth = 0.0;  // handed on as the view gave them
-  double ninth = 0.0;
-
-  void use(const TextRow& row);
-  void sendTo(CCadWindow& view) const;
-};
+// Takes over what a text row says; its style is otherwise as the view's defaults gave it.
+void use(const TextRow& row, TextStyle& style);
 
 struct AreaUnits {
   int code = 0;

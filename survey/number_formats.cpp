@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "frame/drafting/point.h"
 #include "frame/host/number_text.h"
-#include "frame/point.h"
 
 namespace ardenix::survey {
 

@@ -1,9 +1,8 @@
 #include "survey/sheet_writer.h"
 
-#include <array>
-
-#include "frame/host/macro_quote.h"
-#include "frame/host/number_text.h"
+#include "frame/drafting/macro_texts.h"
+#include "frame/drafting/macro_values.h"
+#include "frame/drafting/pen.h"
 
 namespace ardenix::survey {
 
@@ -43,23 +42,17 @@ void SheetWriter::write(const TextRow& row, Point at, std::string_view text) {
 void SheetWriter::write(const TextRow& row, Point at, std::string_view text, int justification) {
   if (text.empty()) { return; }
   TextStyle& style = job_.textStyle();
-  style.use(row);
+  use(row, style);
   style.justification = justification;
-  view_.gsSetPrimHeader(kTextPrimitive, 0, 0, job_.layer(), row.pen, 1, 0.0, 0, 0);
-  style.sendTo(view_);
-  view_.gsSetText(at.x, at.y, text);
-  view_.gsAddPrim();
+  DraftingPen(view_, {}, job_.layer()).text(at, text, style);
   line_ = at.y;
 }
 
 std::string SheetWriter::ask(std::string_view prompt, std::string_view offered) const {
   constexpr std::string_view kAnswer = "TVAR$";
-  constexpr int kLongest = 1024;
   view_.gsSetMacStrVar(kAnswer, offered);
-  view_.gsExecuteMacro(numberText::format("#ENTER %s %s", quotedForMacro(prompt), kAnswer));
-  std::array<char, kLongest> typed{};
-  view_.gsGetMacStrVar(kAnswer, typed.data(), kLongest);
-  return typed.data();
+  view_.gsExecuteMacro(macroText::enter(prompt, kAnswer));
+  return textVariable(view_, kAnswer);
 }
 
 }  // namespace ardenix::survey

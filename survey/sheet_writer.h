@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "frame/drafting/point.h"
 #include "frame/host/cad_window.h"
-#include "frame/point.h"
 #include "survey/job_settings.h"
 
 namespace ardenix::survey {

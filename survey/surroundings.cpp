@@ -4,7 +4,9 @@
 #include <cmath>
 #include <iostream>
 #include <string>
+#include <vector>
 
+#include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 
@@ -48,18 +50,15 @@ bool isIsolated(CCadWindow& view, const Figure& figure) {
 
 void clipToRectangle(const JobSettings& job, CCadWindow& view, const Extents& extents) {
   const auto [low, high] = extents.grownBy(job.options().offset * job.paperFactor());
-  view.gsExecuteMacro(
-      numberText::format("#SNIP \"Y\" \"N\" \"N\" [%.3f,%.3f] [%.3f,%.3f] [#]", high.x, low.y, low.x, high.y));
+  view.gsExecuteMacro(macroText::cutAround({high.x, low.y}, {low.x, high.y}));
 }
 
 std::string polygonClip(const Figure& figure, double factor) {
   const Point centre = extentsOf(figure).centre();
-  std::string command = "#POLYSNIP \"N\" \"N\"  ";
-  for (const Side& side : figure) {
-    command += numberText::format("[%.1f,%.1f] ", centre.x + (side.from.x - centre.x) * factor,
-                                  centre.y + (side.from.y - centre.y) * factor);
-  }
-  return command + "[#] ";
+  std::vector<Point> corners;
+  corners.reserve(figure.size());
+  for (const Side& side : figure) { corners.push_back(centre + (side.from - centre) * factor); }
+  return macroText::cutAroundPolygon(corners);
 }
 
 }  // namespace
@@ -105,7 +104,7 @@ void copySurroundings(const JobSettings& job, CCadWindow& from, CCadWindow& onto
 void clipSurroundings(const JobSettings& job, CCadWindow& view, const Figure& figure) {
   constexpr size_t kCommandLimit = 1024;
   constexpr size_t kFewestCorners = 3;
-  view.gsExecuteMacro("ALLLAYER \"N\"");
+  view.gsExecuteMacro(macroText::kAllLayersOff);
   const Extents extents = extentsOf(figure);
   if (job.options().useOffset || figure.size() < kFewestCorners) { return clipToRectangle(job, view, extents); }
   const std::string command = polygonClip(figure, job.options().polySnipFactor);

@@ -2,15 +2,13 @@
 
 #include <algorithm>
 
-#include "frame/host/macro_quote.h"
-#include "frame/host/number_text.h"
-#include "frame/macro_texts.h"
+#include "frame/drafting/macro_texts.h"
+#include "frame/drafting/pen.h"
 
 namespace ardenix::survey {
 
 namespace {
 
-constexpr std::string_view kNoGroup = "#STARTPAT \"_\"";
 constexpr int kCentred = 15;
 
 double paperSign(CCadWindow& view) {
@@ -77,7 +75,7 @@ void SurveyTable::draw() const {
       drawText(middle, drawn.text, drawn.style, kCentred);
     }
   }
-  if (!kind_.empty()) { view_->gsExecuteMacro(kNoGroup); }
+  if (!kind_.empty()) { view_->gsExecuteMacro(macroText::kUnnamedPattern); }
   view_->gsSetViewDirty(1);
   view_->gsRefresh();
 }
@@ -94,20 +92,21 @@ void SurveyTable::drawEdges(const Cell& cell) const {
                {cell.borders.right, topLeft + across, topLeft + across + down},
                {cell.borders.bottom, topLeft + down, topLeft + across + down},
                {cell.borders.left, topLeft, topLeft + down}};
+  const DraftingPen pen(*view_, {.pen = framePen_, .linetype = frameLinetype_}, layer_);
   for (const auto& [drawn, from, to] : edges) {
     if (!drawn) { continue; }
-    view_->gsSetPrimHeader(kLinePrimitive, 0, 0, layer_, framePen_, frameLinetype_, 0.0, 0, 0);
-    view_->gsSetLine(from.x, from.y, to.x, to.y);
-    view_->gsAddPrim();
+    pen.line(from, to);
   }
 }
 
 void SurveyTable::drawText(Point at, std::string_view text, const TableTextStyle& style, int justification) const {
-  if (text.empty()) { return; }
-  view_->gsSetPrimHeader(kTextPrimitive, 0, 0, layer_, style.pen, 1, 0.0, 0, 0);
-  view_->gsSetFont(style.font, style.pen, style.height, 0.0, style.style, justification, 1.0, 0.0, 0.0);
-  view_->gsSetText(at.x, at.y, text);
-  view_->gsAddPrim();
+  DraftingPen(*view_, {}, layer_)
+      .text(at, text,
+            {.height = static_cast<double>(style.height),
+             .justification = justification,
+             .style = static_cast<double>(style.style),
+             .font = style.font,
+             .pen = style.pen});
 }
 
 void SurveyTable::placeText(double across, double down, std::string_view text, const TableTextStyle& style) const {
@@ -116,9 +115,8 @@ void SurveyTable::placeText(double across, double down, std::string_view text, c
 
 void SurveyTable::placeSymbol(double across, double down, std::string_view name) const {
   if (view_ == nullptr) { return; }
-  const Point point = at(across, down);
-  view_->gsExecuteMacro(numberText::format("#ADDSYM %s [%.3f,%.3f] 1 0", name, point.x, point.y));
-  view_->gsExecuteMacro(kNoGroup);
+  view_->gsExecuteMacro(macroText::addSymbol(name, at(across, down)));
+  view_->gsExecuteMacro(macroText::kUnnamedPattern);
 }
 
 }  // namespace ardenix::survey

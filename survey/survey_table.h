@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/drafting/point.h"
 #include "frame/host/cad_window.h"
-#include "frame/point.h"
 
 namespace ardenix::survey {
 

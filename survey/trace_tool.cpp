@@ -3,8 +3,8 @@
 #include <optional>
 #include <utility>
 
+#include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
-#include "frame/host/macro_quote.h"
 #include "frame/host/number_text.h"
 #include "survey/diagram_frame.h"
 #include "survey/diagram_sheet.h"
@@ -21,8 +21,8 @@ void TraceTool::makeDiagram() {
   if (!beginJob(job_, SurveyMode::kDiagram, view())) { return; }
   view().gsClearWorkSpace();
   view().gsStartPat("#POLY");
-  view().gsExecuteMacro("#LINETYPE 1 1");
-  view().gsExecuteMacro("#WIDTH 0");
+  view().gsExecuteMacro(macroText::kPlainLine);
+  view().gsExecuteMacro(macroText::kNoWidth);
   std::optional<Figure> figure = traceFigure(view());
   if (!figure) { return; }
   figure_ = std::move(*figure);
@@ -43,7 +43,7 @@ CCadWindow* TraceTool::openDiagramView() {
   job_->readParms(*diagram);
   diagram->gsZoomRect(low.x, low.y, high.x, high.y);  // where nothing is drawn round the figure, the paper goes here
   if (coreFileExist(job_->symbolFile()) != 0) {
-    view().gsExecuteMacro(numberText::format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(job_->symbolFile())));
+    view().gsExecuteMacro(macroText::paperSymbols(job_->symbolFile()));
   } else {
     ErrorMessage(numberText::format("The Symbol file %s does not exist.", std::string_view(job_->symbolFile())),
                  &view());
@@ -54,14 +54,14 @@ CCadWindow* TraceTool::openDiagramView() {
 void TraceTool::drawSheet(CCadWindow& diagram) {
   OpenedLayers layers(view(), diagram);
   copySurroundings(*job_, view(), diagram, figure_);
-  diagram.gsExecuteMacro(numberText::format("#NEWLAYER %s", quotedForMacro(job_->options().diagramLayer)));
+  diagram.gsExecuteMacro(macroText::newLayer(job_->options().diagramLayer));
   job_->setLayer(diagram.gsGetCurrentLayer());
   clipSurroundings(*job_, diagram, figure_);
   setUpPaper(*job_, diagram);
   SheetWriter sheet(diagram, *job_, insertTitleBlock(*job_, diagram));
   drawDiagramFrame(sheet, figure_);
   layers.close(job_->layer());
-  diagram.gsExecuteMacro("#CLEARSEL");
+  diagram.gsExecuteMacro(macroText::kClearSelection);
 }
 
 // ---- Adjusting --------------------------------------------------------------------------------------------------
@@ -70,7 +70,7 @@ void TraceTool::adjustDrawing() {
   if (!job_ && !beginJob(job_, SurveyMode::kDiagram, view())) { return; }
   // As the file says now: its options may have changed since the job was loaded.
   const int linetype = readJobOptions(TINIFile(job_->file().FileName())).lineType;
-  view().gsExecuteMacro("#curmode \"F\"");
+  view().gsExecuteMacro(macroText::kSnapFree);
   Point at;
   while (view().gsGetPointFromUser("Select a line to be edited (Esc to stop)", at.x, at.y) == 0) {
     PrimHeader header;
@@ -78,8 +78,7 @@ void TraceTool::adjustDrawing() {
       ErrorMessage("The cad entity you selected is not a line element.", &view());
       continue;
     }
-    view().gsExecuteMacro(
-        numberText::format("#EDITLP \"N\" [%.3f,%.3f] %d %d %.3f [#]", at.x, at.y, linetype, header.pen, header.width));
+    view().gsExecuteMacro(macroText::editLine(at, {header.pen, linetype, header.width}));
   }
 }
 

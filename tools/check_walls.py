@@ -31,7 +31,8 @@ ROOMS = (
     # The seam, and the module above it. The module knows its host through the seam alone.
     Room(("frame/host",), (), STANDARD_ONLY),
     Room(("frame",), ("frame/host",), SYSTEM),  # its platform layer binds the help viewer at run time
-    Room(("mech", "arch", "survey"), ("frame", "frame/host"), STANDARD_ONLY, shared=False),
+    Room(("frame/drafting",), ("frame", "frame/host"), STANDARD_ONLY),
+    Room(("mech", "arch", "survey"), ("frame/drafting", "frame", "frame/host"), STANDARD_ONLY, shared=False),
     Room(("frame/entry",), ("mech", "arch", "survey", "frame", "frame/host"), STANDARD_ONLY),
     # The host. It knows the seam that it implements and no command.
     Room(("host/drawing", "host/geometry"), ("frame/host",), ("boost",)),

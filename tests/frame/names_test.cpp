@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/group_numbering.h"
-#include "frame/macro_texts.h"
+#include "frame/drafting/group_numbering.h"
+#include "frame/drafting/macro_texts.h"
 #include "host/macros/lexer.h"
 
 namespace ardenix {

@@ -1,6 +1,6 @@
-#include "frame/group_numbering.h"
+#include "frame/drafting/group_numbering.h"
 
-#include "frame/macro_texts.h"
+#include "frame/drafting/macro_texts.h"
 #include "frame/names.h"
 
 namespace ardenix {

@@ -1,0 +1,101 @@
+#include "frame/drafting/macro_texts.h"
+
+#include "frame/host/macro_quote.h"
+#include "frame/host/number_text.h"
+
+namespace ardenix::macroText {
+
+using numberText::format;
+
+std::string parent(std::string_view name) { return format("#PARENT %s", quotedForMacro(name)); }
+
+std::string beginGroup(std::string_view name) { return format("#BEGINGROUP %s", quotedForMacro(name)); }
+
+std::string selectName(std::string_view parent, std::string_view group) {
+  return format("#SELECTNAME %s", quotedForMacro(format("%s %s", parent, group)));
+}
+
+std::string linkSelection(std::string_view group) { return format("#LINKSEL %s", quotedForMacro(group)); }
+
+std::string selectLayer(std::string_view layer) { return format("#SELECTLAYER %s", quotedForMacro(layer)); }
+
+std::string moveToLayer(std::string_view layer) { return format("#WSNEWLAY %s", quotedForMacro(layer)); }
+
+std::string newLayer(std::string_view layer) { return format("#NEWLAYER %s", quotedForMacro(layer)); }
+
+std::string lineType(int linetype, int pen) { return format("LINETYPE %d %d", linetype, pen); }
+
+std::string width(double width) { return format("WIDTH %f", width); }
+
+std::string editLine(Point at, const LineStyle& style) {
+  return format("#EDITLP \"N\" [%.3f,%.3f] %d %d %.3f [#]", at.x, at.y, style.linetype, style.pen, style.width);
+}
+
+std::string rotate(Point centre, double angle) {
+  return format("#ROTATE [%.8f,%.8f] \"Y\" %.8f [#]", centre.x, centre.y, angle);
+}
+
+std::string rotateOnto(Point centre, Point from, Point onto) {
+  return format("#ROTATE [%.8f,%.8f] \"N\" [%.8f,%.8f] [%.8f,%.8f] [#]", centre.x, centre.y, from.x, from.y, onto.x,
+                onto.y);
+}
+
+std::string move(Point from, Point to) { return format("#MOVE [%.8f,%.8f] [%.8f,%.8f]", from.x, from.y, to.x, to.y); }
+
+std::string repeatLinear(int copies, Point from, Point to) {
+  return format("#REPEAT %d \"Y\" [%.8f,%.8f] [%.8f,%.8f] [#]", copies, from.x, from.y, to.x, to.y);
+}
+
+std::string repeatPolar(int copies, Point centre, double angle) {
+  return format("#REPEAT %d \"N\" [%.8f,%.8f] %.8f", copies, centre.x, centre.y, angle);
+}
+
+std::string cutOut(Point corner, Point opposite) {
+  return format("#SNIP \"Y\" \"Y\" \"N\" [%.8f,%.8f] [%.8f,%.8f] [#]", corner.x, corner.y, opposite.x, opposite.y);
+}
+
+std::string cutAround(Point corner, Point opposite) {
+  return format("#SNIP \"Y\" \"N\" \"N\" [%.3f,%.3f] [%.3f,%.3f] [#]", corner.x, corner.y, opposite.x, opposite.y);
+}
+
+std::string cutCircle(Point centre, Point onCircle) {
+  return format("#SNIP \"N\" \"Y\" \"Y\" [%.3f,%.3f] [%.3f,%.3f] [#]", centre.x, centre.y, onCircle.x, onCircle.y);
+}
+
+std::string cutAroundPolygon(std::span<const Point> corners) {
+  std::string command = "#POLYSNIP \"N\" \"N\"  ";
+  for (const Point corner : corners) { command += format("[%.1f,%.1f] ", corner.x, corner.y); }
+  return command + "[#] ";
+}
+
+std::string scale(Point from, double across, double up) {
+  return format("#SCALE [%.3f,%.3f] \"N\" %.3f %.3f", from.x, from.y, across, up);
+}
+
+std::string addSymbol(std::string_view name, Point at) {
+  return format("#ADDSYM %s [%.3f,%.3f] 1 0", name, at.x, at.y);
+}
+
+std::string paperSymbols(std::string_view path) { return format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(path)); }
+
+std::string load(std::string_view path, Point at) {
+  return format("#LOAD %s [%.5f, %.5f] 1 0", quotedForMacro(path), at.x, at.y);
+}
+
+std::string newScale(Point middle) { return format("#NEWSCALE 14 S [%.3f,%.3f]", middle.x, middle.y); }
+
+std::string parallelLine(Point first) { return format("PARLLINE [%.5f,%.5f]", first.x, first.y); }
+
+std::string enter(std::string_view prompt, std::string_view variable, char gap) {
+  return ("#ENTER " + quotedForMacro(prompt) + gap).append(variable);
+}
+
+std::string enquire(std::string_view what, std::string_view variables, char gap) {
+  return ("#ENQUIRE " + quotedForMacro(what) + gap).append(variables);
+}
+
+std::string lockAngle(double angle) { return format("#LOCKANG \"K\" %.8f [#]", angle); }
+
+std::string lockOntoLine(Point at) { return format("#LOCKANG L [%.8f,%.8f]", at.x, at.y); }
+
+}  // namespace ardenix::macroText

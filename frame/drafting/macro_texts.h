@@ -1,0 +1,96 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "frame/drafting/line_style.h"
+#include "frame/drafting/point.h"
+
+// The macro commands that the module sends to the host, one function a form. Points and angles go out with eight
+// decimals where no number of decimals is given; angles are degrees, counter-clockwise. Names are quoted so that no
+// text can end its quotes.
+namespace ardenix::macroText {
+
+inline constexpr std::string_view kRootParent = "#PARENT \"A\"";
+inline constexpr std::string_view kNextPattern = "#STARTPAT \"P1\"";
+inline constexpr std::string_view kUnnamedPattern = "#STARTPAT \"_\"";
+inline constexpr std::string_view kFreeAngle = "#LOCKANG \"U\"";
+// What is drawn between the two joins the selection.
+inline constexpr std::string_view kSelectNew = "#SELECTNEW 1";
+inline constexpr std::string_view kSelectNewEnd = "#SELECTNEW 0";
+// What happens between the two is one step of undo.
+inline constexpr std::string_view kUndoStep = "SETMACUNDO 1";
+inline constexpr std::string_view kUndoStepEnd = "SETMACUNDO 0";
+
+inline constexpr std::string_view kClearSelection = "#CLEARSEL";
+// Leaves the user's own selecting to the current layer.
+inline constexpr std::string_view kAllLayersOff = "ALLLAYER \"N\"";
+// The cursor snaps to what is near, or to nothing.
+inline constexpr std::string_view kSnapNear = "#curmode \"A\"";
+inline constexpr std::string_view kSnapFree = "#curmode \"F\"";
+// Brings the cursor to the middle of the paper.
+inline constexpr std::string_view kHome = "#HOME";
+inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
+inline constexpr std::string_view kPlainLine = "#LINETYPE 1 1";
+inline constexpr std::string_view kNoWidth = "#WIDTH 0";
+
+std::string parent(std::string_view name);
+std::string beginGroup(std::string_view name);
+std::string selectName(std::string_view parent, std::string_view group);
+std::string linkSelection(std::string_view group);
+std::string selectLayer(std::string_view layer);
+std::string moveToLayer(std::string_view layer);
+// Makes a layer current, a new one where there is none of the name.
+std::string newLayer(std::string_view layer);
+
+// The style of what is drawn next; the width in tenths of a millimetre on paper.
+std::string lineType(int linetype, int pen);
+std::string width(double width);
+// Gives the line at a point another style; the width with three decimals, like the point.
+std::string editLine(Point at, const LineStyle& style);
+
+// Turns the selection about `centre`: by an angle, or so that the direction to `from` becomes the
+// direction to `onto`.
+std::string rotate(Point centre, double angle);
+std::string rotateOnto(Point centre, Point from, Point onto);
+std::string move(Point from, Point to);
+// Adds copies of the selection, each displaced by the vector from -> to, or turned about `centre` by the
+// angle.
+std::string repeatLinear(int copies, Point from, Point to);
+std::string repeatPolar(int copies, Point centre, double angle);
+
+// Removes what the selection, or else the drawing, has inside the window between two corners.
+std::string cutOut(Point corner, Point opposite);
+// As above with three decimals: removes what lies outside a window, or inside a circle, whose outline is then drawn.
+std::string cutAround(Point corner, Point opposite);
+std::string cutCircle(Point centre, Point onCircle);
+// Removes what lies outside a polygon; its corners go out with one decimal.
+std::string cutAroundPolygon(std::span<const Point> corners);
+// Enlarges the selection from a point; three decimals.
+std::string scale(Point from, double across, double up);
+
+// Places a symbol of a loaded file at its own size, unturned. The name goes out as it is, without quotes; the point
+// with three decimals.
+std::string addSymbol(std::string_view name, Point at);
+// Loads a symbol file whose symbols are millimetres on paper and serve in every window.
+std::string paperSymbols(std::string_view path);
+// Inserts a drawing at its own size, unturned; the point with five decimals.
+std::string load(std::string_view path, Point at);
+// Sets the paper to the scale in macro variable S, its middle at a point; three decimals.
+std::string newScale(Point middle);
+
+// Starts parallel lines by the definition given before; the point with five decimals.
+std::string parallelLine(Point first);
+
+// Asks for a text and keeps it in a macro variable, whose present value is offered. The gap before the variable, here
+// and below, is a blank or a tab; the host takes either.
+std::string enter(std::string_view prompt, std::string_view variable, char gap = ' ');
+// Puts what the host knows of a thing into macro variables, named with blanks between them.
+std::string enquire(std::string_view what, std::string_view variables, char gap = ' ');
+
+// Locks the cursor at an angle, or to the line at a point.
+std::string lockAngle(double angle);
+std::string lockOntoLine(Point at);
+
+}  // namespace ardenix::macroText
