@@ -6,6 +6,7 @@
 #include "host/drawing/dimension_strokes.h"
 #include "host/drawing/font_metrics.h"
 #include "host/drawing/pens.h"
+#include "host/drawing/symbol_expansion.h"
 #include "host/drawing/text_layout.h"
 
 namespace brevan {

@@ -6,7 +6,7 @@
 namespace brevan {
 
 DxfModel::DxfModel(const Drawing& drawing, DxfVersion version)
-    : drawing_(drawing), version_(version), turned_(drawing.parameters().turnedOnPaper()), symbols_(drawing) {
+    : drawing_(drawing), version_(version), turned_(drawing.parameters().turnedOnPaper()) {
   drawing.forEach([this](PrimitiveId id, const Primitive& primitive) {
     note(primitive);
     if (std::holds_alternative<Dimension>(primitive.geometry)) { dimensions_.push_back(id); }
@@ -45,7 +45,7 @@ DxfBlockKey DxfModel::outermostKey(const std::string& symbol) const {
 // Inner symbols come before those that hold them.
 void DxfModel::noteBlock(const DxfBlockKey& key) {
   if (blockIndex_.contains(key)) { return; }
-  const SymbolDefinition* definition = symbols_.definition(key.symbol);
+  const SymbolDefinition* definition = drawing_.symbol(key.symbol);
   if (definition != nullptr) {
     for (const Primitive& part : definition->parts) {
       note(part);

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "host/drawing/drawing.h"
-#include "host/drawing/symbol_expansion.h"
 #include "host/files/dxf/write/tags.h"
 #include "host/files/dxf/write/text.h"
 
@@ -74,7 +73,6 @@ struct DxfGroup {
 // What a drawing needs of a DXF file's tables, found by one walk before anything is written.
 class DxfModel {
  public:
-  // Throws HostFailure for a symbol that cannot be expanded.
   DxfModel(const Drawing& drawing, DxfVersion version);
 
   [[nodiscard]] const Drawing& drawing() const { return drawing_; }
@@ -120,7 +118,6 @@ class DxfModel {
   Box extents_;
   Sheet sheet_;
   DxfHandle next_ = kFirstFree;
-  SymbolExpansion symbols_;
   std::vector<std::string> layerNames_;
   std::set<int> lineTypes_ = {1};
   std::map<std::string, std::string, std::less<>> styles_;

@@ -158,14 +158,6 @@ TEST(Dxf, SouthOrientedDrawingIsWrittenAsSeen) {
   EXPECT_DOUBLE_EQ(ofKind(records, "TEXT").at(0).real(10), -5.0);
 }
 
-TEST(Dxf, SymbolThatContainsItselfIsRefused) {
-  Drawing drawing;
-  const Primitive loop = primitiveOf(Symbol{"LOOP", {0, 0}, 1.0, 0.0});
-  drawing.addSymbol({"LOOP", {loop}, true, false});
-  drawing.add(loop);
-  EXPECT_THROW(drawingDxf(drawing), HostFailure);
-}
-
 TEST(Dxf, NamesAreValidAndUniqueWithoutRegardToCase) {
   DxfNames names;
   const std::pair<const char*, const char*> rows[] = {{"Bolt", "Bolt"},   {"BOLT", "BOLT_2"}, {"bolt_2", "bolt_2_2"},
