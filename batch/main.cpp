@@ -74,7 +74,10 @@ void print(const std::string& text) {
 }
 
 void execute(const CommandLine& line) {
-  if (line.convert->parsed() || line.run->parsed()) { brevan::outliveClosedPipes(); }
+  if (line.convert->parsed() || line.run->parsed()) {
+    brevan::outliveClosedPipes();
+    brevan::endSoonAtSignals();
+  }
   if (line.convert->parsed()) {
     brevan::convertDrawing(line.from, line.to);
     return;
@@ -111,7 +114,8 @@ int runProgram(int argc, char** argv) {
     execute(line);
     return kDone;
   } catch (const Interrupted& interrupted) {
-    return report("stopped by a signal", kSignalBase + interrupted.signal);
+    std::cerr << kStopped;
+    return kSignalBase + interrupted.signal;
   } catch (const InputUnread& failure) {
     return report(failure.what(), kInputUnread);
   } catch (const OutputUnwritten& failure) {

@@ -10,8 +10,8 @@
 
 #include "bench/dxf_sample.h"
 #include "bench/report.h"
-#include "host/files/dxf_reader.h"
-#include "host/files/dxf_writer.h"
+#include "host/files/dxf/read/reader.h"
+#include "host/files/dxf/write/writer.h"
 
 // Opening a DXF file, against mapping it and parsing its numbers with std::from_chars, told where they stand; and
 // against a file of the bare numbers, which is a fifth as long: a line's four numbers stand among 26 other lines.

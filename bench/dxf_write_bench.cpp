@@ -1,6 +1,6 @@
 #include "bench/dxf_sample.h"
 #include "bench/report.h"
-#include "host/files/dxf_writer.h"
+#include "host/files/dxf/write/writer.h"
 
 // Writing a drawing as DXF, against putting its numbers alone into one text.
 namespace {

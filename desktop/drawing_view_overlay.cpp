@@ -17,13 +17,6 @@ namespace {
 // Of all symbols that are shown where they would come; more would let the mouse wait.
 constexpr size_t kMostSymbolParts = 5000;
 
-// Nothing for a symbol of too many parts, or endless ones.
-std::optional<size_t> partsOf(SymbolExpansion& symbols, std::string_view name) {
-  try {
-    return symbols.parts(name);
-  } catch (const HostFailure&) { return std::nullopt; }
-}
-
 QRectF rectOf(const Box& box, const Transform& transform) {
   Box device;
   for (const Point corner : {box.low, box.high, Point{box.low.x, box.high.y}, Point{box.high.x, box.low.y}}) {
@@ -99,13 +92,12 @@ void DrawingView::paintSelection(QPainter& painter) {
 void DrawingView::paintWhatComes(QPainter& painter, std::vector<Geometry> shapes) {
   Drawing scratch;
   scratch.setParameters(window_.drawing().parameters());
-  SymbolExpansion symbols(window_.drawing(), kMostSymbolParts);
   size_t shownParts = 0;
   for (Geometry& shape : shapes) {
     if (const Symbol* symbol = std::get_if<Symbol>(&shape)) {
-      const auto parts = partsOf(symbols, symbol->name);
-      if (!parts || shownParts + *parts > kMostSymbolParts) { continue; }
-      shownParts += *parts;
+      const size_t parts = window_.drawing().symbolParts(symbol->name);
+      if (shownParts + parts > kMostSymbolParts) { continue; }
+      shownParts += parts;
       copyDefinition(window_.drawing(), symbol->name, scratch);
     }
     scratch.add({.geometry = std::move(shape)});

@@ -4,8 +4,8 @@
 
 #include "frame/host/core_services.h"
 #include "fuzz/laws.h"
-#include "host/files/dxf_reader.h"
-#include "host/files/dxf_writer.h"
+#include "host/files/dxf/read/reader.h"
+#include "host/files/dxf/write/writer.h"
 
 // A file that is read comes to a drawing of finite primitives on layers that are there, which can be written
 // and read again with as many primitives, unless symbols in it make that too large.

@@ -1,6 +1,6 @@
 #include "render/exporters.h"
 
-#include "host/files/dxf_writer.h"
+#include "host/files/dxf/write/writer.h"
 #include "host/files/json_writer.h"
 #include "host/files/svg_writer.h"
 #include "render/pdf_writer.h"

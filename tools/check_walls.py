@@ -24,7 +24,7 @@ class Room(NamedTuple):
 
 STANDARD_ONLY = ()
 SYSTEM = ("posix",)
-HOST_BELOW_WINDOW = ("host/drawing", "host/core")
+HOST_BELOW_WINDOW = ("host/drawing", "host/core", "host/files/dxf/write")
 HOST = HOST_BELOW_WINDOW + ("host/window", "host/tools", "host/scripts")
 
 ROOMS = (
@@ -36,7 +36,10 @@ ROOMS = (
     Room(("frame/entry",), ("mech", "arch", "survey", "frame", "frame/host"), STANDARD_ONLY),
     # The host. It knows the seam that it implements and no command.
     Room(("host/drawing", "host/geometry"), ("frame/host",), ("boost",)),
-    Room(("host/files", "host/core"), ("frame/host", "host/drawing"), SYSTEM + ("sqlite",)),
+    Room(("host/files/dxf",), ("frame/host", "host/drawing", "host/core"), STANDARD_ONLY),
+    Room(("host/files/dxf/read", "host/files/dxf/write"), ("frame/host", "host/drawing", "host/core", "host/files/dxf"),
+         SYSTEM, shared=False),  # the scanner looks at sixteen bytes at a time
+    Room(("host/files", "host/core"), ("frame/host", "host/drawing", "host/files/dxf/read"), SYSTEM + ("sqlite",)),
     Room(("host/window", "host/macros"), ("frame/host",) + HOST_BELOW_WINDOW, SYSTEM),
     Room(("host/tools",), ("frame/host", "host/window") + HOST_BELOW_WINDOW, STANDARD_ONLY),
     Room(("host/scripts",), ("frame/host", "host/window", "host/tools") + HOST_BELOW_WINDOW, SYSTEM),

@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <random>
 #include <thread>
 #include <utility>
@@ -17,14 +18,14 @@
 namespace brevan {
 namespace {
 
-// A save that has begun ends before the process heeds a signal, so that no temporary file is left; a
-// write beyond the process's size limit fails instead of killing it.
+// A save that has begun ends before the process heeds a signal, an alarm that would end it included, so that no
+// temporary file is left; a write beyond the process's size limit fails instead of killing it.
 class SignalHold {
  public:
   SignalHold() {
     sigset_t held;
     sigemptyset(&held);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGXFSZ}) { sigaddset(&held, signal); }
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGALRM, SIGXFSZ}) { sigaddset(&held, signal); }
     pthread_sigmask(SIG_BLOCK, &held, &before_);
   }
   SignalHold(const SignalHold&) = delete;
@@ -60,7 +61,7 @@ class Saver {
     findTarget();
     openFolder();
     lockFolder();
-    const SignalHold hold;
+    hold_.emplace();
     lookAtTarget();
     refuseChanged();
     makeTemporary();
@@ -87,6 +88,7 @@ class Saver {
   void finishTemporary();
   FileStamp putInPlace();
 
+  std::optional<SignalHold> hold_;  // the first member, so that signals wait until what was begun is removed
   const std::string& path_;
   const SaveOptions& options_;
   const FileSystemCalls& calls_;

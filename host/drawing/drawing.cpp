@@ -320,11 +320,31 @@ const SymbolDefinition* Drawing::symbol(std::string_view name) const {
 
 void Drawing::addSymbol(SymbolDefinition symbol) {
   makeRoomToNote();
+  if (!loading_) { symbolCounts_.countWith(symbols_, symbol); }
   std::string name = symbol.name;
   taken_ += symbol.parts.size();
   SymbolChange change{std::move(name), std::make_unique<SymbolDefinition>(std::move(symbol))};
   swapSymbol(change);
   note(std::move(change));
+}
+
+size_t Drawing::symbolParts(std::string_view name) const {
+  if (symbolCounts_.empty()) { symbolCounts_.countAll(symbols_); }
+  return symbolCounts_.parts(name);
+}
+
+void Drawing::endLoading() {
+  loading_ = false;
+  symbolCounts_.countAll(symbols_);
+  size_t placed = 0;
+  forEach([&](PrimitiveId, const Primitive& primitive) {
+    const Symbol* symbol = std::get_if<Symbol>(&primitive.geometry);
+    placed += symbol == nullptr ? 0 : symbolCounts_.parts(symbol->name);
+    if (placed > SymbolCounts::kMostPlacedParts) {
+      throw RefusedChange("The symbols placed up to \"" + symbol->name + "\" come to more than " +
+                          std::to_string(SymbolCounts::kMostPlacedParts) + " parts.");
+    }
+  });
 }
 
 }  // namespace brevan

@@ -7,7 +7,6 @@
 #include <optional>
 #include <set>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -19,17 +18,13 @@
 #include "host/drawing/layer_names.h"
 #include "host/drawing/parameters.h"
 #include "host/drawing/primitive.h"
+#include "host/drawing/refused_change.h"
 #include "host/drawing/sheet.h"
 #include "host/drawing/spatial_index.h"
+#include "host/drawing/symbol_counts.h"
 #include "host/drawing/symbol_definition.h"
 
 namespace brevan {
-
-// A change that the drawing refuses; nothing of it was done.
-class RefusedChange : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 // Is told of every primitive that enters or leaves a drawing, undo and redo included; a change is both.
 class DrawingListener {
@@ -141,12 +136,18 @@ class Drawing {
   [[nodiscard]] const std::optional<Sheet>& sheet() const { return sheet_; }
   void setSheet(std::optional<Sheet> sheet);
   [[nodiscard]] const SymbolDefinition* symbol(std::string_view name) const;
+  // Throws RefusedChange for a definition that would make a symbol contain itself, nest too deep or expand to too many
+  // parts (see SymbolCounts), so that whoever follows symbols may call himself.
   void addSymbol(SymbolDefinition symbol);
+  // What a symbol expands to, itself and each symbol within it counted; 1 for a name without definition.
+  [[nodiscard]] size_t symbolParts(std::string_view name) const;
   [[nodiscard]] const std::map<std::string, SymbolDefinition, std::less<>>& symbols() const { return symbols_; }
 
   // ---- Loading: what enters a new drawing from a file keeps its own number and is no step of undo ------------
   void beginLoading() { loading_ = true; }
-  void endLoading() { loading_ = false; }
+  // Throws RefusedChange for symbols that addSymbol would refuse, whose parts may come in any order while loading, and
+  // for placed ones that come to more than SymbolCounts::kMostPlacedParts together.
+  void endLoading();
   // Throw RefusedChange for a number that is taken (but for layer 0) or out of range, and for a primitive that
   // add would refuse or whose group is not there. Numbers are indexes: the caller bounds how far they are strewn.
   void load(PrimitiveId id, Primitive&& primitive);
@@ -230,7 +231,8 @@ class Drawing {
   mutable std::set<std::string, std::less<>> indexedSymbols_;  // those whose definitions the index rests on
   Parameters parameters_;
   std::optional<Sheet> sheet_;
-  std::map<std::string, SymbolDefinition, std::less<>> symbols_;
+  SymbolCounts::Definitions symbols_;
+  mutable SymbolCounts symbolCounts_;
   std::vector<Step> done_;
   std::vector<Step> undone_;
   std::vector<Change> spare_;  // where a change outside a step will be noted

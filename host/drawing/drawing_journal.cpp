@@ -132,7 +132,10 @@ void Drawing::swapState(Change& change) {
     void operator()(LayerChange& change) const { drawing.swapLayer(change); }
     void operator()(GroupChange& change) const { drawing.swapGroup(change); }
     void operator()(PlainChange& change) const { drawing.swapPlain(change); }
-    void operator()(SymbolChange& change) const { drawing.swapSymbol(change); }
+    void operator()(SymbolChange& change) const {
+      drawing.symbolCounts_.forget();
+      drawing.swapSymbol(change);
+    }
   };
   std::visit(Swapper{*this}, change);
 }

@@ -1,5 +1,6 @@
 #include <array>
 
+#include "host/drawing/arrow_shape.h"
 #include "host/drawing/dimension_strokes.h"
 #include "host/drawing/drawing.h"
 #include "host/drawing/drawing_store.h"
@@ -99,9 +100,21 @@ Box Drawing::extents() const {
 
 namespace {
 
-Transform symbolPlacing(const Symbol& symbol, const SymbolDefinition& definition, const Parameters& parameters) {
-  const double size = symbol.scale * (definition.paperSize ? parameters.paperMillimetre() : 1.0 / parameters.unit());
-  return symbolPlacement(symbol, size);
+// From the millimetres of a symbol that is placed in the drawing itself to drawing units.
+Transform symbolPlacing(Symbol symbol, const SymbolDefinition* definition, const Parameters& parameters) {
+  const bool realSize = definition != nullptr && !definition->paperSize;
+  const bool staysUpright = definition != nullptr && definition->upright && parameters.turnedOnPaper();
+  if (staysUpright) { symbol.rotation += 180.0; }
+  return symbolPlacement(symbol, symbol.scale * (realSize ? 1.0 / parameters.unit() : parameters.paperMillimetre()));
+}
+
+// Those of a symbol's own millimetres, in which its texts measure what they shall on paper.
+Parameters parametersWithin(const SymbolDefinition* definition, const Parameters& parameters) {
+  const bool realSize = definition != nullptr && !definition->paperSize;
+  Parameters within;
+  within.setUnit(1.0);
+  within.setScale(realSize ? parameters.scale() : 1.0);
+  return within;
 }
 
 // The two extension lines and the dimension line.
@@ -114,14 +127,22 @@ Box arrowBounds(const Arrow& arrow, const Parameters& parameters) {
   Box box;
   box.add(arrow.p1);
   box.add(arrow.p2);
-  return box.grownBy(arrow.width / 20.0 * parameters.paperMillimetre());
+  box = box.grownBy(arrow.width / 20.0 * parameters.paperMillimetre());
+  const ArrowShape shape = arrowShape(arrow, parameters.paperMillimetre());
+  if (shape.drawn) {  // a head longer than the arrow reaches beyond its tail
+    for (const Point corner : shape.head) { box.add(corner); }
+  }
+  return box;
 }
 
 }  // namespace
 
+// What a symbol holds is counted when its definition enters the drawing, so this calls itself no deeper than that.
 Box Drawing::bounds(const Primitive& primitive) const {
   struct Bounds {
     const Drawing& drawing;
+    const Parameters& parameters;  // the drawing's own, or a symbol's
+    bool withinSymbol = false;
     Box operator()(const Line& line) const {
       Box box;
       box.add(line.a);
@@ -133,21 +154,28 @@ Box Drawing::bounds(const Primitive& primitive) const {
       box.add(arc.centre);  // a pick at the centre finds it
       return box;
     }
-    Box operator()(const Text& text) const { return textBounds(text, drawing.parameters_); }
-    Box operator()(const Arrow& arrow) const { return arrowBounds(arrow, drawing.parameters_); }
+    Box operator()(const Text& text) const { return textBounds(text, parameters); }
+    Box operator()(const Arrow& arrow) const { return arrowBounds(arrow, parameters); }
     Box operator()(const Symbol& symbol) const {
       Box box;
       box.add(symbol.at);
       const SymbolDefinition* definition = drawing.symbol(symbol.name);
-      if (definition == nullptr) { return box; }
-      const Transform placing = symbolPlacing(symbol, *definition, drawing.parameters_);
-      for (const Primitive& part : definition->parts) {
-        const Box inner = std::visit(*this, part.geometry);
+      const Transform placing =
+          withinSymbol ? symbolPlacement(symbol, symbol.scale) : symbolPlacing(symbol, definition, parameters);
+      const Parameters ofParts = withinSymbol ? parameters : parametersWithin(definition, parameters);
+      const Bounds bounds{drawing, ofParts, true};
+      const auto addPart = [&](const Geometry& part) {
+        const Box inner = std::visit(bounds, part);
         for (const Point corner :
              {inner.low, inner.high, Point{inner.low.x, inner.high.y}, Point{inner.high.x, inner.low.y}}) {
           box.add(placing(corner));
         }
+      };
+      if (definition == nullptr) {
+        for (const Geometry& stroke : missingSymbolStrokes()) { addPart(stroke); }
+        return box;
       }
+      for (const Primitive& part : definition->parts) { addPart(part.geometry); }
       return box;
     }
     Box operator()(const Dimension& dimension) const {
@@ -157,10 +185,10 @@ Box Drawing::bounds(const Primitive& primitive) const {
         box.add(line.a);
         box.add(line.b);
       }
-      return box.grownBy(5.0 * drawing.parameters_.paperMillimetre());  // text and arrows
+      return box.grownBy(5.0 * parameters.paperMillimetre());  // text and arrows
     }
   };
-  return std::visit(Bounds{*this}, primitive.geometry);
+  return std::visit(Bounds{*this, parameters_}, primitive.geometry);
 }
 
 double Drawing::distanceTo(const Primitive& primitive, Point p) const {

@@ -1,17 +1,15 @@
 #include "host/drawing/strokes.h"
 
+#include "frame/host/core_services.h"
 #include "host/drawing/arrow_shape.h"
 #include "host/drawing/dimension_strokes.h"
+#include "host/drawing/symbol_expansion.h"
 #include "host/drawing/text_layout.h"
 
 namespace brevan {
 
 StrokeWalk::StrokeWalk(const Drawing& drawing, const Transform& toPaper, StrokeSink& sink)
-    : drawing_(drawing),
-      toPaper_(toPaper),
-      turned_(drawing.parameters().turnedOnPaper()),
-      sink_(sink),
-      symbols_(drawing) {}
+    : drawing_(drawing), toPaper_(toPaper), turned_(drawing.parameters().turnedOnPaper()), sink_(sink) {}
 
 int StrokeWalk::resolvedPen(int pen, int layer) const {
   if (pen != kPenByLayer) { return pen; }
@@ -90,7 +88,12 @@ void StrokeWalk::dimension(const StrokeStyle& style, const Dimension& dimension)
 }
 
 void StrokeWalk::placeSymbol(const StrokeStyle& style, Symbol symbol) {
-  const SymbolDefinition* definition = symbols_.definition(symbol.name);
+  placedParts_ += drawing_.symbolParts(symbol.name);
+  if (placedParts_ > SymbolCounts::kMostPlacedParts) {
+    throw HostFailure("The symbols shown up to \"" + symbol.name + "\" come to more than " +
+                      std::to_string(SymbolCounts::kMostPlacedParts) + " parts.");
+  }
+  const SymbolDefinition* definition = drawing_.symbol(symbol.name);
   const bool turns = turned_ && (definition == nullptr || !definition->upright);
   const bool realSize = definition != nullptr && !definition->paperSize;
   const double size = realSize ? symbol.scale / drawing_.parameters().scale() : symbol.scale;
@@ -100,7 +103,7 @@ void StrokeWalk::placeSymbol(const StrokeStyle& style, Symbol symbol) {
 }
 
 void StrokeWalk::symbolParts(const StrokeStyle& style, std::string_view name, const Placement& placement) {
-  const SymbolDefinition* definition = symbols_.definition(name);
+  const SymbolDefinition* definition = drawing_.symbol(name);
   if (definition == nullptr) {
     for (const Geometry& geometry : missingSymbolStrokes()) { part(style, geometry, placement); }
     return;

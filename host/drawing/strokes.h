@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "host/drawing/drawing.h"
-#include "host/drawing/symbol_expansion.h"
 
 namespace brevan {
 
@@ -45,7 +44,7 @@ class StrokeWalk {
   // toPaper: from drawing units to millimetres on paper, without mirroring (see toSheet).
   StrokeWalk(const Drawing& drawing, const Transform& toPaper, StrokeSink& sink);
 
-  // Throws HostFailure for a symbol that cannot be expanded.
+  // Throws HostFailure where the symbols shown so far come to more than SymbolCounts::kMostPlacedParts.
   void primitive(const Primitive& primitive);
 
  private:
@@ -70,7 +69,7 @@ class StrokeWalk {
   Transform toPaper_;
   bool turned_;
   StrokeSink& sink_;
-  SymbolExpansion symbols_;
+  size_t placedParts_ = 0;
 };
 
 // The width a stroke is drawn with on paper, millimetres.

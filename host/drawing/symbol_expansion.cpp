@@ -1,43 +1,8 @@
 #include "host/drawing/symbol_expansion.h"
 
-#include <algorithm>
-
-#include "frame/host/core_services.h"
+#include <array>
 
 namespace brevan {
-
-const SymbolDefinition* SymbolExpansion::definition(std::string_view name) {
-  parts(name);
-  return drawing_.symbol(name);
-}
-
-size_t SymbolExpansion::parts(std::string_view name) {
-  open_.clear();  // a symbol refused earlier left its path
-  return partsOf(name);
-}
-
-size_t SymbolExpansion::partsOf(std::string_view name) {
-  if (const auto known = parts_.find(name); known != parts_.end()) { return known->second; }
-  const SymbolDefinition* symbol = drawing_.symbol(name);
-  if (symbol == nullptr) { return 1; }
-  const std::string quoted = "Symbol \"" + std::string(name) + "\"";
-  if (std::find(open_.begin(), open_.end(), name) != open_.end()) { throw HostFailure(quoted + " contains itself."); }
-  if (open_.size() >= kDeepest) {
-    throw HostFailure(quoted + " lies deeper than " + std::to_string(kDeepest) + " symbols within symbols.");
-  }
-  open_.push_back(name);
-  size_t parts = 1;  // so that a tree of empty symbols comes to something, too
-  for (const Primitive& part : symbol->parts) {
-    const Symbol* inner = std::get_if<Symbol>(&part.geometry);
-    parts += inner == nullptr ? 1 : partsOf(inner->name);
-    if (parts > mostParts_) {
-      throw HostFailure(quoted + " expands to more than " + std::to_string(mostParts_) + " parts.");
-    }
-  }
-  open_.pop_back();
-  parts_.emplace(name, parts);
-  return parts;
-}
 
 void copyDefinition(const Drawing& from, std::string_view name, Drawing& onto) {
   const SymbolDefinition* definition = from.symbol(name);

@@ -8,7 +8,7 @@
 #include "host/core/file_services.h"
 #include "host/core/text_encoding.h"
 #include "host/files/drg_reader.h"
-#include "host/files/dxf_reader.h"
+#include "host/files/dxf/read/reader.h"
 #include "host/files/symbol_text.h"
 
 namespace brevan {

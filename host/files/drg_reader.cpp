@@ -104,7 +104,9 @@ class DrgReader {
     readHead();
     readPrimitives();
     addSymbols();
-    drawing_.endLoading();
+    try {
+      drawing_.endLoading();
+    } catch (const RefusedChange& refused) { database_.fail(refused.what()); }
   }
 
  private:

@@ -153,6 +153,32 @@ class Batch(unittest.TestCase):
             self.assertLessEqual(set(self.written()), {"ISO Mechspecs.ini", "first.json"})
             shutil.rmtree(self.out)
 
+    def test_a_signal_ends_reading_painting_and_writing_too(self):
+        """Wherever the work is, in the toolkit or the database, too; a drawing that takes seconds in each."""
+        arcs = "".join(f"0\nARC\n8\n0\n10\n{n % 1000}\n20\n{n // 1000}\n40\n0.4\n50\n0\n51\n270\n" for n in range(400_000))
+        (self.folder / "arcs.dxf").write_text("0\nSECTION\n2\nENTITIES\n" + arcs + "0\nENDSEC\n0\nEOF\n", encoding="ascii")
+        (self.folder / "x.scr").write_text('open "arcs.dxf"\nexport "x.pdf"\n', encoding="utf-8")
+        self.out.mkdir()
+        works = [["convert", "arcs.dxf", f"out/x.{ending}"] for ending in ("pdf", "png", "svg", "drg")]
+        for n, words in enumerate(works + [["run", "x.scr", "-o", "out"]]):
+            number = (signal.SIGINT, signal.SIGTERM)[n % 2]
+            with subprocess.Popen([BATCH, *words], cwd=self.folder, stderr=subprocess.PIPE) as program:
+                self.wait_until_caught(program, signal.SIGALRM)
+                time.sleep(0.1 * n)
+                program.send_signal(number)
+                self.assertEqual(program.wait(timeout=60), 128 + number, words)
+                self.assertEqual(program.stderr.read(), b"stopped by a signal\n")
+            self.assertEqual(self.written(), [])
+
+    def wait_until_caught(self, program, number):
+        """Until the program heeds the signal."""
+        while program.poll() is None:
+            status = pathlib.Path(f"/proc/{program.pid}/status").read_text(encoding="ascii")
+            if int(status.split("SigCgt:")[1].split()[0], 16) >> (number - 1) & 1:
+                return
+            time.sleep(0.005)
+        self.fail("it ended before a signal came")
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1])

@@ -4,6 +4,7 @@
 
 #include "frame/host/core_services.h"
 #include "host/drawing/dimension_strokes.h"
+#include "host/files/json_writer.h"
 #include "tests/failure.h"
 
 namespace brevan {
@@ -113,23 +114,73 @@ TEST(Strokes, SymbolsWithinSymbolsCarryScaleAndPen) {
   EXPECT_NEAR(strokes.texts[0].height, 3.5 * 6.0, 1e-12);
 }
 
-TEST(Strokes, SymbolsThatNeverEndAreRefusedByName) {
-  Drawing cycle;
-  cycle.addSymbol({"HEN", {primitiveOf(placedAtOrigin("EGG"))}, true, false});
-  cycle.addSymbol({"EGG", {primitiveOf(placedAtOrigin("HEN"))}, true, false});
-  cycle.add(primitiveOf(placedAtOrigin("HEN")));
-  EXPECT_NE(failureOf([&] { strokesOf(cycle); }).find("\"HEN\" contains itself"), std::string::npos);
+struct DeafSink : StrokeSink {
+  void line(const StrokeStyle&, Point, Point) override {}
+  void arc(const StrokeStyle&, const ArcShape&) override {}
+  void text(const StrokeStyle&, const TextStroke&) override {}
+  void polygon(const StrokeStyle&, std::span<const Point>) override {}
+};
 
-  for (const auto& leaf : {std::vector<Primitive>{primitiveOf(Line{{0, 0}, {1, 1}})}, {}}) {
-    Drawing tree;  // 2^40 strokes in 40 symbols, or as many empty ones
-    tree.addSymbol({"T0", leaf, true, false});
-    for (int level = 1; level <= 40; ++level) {
-      const Primitive half = primitiveOf(placedAtOrigin("T" + std::to_string(level - 1)));
-      tree.addSymbol({"T" + std::to_string(level), {half, half}, true, false});
-    }
-    tree.add(primitiveOf(placedAtOrigin("T40")));
-    EXPECT_NE(failureOf([&] { strokesOf(tree); }).find("expands to more than"), std::string::npos);
+TEST(Strokes, APictureOfTooManySymbolPartsIsRefusedByName) {
+  Drawing drawing;
+  drawing.addSymbol({"LEAF", std::vector<Primitive>(999'998, primitiveOf(Line{{0, 0}, {1, 1}})), true, false});
+  DeafSink sink;
+  StrokeWalk walk(drawing, {}, sink);
+  for (int count = 0; count < 10; ++count) { walk.primitive(primitiveOf(placedAtOrigin("LEAF"))); }
+  EXPECT_NE(failureOf([&] { walk.primitive(primitiveOf(placedAtOrigin("LEAF"))); }).find("\"LEAF\" come to more than"),
+            std::string::npos);
+}
+
+// Where the strokes of a drawing lie, in its own units.
+Box strokedBox(const Drawing& drawing) {
+  const Recorder strokes = strokesOf(drawing);
+  const Transform fromPaper = toSheet({"A4", 297.0, 210.0, {0.0, 0.0}}, drawing.parameters()).inverted();
+  Box box;
+  for (const Segment& line : strokes.lines) { box.add(fromPaper(line.a)), box.add(fromPaper(line.b)); }
+  for (const ArcShape& arc : strokes.arcs) { box.add(fromPaper(arc.start)), box.add(fromPaper(arc.end)); }
+  for (const auto& head : strokes.heads) { box.add(fromPaper(head[1])), box.add(fromPaper(head[2])); }
+  for (const TextStroke& text : strokes.texts) {
+    box.add(fromPaper(text.baseline));
+    box.add(fromPaper(text.baseline + unitOfDegrees(text.angle) * text.width));
   }
+  return box;
+}
+
+// An even grid of symbols within symbols: of paper or real size, upright or not, under each kind of parameters.
+void forEachPlacedSymbol(const std::vector<Primitive>& parts, const std::function<void(const Drawing&)>& use) {
+  Parameters house;
+  house.setScale(50.0);
+  for (const Parameters& parameters : {Parameters(), house, southOriented()}) {
+    for (const int kind : {0, 1, 2, 3}) {
+      Drawing drawing;
+      drawing.setParameters(parameters);
+      const bool paperSize = (kind & 1) == 0;
+      const bool upright = (kind & 2) != 0;
+      drawing.addSymbol({"INNER", parts, !paperSize, upright});
+      drawing.addSymbol({"OUTER", {primitiveOf(Symbol{"INNER", {7.0, 3.0}, 1.5, 90.0})}, paperSize, upright});
+      drawing.add(primitiveOf(Symbol{kind == 0 ? "INNER" : "OUTER", {100.0, 40.0}, 2.0, 180.0}));
+      use(drawing);
+    }
+  }
+}
+
+TEST(Strokes, BoundsOfPlacedSymbolsHoldWhatIsShown) {
+  const std::vector<Primitive> all = {primitiveOf(Line{{0, 0}, {9, 1}}), primitiveOf(Arc{{3, 0}, {0, 0}, {0, 3}}),
+                                      primitiveOf(Arrow{{0, 0}, {0, 30}}), primitiveOf(Text{{2, 2}, "north"}),
+                                      primitiveOf(placedAtOrigin("GONE"))};
+  forEachPlacedSymbol(all, [](const Drawing& drawing) {
+    const Box shown = strokedBox(drawing);
+    const Box bounds = drawing.extents().grownBy(1e-9 * shown.width());
+    EXPECT_TRUE(bounds.low.x <= shown.low.x && bounds.low.y <= shown.low.y) << drawingJson(drawing);
+    EXPECT_TRUE(bounds.high.x >= shown.high.x && bounds.high.y >= shown.high.y) << drawingJson(drawing);
+  });
+  // Lines about the symbol's own point reach just as far as their bounds.
+  forEachPlacedSymbol({primitiveOf(Line{{-9, -9}, {20, 3}})}, [](const Drawing& drawing) {
+    Box shown = strokedBox(drawing);
+    shown.add(Point{100.0, 40.0});
+    EXPECT_NEAR(drawing.extents().width(), shown.width(), 1e-9 * shown.width()) << drawingJson(drawing);
+    EXPECT_NEAR(drawing.extents().height(), shown.height(), 1e-9 * shown.width()) << drawingJson(drawing);
+  });
 }
 
 TEST(Strokes, UnknownSymbolIsShownAndAnArrowWithoutLengthIsNot) {

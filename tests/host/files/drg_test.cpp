@@ -36,6 +36,7 @@ std::string smallFile() {
   drawing.add(line);
   drawing.add({.geometry = Text{{1, 2}, "L\xE4nge"}});
   drawing.addSymbol({"BOX", {line}, false, true});
+  drawing.addSymbol({"CRATE", {{.geometry = Symbol{"BOX", {}}}, {.geometry = Symbol{"BOX", {}}}}});
   return drawingDrg(drawing);
 }
 
@@ -104,6 +105,7 @@ TEST(DrawingFile, ValuesOutOfPlaceAreNamedWithTableAndRow) {
       {"CREATE TABLE more(a)", "\"more\" in its database"},
       {"DROP TABLE arcs; CREATE VIEW arcs AS SELECT 1", "\"arcs\" in its database"},
       {"DROP TABLE arcs", "its table \"arcs\" is missing"},
+      {"UPDATE placed_symbols SET name='CRATE'", "Symbol \"CRATE\" contains itself."},
       {"PRAGMA user_version=2", "version 2 of the drawing format"},
       {"PRAGMA application_id=5", "it is a database, but not a drawing"},
       {"PRAGMA journal_mode=WAL", "write-ahead mode"},

@@ -1,0 +1,438 @@
+#include "host/files/dxf/read/entity_reader.h"
+
+#include <algorithm>
+
+#include "host/drawing/font_metrics.h"
+#include "host/drawing/text_layout.h"
+#include "host/files/dxf/read/curves.h"
+
+namespace brevan {
+
+namespace {
+
+constexpr Transform kFlip = {-1.0, 0.0, 0.0, 0.0, 1.0, 0.0};
+
+// Where on a text its point lies: column left, centre, right; row bottom, middle, top.
+struct Anchor {
+  int column = 0;
+  int row = 0;
+  bool ofCell = false;  // of the em cell instead of baseline and capitals
+  [[nodiscard]] int justification() const { return 1 + 3 * column + row; }
+};
+
+Anchor anchorOfText(int horizontal, int vertical) {
+  constexpr int kMiddleOfAll = 4;
+  if (horizontal == kMiddleOfAll) { return {1, 1}; }
+  Anchor anchor;
+  anchor.column = horizontal >= 0 && horizontal <= 2 ? horizontal : 0;
+  anchor.row = vertical >= 2 && vertical <= 3 ? vertical - 1 : 0;
+  anchor.ofCell = vertical == 1;
+  return anchor;
+}
+
+// The drawing's own point of a text that stands at `at`, in lengths of the space.
+Point ownPoint(const Text& text, const Anchor& anchor, Point at) {
+  if (anchor.ofCell) { return at; }
+  Text measured = text;
+  measured.at = {};
+  const TextLayout layout = layOut(measured);
+  const PlacedLine& line = anchor.row == 0 ? layout.lines.back() : layout.lines.front();
+  const double up = anchor.row * 0.5 * layout.height * capHeight(faceOf(text.font));
+  const Point along = unitOfDegrees(text.angle / 10.0);
+  const Point relative = {line.baseline.x + line.width * 0.5 * anchor.column, line.baseline.y + up};
+  return at - Transform::rotation({}, along.x, along.y)(relative);
+}
+
+// Breaks lines between words where they exceed the width, in heights.
+std::string wrapped(const std::string& text, std::string_view font, double width) {
+  std::string all;
+  for (const std::string& line : textLines(text)) {
+    if (!all.empty()) { all += "\\N"; }
+    std::string row;
+    for (size_t at = 0; at <= line.size();) {
+      const size_t end = std::min(line.find(' ', at), line.size());
+      const std::string word = line.substr(at, end - at);
+      at = end + 1;
+      std::string longer = row;
+      if (!row.empty()) { longer += ' '; }
+      longer += word;
+      if (!row.empty() && lineWidth(font, longer) > width) {
+        all += row + "\\N";
+        row = word;
+      } else {
+        row = longer;
+      }
+    }
+    all += row;
+  }
+  return all;
+}
+
+}  // namespace
+
+struct DxfEntityReader::KindRow {
+  std::string_view kind;
+  void (DxfEntityReader::*read)(const DxfRecord&);
+  bool inOwnPlane;  // its coordinates are those of a plane of its own
+};
+
+const std::vector<DxfEntityReader::KindRow>& DxfEntityReader::rows() {
+  using Reader = DxfEntityReader;
+  static const std::vector<KindRow> kRows = {
+      {"LINE", &Reader::line, false},
+      {"LWPOLYLINE", &Reader::lightPolyline, true},
+      {"ARC", &Reader::arc, true},
+      {"CIRCLE", &Reader::circle, true},
+      {"VERTEX", &Reader::vertex, false},
+      {"POLYLINE", &Reader::polyline, true},
+      {"SEQEND", &Reader::nothing, false},
+      {"TEXT", &Reader::text, true},
+      {"MTEXT", &Reader::severalLines, false},
+      {"INSERT", &Reader::insert, true},
+      {"ATTRIB", &Reader::attribute, true},
+      {"ATTDEF", &Reader::attributeDefinition, true},
+      {"SOLID", &Reader::solid, true},
+      {"TRACE", &Reader::solid, true},
+      {"3DFACE", &Reader::face, false},
+      {"POINT", &Reader::point, false},
+      {"ELLIPSE", &Reader::ellipse, false},
+      {"SPLINE", &Reader::spline, false},
+      {"LEADER", &Reader::leader, false},
+      {"DIMENSION", &Reader::dimension, false},
+      {"VIEWPORT", &Reader::nothing, false},
+  };
+  return kRows;
+}
+
+void DxfEntityReader::read(const DxfRecord& record, DxfSink& sink) {
+  if (polyline_.open && record.kind() != "VERTEX") { finish(sink); }
+  const std::vector<KindRow>& kinds = rows();
+  const auto row = std::find_if(kinds.begin(), kinds.end(),
+                                [&record](const KindRow& candidate) { return candidate.kind == record.kind(); });
+  if (row == kinds.end()) {
+    shaft_.reset();
+    report_.note(record.kind());
+    return;
+  }
+  if (record.integer(67) == 1) {
+    const bool own = record.kind() != "VIEWPORT" && record.kind() != "SEQEND" && record.kind() != "VERTEX";
+    if (own) { report_.note(std::string(record.kind()) + " on a layout"); }
+    return;
+  }
+  if (record.integer(60) == 1) {
+    report_.note(std::string(record.kind()) + " that is invisible");
+    return;
+  }
+  flipped_ = false;
+  if (record.kind() != "SOLID") { shaft_.reset(); }
+  if (row->inOwnPlane && !liesInPlane(record)) { return; }
+  sink_ = &sink;
+  look_ = styles_.lookOf(record);
+  (this->*row->read)(record);
+}
+
+bool DxfEntityReader::liesInPlane(const DxfRecord& record) {
+  if (!record.has(230)) { return true; }
+  const Point aside = record.point(210);
+  const double up = record.real(230, 1.0);
+  constexpr double kSlanted = 1e-9;
+  if (std::max(std::abs(aside.x), std::abs(aside.y)) > kSlanted * std::abs(up)) {
+    report_.note(std::string(record.kind()) + " out of the drawing's plane");
+    return false;
+  }
+  flipped_ = up < 0.0;
+  return true;
+}
+
+void DxfEntityReader::put(Geometry&& geometry) {
+  if (!flipped_) {
+    sink_->take(look_, std::move(geometry));
+    return;
+  }
+  forEachPlaced(geometry, kFlip, [this](Geometry&& placed) { sink_->take(look_, std::move(placed)); });
+}
+
+// ---- Lines and curves ------------------------------------------------------------------------------------------
+
+void DxfEntityReader::line(const DxfRecord& record) {
+  shaft_ = Line{record.point(10), record.point(11)};
+  if (own_) { shaftLook_ = look_; }
+  sink_->take(look_, Geometry(*shaft_));
+}
+
+void DxfEntityReader::circle(const DxfRecord& record) {
+  const Point centre = record.point(10);
+  const double radius = std::abs(record.real(40));
+  const Point start = centre + Point{radius, 0.0};
+  put(Arc{start, centre, start, false});
+}
+
+void DxfEntityReader::arc(const DxfRecord& record) {
+  const Point centre = record.point(10);
+  const double radius = std::abs(record.real(40));
+  const Point start = centre + unitOfDegrees(record.real(50)) * radius;
+  const Point end = centre + unitOfDegrees(record.real(51, 360.0)) * radius;
+  put(Arc{start, centre, end, false});
+}
+
+// A circle whose radius is nothing is written as a point.
+void DxfEntityReader::point(const DxfRecord& record) {
+  if (!own_) {
+    report_.note(record.kind());
+    return;
+  }
+  const Point at = record.point(10);
+  sink_->take(look_, Arc{at, at, at, false});
+}
+
+void DxfEntityReader::outline(const std::vector<Vertex>& vertices, bool closed) {
+  for (size_t n = 1; n < vertices.size(); ++n) {
+    put(bulgedSide(vertices[n - 1].at, vertices[n].at, vertices[n - 1].bulge));
+  }
+  if (closed && vertices.size() > 1) {
+    put(bulgedSide(vertices.back().at, vertices.front().at, vertices.back().bulge));
+  }
+}
+
+void DxfEntityReader::lightPolyline(const DxfRecord& record) {
+  vertices_.clear();
+  for (const DxfTag& tag : record.tags()) {
+    if (tag.code == 10) { vertices_.push_back({{record.realOf(tag), 0.0}}); }
+    if (vertices_.empty()) { continue; }
+    if (tag.code == 20) { vertices_.back().at.y = record.realOf(tag); }
+    if (tag.code == 42) { vertices_.back().bulge = record.realOf(tag); }
+  }
+  outline(vertices_, (record.integer(70) & 1) != 0);
+}
+
+void DxfEntityReader::polyline(const DxfRecord& record) {
+  constexpr int kClosed = 1;
+  constexpr int kMeshes = 16 + 64;
+  const int flags = record.integer(70);
+  if ((flags & kMeshes) != 0) {
+    report_.note("POLYLINE that is a mesh");
+    return;
+  }
+  vertices_.clear();
+  polyline_ = {true, (flags & kClosed) != 0, look_, flipped_};
+}
+
+void DxfEntityReader::vertex(const DxfRecord& record) {
+  constexpr int kSplineFrame = 16;
+  if (!polyline_.open || (record.integer(70) & kSplineFrame) != 0) { return; }
+  if (vertices_.size() >= DxfRecord::kMostTags) { record.fail("the POLYLINE has too many vertices"); }
+  vertices_.push_back({record.point(10), record.real(42)});
+}
+
+void DxfEntityReader::finish(DxfSink& sink) {
+  if (!polyline_.open) { return; }
+  polyline_.open = false;
+  sink_ = &sink;
+  look_ = polyline_.look;
+  flipped_ = polyline_.flipped;
+  outline(vertices_, polyline_.closed);
+}
+
+void DxfEntityReader::chain(const std::vector<Point>& points) {
+  for (size_t n = 1; n < points.size(); ++n) { put(Line{points[n - 1], points[n]}); }
+}
+
+void DxfEntityReader::ellipse(const DxfRecord& record) {
+  if (!liesInPlane(record)) { return; }
+  const bool fromBelow = std::exchange(flipped_, false);  // its coordinates are the drawing's all the same
+  const double ratio = record.real(40, 1.0) * (fromBelow ? -1.0 : 1.0);
+  EllipseShape shape;
+  shape.centre = record.point(10);
+  shape.major = record.point(11);
+  shape.minor = Point{-shape.major.y, shape.major.x} * ratio;
+  shape.from = record.real(41);
+  shape.to = record.real(42, 2.0 * kPi);
+  if (std::abs(ratio) != 1.0) {
+    chain(ellipseChain(shape));
+    return;
+  }
+  const auto at = [&shape](double angle) {
+    return shape.centre + shape.major * std::cos(angle) + shape.minor * std::sin(angle);
+  };
+  const bool full = std::abs(shape.to - shape.from - 2.0 * kPi) < 1e-9;
+  put(Arc{at(shape.from), shape.centre, full ? at(shape.from) : at(shape.to), ratio < 0.0});
+}
+
+void DxfEntityReader::spline(const DxfRecord& record) {
+  SplineShape shape;
+  shape.degree = record.integer(71, 3);
+  for (const DxfTag& tag : record.tags()) {
+    switch (tag.code) {
+      case 40: shape.knots.push_back(record.realOf(tag)); break;
+      case 41: shape.weights.push_back(record.realOf(tag)); break;
+      case 10: shape.controls.push_back({record.realOf(tag), 0.0}); break;
+      case 20:
+        if (!shape.controls.empty()) { shape.controls.back().y = record.realOf(tag); }
+        break;
+      default: break;
+    }
+  }
+  const std::vector<Point> points = splineChain(shape);
+  if (points.empty()) { report_.note("SPLINE without a full set of control points"); }
+  chain(points);
+}
+
+// ---- Texts -----------------------------------------------------------------------------------------------------
+
+bool DxfEntityReader::isRepresentable(const DxfRecord& record, const DxfTextRead& read) {
+  if (!read.representable) { report_.note(std::string(record.kind()) + " with a character that Windows-1252 lacks"); }
+  return read.representable;
+}
+
+void DxfEntityReader::singleLine(const DxfRecord& record, int verticalCode) {
+  const DxfFont& font = styles_.fontOf(record.name(7));
+  const DxfTextRead read = dxfTextRead(record.text(1), styles_.encoding());
+  if (read.text.empty() || !isRepresentable(record, read)) { return; }
+  const int horizontal = record.integer(72);
+  const int vertical = record.integer(verticalCode);
+  const Anchor anchor = anchorOfText(horizontal, vertical);
+  Text text;
+  text.font = font.font;
+  text.text = read.text;
+  text.style = read.underlined ? kUnderlined : 0;
+  text.angle = record.real(50) * 10.0;
+  text.justification = anchor.justification();
+  text.widthFactor = record.real(41, font.widthFactor);
+  text.height = record.real(40, font.height) / capHeight(faceOf(font.font)) * 10.0;
+  const bool fitted = horizontal == 3 || horizontal == 5;  // between two points, from the left one
+  const bool secondPoint = (horizontal != 0 || vertical != 0) && !fitted && record.has(11);
+  if (fitted && record.has(11)) { text.angle = degrees(angleOf(record.point(11) - record.point(10))) * 10.0; }
+  text.at = ownPoint(text, anchor, record.point(secondPoint ? 11 : 10));
+  put(std::move(text));
+}
+
+void DxfEntityReader::text(const DxfRecord& record) { singleLine(record, 73); }
+
+void DxfEntityReader::attribute(const DxfRecord& record) {
+  constexpr int kHidden = 1;
+  if ((record.integer(70) & kHidden) != 0) {
+    report_.note("ATTRIB that is hidden");
+    return;
+  }
+  singleLine(record, 74);
+}
+
+// Its text shows where the block is placed only if it is the same everywhere.
+void DxfEntityReader::attributeDefinition(const DxfRecord& record) {
+  constexpr int kHidden = 1;
+  constexpr int kConstant = 2;
+  if ((record.integer(70) & (kHidden | kConstant)) == kConstant) {
+    singleLine(record, 74);
+  } else {
+    report_.note("ATTDEF");
+  }
+}
+
+void DxfEntityReader::severalLines(const DxfRecord& record) {
+  std::string bytes;
+  for (const DxfTag& tag : record.tags()) {
+    if (tag.code == 3 || tag.code == 1) { bytes += tag.value; }
+  }
+  const DxfFont& font = styles_.fontOf(record.name(7));
+  DxfTextRead read = dxfMTextRead(bytes, styles_.encoding());
+  if (read.text.empty() || !isRepresentable(record, read)) { return; }
+  const int place = std::clamp(record.integer(71, 1), 1, 9) - 1;
+  const Anchor anchor = {place % 3, 2 - place / 3};
+  Text text;
+  text.font = font.font;
+  text.style = read.underlined ? kUnderlined : 0;
+  text.widthFactor = read.widthFactor > 0.0 ? read.widthFactor : 1.0;
+  text.justification = anchor.justification();
+  const double em = record.real(40, 1.0) / capHeight(faceOf(font.font));
+  text.height = em * 10.0;
+  const double column = record.real(41) / (em * text.widthFactor);
+  text.text = column > 0.0 && std::isfinite(column) ? wrapped(read.text, font.font, column) : read.text;
+  const bool direction = record.has(11) && squaredLength(record.point(11)) > 0.0;
+  text.angle = direction ? degrees(angleOf(record.point(11))) * 10.0 : record.real(50) * 10.0;
+  const Point at = record.point(10);
+  text.at = anchor.row == 1 ? at : ownPoint(text, anchor, at);
+  put(std::move(text));
+}
+
+// ---- Areas, leaders, blocks --------------------------------------------------------------------------------------
+
+// An arrow is written as its shaft and its head.
+bool DxfEntityReader::becomesArrow(const std::array<Point, 4>& corners) {
+  const std::optional<Line> shaft = std::exchange(shaft_, std::nullopt);
+  if (!own_ || !shaft || !(corners[2] == corners[3])) { return false; }
+  const Point tip = corners[0];
+  const Point base = middle(corners[1], corners[2]);
+  const double head = distance(tip, base);
+  constexpr double kSame = 1e-9;
+  const double reach = std::max(distance(shaft->a, tip), head);
+  const double offShaft = std::abs(cross(tip - base, shaft->b - shaft->a));
+  const bool joined = distance(base, shaft->b) <= kSame * (reach + length(base));
+  if (!joined || offShaft > 1e-6 * head * distance(shaft->a, shaft->b)) { return false; }
+  Arrow arrow{shaft->a, tip, head * 10.0, distance(corners[1], corners[2]) * 10.0};
+  arrow.style[2] = look_.pen == shaftLook_.pen ? kPenByLayer : look_.pen;
+  sink_->replaceLast(shaftLook_, arrow);
+  return true;
+}
+
+void DxfEntityReader::solid(const DxfRecord& record) {
+  std::array<Point, 4> corners = {record.point(10), record.point(11), record.point(12), record.point(12)};
+  if (record.has(13)) { corners[3] = record.point(13); }
+  if (becomesArrow(corners)) { return; }
+  // The third and fourth corner stand crosswise.
+  std::vector<Vertex> around = {{corners[0]}, {corners[1]}, {corners[3]}};
+  if (!(corners[2] == corners[3])) { around.push_back({corners[2]}); }
+  outline(around, true);
+}
+
+void DxfEntityReader::face(const DxfRecord& record) {
+  std::vector<Vertex> around = {{record.point(10)}, {record.point(11)}, {record.point(12)}};
+  if (record.has(13) && !(record.point(13) == record.point(12))) { around.push_back({record.point(13)}); }
+  outline(around, true);
+}
+
+void DxfEntityReader::leader(const DxfRecord& record) {
+  std::vector<Point> points;
+  for (const DxfTag& tag : record.tags()) {
+    if (tag.code == 10) { points.push_back({record.realOf(tag), 0.0}); }
+    if (tag.code == 20 && !points.empty()) { points.back().y = record.realOf(tag); }
+  }
+  const bool pointed = record.integer(71, 1) == 1 && points.size() > 1;
+  if (pointed) {
+    sink_->take(look_, Arrow{points[1], points[0], 25.0, 10.0});
+    points.erase(points.begin());
+  }
+  chain(points);
+}
+
+void DxfEntityReader::insert(const DxfRecord& record) {
+  DxfInsert insert;
+  insert.block = dxfNameRead(record.name(2), styles_.encoding()).text;
+  insert.at = record.point(10);
+  insert.scaleX = record.real(41, 1.0);
+  insert.scaleY = record.real(42, 1.0);
+  insert.rotation = record.real(50);
+  insert.flipped = flipped_;
+  insert.columns = std::max(record.integer(70, 1), 1);
+  insert.rows = std::max(record.integer(71, 1), 1);
+  insert.columnSpacing = record.real(44);
+  insert.rowSpacing = record.real(45);
+  sink_->insert(look_, std::move(insert));
+}
+
+void DxfEntityReader::dimension(const DxfRecord& record) {
+  constexpr int kKind = 7;
+  if (own_ && (record.integer(70) & kKind) == 0) {
+    const DxfTextRead read = dxfMTextRead(record.text(1), styles_.encoding());
+    const bool vertical = record.real(50) != 0.0;
+    sink_->take(look_, Dimension{vertical ? DimensionKind::kVertical : DimensionKind::kHorizontal, record.point(10),
+                                 record.point(13), record.point(14), read.text == " " ? "" : read.text});
+    return;
+  }
+  DxfInsert picture;
+  picture.block = dxfNameRead(record.name(2), styles_.encoding()).text;
+  picture.at = record.point(12);
+  picture.isPicture = true;
+  sink_->insert(look_, std::move(picture));
+}
+
+}  // namespace brevan

@@ -1,0 +1,242 @@
+#include "host/files/dxf/read/text.h"
+
+#include <charconv>
+
+#include "frame/host/number_text.h"
+#include "host/core/text_encoding.h"
+
+namespace brevan {
+
+namespace {
+
+void appendUtf8(std::string& out, uint32_t character) {
+  const auto byte = [&out](uint32_t value) { out += static_cast<char>(value); };
+  if (character < 0x80) {
+    byte(character);
+  } else if (character < 0x800) {
+    byte(0xC0U | character >> 6U), byte(0x80U | (character & 0x3FU));
+  } else {
+    byte(0xE0U | character >> 12U), byte(0x80U | (character >> 6U & 0x3FU)), byte(0x80U | (character & 0x3FU));
+  }
+}
+
+bool isAscii(std::string_view text) {
+  for (const char character : text) {
+    if (static_cast<unsigned char>(character) >= 0x80) { return false; }
+  }
+  return true;
+}
+
+// Collects a text character by character.
+class TextReading {
+ public:
+  TextReading(std::string_view bytes, DxfEncoding encoding) : bytes_(bytes), encoding_(encoding) {}
+
+  [[nodiscard]] bool atEnd() const { return at_ >= bytes_.size(); }
+  [[nodiscard]] bool sees(std::string_view word) const { return bytes_.substr(at_, word.size()) == word; }
+  [[nodiscard]] char peek(size_t ahead = 0) const { return at_ + ahead < bytes_.size() ? bytes_[at_ + ahead] : '\0'; }
+  void skip(size_t count) { at_ += count; }
+  std::string_view takeUntil(char end) {
+    const size_t stop = std::min(bytes_.find(end, at_), bytes_.size());
+    const std::string_view taken = bytes_.substr(at_, stop - at_);
+    at_ = std::min(stop + 1, bytes_.size());
+    return taken;
+  }
+
+  void plain() {
+    const char byte = bytes_[at_++];
+    if (encoding_ == DxfEncoding::kUtf8 || static_cast<unsigned char>(byte) < 0x80) {
+      out_ += byte;
+    } else if (encoding_ == DxfEncoding::kWindows1252) {
+      out_ += toUtf8({&byte, 1});
+    } else {
+      out_ += byte;  // malformed as UTF-8, so shown by its number
+      read.representable = false;
+    }
+  }
+  void character(uint32_t code) { appendUtf8(out_, code); }
+  void lineBreak() { out_ += "\\N"; }
+  [[nodiscard]] bool nothingYet() const { return out_.empty(); }
+
+  // "\U+20AC"
+  bool unicodeEscape() {
+    constexpr size_t kDigits = 4;
+    if (!sees("\\U+")) { return false; }
+    const std::string_view digits = bytes_.substr(at_ + 3, kDigits);
+    uint32_t code = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code, 16);
+    if (error != std::errc() || digits.size() < kDigits || end != digits.data() + kDigits) { return false; }
+    at_ += 3 + kDigits;
+    character(code);
+    return true;
+  }
+
+  // "%%d" and its like; false where these percent signs are no code.
+  bool percentCode() {
+    if (!sees("%%") || bytes_.size() - at_ < 3) { return false; }
+    switch (lowered(peek(2))) {
+      case 'd': character(0xB0); break;
+      case 'p': character(0xB1); break;
+      case 'c': character(0xD8); break;
+      case '%': out_ += '%'; break;
+      case 'u':
+        if (nothingYet()) { read.underlined = true; }
+        break;
+      case 'o':
+      case 'k': break;
+      default: return numberedCharacter();
+    }
+    at_ += 3;
+    return true;
+  }
+
+  bool caret() {
+    if (peek() != '^' || bytes_.size() - at_ < 2) { return false; }
+    const char next = peek(1);
+    if (next == ' ') {
+      out_ += '^';
+    } else if (next >= '@' && next <= '_') {
+      out_ += static_cast<char>(next - '@');
+    } else {
+      return false;
+    }
+    at_ += 2;
+    return true;
+  }
+
+  DxfTextRead finish() {
+    if (auto text = toWindows1252(out_)) {
+      read.text = std::move(*text);
+    } else {
+      read.text = messageText(out_);
+      read.representable = false;
+    }
+    return std::move(read);
+  }
+
+  DxfTextRead read;
+
+ private:
+  bool numberedCharacter() {  // "%%176"
+    constexpr size_t kDigits = 3;
+    const std::string_view digits = bytes_.substr(at_ + 2, kDigits);
+    const auto code = numberText::parseInteger(digits);
+    if (digits.size() < kDigits || !code || *code < 1 || *code > 255) { return false; }
+    const char byte = static_cast<char>(*code);
+    out_ += toUtf8({&byte, 1});
+    at_ += 2 + kDigits;
+    return true;
+  }
+
+  std::string_view bytes_;
+  DxfEncoding encoding_;
+  size_t at_ = 0;
+  std::string out_;  // UTF-8
+};
+
+bool isPlain(std::string_view bytes, DxfEncoding encoding) {
+  const bool known = encoding == DxfEncoding::kWindows1252 || isAscii(bytes);
+  return known && bytes.find_first_of("%^\\{}") == std::string_view::npos;
+}
+
+// A fraction that stands one above the other.
+void takeStack(TextReading& reading) {
+  while (!reading.atEnd() && reading.peek() != ';') {
+    const char character = reading.peek();
+    if (character == '^' || character == '#') {
+      reading.skip(1);
+      reading.character('/');
+      if (reading.peek() == ' ') { reading.skip(1); }
+    } else if (character == '\\' && reading.peek(1) != '\0') {
+      reading.skip(1);
+      reading.plain();
+    } else {
+      reading.plain();
+    }
+  }
+  reading.skip(1);
+}
+
+// What follows a backslash in an MTEXT.
+void takeFormat(TextReading& reading) {
+  const char letter = reading.peek(1);
+  if (reading.unicodeEscape()) { return; }
+  reading.skip(letter == '\0' ? 1 : 2);
+  switch (letter) {
+    case 'P':
+    case 'X':
+    case 'N': reading.lineBreak(); break;
+    case '~': reading.character(' '); break;
+    case '\\':
+    case '{':
+    case '}': reading.character(static_cast<unsigned char>(letter)); break;
+    case 'L':
+      if (reading.nothingYet()) { reading.read.underlined = true; }
+      break;
+    case 'l':
+    case 'O':
+    case 'o':
+    case 'K':
+    case 'k': break;
+    case 'W': {
+      const auto factor = numberText::leadingDouble(reading.takeUntil(';'));
+      if (factor && reading.read.widthFactor == 0.0 && *factor > 0.0) { reading.read.widthFactor = *factor; }
+      break;
+    }
+    case 'A':
+    case 'C':
+    case 'c':
+    case 'F':
+    case 'f':
+    case 'H':
+    case 'Q':
+    case 'T':
+    case 'p': reading.takeUntil(';'); break;
+    case 'S': takeStack(reading); break;
+    default: break;
+  }
+}
+
+}  // namespace
+
+DxfTextRead dxfNameRead(std::string_view bytes, DxfEncoding encoding) {
+  if (isPlain(bytes, encoding)) { return {std::string(bytes)}; }
+  TextReading reading(bytes, encoding);
+  while (!reading.atEnd()) {
+    if (!reading.unicodeEscape()) { reading.plain(); }
+  }
+  return reading.finish();
+}
+
+DxfTextRead dxfTextRead(std::string_view bytes, DxfEncoding encoding) {
+  if (isPlain(bytes, encoding)) { return {std::string(bytes)}; }
+  TextReading reading(bytes, encoding);
+  while (!reading.atEnd()) {
+    if (reading.percentCode() || reading.caret() || reading.unicodeEscape()) { continue; }
+    reading.plain();
+  }
+  return reading.finish();
+}
+
+DxfTextRead dxfMTextRead(std::string_view bytes, DxfEncoding encoding) {
+  if (isPlain(bytes, encoding)) { return {std::string(bytes)}; }
+  TextReading reading(bytes, encoding);
+  while (!reading.atEnd()) {
+    if (reading.peek() == '\\') {
+      takeFormat(reading);
+    } else if (reading.peek() == '{' || reading.peek() == '}') {
+      reading.skip(1);
+    } else if (reading.sees("^J")) {
+      reading.skip(2);
+      reading.lineBreak();
+    } else if (reading.sees("^I")) {
+      reading.skip(2);
+      reading.character(' ');
+    } else if (!reading.percentCode() && !reading.caret()) {
+      reading.plain();
+    }
+  }
+  return reading.finish();
+}
+
+}  // namespace brevan
