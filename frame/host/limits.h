@@ -31,7 +31,7 @@ inline constexpr WholeRange kTextSizes{1, 10000};
 // means the same place half a character away from the text.
 inline constexpr WholeRange kJustifications{1, 9};
 inline constexpr WholeRange kAwayJustifications{11, 19};
-constexpr bool isJustification(int value) {
+constexpr bool isJustification(double value) {
   return kJustifications.contains(value) || kAwayJustifications.contains(value);
 }
 
