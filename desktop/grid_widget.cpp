@@ -12,6 +12,7 @@
 #include "desktop/control_widgets.h"
 #include "desktop/pen_widgets.h"
 #include "desktop/texts.h"
+#include "frame/host/limits.h"
 
 namespace brevan {
 
@@ -31,9 +32,8 @@ QStringList fontNames() {
 // The entries that a cell's editor offers; empty for a plain field.
 QStringList offered(const Cell& cell) {
   QStringList entries;
-  constexpr int kLineTypes = 32;
   if (cell.kind == CellKind::kLineType) {
-    for (int number = 1; number <= kLineTypes; ++number) { entries.append(QString::number(number)); }
+    for (int number = 1; number <= limits::kListedLineTypes.most; ++number) { entries.append(QString::number(number)); }
   }
   if (cell.kind == CellKind::kFont) { entries = fontNames(); }
   for (const std::string& item : cell.items) { entries.append(shown(item)); }

@@ -9,6 +9,7 @@
 #include "desktop/pen_widgets.h"
 #include "desktop/picture_files.h"
 #include "desktop/texts.h"
+#include "frame/host/limits.h"
 #include "host/window/control_text.h"
 
 // Lists and trees.
@@ -65,8 +66,9 @@ class ComboWidget : public ControlWidget {
   [[nodiscard]] std::vector<std::string> entries() const {
     if (!std::holds_alternative<LineTypeList>(control().state)) { return itemTexts(control().state); }
     std::vector<std::string> numbers;
-    constexpr int kLineTypes = 32;
-    for (int number = 1; number <= kLineTypes; ++number) { numbers.push_back(std::to_string(number)); }
+    for (int number = 1; number <= limits::kListedLineTypes.most; ++number) {
+      numbers.push_back(std::to_string(number));
+    }
     return numbers;
   }
   void fill(const std::vector<std::string>& items) {

@@ -19,6 +19,7 @@
 #include "desktop/prompt_bar.h"
 #include "desktop/shortcut_bar.h"
 #include "desktop/texts.h"
+#include "frame/host/limits.h"
 #include "frame/host/number_text.h"
 #include "host/tools/drawing_tools.h"
 #include "host/window/module.h"
@@ -245,10 +246,8 @@ void MainWindow::buildStyleBar() {
   penChoice_ = new QComboBox(bar);
   lineTypeChoice_ = new QComboBox(bar);
   lineTypeChoice_->setIconSize(lineTypeIconSize());
-  constexpr int kPensListed = 256;
-  constexpr int kTypesListed = 32;
-  for (int pen = 1; pen <= kPensListed; ++pen) { penChoice_->addItem(QString::number(pen)); }
-  for (int type = 1; type <= kTypesListed; ++type) { lineTypeChoice_->addItem(QString::number(type)); }
+  for (int pen = 1; pen <= limits::kPens.most; ++pen) { penChoice_->addItem(QString::number(pen)); }
+  for (int type = 1; type <= limits::kListedLineTypes.most; ++type) { lineTypeChoice_->addItem(QString::number(type)); }
   add(tr("Layer"), layerChoice_);
   add(tr("Pen"), penChoice_);
   add(tr("Line type"), lineTypeChoice_);

@@ -7,81 +7,41 @@
 #include "survey/diagram_table.h"
 #include "survey/number_formats.h"
 #include "survey/settings_keys.h"
+#include "survey/sheet/sheet_questions.h"
 
 namespace ardenix::survey {
 
 namespace {
 
-constexpr std::string_view kQuestions = "SG_QUESTIONS";
-constexpr std::string_view kTexts = "TEXT";
+constexpr std::string_view kTexts = kDiagramTextSection;
 
-struct Question {
-  std::string_view key;
-  std::string_view prompt;
-};
-
-// Of the erf and its survey; those on the next line stand below the sheet's top edge.
-constexpr Question kTitleQuestions[] = {{"PropDescr", "Property designation"},
-                                        {"Situation1", "Situation clause 1"},
-                                        {"Situation2", "Situation clause 2"},
-                                        {"District", "Administrative district"},
-                                        {"Province", "Province"},
-                                        {"SurvDate", "Survey date"},
-                                        {"PLS", "PLS name"},
-                                        {"SGNr", "Parent diagram number"},
-                                        {"Transfer", "Parent transfer number"},
-                                        {"FileNr", "SG. File No."}};
-constexpr Question kCompilation = {"CompNr", "Compilation number (Blank to continue)"};
-constexpr int kMostCompilations = 4;
-constexpr Question kSystemQuestions[] = {{"GenPlan", "Gen. Plan number"},
-                                         {"ErfNr", "Bottom right corner text"},
-                                         {"LOSys", "Central meridian value"},
-                                         {"YConst", "Y Constant"},
-                                         {"XConst", "X Constant"}};
-
-// A heading drawn as it stands and lines below it, asked for until a blank comes.
+// A heading as it stands with lines below it: the last rows among the questions, in this order.
 struct NoteSection {
   std::string_view heading;
-  Question lines;
+  bool JobOptions::*wanted;  // null: always
 };
-constexpr NoteSection kBeacons = {"Beacon", {"BDescr", "Beacon description (Blank to continue)"}};
-constexpr NoteSection kServitudes = {"Serv", {"ServDet", "Servitude note (Blank to continue)"}};
-constexpr NoteSection kNotes = {"Notes", {"Note", "Additional note (Blank to continue)"}};
-constexpr int kNoLimit = 10'000;
+constexpr NoteSection kNoteSections[] = {
+    {"Beacon", nullptr}, {"Serv", &JobOptions::servNotes}, {"Notes", &JobOptions::addNotes}};
 
-void askOne(SheetWriter& sheet, const Question& question, double above) {
-  const TextRow row = sheet.job().textRow(kQuestions, question.key);
-  if (row.size == 0) { return; }
-  sheet.write(row, sheet.placeBelow(above, row), sheet.ask(question.prompt, row.text));
-}
-
-// One line spacing below the other, until the answer is blank.
-void askLines(SheetWriter& sheet, const Question& question, const TextRow& row, int most) {
-  if (row.size == 0) { return; }
-  Point place = sheet.placeOf(row);
-  for (int n = 0; n < most; ++n) {
-    const std::string answer = sheet.ask(question.prompt, row.text);
-    if (answer.empty() || answer == " ") { return; }
-    sheet.write(row, place, answer);
-    place.y += sheet.nextLine(row);
+void askFrameTexts(SheetWriter& sheet, const TextSheet& questions) {
+  for (const KeyRow& row : questions.rows.first(questions.rows.size() - std::size(kNoteSections))) {
+    askRow(sheet, questions.section, row);
   }
 }
 
-void writeFixed(SheetWriter& sheet, const TextRow& row, std::string_view text) {
-  if (row.size != 0) { sheet.write(row, sheet.placeOf(row), text); }
-}
-
-void drawNotes(SheetWriter& sheet, const NoteSection& section) {
-  const TextRow heading = sheet.job().textRow(kTexts, section.heading);
-  writeFixed(sheet, heading, heading.text);
-  TextRow lines = sheet.job().textRow(kQuestions, section.lines.key);
-  lines.vertical = kNextLine;  // wherever the heading came to stand
-  askLines(sheet, section.lines, lines, kNoLimit);
+void drawNotes(SheetWriter& sheet, const TextSheet& questions) {
+  auto lines = questions.rows.last(std::size(kNoteSections)).begin();
+  for (const auto& [heading, wanted] : kNoteSections) {
+    const KeyRow& question = *lines++;
+    if (wanted != nullptr && !(sheet.job().options().*wanted)) { continue; }
+    writeRow(sheet, sheet.job().textRow(kTexts, heading));
+    askRowBelow(sheet, questions.section, question);
+  }
 }
 
 // The row that places the data table stands among the texts, or else beside the table's columns.
 TextRow tableRow(const JobSettings& job) {
-  return job.textRow(job.value(kTexts, "Data").empty() ? kDataSection : kTexts, "Data");
+  return job.textRow(job.value(kTexts, kDataTableKey).empty() ? kDataSection : kTexts, kDataTableKey);
 }
 
 void drawFrameLines(const SheetWriter& sheet, double tableEnd) {
@@ -104,7 +64,7 @@ void drawFrameLines(const SheetWriter& sheet, double tableEnd) {
 void nameFigure(SheetWriter& sheet, const Figure& figure) {
   const auto fixed = [&sheet](std::string_view key, const auto& text) {
     const TextRow row = sheet.job().textRow(kTexts, key);
-    writeFixed(sheet, row, text(row.text));
+    writeRow(sheet, row, text(row.text));
   };
   fixed("Figure", [&](const std::string& prefix) { return prefix + nameOf(figure); });
   fixed("Area", [&](const std::string& postfix) { return formattedArea(areaOf(figure)) + " " + postfix; });
@@ -117,22 +77,18 @@ void drawAdditionalTexts(SheetWriter& sheet) {
   for (int number = 1;; ++number) {
     const std::string key = numberText::format(kAdditionalText, number);
     if (!storedValue(sheet.job().file(), kTexts, key)) { return; }
-    const TextRow row = sheet.job().textRow(kTexts, key);
-    writeFixed(sheet, row, row.text);
+    writeRow(sheet, sheet.job().textRow(kTexts, key));
   }
 }
 
 }  // namespace
 
 void drawDiagramFrame(SheetWriter& sheet, const Figure& figure) {
-  for (const Question& question : kTitleQuestions) { askOne(sheet, question, sheet.origin().y); }
-  askLines(sheet, kCompilation, sheet.job().textRow(kQuestions, kCompilation.key), kMostCompilations);
-  for (const Question& question : kSystemQuestions) { askOne(sheet, question, sheet.line()); }
+  const TextSheet& questions = textSheets(SurveyMode::kDiagram).front();
+  askFrameTexts(sheet, questions);
   sheet.setLine(drawDataTable(sheet, tableRow(sheet.job()), figure));
   drawFrameLines(sheet, sheet.line());
-  drawNotes(sheet, kBeacons);
-  if (sheet.job().options().servNotes) { drawNotes(sheet, kServitudes); }
-  if (sheet.job().options().addNotes) { drawNotes(sheet, kNotes); }
+  drawNotes(sheet, questions);
   nameFigure(sheet, figure);
   drawAdditionalTexts(sheet);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "survey/figure.h"
-#include "survey/sheet_writer.h"
+#include "survey/sheet/sheet_writer.h"
 
 namespace ardenix::survey {
 

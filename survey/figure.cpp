@@ -1,6 +1,5 @@
 #include "survey/figure.h"
 
-#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <utility>
@@ -29,10 +28,7 @@ Side::Side(std::string fromLabel, Point from, std::string toLabel, Point to)
 
 Extents extentsOf(const Figure& figure) {
   Extents extents{figure.front().from, figure.front().from};
-  for (const Side& side : figure) {
-    extents.low = {std::min(extents.low.x, side.from.x), std::min(extents.low.y, side.from.y)};
-    extents.high = {std::max(extents.high.x, side.from.x), std::max(extents.high.y, side.from.y)};
-  }
+  for (const Side& side : figure) { extents.add(side.from); }
   return extents;
 }
 

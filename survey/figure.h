@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "frame/drafting/point.h"
+#include "survey/sheet/extents.h"
 
 namespace ardenix::survey {
 
@@ -28,17 +29,6 @@ struct Side {
 
   Side(std::string fromLabel, Point from, std::string toLabel, Point to);
   [[nodiscard]] std::string name() const { return fromLabel + toLabel; }
-};
-
-struct Extents {
-  Point low;
-  Point high;
-
-  [[nodiscard]] Point centre() const { return {(low.x + high.x) / 2.0, (low.y + high.y) / 2.0}; }
-  // Farther out by this much on every side.
-  [[nodiscard]] Extents grownBy(double margin) const {
-    return {{low.x - margin, low.y - margin}, {high.x + margin, high.y + margin}};
-  }
 };
 
 // The sides of a closed figure in the order in which its corners were given.

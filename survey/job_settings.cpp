@@ -59,7 +59,7 @@ void use(const TextRow& row, TextStyle& style) {
 // ---- Job settings -----------------------------------------------------------------------------------------------
 
 JobSettings::JobSettings(std::string_view path, SurveyMode mode, CCadWindow& view)
-    : mode_(mode), file_(path), numbers_(readNumberStyle(file_)), options_(readJobOptions(file_)) {
+    : mode_(mode), file_(path), options_(readJobOptions(file_)) {
   symbolFile_ = namedFile(kOptionSection, "Symbol");
   titleBlock_ = namedFile(kOptionSection, "Titleblock");
   if (mode == SurveyMode::kSectionalPlan) {

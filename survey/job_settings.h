@@ -32,7 +32,7 @@ class JobSettings {
   // ---- Of the settings file -----------------------------------------------------------------------------------
   [[nodiscard]] SurveyMode mode() const { return mode_; }
   [[nodiscard]] const TINIFile& file() const { return file_; }
-  [[nodiscard]] const NumberStyle& numbers() const { return numbers_; }
+  [[nodiscard]] const NumberStyle& numbers() const { return options_; }
   [[nodiscard]] const JobOptions& options() const { return options_; }
   [[nodiscard]] const std::string& symbolFile() const { return symbolFile_; }
   [[nodiscard]] const std::string& titleBlock() const { return titleBlock_; }
@@ -64,7 +64,6 @@ class JobSettings {
 
   SurveyMode mode_;
   TINIFile file_;
-  NumberStyle numbers_;
   JobOptions options_;
   std::string symbolFile_;
   std::string titleBlock_;

@@ -1,8 +1,13 @@
 #include "survey/option_dialogs.h"
 
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <variant>
+#include <vector>
+
 #include "frame/host/core_services.h"
 #include "survey/job_options.h"
-#include "survey/option_fields.h"
 #include "survey/settings_keys.h"
 
 namespace ardenix::survey {
@@ -11,266 +16,262 @@ namespace {
 
 constexpr int kOkRow = 5;
 
-// What the three dialogs share: a file, closing buttons, help.
+struct DialogTexts {
+  std::string_view title;
+  std::string_view helpTopic;
+};
+// By mode.
+constexpr DialogTexts kDialogs[] = {{"Diagram options", "Survey setup"},
+                                    {"General Plan Options", "General Plan Options"},
+                                    {"Sectional Title Options", "Sectional Plans options"}};
+
+// ---- Controls ---------------------------------------------------------------------------------------------------
+
+// What the user sees of a number.
+void show(const dialog::CheckHandle& check, double value) { check.setChecked(value != 0.0); }
+void show(const dialog::RadioHandle& radio, double value) { radio.choose(value != 0.0 ? 0 : 1); }
+void show(const dialog::DropDownHandle& list, double value) { list.select(static_cast<int>(value)); }
+void show(const CIntEdit& edit, double value) { edit.SetValue(static_cast<int>(value)); }
+void show(const CFloatEdit& edit, double value) { edit.SetValue(value); }
+void show(const CLineTypeCombo& list, double value) { list.SetCurSel(static_cast<int>(value) - 1); }
+void show(const CColourButton& button, double value) { button.SetPen(static_cast<int>(value)); }
+
+double shown(const dialog::CheckHandle& check) { return check.checked() ? 1 : 0; }
+double shown(const dialog::RadioHandle& radio) { return radio.chosen() == 0 ? 1 : 0; }
+double shown(const dialog::DropDownHandle& list) { return list.selected(); }
+double shown(const CIntEdit& edit) { return edit.GetValue(); }
+double shown(const CFloatEdit& edit) { return edit.GetValue(); }
+double shown(const CLineTypeCombo& list) { return list.GetCurSel() + 1; }
+double shown(const CColourButton& button) { return button.GetPen(); }
+
+struct NumberField {
+  const OptionRow* row;
+  std::variant<dialog::CheckHandle, dialog::RadioHandle, dialog::DropDownHandle, CIntEdit, CFloatEdit, CLineTypeCombo,
+               CColourButton>
+      control;
+
+  [[nodiscard]] double value() const {
+    return std::visit([](const auto& handle) { return shown(handle); }, control);
+  }
+  void enable(bool enabled) const {
+    std::visit([enabled](const auto& handle) { handle.enable(enabled); }, control);
+  }
+  void load(const TINIFile& file) const {
+    const double value = file.ReadDouble(kOptionSection, row->key, row->offered);
+    std::visit([value](const auto& handle) { show(handle, value); }, control);
+  }
+  // Measures are kept with three decimals; a list without a choice leaves the file as it is.
+  void save(TINIFile& file) const {
+    const bool list = row->kind == OptionKind::kList;
+    if (list && value() < 0.0) { return; }
+    if (list || row->kind == OptionKind::kMeasure || row->kind == OptionKind::kFactor) {
+      file.WriteDouble(kOptionSection, row->key, value(), 3);
+    } else {
+      file.WriteInt(kOptionSection, row->key, static_cast<int>(value()));
+    }
+  }
+};
+
+struct LayerField {
+  const OptionRow* row;
+  dialog::TextHandle edit;
+
+  void load(const TINIFile& file) const {
+    edit.setText(file.ReadString(kOptionSection, row->key, row->offeredText).substr(0, kLayerNameLimit));
+  }
+  void save(TINIFile& file) const { file.WriteString(kOptionSection, row->key, edit.text()); }
+};
+
+struct SeparatorField {
+  const OptionRow* row;
+  dialog::DropDownHandle list;
+
+  // Nothing for a letter that is missing or not offered.
+  [[nodiscard]] std::optional<int> stored(const TINIFile& file) const {
+    const std::string letter = file.ReadString(kOptionSection, row->key, "");
+    const size_t choice = letter.empty() ? std::string_view::npos : kSeparatorLetters.find(letter.front());
+    return choice < static_cast<size_t>(list.count()) ? std::optional(static_cast<int>(choice)) : std::nullopt;
+  }
+  void save(TINIFile& file) const {
+    const int chosen = std::max(list.selected(), 0);
+    file.WriteString(kOptionSection, row->key, kSeparatorLetters.substr(static_cast<size_t>(chosen), 1));
+  }
+};
+
+// Bearings may bear their signs or a hyphen as well.
+std::vector<std::string> separatorItems(const OptionRow& row) {
+  std::vector<std::string> items = {".", ",", "Space", "None"};
+  if (row.member == OptionMember(&JobOptions::bearing)) {
+    items.insert(items.end(), {std::string{kDegreeSign} + " '  \"", "-"});
+  }
+  return items;
+}
+
+// ---- Dialog -----------------------------------------------------------------------------------------------------
+
 class OptionDialog {
  public:
-  OptionDialog(std::string title, std::string_view topic, TINIFile& file, const Services& services)
-      : services_(services), file_(file), dialog_(std::move(title)) {
-    equip(dialog_, services_, helpTopic(topic));
+  OptionDialog(SurveyMode mode, TINIFile& file, const Services& services)
+      : mode_(mode), services_(services), file_(file), dialog_(std::string(kDialogs[static_cast<size_t>(mode)].title)) {
+    equip(dialog_, services_, helpTopic(kDialogs[static_cast<size_t>(mode)].helpTopic));
+    for (const OptionRow& row : optionRows()) {
+      if (row.isOf(mode_)) { add(row); }
+    }
+    addOkCancel(dialog_, kOkRow);
+    dialog_.onOpen = [this] { load(); };
+    dialog_.onOk = [this] { return confirm(); };
   }
   OptionDialog(const OptionDialog&) = delete;
   OptionDialog& operator=(const OptionDialog&) = delete;
-  virtual ~OptionDialog() = default;
 
-  bool run(CWnd* owner) {
-    addOkCancel(dialog_, kOkRow);
-    dialog_.onOpen = [this] { load(file_); };
-    dialog_.onOk = [this] {
-      if (!valid()) { return false; }
-      save(file_);
-      return true;
-    };
-    return services_.mainFrame->RunDialog(dialog_, owner);
-  }
-
- protected:
-  dialog::Dialog& dialog() { return dialog_; }
+  bool run(CWnd* owner) { return services_.mainFrame->RunDialog(dialog_, owner); }
 
  private:
-  virtual void load(const TINIFile& file) = 0;
-  // Whether what is shown can be kept; says so where it cannot.
-  virtual bool valid() { return true; }
-  virtual void save(TINIFile& file) = 0;
+  struct Box {
+    int group = -1;
+    int rows = 0;
+  };
 
+  Box& boxOf(const OptionRow& row);
+  dialog::Setting settingOf(const OptionRow& row);
+  void add(const OptionRow& row);
+  void addClipping(const OptionRow& row);
+  void enableChosen() const;
+  void load();
+  bool confirm();
+
+  SurveyMode mode_;
   const Services& services_;
   TINIFile& file_;
   dialog::Dialog dialog_;
+  std::array<Box, 4> boxes_;
+  std::vector<NumberField> numbers_;
+  std::vector<LayerField> layers_;
+  std::vector<SeparatorField> separators_;
 };
 
-// ---- Diagram ----------------------------------------------------------------------------------------------------
-
-class DiagramOptions : public OptionDialog {
- public:
-  DiagramOptions(TINIFile& file, const Services& services)
-      : OptionDialog("Diagram options", "Survey setup", file, services) {
-    addClipping();
-    addFields();
-    addFlags();
+// Clipping, where a mode has it, stands across the top; below it the separators beside the style, then the flags.
+OptionDialog::Box& OptionDialog::boxOf(const OptionRow& row) {
+  Box& box = boxes_.at(static_cast<size_t>(row.box));
+  if (box.group >= 0) { return box; }
+  const int top = mode_ == SurveyMode::kDiagram ? 1 : 0;
+  switch (row.box) {
+    case OptionBox::kSeparators: box.group = dialog_.addGroup({.caption = "Separators", .place = {.row = top}}); break;
+    case OptionBox::kSnip:
+      box.group = dialog_.addGroup({.caption = "Snip surrounding data", .place = {.columnSpan = 2}});
+      break;
+    case OptionBox::kStyle: box.group = dialog_.addGroup({.place = {.row = top, .column = 1}}); break;
+    case OptionBox::kFlags: box.group = dialog_.addGroup({.place = {.row = top + 1, .columnSpan = 2}}); break;
   }
+  return box;
+}
 
- private:
-  enum Clipping { kByOffset, kByFactor };
+dialog::Setting OptionDialog::settingOf(const OptionRow& row) {
+  Box& box = boxOf(row);
+  const bool wideFlag = row.kind == OptionKind::kFlag && row.box != OptionBox::kFlags;
+  return {.caption = std::string(row.caption),
+          .toolTip = std::string(row.toolTip),
+          .group = box.group,
+          .place = {.row = box.rows++, .columnSpan = wideFlag ? 2 : 1}};
+}
 
-  void addClipping() {
-    const int group = dialog().addGroup({.caption = "Snip surrounding data", .place = {.columnSpan = 2}});
-    clipping_ = addRadio(dialog(), {.group = group, .place = {.rowSpan = 2}, .name = "Snip surrounding data"},
-                         {{"Offset to a bounding box", "Clip to a rectangle round the figure"},
-                          {"Multiplication factor to a polygon ", "Clip to the figure, scaled about its centre"}});
-    const dialog::Setting offset{.toolTip = "Distance of the rectangle from the figure, in millimetres on paper",
-                                 .group = group,
-                                 .place = {.column = 1},
-                                 .name = "Offset"};
-    offset_ = addInteger(dialog(), offset, static_cast<int>(option::kOffset.minimum),
-                         static_cast<int>(option::kOffset.maximum));
-    const dialog::Setting factor{.toolTip = "How many times as far from the centre the clipping polygon lies, above 1",
-                                 .group = group,
-                                 .place = {.row = 1, .column = 1},
-                                 .name = "PolySnipFactor"};
-    factor_ = addFloat(dialog(), factor, 0.0, option::kPolySnipFactor.maximum, "%.3f");
-    isolated_ = FlagField(dialog(), option::kDelLines,
-                          {.caption = "Delete isolated lines.",
-                           .toolTip = "Leave out lines that do not touch the figure",
-                           .group = group,
-                           .place = {.row = 2, .columnSpan = 2}});
-    clipping_.onEdit([this] { enableChosen(); });
+// The two ways, each with its field beside it.
+void OptionDialog::addClipping(const OptionRow& row) {
+  Box& box = boxOf(row);
+  dialog::Setting setting{.toolTip = std::string(row.toolTip), .group = box.group, .name = std::string(row.caption)};
+  if (row.kind == OptionKind::kWayOfClipping) {
+    setting.place.rowSpan = 2;
+    const auto ways =
+        addRadio(dialog_, setting,
+                 {{"Offset to a bounding box", "Clip to a rectangle round the figure"},
+                  {"Multiplication factor to a polygon ", "Clip to the figure, scaled about its centre"}});
+    ways.onEdit([this] { enableChosen(); });
+    numbers_.push_back({&row, ways});
+    return;
   }
-
-  void addFields() {
-    const int group = dialog().addGroup({.place = {.row = 1, .column = 1}});
-    lineType_ = addLineType(dialog(), {.caption = "Offshoot linetype",
-                                       .toolTip = "Line type in which lines outside the figure are marked",
-                                       .group = group});
-    layer_ = LayerField(dialog(), option::kDiagramLayer,
-                        {.caption = "Layer Name",
-                         .toolTip = "Layer on which the texts of the diagram are drawn",
-                         .group = group,
-                         .place = {.row = 1}});
-    corner_ = DiameterField(dialog(), option::kCornerDiam,
-                            {.caption = "Corner point diameter (mm)",
-                             .toolTip = "Diameter of the beacon circles of the outside figure; 0 draws none",
-                             .group = group,
-                             .place = {.row = 2}});
+  setting.place = {.row = box.rows++, .column = 1};
+  if (row.kind == OptionKind::kFactor) {
+    numbers_.push_back({&row, addFloat(dialog_, setting, 0.0, row.maximum, "%.3f")});
+  } else {
+    numbers_.push_back(
+        {&row, addInteger(dialog_, setting, static_cast<int>(row.minimum), static_cast<int>(row.maximum))});
   }
+}
 
-  void addFlags() {
-    const int group = dialog().addGroup({.place = {.row = 2, .columnSpan = 2}});
-    plusSign_ =
-        FlagField(dialog(), option::kPlusSign, {.caption = "Plus sign for positive coordinates", .group = group});
-    servNotes_ =
-        FlagField(dialog(), option::kServNotes, {.caption = "Servitude notes", .group = group, .place = {.row = 1}});
-    addNotes_ =
-        FlagField(dialog(), option::kAddNotes, {.caption = "Additional notes", .group = group, .place = {.row = 2}});
+void OptionDialog::add(const OptionRow& row) {
+  switch (row.kind) {
+    case OptionKind::kWayOfClipping:
+    case OptionKind::kWhole:
+    case OptionKind::kFactor: addClipping(row); break;
+    case OptionKind::kFlag: numbers_.push_back({&row, addCheck(dialog_, settingOf(row))}); break;
+    case OptionKind::kMeasure:
+      numbers_.push_back({&row, addFloat(dialog_, settingOf(row), row.minimum, row.maximum, "%.1f")});
+      break;
+    case OptionKind::kList:
+      numbers_.push_back(
+          {&row, addDropDown(dialog_, settingOf(row), {"Bearing + Distance", "Distance Only", "Bearing Only"})});
+      break;
+    case OptionKind::kLineType: numbers_.push_back({&row, addLineType(dialog_, settingOf(row))}); break;
+    case OptionKind::kPen: numbers_.push_back({&row, addPen(dialog_, settingOf(row))}); break;
+    case OptionKind::kLayer:
+      layers_.push_back({&row, addText(dialog_, settingOf(row), static_cast<int>(kLayerNameLimit))});
+      break;
+    case OptionKind::kSeparator:
+      separators_.push_back({&row, addDropDown(dialog_, settingOf(row), separatorItems(row))});
+      break;
   }
+}
 
-  void enableChosen() {
-    offset_.enable(clipping_.chosen() == kByOffset);
-    factor_.enable(clipping_.chosen() == kByFactor);
+// The field of the way that is chosen.
+void OptionDialog::enableChosen() const {
+  const auto ways = std::ranges::find(numbers_, OptionKind::kWayOfClipping, [](const auto& f) { return f.row->kind; });
+  if (ways == numbers_.end()) { return; }
+  const bool offset = ways->value() != 0.0;
+  for (const NumberField& field : numbers_) {
+    if (field.row->kind == OptionKind::kWhole) { field.enable(offset); }
+    if (field.row->kind == OptionKind::kFactor) { field.enable(!offset); }
   }
+}
 
-  void load(const TINIFile& file) override {
-    clipping_.choose(offered(file, option::kUseOffset) != 0.0 ? kByOffset : kByFactor);
-    offset_.SetValue(static_cast<int>(offered(file, option::kOffset)));
-    factor_.SetValue(offered(file, option::kPolySnipFactor));
-    lineType_.SetCurSel(static_cast<int>(offered(file, option::kLineType)) - 1);
-    layer_.load(file);
-    corner_.load(file);
-    numbers_.load(file);
-    for (const FlagField* flag : {&isolated_, &plusSign_, &servNotes_, &addNotes_}) { flag->load(file); }
-    enableChosen();
+// A separator's letter that is not known sets all three boxes at that point; those read later still take their own.
+void OptionDialog::load() {
+  for (const SeparatorField& read : separators_) {
+    if (const auto choice = read.stored(file_)) {
+      read.list.select(*choice);
+      continue;
+    }
+    for (const SeparatorField& field : separators_) { field.list.select(static_cast<int>(field.row->offered)); }
   }
+  for (const NumberField& field : numbers_) { field.load(file_); }
+  for (const LayerField& field : layers_) { field.load(file_); }
+  enableChosen();
+}
 
-  bool valid() override {
-    if (factor_.GetValue() > 1.0) { return true; }
-    coreMessageBox(&dialog(), "Error: Multiplication factor must be greater than 1.", "Factor", BoxIcon::kError,
+bool OptionDialog::confirm() {
+  for (const NumberField& field : numbers_) {
+    const CFloatEdit* const edit = std::get_if<CFloatEdit>(&field.control);
+    if (field.row->kind != OptionKind::kFactor || edit->GetValue() > field.row->minimum) { continue; }
+    coreMessageBox(&dialog_, "Error: Multiplication factor must be greater than 1.", "Factor", BoxIcon::kError,
                    BoxButtons::kOk);
-    factor_.focus();
+    edit->focus();
     return false;
   }
-
-  void save(TINIFile& file) override {
-    writeInteger(file, option::kUseOffset, clipping_.chosen() == kByOffset ? 1 : 0);
-    writeInteger(file, option::kOffset, offset_.GetValue());
-    writeMeasure(file, option::kPolySnipFactor, factor_.GetValue());
-    writeInteger(file, option::kLineType, lineType_.GetCurSel() + 1);
-    layer_.save(file);
-    corner_.save(file);
-    numbers_.save(file);
-    for (const FlagField* flag : {&isolated_, &plusSign_, &servNotes_, &addNotes_}) { flag->save(file); }
-  }
-
-  NumberFields numbers_{dialog(), {.row = 1}};
-  dialog::RadioHandle clipping_;
-  CIntEdit offset_;
-  CFloatEdit factor_;
-  FlagField isolated_;
-  CLineTypeCombo lineType_;
-  LayerField layer_;
-  DiameterField corner_;
-  FlagField plusSign_;
-  FlagField servNotes_;
-  FlagField addNotes_;
-};
-
-// ---- General plan -----------------------------------------------------------------------------------------------
-
-class GeneralPlanOptions : public OptionDialog {
- public:
-  GeneralPlanOptions(TINIFile& file, const Services& services)
-      : OptionDialog("General Plan Options", "General Plan Options", file, services) {
-    const int group = dialog().addGroup({.place = {.column = 1}});
-    block_ = DiameterField(dialog(), option::kBlockDiam,
-                           {.caption = "Block corner diameter (mm)",
-                            .toolTip = "Diameter of the beacon circles of block corners; 0 draws none",
-                            .group = group});
-    corner_ = DiameterField(dialog(), option::kCornerDiam,
-                            {.caption = "Corner point diameter (mm)",
-                             .toolTip = "Diameter of the beacon circles of the outside figure; 0 draws none",
-                             .group = group,
-                             .place = {.row = 1}});
-    dimensions_ = addDropDown(
-        dialog(),
-        {.caption = "Dimensions", .toolTip = "What a survey dimension draws", .group = group, .place = {.row = 2}},
-        {"Bearing + Distance", "Distance Only", "Bearing Only"});
-    const int flags = dialog().addGroup({.place = {.row = 1, .columnSpan = 2}});
-    plusSign_ =
-        FlagField(dialog(), option::kPlusSign, {.caption = "Plus sign for positive coordinates", .group = flags});
-    separate_ = FlagField(dialog(), option::kMultiline,
-                          {.caption = "Separate text for bearing + distance",
-                           .toolTip = "Two texts instead of one of two lines",
-                           .group = flags,
-                           .place = {.row = 1}});
-  }
-
- private:
-  void load(const TINIFile& file) override {
-    block_.load(file);
-    corner_.load(file);
-    dimensions_.select(static_cast<int>(offered(file, option::kDimSetting)));
-    numbers_.load(file);
-    plusSign_.load(file);
-    separate_.load(file);
-  }
-
-  void save(TINIFile& file) override {
-    block_.save(file);
-    corner_.save(file);
-    if (dimensions_.selected() >= 0) { writeMeasure(file, option::kDimSetting, dimensions_.selected()); }
-    numbers_.save(file);
-    plusSign_.save(file);
-    separate_.save(file);
-  }
-
-  NumberFields numbers_{dialog(), {}};
-  DiameterField block_;
-  DiameterField corner_;
-  dialog::DropDownHandle dimensions_;
-  FlagField plusSign_;
-  FlagField separate_;
-};
-
-// ---- Sectional plan ---------------------------------------------------------------------------------------------
-
-class SectionalOptions : public OptionDialog {
- public:
-  SectionalOptions(TINIFile& file, const Services& services)
-      : OptionDialog("Sectional Title Options", "Sectional Plans options", file, services) {
-    const int group = dialog().addGroup({.place = {.column = 1}});
-    pen_ = addPen(dialog(), {.caption = "Temporary colour while tracing figure",
-                             .toolTip = "Pen of the rubber band while a figure is traced",
-                             .group = group});
-    const auto layer = [&](const LayerOption& row, std::string caption, std::string toolTip, int at) {
-      return LayerField(
-          dialog(), row,
-          {.caption = std::move(caption), .toolTip = std::move(toolTip), .group = group, .place = {.row = at}});
-    };
-    layers_ = {layer(option::kFigureLayer, "Layer for figures", "Layer of the line work of figures", 1),
-               layer(option::kTextLayer, "Layer for text", "Layer of texts outside the frame", 2),
-               layer(option::kFrameLayer, "Layer for frame data", "Layer of what stands in the frame", 3)};
-  }
-
- private:
-  void load(const TINIFile& file) override {
-    pen_.SetPen(static_cast<int>(offered(file, option::kTracePen)));
-    for (const LayerField& layer : layers_) { layer.load(file); }
-    numbers_.load(file);
-  }
-
-  void save(TINIFile& file) override {
-    writeInteger(file, option::kTracePen, pen_.GetPen());
-    for (const LayerField& layer : layers_) { layer.save(file); }
-    numbers_.save(file);
-  }
-
-  NumberFields numbers_{dialog(), {}};
-  CColourButton pen_;
-  std::array<LayerField, 3> layers_;
-};
+  for (const NumberField& field : numbers_) { field.save(file_); }
+  for (const LayerField& field : layers_) { field.save(file_); }
+  for (const SeparatorField& field : separators_) { field.save(file_); }
+  return true;
+}
 
 }  // namespace
 
 bool runOptions(SurveyMode mode, TINIFile& file, const Services& services, CWnd* owner) {
-  switch (mode) {
-    case SurveyMode::kDiagram: return DiagramOptions(file, services).run(owner);
-    case SurveyMode::kGeneralPlan: return GeneralPlanOptions(file, services).run(owner);
-    case SurveyMode::kSectionalPlan: return SectionalOptions(file, services).run(owner);
-  }
-  return false;
+  return OptionDialog(mode, file, services).run(owner);
 }
 
 void copyOptions(const TINIFile& from, TINIFile& to) {
-  for (const std::string_view key : kOptionKeys) {
-    const auto value = storedValue(from, kOptionSection, key);
-    if (value && value != storedValue(to, kOptionSection, key)) { to.WriteString(kOptionSection, key, *value); }
+  for (const OptionRow& row : optionRows()) {
+    const auto value = storedValue(from, kOptionSection, row.key);
+    if (value && value != storedValue(to, kOptionSection, row.key)) { to.WriteString(kOptionSection, row.key, *value); }
   }
 }
 

@@ -12,10 +12,13 @@
 // What a settings file holds beside its options, as the rows of the setup dialog show it.
 namespace ardenix::survey {
 
-// A key of a settings file and the heading of its row.
+// A key of a settings file, the heading of its row, and of texts that a command asks for how it asks.
 struct KeyRow {
   std::string_view key;
   std::string_view label;
+  std::string_view prompt{};
+  int most = 1;           // answers, a line below each other; a blank one ends them
+  bool belowTop = false;  // on the next line means below the sheet's top edge, not below the text before
 };
 
 // The value of a key, which may be empty; nothing where the key is missing.

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "frame/host/core_services.h"
+#include "frame/host/limits.h"
 #include "frame/host/number_text.h"
 #include "survey/text_row.h"
 
@@ -21,27 +22,39 @@ bool isEmpty(const SettingsSheet::Row& row) {
   return std::ranges::all_of(row, [](const std::string& cell) { return cell.empty(); });
 }
 
-struct Limits {
-  double least;
-  double most;
+// What a column of numbers takes; nothing for one of texts.
+struct Numbers {
+  std::string range;  // in words
+  bool (*take)(double value);
   bool whole = true;
 };
 
-std::optional<Limits> limitsOf(Entry entry) {
-  constexpr double kFarthest = 10000.0;
-  constexpr double kLargestText = 10000.0;
+std::optional<Numbers> numbersOf(Entry entry) {
+  using namespace limits;
   switch (entry) {
-    case Entry::kMillimetres: return Limits{-kFarthest, kFarthest, false};
-    case Entry::kSize: return Limits{0, kLargestText};
-    case Entry::kJustification: return Limits{1, 19};
-    case Entry::kPen: return Limits{1, 256};
-    case Entry::kLinetype: return Limits{1, 32};
+    case Entry::kMillimetres:
+      return Numbers{"-10000 to 10000", [](double value) { return std::fabs(value) <= 10000.0; }, false};
+    case Entry::kSize:
+      return Numbers{"0 to " + std::to_string(kTextSizes.most),
+                     [](double value) { return value == 0.0 || kTextSizes.contains(value); }};
+    case Entry::kJustification:
+      return Numbers{kJustifications.text() + " or " + kAwayJustifications.text(),
+                     [](double value) { return isJustification(value); }};
+    case Entry::kPen: return Numbers{kPens.text(), [](double value) { return kPens.contains(value); }};
+    case Entry::kLinetype: return Numbers{kLineTypes.text(), [](double value) { return kLineTypes.contains(value); }};
     case Entry::kText:
     case Entry::kName:
     case Entry::kFont:
     case Entry::kFlag: break;
   }
   return std::nullopt;
+}
+
+// The number that a text is, if the column takes it.
+std::optional<double> numberTaken(const Numbers& numbers, const std::string& text) {
+  const auto value = numberText::parseTyped(text);
+  const bool taken = value && numbers.take(*value) && (!numbers.whole || *value == std::floor(*value));
+  return taken ? value : std::nullopt;
 }
 
 }  // namespace
@@ -76,14 +89,11 @@ std::optional<std::string> SettingsSheet::refusal(int column, std::string& text)
   const SheetColumn& described = form_.columns[static_cast<size_t>(column)];
   text = asKept(column, std::move(text));
   if (text.empty() || text == kLineFeed || described.entry == Entry::kText) { return std::nullopt; }
-  if (const auto limits = limitsOf(described.entry)) {
-    const auto value = numberText::parseTyped(text);
-    const bool taken =
-        value && *value >= limits->least && *value <= limits->most && (!limits->whole || *value == std::floor(*value));
-    if (!taken) {
-      return numberText::format("\"%s\" takes a %snumber from %s to %s or LF, got \"%s\".", described.title,
-                                limits->whole ? "whole " : "", numberText::shortest(limits->least),
-                                numberText::shortest(limits->most), text);
+  if (const auto numbers = numbersOf(described.entry)) {
+    const auto value = numberTaken(*numbers, text);
+    if (!value) {
+      return numberText::format("\"%s\" takes a %snumber from %s or LF, got \"%s\".", described.title,
+                                numbers->whole ? "whole " : "", numbers->range, text);
     }
     if (text.find_first_not_of("-.0123456789") != std::string::npos) { text = numberText::shortest(*value); }
   } else if (text.find(',') != std::string::npos) {

@@ -2,6 +2,7 @@
 
 #include "frame/file_paths.h"
 #include "frame/host/core_services.h"
+#include "frame/host/limits.h"
 #include "frame/messages.h"
 #include "survey/control_dialog.h"
 #include "survey/job_settings.h"
@@ -258,13 +259,12 @@ void SetupDialog::browseTemplate(int row) {
 Entry SetupDialog::entry(int column) const { return sheet().form().columns[static_cast<size_t>(column)].entry; }
 
 dialog::Cell SetupDialog::cellOf(int row, int column) const {
-  constexpr int kLastPen = 256;
   dialog::Cell cell{.text = sheet().rows()[static_cast<size_t>(row)][static_cast<size_t>(column)]};
   switch (entry(column)) {
     case Entry::kPen: {
       cell.kind = dialog::CellKind::kPen;
       const auto pen = numberText::parseInteger(cell.text);
-      if (pen && *pen >= 1 && *pen <= kLastPen) { cell.ground = view_.gsGetPenColor(static_cast<int>(*pen)); }
+      if (pen && limits::kPens.contains(static_cast<double>(*pen))) { cell.ground = view_.gsGetPenColor(static_cast<int>(*pen)); }
       break;
     }
     case Entry::kLinetype: cell.kind = dialog::CellKind::kLineType; break;

@@ -6,7 +6,7 @@ namespace ardenix::survey {
 
 namespace {
 
-// Keys as existing settings spell them, slips included.
+// The spelling of these keys is part of the format and stays.
 constexpr ModeRow kModes[] = {
     {SurveyMode::kDiagram, "SG Diagram", "SG_DiaramFile", "Please Load a SG Diagram *.ini file in the Setup dialog."},
     {SurveyMode::kGeneralPlan, "General Plan", "SG_GenPlanFile",

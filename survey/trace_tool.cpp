@@ -7,9 +7,9 @@
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "survey/diagram_frame.h"
-#include "survey/diagram_sheet.h"
 #include "survey/figure_tracing.h"
-#include "survey/sheet_writer.h"
+#include "survey/sheet/sheet_window.h"
+#include "survey/sheet/sheet_writer.h"
 #include "survey/surroundings.h"
 
 namespace ardenix::survey {
@@ -32,22 +32,10 @@ void TraceTool::makeDiagram() {
 CCadWindow* TraceTool::openDiagramView() {
   const auto [low, high] = extentsOf(figure_).grownBy(10.0);
   view().gsZoomRect(low.x, low.y, high.x, high.y);
-  CCadWindow* const diagram = services_.mainFrame->SendUserMessage(CMDIFrameWnd::kNewDrawingView);
-  if (diagram == nullptr) {
-    ErrorMessage("Could not create CAD window.", &view());
-    return nullptr;
-  }
-  DrawingParms parms;
-  view().gsGetDrawingParms(parms);
-  diagram->gsSetDrawingParms(parms);
-  job_->readParms(*diagram);
+  CCadWindow* const diagram = openSheetWindow(*job_, view(), *services_.mainFrame);
+  if (diagram == nullptr) { return nullptr; }
   diagram->gsZoomRect(low.x, low.y, high.x, high.y);  // where nothing is drawn round the figure, the paper goes here
-  if (coreFileExist(job_->symbolFile()) != 0) {
-    view().gsExecuteMacro(macroText::paperSymbols(job_->symbolFile()));
-  } else {
-    ErrorMessage(numberText::format("The Symbol file %s does not exist.", std::string_view(job_->symbolFile())),
-                 &view());
-  }
+  loadSheetSymbols(*job_, view());
   return diagram;
 }
 
@@ -57,8 +45,10 @@ void TraceTool::drawSheet(CCadWindow& diagram) {
   diagram.gsExecuteMacro(macroText::newLayer(job_->options().diagramLayer));
   job_->setLayer(diagram.gsGetCurrentLayer());
   clipSurroundings(*job_, diagram, figure_);
-  setUpPaper(*job_, diagram);
-  SheetWriter sheet(diagram, *job_, insertTitleBlock(*job_, diagram));
+  constexpr double kFigureRight = 15.0;  // beside the texts down the left edge
+  setUpPaper(*job_, diagram, kFigureRight);
+  const Extents block = insertTemplate(*job_, diagram, job_->titleBlock());
+  SheetWriter sheet(diagram, *job_, topRightOnPaper(*job_, block));
   drawDiagramFrame(sheet, figure_);
   layers.close(job_->layer());
   diagram.gsExecuteMacro(macroText::kClearSelection);

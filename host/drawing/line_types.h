@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "frame/host/limits.h"
+
 namespace brevan {
 
 // A line type by its number: 1 to 32 have patterns, 21 hidden edges and 4 centre lines among them; numbers
@@ -16,7 +18,7 @@ struct LineType {
   std::span<const double> pattern;
 };
 
-inline constexpr int kPatternedLineTypes = 32;
+inline constexpr int kPatternedLineTypes = limits::kListedLineTypes.most;
 
 const LineType& lineType(int number);
 

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "frame/host/limits.h"
+
 namespace brevan {
 
 // Colours are 0xRRGGBB.
@@ -9,7 +11,7 @@ using Colour = uint32_t;
 
 enum class Ground { kPaper, kDark };
 
-inline constexpr int kPens = 255;  // 1 to 255; 256 stands for the layer's pen
+inline constexpr int kPens = limits::kPenByLayer - 1;  // the next number stands for the layer's pen
 
 // What a pen draws with: black on paper and white on a dark screen for pen 1, distinct hues up to 15, then
 // 24 hues of 10 shades each. Every colour stands off its ground. A number outside 1 to 255 draws as pen 1.

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <variant>
 
+#include "frame/host/limits.h"
 #include "host/geometry/arc.h"
 #include "host/geometry/segment.h"
 #include "host/geometry/transform.h"
@@ -15,7 +16,7 @@ namespace brevan {
 using PrimitiveId = int32_t;  // from 1; 0: none
 using GroupId = int32_t;      // from 1; 0: none
 
-inline constexpr int kPenByLayer = 256;
+inline constexpr int kPenByLayer = limits::kPenByLayer;
 
 using Line = Segment;
 using Arc = ArcShape;

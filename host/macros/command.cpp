@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "frame/host/limits.h"
 #include "host/drawing/drawing.h"
 #include "host/window/drawing_window.h"
 
@@ -150,6 +151,11 @@ const CommandForm& fittingForm(const MacroLine& line, MacroRun& run) {
 }
 
 }  // namespace
+
+int MacroRun::pen(size_t index) const {
+  if (limits::kPens.contains(number(index))) { return static_cast<int>(number(index)); }
+  throw MacroError(column(index), "a pen is " + limits::kPens.text());
+}
 
 void executeMacro(DrawingWindow& window, MacroVariables& variables, std::string_view text) {
   const MacroLine line = readMacroLine(text);

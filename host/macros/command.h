@@ -24,6 +24,8 @@ class MacroRun {
   [[nodiscard]] bool has(size_t index) const { return index < arguments.size(); }
   [[nodiscard]] Point point(size_t index) const { return arguments.at(index).point; }
   [[nodiscard]] double number(size_t index) const { return arguments.at(index).number; }
+  // Throws MacroError for what is no pen.
+  [[nodiscard]] int pen(size_t index) const;
   [[nodiscard]] const std::string& text(size_t index) const { return arguments.at(index).text; }
   [[nodiscard]] size_t column(size_t index) const { return has(index) ? arguments[index].column : 1; }
 };

@@ -48,13 +48,12 @@ void editLine(MacroRun& run) {
   const PrimitiveId found = run.window.pick(run.point(0), kLinePrimitive);
   if (found == 0) { throw MacroError(run.column(0), "no line lies at this point"); }
   if (!run.window.isChangeable(found)) { throw MacroError(run.column(0), "the line at this point is locked"); }
-  constexpr double kMostPens = 256.0;
   if (run.number(1) < 1.0) { throw MacroError(run.column(1), "a line type is 1 or more"); }
-  if (run.number(2) < 1.0 || run.number(2) > kMostPens) { throw MacroError(run.column(2), "a pen is 1 to 256"); }
+  const int pen = run.pen(2);
   if (run.number(3) < 0.0) { throw MacroError(run.column(3), "a line width is 0 or more"); }
   Primitive changed = *drawing.find(found);
   changed.linetype = static_cast<int>(run.number(1));
-  changed.pen = static_cast<int>(run.number(2));
+  changed.pen = pen;
   changed.width = run.number(3);
   drawing.replace(found, std::move(changed));
 }

@@ -38,17 +38,14 @@ bool flag(const MacroRun& run, size_t argument) {
 }
 
 ParallelLine parallelLine(const MacroRun& run, size_t first) {
-  constexpr double kMostPens = 256.0;
   const double linetype = run.number(first);
-  const double pen = run.number(first + 1);
+  const int pen = run.pen(first + 1);
   if (linetype < 1.0 || linetype != std::floor(linetype)) {
     throw MacroError(run.column(first), "a line type is 1 or more");
   }
-  if (pen < 1.0 || pen > kMostPens || pen != std::floor(pen)) {
-    throw MacroError(run.column(first + 1), "a pen is 1 to 256");
-  }
+  if (pen != run.number(first + 1)) { throw MacroError(run.column(first + 1), "a pen is a whole number"); }
   if (run.number(first + 2) < 0.0) { throw MacroError(run.column(first + 2), "a line width is 0 or more"); }
-  return {static_cast<int>(linetype), static_cast<int>(pen), run.number(first + 2), run.number(first + 3)};
+  return {static_cast<int>(linetype), pen, run.number(first + 2), run.number(first + 3)};
 }
 
 // What is followed, and whether it closes.

@@ -11,7 +11,6 @@ namespace brevan::macroHandlers {
 
 namespace {
 
-constexpr double kMostPens = 256.0;
 constexpr double kMostLineTypes = 32767.0;
 
 // The line of the part drawn last that would run through the point if it were longer: the middle of a part's axis can
@@ -43,9 +42,9 @@ void setLineType(MacroRun& run) {
   if (run.number(0) < 1.0 || run.number(0) > kMostLineTypes) {
     throw MacroError(run.column(0), "a line type is 1 to 32767");
   }
-  if (run.number(1) < 1.0 || run.number(1) > kMostPens) { throw MacroError(run.column(1), "a pen is 1 to 256"); }
+  const int pen = run.pen(1);
   run.window.style().linetype = static_cast<int>(run.number(0));
-  run.window.style().pen = static_cast<int>(run.number(1));
+  run.window.style().pen = pen;
 }
 
 void setWidth(MacroRun& run) {

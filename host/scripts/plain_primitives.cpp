@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "frame/host/limits.h"
 #include "frame/host/number_text.h"
 #include "host/core/text_encoding.h"
 #include "host/macros/macro_drawing.h"
@@ -12,7 +13,9 @@ namespace {
 
 int penOf(const ScriptCursor& cursor, const Statement& statement, size_t word) {
   const int pen = cursor.integer(statement, word);
-  if (pen < 1 || pen > kPenByLayer) { cursor.fail(statement, "a pen is 1 to 256, got " + std::to_string(pen)); }
+  if (!limits::kPens.contains(pen)) {
+    cursor.fail(statement, "a pen is " + limits::kPens.text() + ", got " + std::to_string(pen));
+  }
   return pen;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "frame/host/limits.h"
 #include "host/core/text_encoding.h"
 #include "host/scripts/dialog_answers.h"
 #include "host/window/control_text.h"
@@ -213,7 +214,9 @@ std::optional<int> ScriptUser::choosePen(const std::string& title, int) {
   const Statement& answer = takeAnswer("");
   cursor_.expectWords(answer, 2, 2);
   const int pen = cursor_.integer(answer, 1);
-  if (pen < 1 || pen > kPenByLayer) { cursor_.fail(answer, "a pen is 1 to 256, got " + std::to_string(pen)); }
+  if (!limits::kPens.contains(pen)) {
+    cursor_.fail(answer, "a pen is " + limits::kPens.text() + ", got " + std::to_string(pen));
+  }
   return pen;
 }
 

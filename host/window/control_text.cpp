@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "frame/host/limits.h"
 #include "host/core/text_encoding.h"
 
 namespace brevan {
@@ -93,8 +94,8 @@ std::string rangeText(const State& state) {
   if (const auto* edit = std::get_if<TextEdit>(&state)) {
     return "at most " + std::to_string(edit->limit) + " characters";
   }
-  if (std::holds_alternative<PenButton>(state)) { return "1 to 256"; }
-  if (std::holds_alternative<LineTypeList>(state)) { return "1 to 32"; }
+  if (std::holds_alternative<PenButton>(state)) { return limits::kPens.text(); }
+  if (std::holds_alternative<LineTypeList>(state)) { return limits::kListedLineTypes.text(); }
   if (std::holds_alternative<CheckBox>(state)) { return "0 or 1"; }
   return joined(itemTexts(state));
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "frame/host/limits.h"
 #include "host/core/text_encoding.h"
 #include "host/window/control_text.h"
 
@@ -203,8 +204,8 @@ Refusal DialogSession::chooseEntry(int control, const std::string& item) {
   State& state = dialog_.control(control).state;
   if (auto* types = std::get_if<LineTypeList>(&state)) {
     const auto number = numberText::parseInteger(item);
-    if (!number || *number < 1 || *number > 32) {
-      return named(control) + " takes a line type from 1 to 32, got \"" + item + '"';
+    if (!number || !limits::kListedLineTypes.contains(static_cast<double>(*number))) {
+      return named(control) + " takes a line type from " + limits::kListedLineTypes.text() + ", got \"" + item + '"';
     }
     types->selected = static_cast<int>(*number) - 1;
     edited(control);
@@ -339,15 +340,18 @@ int columnOf(const Grid& grid, const std::string& title) {
 
 // Why a cell does not take a text; the text in the cell's own form where it does.
 Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& text) {
-  constexpr double kLastPen = 256.0;
-  constexpr double kLastLineType = 999.0;  // the list offers those that have a pattern
   if (cell.readOnly) { return inQuotes(column) + " cannot be edited in this row"; }
   const bool pen = cell.kind == CellKind::kPen;
   if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger || pen || cell.kind == CellKind::kLineType) {
     NumberEdit edit;
     edit.integer = cell.kind != CellKind::kNumber;
-    edit.minimum = edit.integer && cell.kind != CellKind::kInteger ? 1.0 : cell.minimum;
-    edit.maximum = pen ? kLastPen : cell.kind == CellKind::kLineType ? kLastLineType : cell.maximum;
+    edit.minimum = cell.minimum;
+    edit.maximum = cell.maximum;
+    if (edit.integer && cell.kind != CellKind::kInteger) {
+      const limits::WholeRange& range = pen ? limits::kPens : limits::kLineTypes;
+      edit.minimum = range.least;
+      edit.maximum = range.most;
+    }
     edit.text = text;
     if (auto refusal = refusalOf(column, edit)) { return refusal; }
     const double value = *numberText::parseTyped(text);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "tests/core_fixture.h"
@@ -105,6 +106,32 @@ TEST_F(SheetLaws, WhateverIsTypedIsShownAgainAfterLoading) {
       expectSame(sheets, loaded(row.mode, path));
       if (HasFailure()) { FAIL() << read(path); }
     }
+  }
+}
+
+TEST_F(SheetLaws, EachColumnTakesItsNumbersAndNoMore) {
+  const struct {
+    std::string title;
+    std::vector<std::string> taken, refused;
+  } columns[] = {
+      {"Hor Coord (mm)", {"-10000", "0", "10000", "2.5", "LF", ""}, {"-10000.1", "10001", "x"}},
+      {"Pen", {"1", "256", ""}, {"0", "257", "1.5"}},
+      {"Size", {"0", "1", "10000", ""}, {"-1", "10001", "2.5"}},
+      {"Lorg", {"1", "9", "11", "19", ""}, {"0", "10", "20", "5.5"}},
+      {"LT", {"1", "33", "999", ""}, {"0", "1000", "2.5"}},
+  };
+  for (const auto& [title, taken, refused] : columns) {
+    int met = 0;
+    for (const SheetForm& form : sheetForms(SurveyMode::kDiagram)) {
+      const auto column = std::ranges::find(form.columns, title, &SheetColumn::title);
+      if (column == form.columns.end()) { continue; }
+      ++met;
+      const SettingsSheet sheet(form);
+      const int index = static_cast<int>(column - form.columns.begin());
+      for (std::string text : taken) { EXPECT_FALSE(sheet.refusal(index, text)) << title << ' ' << text; }
+      for (std::string text : refused) { EXPECT_TRUE(sheet.refusal(index, text)) << title << ' ' << text; }
+    }
+    EXPECT_GT(met, 0) << title;
   }
 }
 

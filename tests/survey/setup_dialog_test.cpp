@@ -221,7 +221,7 @@ TEST_F(SurveySetup, CellsTakeWhatTheirColumnHolds) {
   EXPECT_EQ(log_.of("message"), (Texts{"\"Hor Coord (mm)\" takes a number from -10000 to 10000 or LF, got \"1,2,3\".",
                                        "\"Ver Coord (mm)\" takes a number from -10000 to 10000 or LF, got \"nan\".",
                                        "\"Size\" takes a whole number from 0 to 10000 or LF, got \"2.5\".",
-                                       "\"Lorg\" takes a whole number from 1 to 19 or LF, got \"20\".",
+                                       "\"Lorg\" takes a whole number from 1 to 9 or 11 to 19 or LF, got \"20\".",
                                        "\"Font\" cannot hold a comma, got \"Arial,5\"."}));
   EXPECT_EQ(differingLines(shipped("SG Diagram.ini"), read(path)), Texts{"PropDescr=Erf 1,-1.5,9999,12,35,,Arial,1"});
 }

@@ -1,4 +1,4 @@
-#include "survey/survey_table.h"
+#include "survey/sheet/survey_table.h"
 
 #include <gtest/gtest.h>
 

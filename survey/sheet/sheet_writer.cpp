@@ -1,20 +1,11 @@
-#include "survey/sheet_writer.h"
+#include "survey/sheet/sheet_writer.h"
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/macro_values.h"
 #include "frame/drafting/pen.h"
+#include "frame/drafting/sheet_axes.h"
 
 namespace ardenix::survey {
-
-namespace {
-
-// A south-oriented sheet has its first axis to the left and its second downwards.
-double paperSign(const DrawingParms& parms) {
-  const bool turned = parms.p[10] != 0.0 && parms.p[7] == 0.0;
-  return turned ? -1.0 : 1.0;
-}
-
-}  // namespace
 
 SheetWriter::SheetWriter(CCadWindow& view, JobSettings& job, Point origin)
     : view_(view), job_(job), origin_(origin), sign_(paperSign(job.parms())), line_(origin.y) {}

@@ -1,9 +1,10 @@
-#include "survey/survey_table.h"
+#include "survey/sheet/survey_table.h"
 
 #include <algorithm>
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/pen.h"
+#include "frame/drafting/sheet_axes.h"
 
 namespace ardenix::survey {
 
@@ -11,11 +12,10 @@ namespace {
 
 constexpr int kCentred = 15;
 
-double paperSign(CCadWindow& view) {
+double paperSignOf(CCadWindow& view) {
   DrawingParms parms;
   view.gsGetDrawingParms(parms);
-  const bool turned = parms.p[10] != 0.0 && parms.p[6] == 0.0;
-  return turned ? -1.0 : 1.0;
+  return paperSign(parms);
 }
 
 }  // namespace
@@ -23,7 +23,7 @@ double paperSign(CCadWindow& view) {
 SurveyTable::SurveyTable(int rows, int columns, double rowHeight, double columnWidth, Point origin, CCadWindow* view,
                          int layer)
     : view_(view), layer_(layer), origin_(origin), columns_(std::clamp(columns, 0, kMostColumns)) {
-  if (view_ != nullptr) { sign_ = paperSign(*view_); }
+  if (view_ != nullptr) { sign_ = paperSignOf(*view_); }
   Cell plain;
   plain.height = rowHeight;
   plain.width = columnWidth;
