@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
+#include "host/core/ini_file.h"
+#include "host/core/text_encoding.h"
+#include "host/scripts/script_player.h"
+#include "tests/cases/drawn_things.h"
+#include "tests/host/core/temporary_folder.h"
+
+// Plays every script of a folder of commands as `brevan-batch run --settings settings.ini` does, and compares with the
+// expected file beside it. README.md says what its lines are.
+
+namespace {
+
+namespace fs = std::filesystem;
+using brevan::ScriptCursor;
+using brevan::Statement;
+
+constexpr const char* kCases = SOURCE_ROOT "/tests/cases";
+
+std::vector<fs::path> entries(const fs::path& folder, const std::string& ending) {
+  std::vector<fs::path> all;
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    const bool wanted = ending.empty() ? entry.is_directory() : entry.path().extension() == ending;
+    if (wanted) { all.push_back(entry.path()); }
+  }
+  std::ranges::sort(all);
+  return all;
+}
+
+std::vector<fs::path> allScripts() {
+  std::vector<fs::path> all;
+  for (const fs::path& folder : entries(kCases, "")) { std::ranges::copy(entries(folder, ".scr"), back_inserter(all)); }
+  return all;
+}
+
+fs::path expectedOf(const fs::path& script) { return fs::path(script).replace_extension(".expected"); }
+std::string textOf(const fs::path& path) { return TemporaryFolder::readFile(path.string()); }
+bool isMessage(const Statement& statement) {
+  return statement.name() == "expect" && statement.words.size() == 3 && !statement.words[1].quoted &&
+         statement.words[1].text == "message";
+}
+
+// The transcript, and the messages by themselves.
+class Record : public brevan::Transcript {
+ public:
+  std::vector<std::string> messages;
+  void messageShown(const brevan::MessageBox& box, BoxAnswer answer) override {
+    messages.push_back(box.text);
+    Transcript::messageShown(box, answer);
+  }
+};
+
+class Case : public ::testing::TestWithParam<fs::path> {
+ protected:
+  // Why the script could not be played to its end, "" where it could.
+  std::string play() {
+    try {
+      player_.play();
+    } catch (const brevan::ScriptFailure& failure) { return failure.what(); }
+    return "";
+  }
+
+  // A rule that speaks up where it should not is a fault, too.
+  void expectNoOtherMessage() const {
+    auto next = script_.statements.begin();
+    for (const std::string& message : record_.messages) {
+      next = std::find_if(next, script_.statements.end(), [&](const Statement& statement) {
+        return isMessage(statement) && statement.words[2].text == message;
+      });
+      ASSERT_NE(next, script_.statements.end()) << "the script does not expect the message \"" << message << '"';
+      ++next;
+    }
+  }
+
+  // Compares with the lines of an expected file; gives the failure that it expects.
+  void compare(const std::string& failure) {
+    const std::string lines = fs::exists(expectedOf(GetParam())) ? textOf(expectedOf(GetParam())) : "";
+    const brevan::Script expected = brevan::readScript(expectedOf(GetParam()).string(), withoutEvents(lines));
+    const ScriptCursor cursor(expected);
+    std::string fails;
+    for (const Statement& statement : expected.statements) {
+      if (statement.name() == "fails") { fails = brevan::toUtf8(cursor.string(statement, 1)); }
+      compareLine(cursor, statement);
+    }
+    if (!groups_.empty()) { EXPECT_EQ(groupsDrawn(), groups_); }
+    const bool asExpected = fails.empty() ? failure.empty() : failure.find(fails) != std::string::npos;
+    EXPECT_TRUE(asExpected) << "it ends with: " << (failure.empty() ? "no failure" : failure);
+    const auto asks = [](const Statement& statement) { return statement.name() == "expect"; };
+    EXPECT_TRUE(!lines.empty() || std::ranges::any_of(script_.statements, asks)) << "nothing is expected";
+  }
+
+ private:
+  // Lines of a transcript must occur in this order; in their place stay blank lines.
+  std::string withoutEvents(const std::string& lines) {
+    std::stringstream in(lines);
+    std::string others;
+    size_t from = 0;
+    for (std::string line; std::getline(in, line); others += line + '\n') {
+      if (!line.starts_with('{')) { continue; }
+      const size_t at = record_.lines().find(line + '\n', from);
+      EXPECT_NE(at, std::string::npos) << "not in the transcript, or not there: " << line;
+      from = at == std::string::npos ? from : at + line.size();
+      line.clear();
+    }
+    return others;
+  }
+
+  void compareLine(const ScriptCursor& cursor, const Statement& statement) {
+    const std::string& name = statement.name();
+    const auto word = [&](size_t index) { return cursor.string(statement, index); };
+    if (name == "fails") { return; }
+    if (name == "group") { return groups_.push_back(word(1) + ' ' + word(2) + ' ' + word(3)); }
+    const std::string where = cursor.script().file + ':' + std::to_string(statement.line);
+    if (name == "value") {
+      const std::string path = files_.resolveForReading(word(1));
+      EXPECT_EQ(brevan::IniFile::parse(textOf(path)).lookup(word(2), word(3)).value_or("(missing)"), word(4)) << where;
+    } else if (name == "setting") {
+      std::array<char, 1000> buffer{};
+      settings_.GetString(word(1), word(2), "(missing)", buffer.data(), buffer.size());
+      EXPECT_EQ(buffer.data(), word(3)) << where;
+    } else if (name == "unchanged") {
+      EXPECT_EQ(textOf(files_.resolveForReading(word(1))), textOf(folder_ / word(1))) << where;
+    } else {
+      const WantedThing wanted(cursor, statement);
+      const std::string difference = wanted.difference(drawnThings(drawing()));
+      EXPECT_EQ(difference, "") << where << ": " << statement.shown();
+    }
+  }
+
+  brevan::Drawing& drawing() { return player_.host().window().drawing(); }
+  std::vector<std::string> groupsDrawn() {
+    std::vector<std::string> all;
+    drawing().forEachGroup([&all](const brevan::Group& group) {
+      all.push_back(std::string(group.parent) + ' ' + group.name + ' ' + std::to_string(group.members.size()));
+    });
+    return all;
+  }
+  // A copy, for a run that stores something changes it.
+  std::string settingsFile() {
+    const fs::path shared = folder_ / "settings.ini";
+    return fs::exists(shared) ? out_.write("settings.ini", textOf(shared)) : "";
+  }
+
+  TemporaryFolder out_;
+  fs::path folder_ = GetParam().parent_path();
+  brevan::Script script_ = brevan::readScript(GetParam().string(), textOf(GetParam()));
+  brevan::FileServices files_{folder_.string(), BREVAN_DATA, brevan::FileServices::Confinement{out_.path(), nullptr}};
+  INI_LIST settings_{settingsFile()};
+  Record record_;
+  brevan::ScriptPlayer player_{script_, {files_, settings_, {}, ARDENIX_MODULE, "", &record_, {}, {}}};
+  std::vector<std::string> groups_;
+};
+
+TEST_P(Case, IsPlayedAsExpected) {
+  const std::string failure = play();
+  expectNoOtherMessage();
+  compare(failure);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, Case, ::testing::ValuesIn(allScripts()), [](const auto& script) {
+  return script.param.parent_path().filename().string() + '_' + script.param.stem().string();
+});
+
+// A comparison that could not fail would let every case pass.
+TEST(ExpectedFile, TellsWhatIsThereFromWhatIsNot) {
+  brevan::Drawing drawing;
+  drawing.add({.pen = 3, .width = 2.5, .geometry = brevan::Line{{0, 0}, {5, -14}}});
+  drawing.add({.geometry = brevan::Arc{{0, 1}, {0, 0}, {1, 0}, true}});
+  drawing.add({.geometry = brevan::Text{{1, 2}, "M10"}});
+  const std::string there =
+      "line 5 -14 0 0\nline 0 0 5 -13.99995 pen 3 width 2.5\n3 thing layer \"0\"\narc 1 0 0 0 0 1\n"
+      "curve through 0.6 0.8\nno curve through -0.6 0.8\nno circle\ntext \"M10\" at 1 2 font \"Arial\"\n";
+  const std::string missing =
+      "line 0 0 5 14\nline 0 0 5 -13.9998\nline 0 0 5 -14 pen 2\nline 0 0\n2 thing\nno arc\n2 line\narc 0 1 0 0 1 0\n"
+      "circle 0 0 1\ncurve through 0 -1\ntext \"M1\"\ntext \"\"\ntext \"M10\" at 2 1\nline pen 3 layer \"1\"\n";
+  for (const bool isThere : {true, false}) {
+    const brevan::Script lines = brevan::readScript("x.expected", isThere ? there : missing);
+    for (const Statement& line : lines.statements) {
+      const WantedThing wanted(ScriptCursor(lines), line);
+      EXPECT_EQ(wanted.difference(drawnThings(drawing)).empty(), isThere) << line.shown();
+    }
+  }
+  for (const char* wrong : {"lines 0 0 1 1", "no lin", "line 0 0 1 1 pens 3", "3"}) {
+    const brevan::Script line = brevan::readScript("x.expected", wrong);
+    EXPECT_THROW(WantedThing(ScriptCursor(line), line.statements.front()), brevan::ScriptFailure) << wrong;
+  }
+}
+
+TEST(CaseFolders, HoldScriptsAndWhatIsExpectedOfThem) {
+  ASSERT_FALSE(entries(kCases, "").empty());
+  for (const fs::path& folder : entries(kCases, "")) {
+    EXPECT_FALSE(entries(folder, ".scr").empty()) << folder << " holds no script";
+    for (const fs::path& expected : entries(folder, ".expected")) {
+      EXPECT_TRUE(fs::exists(fs::path(expected).replace_extension(".scr"))) << expected << " has no script";
+    }
+  }
+}
+
+}  // namespace
