@@ -1,8 +1,8 @@
 #include <cmath>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "arch/wall_type.h"
 #include "frame/host/core_services.h"
@@ -11,13 +11,9 @@
 #include "host/core/file_services.h"
 #include "host/window/host.h"
 #include "host/window/silent_user.h"
+#include "mech/definition_kinds.h"
 #include "mech/definition_store.h"
-#include "mech/drilled_hole.h"
-#include "mech/hex_bolt.h"
-#include "mech/nut.h"
-#include "mech/record_format.h"
-#include "mech/rivet.h"
-#include "mech/socket_screw.h"
+#include "mech/part_drawer.h"
 
 // The first byte chooses a kind of part, the rest is its record as a library may hold it: its values are finite, a
 // record that was written is written again alike, and the part is drawn in finite strokes or refused by the host.
@@ -26,47 +22,36 @@ namespace {
 using namespace fuzzing;
 using namespace ardenix;
 
-template <class Drawer>
-std::unique_ptr<FastenerDrawer> make(CCadWindow& view, const DefinitionStore& store) {
-  return std::make_unique<Drawer>(view, store);
+// The kinds that a command draws.
+std::vector<const mech::DefinitionKind*> drawnKinds() {
+  std::vector<const mech::DefinitionKind*> kinds;
+  for (const mech::DefinitionKind& kind : mech::definitionKinds()) {
+    if (kind.drawer != nullptr) { kinds.push_back(&kind); }
+  }
+  return kinds;
 }
 
-std::vector<double> numbersOf(std::string_view record, std::span<const RecordField> fields) {
-  return fields.data() == holeFields().data() ? readHoleRecord(record) : readRecord(record, fields);
+void requireFinite(std::string_view fields) {
+  for (const std::string_view word : {"inf", "nan"}) { require(fields.find(word) == std::string_view::npos); }
 }
 
-struct Kind {
-  std::span<const RecordField> (*fields)();
-  std::unique_ptr<FastenerDrawer> (*make)(CCadWindow& view, const DefinitionStore& store);
-};
-constexpr Kind kKinds[] = {{boltFields, make<HexBolt>},
-                           {screwFields, make<SocketScrew>},
-                           {nutFields, make<Nut>},
-                           {holeFields, make<DrilledHole>},
-                           {rivetFields, make<Rivet>}};
-
-void sketch(const Kind& kind, std::span<const double> values) {
+void part(const mech::DefinitionKind& kind, std::string_view record) {
   brevan::SilentUser user;
   brevan::FileServices files("/nonexistent", "/nonexistent");
   INI_LIST settings("");
   brevan::Host host({user, files, settings, nullptr, ""});
-  const DefinitionStore store("library.ini");
-  const auto drawer = kind.make(host.window(), store);
+  const mech::DefinitionStore store("library.ini");
+  const auto drawer = kind.drawer(host.window(), store);
+  drawer->takeRecord(record);
+  const std::string once = drawer->recordText("part");
+  requireFinite(once.substr(once.find(',')));
+  drawer->takeRecord(once);
+  require(drawer->recordText("part") == once);
+  drawer->takeRecord(record);
   try {
-    drawer->take(values);
     drawer->sketch();
   } catch (const HostFailure&) {}
   requireSound(host.window().drawing());
-}
-
-void fastener(const Kind& kind, std::string_view record) {
-  const std::span<const RecordField> fields = kind.fields();
-  const std::vector<double> values = numbersOf(record, fields);
-  for (const double value : values) { require(std::isfinite(value)); }
-  const std::string once = writeRecord(recordName(record), values, fields);
-  const std::string twice = writeRecord(recordName(once), numbersOf(once, fields), fields);
-  require(once == twice);
-  sketch(kind, values);
 }
 
 void wall(std::string_view record) {
@@ -80,8 +65,9 @@ void wall(std::string_view record) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ByteChoices input(data, size);
-  const size_t kind = input.below(std::size(kKinds) + 1);
+  static const std::vector<const mech::DefinitionKind*> kinds = drawnKinds();
+  const size_t kind = input.below(kinds.size() + 1);
   const std::string_view record = input.line();
-  kind < std::size(kKinds) ? fastener(kKinds[kind], record) : wall(record);
+  kind < kinds.size() ? part(*kinds[kind], record) : wall(record);
   return 0;
 }

@@ -23,6 +23,7 @@ namespace {
 
 using namespace fuzzing;
 using namespace ardenix;
+using namespace ardenix::mech;
 using Records = std::map<std::string, std::vector<std::string>, std::less<>>;
 
 constexpr std::string_view kNew[] = {"New,1,2,3", "x", ",,,", "=;[x]", "A\x80,1.5", " blank ,1"};

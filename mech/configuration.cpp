@@ -3,7 +3,7 @@
 #include "frame/host/core_services.h"
 #include "frame/remembered_path.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -35,4 +35,4 @@ bool Configuration::valid() const {
   return loaded() && store_->file().ReadString("Setup", "WeldSymbols", kBad) != kBad;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -7,7 +7,7 @@
 #include "frame/host/ini.h"
 #include "mech/definition_store.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // Stands for no file in the host's settings and in the setup dialog.
 inline constexpr std::string_view kNoFile = "<none>";
@@ -36,4 +36,4 @@ class Configuration {
   std::unique_ptr<DefinitionStore> store_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -8,7 +8,7 @@
 #include "frame/names.h"
 #include "mech/save_changes_dialog.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -23,39 +23,12 @@ std::string about(std::string_view question, std::string_view name) {
   return named ? numberText::format(question, name) : std::string(question);
 }
 
-// Calls for the control's own way of showing a number; fields without a control keep 0.
-struct Show {
-  double value;
-  void operator()(std::monostate) const {}
-  void operator()(const CFloatEdit& edit) const { edit.SetValue(value); }
-  void operator()(const CIntEdit& edit) const { edit.SetValue(static_cast<int>(value)); }
-  void operator()(const dialog::DropDownHandle& list) const { list.select(static_cast<int>(value)); }
-};
-
-struct AsHandle {
-  dialog::Handle operator()(std::monostate) const { return {}; }
-  dialog::Handle operator()(const dialog::Handle& control) const { return control; }
-};
-
-struct Read {
-  double operator()(std::monostate) const { return 0.0; }
-  double operator()(const CFloatEdit& edit) const { return edit.GetValue(); }
-  double operator()(const CIntEdit& edit) const { return edit.GetValue(); }
-  double operator()(const dialog::DropDownHandle& list) const { return list.selected(); }
-};
-
 }  // namespace
 
 // ---- Description --------------------------------------------------------------------------------------------
 
-DefinitionDialog::DefinitionDialog(const Services& services, DefinitionStore& store, const DefinitionKind& kind,
-                                   std::span<const RecordField> fields)
-    : services_(services),
-      store_(store),
-      kind_(kind),
-      fields_(fields),
-      dialog_(std::string(kind.dialogTitle)),
-      controls_(fields.size()) {
+DefinitionDialog::DefinitionDialog(const Services& services, DefinitionStore& store, const DefinitionKind& kind)
+    : services_(services), store_(store), kind_(kind), dialog_(std::string(kind.dialogTitle)) {
   equip(dialog_, services_, helpTopic(helpName(kind_.dialogTitle)));
   describeList();
   dialog_.onOpen = [this] { open(); };
@@ -73,38 +46,9 @@ void DefinitionDialog::describeList() {
       .onPress([this] { remove(); });
 }
 
-dialog::Setting DefinitionDialog::labelled(size_t field, dialog::Setting setting) const {
-  if (setting.caption.empty() && setting.name.empty()) { setting.caption = fields_[field].label; }
-  return setting;
-}
-
-CFloatEdit DefinitionDialog::addNumberField(size_t field, dialog::Setting setting, double maximum) {
-  const CFloatEdit edit = addFloat(dialog_, labelled(field, std::move(setting)), 0.0, maximum, "%.3f");
-  bind(field, edit, edit);
-  return edit;
-}
-
-CIntEdit DefinitionDialog::addIntegerField(size_t field, dialog::Setting setting, int minimum, int maximum) {
-  const CIntEdit edit = addInteger(dialog_, labelled(field, std::move(setting)), minimum, maximum);
-  bind(field, edit, edit);
-  return edit;
-}
-
-dialog::DropDownHandle DefinitionDialog::addListField(size_t field, dialog::Setting setting,
-                                                      std::vector<std::string> items) {
-  const dialog::DropDownHandle list = addDropDown(dialog_, labelled(field, std::move(setting)), std::move(items));
-  bind(field, list, list);
-  return list;
-}
-
-void DefinitionDialog::bind(size_t field, const dialog::Handle& control, FieldControl shown) {
-  controls_.at(field) = shown;
-  editChangesDefinition(control);
-}
-
-void DefinitionDialog::editChangesDefinition(const dialog::Handle& control) {
-  control.onEdit([this] {
-    changed_ = true;
+void DefinitionDialog::follow(const dialog::Handle& control, bool marksEdited) {
+  control.onEdit([this, marksEdited] {
+    changed_ = changed_ || marksEdited;
     fieldsChanged();
   });
 }
@@ -125,7 +69,7 @@ void DefinitionDialog::open() {
 }
 
 void DefinitionDialog::loadSelected() {
-  if (const auto record = store_.record(kind_.section, list_.selected() + 1)) { loadRecord(*record); }
+  if (const auto record = store_.record(kind_.section, list_.selected() + 1)) { showRecord(*record); }
   noteSelection();
   fieldsChanged();
 }
@@ -136,23 +80,10 @@ void DefinitionDialog::noteSelection() {
   changed_ = false;
 }
 
-void DefinitionDialog::loadRecord(std::string_view record) { showValues(readRecord(record, fields_)); }
-
-std::string DefinitionDialog::recordText(std::string_view name) const {
-  return writeRecord(name.empty() ? list_.text() : name, values(), fields_);
+// Without a name the one that the list shows is taken.
+std::string DefinitionDialog::textOf(std::string_view name) const {
+  return recordText(name.empty() ? list_.text() : std::string(name));
 }
-
-void DefinitionDialog::showValues(std::span<const double> values) {
-  for (size_t i = 0; i < controls_.size(); ++i) { std::visit(Show{values[i]}, controls_[i]); }
-}
-
-std::vector<double> DefinitionDialog::values() const {
-  std::vector<double> values;
-  for (const FieldControl& control : controls_) { values.push_back(std::visit(Read{}, control)); }
-  return values;
-}
-
-dialog::Handle DefinitionDialog::control(size_t field) const { return std::visit(AsHandle{}, controls_.at(field)); }
 
 void DefinitionDialog::chooseOther() {
   if (settleEdits()) { return loadSelected(); }
@@ -188,7 +119,7 @@ void DefinitionDialog::settleByQuestion() {
 bool DefinitionDialog::saveCurrent() {
   if (currentIndex_ < 0) { return addDefinition(); }
   if (!mayBeSaved()) { return false; }
-  store_.put(kind_.section, currentIndex_ + 1, recordText(currentName_));
+  store_.put(kind_.section, currentIndex_ + 1, textOf(currentName_));
   changed_ = false;
   return true;
 }
@@ -203,7 +134,7 @@ void DefinitionDialog::add() {
 bool DefinitionDialog::addDefinition() {
   const std::optional<std::string> name = askNewName();
   if (!name || !mayBeSaved()) { return false; }
-  const std::string record = recordText(*name);
+  const std::string record = textOf(*name);
   store_.append(kind_.section, record);
   list_.addItem(recordName(record));
   list_.select(list_.count() - 1);
@@ -252,15 +183,10 @@ bool DefinitionDialog::confirm() {
   return true;
 }
 
-bool DefinitionDialog::meets(std::initializer_list<Rule> rules) {
-  bool all = true;
-  for (const Rule& rule : rules) {
-    if (rule.met) { continue; }
-    warn(&dialog_, "%s", rule.message);
-    rule.field.focus();
-    all = false;
-  }
-  return all;
+bool DefinitionDialog::refuse(const dialog::Handle& field, std::string_view message) {
+  warn(&dialog_, "%s", message);
+  field.focus();
+  return false;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -1,28 +1,21 @@
 #pragma once
 
-#include <initializer_list>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
-#include <variant>
-#include <vector>
 
 #include "frame/host/dialog.h"
 #include "frame/services.h"
 #include "mech/definition_kinds.h"
 #include "mech/definition_store.h"
-#include "mech/record_format.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // The setup dialog of a kind that has a library of definitions: the list, Add and Delete, the care for edits
-// that were not saved, and the order of OK. A kind derives from it, adds its fields and options to the
-// description and overrides its rules.
+// that were not saved, and the order of OK. What its records hold is told by those who derive from it.
 class DefinitionDialog {
  public:
-  DefinitionDialog(const Services& services, DefinitionStore& store, const DefinitionKind& kind,
-                   std::span<const RecordField> fields);
+  DefinitionDialog(const Services& services, DefinitionStore& store, const DefinitionKind& kind);
   DefinitionDialog(const DefinitionDialog&) = delete;
   DefinitionDialog& operator=(const DefinitionDialog&) = delete;
   virtual ~DefinitionDialog() = default;
@@ -31,21 +24,10 @@ class DefinitionDialog {
   bool run();
 
  protected:
-  // A condition that the field values must meet, the field to go to and the message where they do not.
-  struct Rule {
-    bool met;
-    dialog::Handle field;
-    std::string_view message;
-  };
-
   // ---- Description: rows 1 to 8 of the dialog's grid are the kind's -----------------------------------------
   [[nodiscard]] dialog::Dialog& box() { return dialog_; }
-  // A control that shows a field of the record, by its index in the format; an edit of it counts as a change
-  // of the definition. An empty caption is filled with the field's label unless the control has a name.
-  CFloatEdit addNumberField(size_t field, dialog::Setting setting, double maximum);
-  CIntEdit addIntegerField(size_t field, dialog::Setting setting, int minimum, int maximum);
-  dialog::DropDownHandle addListField(size_t field, dialog::Setting setting, std::vector<std::string> items);
-  void editChangesDefinition(const dialog::Handle& control);
+  // What the user edits there changes what is shown; it counts as a change of the definition if it marks it edited.
+  void follow(const dialog::Handle& control, bool marksEdited);
 
   // ---- Rules of the kind ------------------------------------------------------------------------------------
   virtual void readOptions() {}
@@ -60,26 +42,19 @@ class DefinitionDialog {
   virtual void writeOptions() {}
   // The fields show other values: a definition was loaded, or the user edited one.
   virtual void fieldsChanged() {}
-  virtual void loadRecord(std::string_view record);
-  virtual std::string recordText(std::string_view name) const;
+  // Between the fields and the text of a record.
+  virtual void showRecord(std::string_view text) = 0;
+  [[nodiscard]] virtual std::string recordText(std::string_view name) const = 0;
 
   // ---- For the rules ---------------------------------------------------------------------------------------
-  // Tells of every rule that is not met, the focus on the last; true when all are.
-  bool meets(std::initializer_list<Rule> rules);
-  void showValues(std::span<const double> values);
-  // The control that shows a field.
-  [[nodiscard]] dialog::Handle control(size_t field) const;
-  [[nodiscard]] std::vector<double> values() const;
+  // Warns and puts the focus on a field; false, for the rule that is not met.
+  bool refuse(const dialog::Handle& field, std::string_view message);
   // The name that the list shows, "" where nothing is selected.
   [[nodiscard]] std::string shownName() const { return list_.text(); }
   [[nodiscard]] DefinitionStore& store() const { return store_; }
 
  private:
-  using FieldControl = std::variant<std::monostate, CFloatEdit, CIntEdit, dialog::DropDownHandle>;
-
   void describeList();
-  void bind(size_t field, const dialog::Handle& control, FieldControl shown);
-  dialog::Setting labelled(size_t field, dialog::Setting setting) const;
   void open();
   void chooseOther();
   void loadSelected();
@@ -87,6 +62,7 @@ class DefinitionDialog {
   bool settleEdits();
   bool settleByChoice();
   void settleByQuestion();
+  [[nodiscard]] std::string textOf(std::string_view name) const;
   bool saveCurrent();
   void add();
   bool addDefinition();
@@ -98,13 +74,11 @@ class DefinitionDialog {
   const Services& services_;
   DefinitionStore& store_;
   const DefinitionKind& kind_;
-  std::span<const RecordField> fields_;
   dialog::Dialog dialog_;
   dialog::DropDownHandle list_;
-  std::vector<FieldControl> controls_;  // one for each field
-  int currentIndex_ = -1;               // of the definition that the fields show, -1 for none
+  int currentIndex_ = -1;  // of the definition that the fields show, -1 for none
   std::string currentName_;
   bool changed_ = false;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

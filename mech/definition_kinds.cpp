@@ -3,13 +3,24 @@
 #include <algorithm>
 #include <cassert>
 
-namespace ardenix {
+#include "mech/bolt_drawer.h"
+#include "mech/hole_drawer.h"
+#include "mech/nut_drawer.h"
+#include "mech/rivet_drawer.h"
+#include "mech/screw_drawer.h"
+
+namespace ardenix::mech {
 
 namespace {
 
 using enum DefinitionFamily;
 
-// Messages as users of the libraries know them, slips included.
+template <class Drawer>
+std::unique_ptr<PartDrawer> make(CCadWindow& view, const DefinitionStore& store) {
+  return std::make_unique<Drawer>(view, store);
+}
+
+// The spelling of these messages is part of the system's interface, scripts wait for them: it stays.
 constexpr DefinitionKind kKinds[] = {
     {.section = "BOLTS",
      .keyPrefix = "Bolt",
@@ -25,7 +36,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a bolt from the list of bolt definitions",
      .addTip = "Add the current bolt settings as a new bolt definition",
-     .deleteTip = "Delete the currently selected bolt definition"},
+     .deleteTip = "Delete the currently selected bolt definition",
+     .drawer = make<BoltDrawer>},
     {.section = "CAPSCREWS",
      .keyPrefix = "Bolt",
      .family = kChecked,
@@ -40,7 +52,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a screw from the list of screw definitions",
      .addTip = "Add the current screw settings as a new screw definition",
-     .deleteTip = "Delete the currently selected screw definition"},
+     .deleteTip = "Delete the currently selected screw definition",
+     .drawer = make<ScrewDrawer>},
     {.section = "NUTS",
      .keyPrefix = "Nut",
      .family = kChecked,
@@ -55,7 +68,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a nut from the list of nut definitions",
      .addTip = "Add the current nut settings as a new nut definition",
-     .deleteTip = "Delete the currently selected nut definition"},
+     .deleteTip = "Delete the currently selected nut definition",
+     .drawer = make<NutDrawer>},
     {.section = "HOLES",
      .keyPrefix = "Hole",
      .family = kChecked,
@@ -70,7 +84,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a hole from the list of hole definitions",
      .addTip = "Add the current hole settings as a new hole definition",
-     .deleteTip = "Delete the currently selected hole definition"},
+     .deleteTip = "Delete the currently selected hole definition",
+     .drawer = make<HoleDrawer>},
     {.section = "WELDS",
      .keyPrefix = "Weld",
      .family = kPlain,
@@ -100,7 +115,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a rivet from the list of rivet definitions",
      .addTip = "Add the current rivet settings as a new rivet definition",
-     .deleteTip = "Delete the currently selected rivet definition"},
+     .deleteTip = "Delete the currently selected rivet definition",
+     .drawer = make<RivetDrawer>},
     {.section = "SHAFTS",
      .keyPrefix = "Bolt",
      .family = kPlain,
@@ -188,4 +204,4 @@ const DefinitionKind& definitionKind(std::string_view section) {
   return *row;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

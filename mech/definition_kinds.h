@@ -1,9 +1,15 @@
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string_view>
 
-namespace ardenix {
+class CCadWindow;
+
+namespace ardenix::mech {
+
+class DefinitionStore;
+class PartDrawer;
 
 // How a kind's dialog treats edits that were not saved and names that are new.
 enum class DefinitionFamily {
@@ -30,6 +36,8 @@ struct DefinitionKind {
   std::string_view listTip;
   std::string_view addTip;
   std::string_view deleteTip;
+  // Makes a drawer of the kind's parts; null where no command draws them.
+  std::unique_ptr<PartDrawer> (*drawer)(CCadWindow& view, const DefinitionStore& store) = nullptr;
 };
 
 // All kinds, in the order in which their records are counted.
@@ -38,4 +46,4 @@ std::span<const DefinitionKind> definitionKinds();
 // The kind of a section; asking for one that has none is a mistake of ours and stops the program.
 const DefinitionKind& definitionKind(std::string_view section);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

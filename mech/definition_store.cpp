@@ -2,9 +2,8 @@
 
 #include "frame/records.h"
 #include "mech/definition_kinds.h"
-#include "mech/record_format.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -74,4 +73,4 @@ void DefinitionStore::write(std::string_view section, int n, std::string_view te
   file_.WriteString(section, key(section, n), text);
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

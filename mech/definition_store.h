@@ -8,7 +8,7 @@
 
 #include "frame/host/ini.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // The mechanical configuration file: the libraries of definitions, and the settings that the dialogs and
 // the drawings read. A definition is one value of comma-separated fields, the name first; the records of a
@@ -50,4 +50,4 @@ class DefinitionStore {
   std::map<std::string, int, std::less<>> counts_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

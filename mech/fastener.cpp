@@ -1,6 +1,6 @@
 #include "mech/fastener.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 LineStyle Fastener::threadStyle(const LineStyle& part) const {
   LineStyle style = part;
@@ -16,4 +16,4 @@ Fastener makeFastener(const DefinitionStore& store) {
   return fastener;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -7,7 +7,7 @@
 #include "mech/definition_store.h"
 #include "mech/line_style.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 enum class RepeatKind : int {
   kPitchCircle = -1,  // round a pitch circle of the value's diameter
@@ -63,4 +63,4 @@ struct Fastener {
 
 Fastener makeFastener(const DefinitionStore& store);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -2,7 +2,7 @@
 
 #include "mech/mech_toolset.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // The commands that draw fasteners, each in a file of its kind: the dialog, then part after part.
 void drawBolts(MechToolset& toolset);
@@ -11,4 +11,4 @@ void drawNuts(MechToolset& toolset);
 void drawHoles(MechToolset& toolset);
 void drawRivets(MechToolset& toolset);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -2,7 +2,7 @@
 
 #include "frame/drafting/macro_texts.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 bool FastenerDrawer::drawSideView() {
   const auto placement = placement_.askSideView();
@@ -56,4 +56,4 @@ void drawFasteners(FastenerDrawer& drawer, ViewMode mode) {
   endPart(view);
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

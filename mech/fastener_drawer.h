@@ -1,32 +1,28 @@
 #pragma once
 
-#include <span>
+#include <string>
+#include <string_view>
 
-#include "frame/host/cad_window.h"
 #include "frame/drafting/pen.h"
+#include "frame/host/cad_window.h"
 #include "mech/fastener.h"
 #include "mech/fastener_placement.h"
+#include "mech/part_drawer.h"
+#include "mech/record_fields.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // Draws the views of one kind of fastener where the user puts them. A kind gives its strokes; they start from
 // the fastener's position.
-class FastenerDrawer {
+class FastenerDrawer : public PartDrawer {
  public:
   FastenerDrawer(CCadWindow& view, const DefinitionStore& store, const FastenerTrade& trade)
       : trade_(trade), view_(view), fastener_(makeFastener(store)), placement_(view, fastener_, trade_) {}
-  FastenerDrawer(const FastenerDrawer&) = delete;
-  FastenerDrawer& operator=(const FastenerDrawer&) = delete;
-  virtual ~FastenerDrawer() = default;
-
-  // Takes the values of a definition, in the order of its record's fields.
-  virtual void take(std::span<const double> fields) = 0;
-
   // Each answers whether the view was drawn; false when the user ended at a prompt.
   bool drawSideView();
   bool drawPlanView();
-  // Both views beside each other where nobody is asked: a picture of the part.
-  void sketch();
+  // Both views beside each other.
+  void sketch() override;
 
   [[nodiscard]] Fastener& fastener() { return fastener_; }
   [[nodiscard]] const Fastener& fastener() const { return fastener_; }
@@ -54,10 +50,36 @@ class FastenerDrawer {
   FastenerPlacement placement_;
 };
 
+// A fastener whose records are described by a table of fields.
+template <class Record>
+class FastenerOf : public FastenerDrawer {
+ public:
+  FastenerOf(CCadWindow& view, const DefinitionStore& store, const FastenerTrade& trade, Fields<Record> fields)
+      : FastenerDrawer(view, store, trade), fields_(fields) {}
+
+  void take(const Record& record) {
+    record_ = record;
+    measure(record_);
+  }
+  void takeRecord(std::string_view text) override { take(readRecord(text, fields_)); }
+  [[nodiscard]] std::string recordText(std::string_view name) const override {
+    return writeRecord(name, record_, fields_);
+  }
+  [[nodiscard]] Fields<Record> fields() const { return fields_; }
+
+ protected:
+  // Works out what the drawing measures from.
+  virtual void measure(const Record& record) = 0;
+
+ private:
+  Fields<Record> fields_;
+  Record record_{};
+};
+
 // Centre lines of plans reach so far beyond the outline, in drawing units.
 inline constexpr double kPlanOverhang = 5.0;
 
 // Draws part after part until the user ends at a prompt or presses Escape.
 void drawFasteners(FastenerDrawer& drawer, ViewMode mode);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -3,7 +3,7 @@
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -145,4 +145,4 @@ Repeat FastenerOptions::repeat() const {
   return repeat;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -6,7 +6,7 @@
 #include "mech/definition_store.h"
 #include "mech/fastener.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // What differs between the kinds in the option controls.
 struct FastenerOptionTexts {
@@ -69,4 +69,4 @@ class FastenerOptions {
 Repeat readRepeat(std::string_view text);
 std::string repeatText(const Repeat& repeat);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

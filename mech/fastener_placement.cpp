@@ -5,11 +5,11 @@
 #include <string>
 
 #include "frame/drafting/group_numbering.h"
+#include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
-#include "frame/drafting/macro_texts.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -230,4 +230,4 @@ void FastenerPlacement::finish() {
   if (trade_.cutByMacros) { view_.gsExecuteMacro(macroText::kSelectNewEnd); }
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

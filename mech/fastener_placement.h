@@ -3,11 +3,11 @@
 #include <optional>
 #include <string_view>
 
-#include "frame/host/cad_window.h"
 #include "frame/drafting/point.h"
+#include "frame/host/cad_window.h"
 #include "mech/fastener.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // Where the user put a side view.
 struct SidePlacement {
@@ -66,4 +66,4 @@ class FastenerPlacement {
 // Closes a finished part: the next primitive belongs to no group, the cursor is free.
 void endPart(CCadWindow& view);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

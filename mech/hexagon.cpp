@@ -4,7 +4,7 @@
 
 #include "mech/outline.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -64,4 +64,4 @@ void drawBottomChamferCurves(const DraftingPen& pen, const Hexagon& hexagon, Poi
   }
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "frame/drafting/point.h"
 #include "frame/drafting/pen.h"
+#include "frame/drafting/point.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // A hexagon head or nut standing with a corner to the left and right, its flats at top and bottom in plan.
 // All lengths are drawing units.
@@ -32,4 +32,4 @@ void drawChamferCurves(const DraftingPen& pen, const Hexagon& hexagon, Point bas
 // Those of a chamfer at the foot, with their lowest points at the foot.
 void drawBottomChamferCurves(const DraftingPen& pen, const Hexagon& hexagon, Point base);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -1,6 +1,6 @@
 #include "mech/hole_preview.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -113,4 +113,4 @@ class HolePane {
 
 void paintHolePreview(dialog::Canvas& canvas, const HoleRecord& hole) { HolePane(canvas, hole).paint(); }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

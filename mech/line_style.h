@@ -7,7 +7,7 @@
 #include "frame/drafting/line_style.h"
 #include "mech/definition_store.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // The three line styles of mechanical drawings, as the configuration file keeps them in section "Setup":
 // keys prefix + "LT", "Pen" and "LW" (millimetres). What the setup dialog offers for a missing key is
@@ -28,4 +28,4 @@ std::span<const LineStyleRow> lineStyleRows();
 // The style that drawings use: pen 1, line type 1, width 0 where keys are missing.
 LineStyle lineStyle(const DefinitionStore& store, LineKind kind);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -4,7 +4,7 @@
 #include "frame/messages.h"
 #include "mech/setup_dialog.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 MechToolset::MechToolset(CCadWindow* view, const Services& services)
     : Toolset(view), services_(services), configuration_(GetAllPaths()) {
@@ -41,4 +41,4 @@ std::unique_ptr<MechToolset> makeMechToolset(CCadWindow* view, const Services& s
 
 void displaySetup(MechToolset& toolset) { toolset.runSetup(); }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -6,7 +6,7 @@
 #include "frame/toolset.h"
 #include "mech/configuration.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // What the mechanical commands of one view run in: the configuration file, read once for all of them.
 class MechToolset : public Toolset {
@@ -35,4 +35,4 @@ std::unique_ptr<MechToolset> makeMechToolset(CCadWindow* view, const Services& s
 // The command that shows the setup dialog.
 void displaySetup(MechToolset& toolset);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -6,7 +6,7 @@
 
 #include "frame/host/core_services.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 double radiusThrough(Point first, Point second, Point third) {
   double chord = 0.0;
@@ -39,4 +39,4 @@ double halfChord(double radius, double distance) {
   return std::sqrt(std::max(radius * radius - distance * distance, 0.0));
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

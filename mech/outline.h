@@ -1,10 +1,10 @@
 #pragma once
 
-#include "frame/drafting/point.h"
 #include "frame/drafting/pen.h"
+#include "frame/drafting/point.h"
 
 // Shapes that several kinds of part are drawn with.
-namespace ardenix {
+namespace ardenix::mech {
 
 // The radius of the circle through three points in order; 0 where the last two coincide, very large where
 // all lie on a line.
@@ -23,4 +23,4 @@ void drawCentreCross(const DraftingPen& pen, Point centre, double across, double
 // Half of a chord so far from the centre of a circle; 0 where the chord would miss the circle.
 double halfChord(double radius, double distance);
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

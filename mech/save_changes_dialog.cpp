@@ -2,7 +2,7 @@
 
 #include "frame/messages.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -30,4 +30,4 @@ SaveChoice askSaveChanges(const Services& services, CWnd* owner, std::string_vie
   return accepted ? static_cast<SaveChoice>(choice.chosen()) : SaveChoice::kDiscard;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -4,7 +4,7 @@
 #include "frame/messages.h"
 #include "mech/line_style.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
@@ -129,4 +129,4 @@ void SetupDialog::writeStyles() {
   configuration_.store().flush();
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

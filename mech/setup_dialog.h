@@ -7,7 +7,7 @@
 #include "frame/services.h"
 #include "mech/configuration.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // The Mechanical Setup dialog: which configuration file is used, and its three line styles. A file picked
 // with "..." is loaded at once and stays loaded when the dialog is cancelled.
@@ -39,4 +39,4 @@ class SetupDialog {
   std::array<StyleControls, 3> styles_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

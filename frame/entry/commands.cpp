@@ -12,13 +12,13 @@
 #include "survey/trace_tool.h"
 
 // One row a command: export, menu caption, operation. The rows give the exports and the command list.
-#define MECHANICAL_COMMANDS(ROW)                                       \
-  ROW(DisplayMechSetup, "Mechanical &Setup...", ardenix::displaySetup) \
-  ROW(MechDrawBolts, "Hex &Bolts...", ardenix::drawBolts)              \
-  ROW(MechDrawScrews, "Socket S&crews...", ardenix::drawScrews)        \
-  ROW(MechDrawNuts, "&Nuts...", ardenix::drawNuts)                     \
-  ROW(MechDrawHoles, "&Drilled Holes...", ardenix::drawHoles)          \
-  ROW(MechDrawRivets, "&Rivets...", ardenix::drawRivets)
+#define MECHANICAL_COMMANDS(ROW)                                             \
+  ROW(DisplayMechSetup, "Mechanical &Setup...", ardenix::mech::displaySetup) \
+  ROW(MechDrawBolts, "Hex &Bolts...", ardenix::mech::drawBolts)              \
+  ROW(MechDrawScrews, "Socket S&crews...", ardenix::mech::drawScrews)        \
+  ROW(MechDrawNuts, "&Nuts...", ardenix::mech::drawNuts)                     \
+  ROW(MechDrawHoles, "&Drilled Holes...", ardenix::mech::drawHoles)          \
+  ROW(MechDrawRivets, "&Rivets...", ardenix::mech::drawRivets)
 
 #define ARCHITECTURAL_COMMANDS(ROW)                                           \
   ROW(DisplayArchSetup, "Architectural &Setup...", ardenix::displayArchSetup) \
@@ -38,10 +38,10 @@
 
 namespace {
 
-void runMechanical(void (*operation)(ardenix::MechToolset&)) {
+void runMechanical(void (*operation)(ardenix::mech::MechToolset&)) {
   ardenix::ModuleState& state = ardenix::moduleState();
   state.currentView = cadGetCurrentView();
-  const auto make = [&state](CCadWindow* view) { return ardenix::makeMechToolset(view, state.services); };
+  const auto make = [&state](CCadWindow* view) { return ardenix::mech::makeMechToolset(view, state.services); };
   operation(ardenix::toolsetOfView(state.mechanical, state.currentView, make));
 }
 

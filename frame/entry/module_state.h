@@ -31,7 +31,7 @@ class ModuleState {
   COXShortcutBar* shortcutBar = nullptr;
   CCadWindow* currentView = nullptr;
 
-  std::unique_ptr<MechToolset> mechanical;
+  std::unique_ptr<mech::MechToolset> mechanical;
   std::unique_ptr<ArchToolset> architectural;
   std::unique_ptr<Toolset> surveyTrace;
   std::unique_ptr<Toolset> surveySheet;

@@ -1,6 +1,6 @@
 #include <numbers>
 
-#include "mech/hex_bolt.h"
+#include "mech/bolt_drawer.h"
 #include "tests/mech/fastener_session.h"
 
 namespace {
@@ -186,9 +186,9 @@ TEST_F(BoltCommand, ATextThatNamesAreCutToStaysOneGroupName) {
 TEST(StandardBolt, IsThreadedInTheUsualProportions) {
   const double rows[][3] = {{10, 60, 26}, {10, 26, 21}, {10, 0, 0}};
   for (const auto& [diameter, length, threaded] : rows) {
-    EXPECT_DOUBLE_EQ(ardenix::standardBolt(diameter, length).threadLength, threaded) << length;
+    EXPECT_DOUBLE_EQ(ardenix::mech::standardBolt(diameter, length).threadLength, threaded) << length;
   }
-  EXPECT_DOUBLE_EQ(ardenix::standardBolt(10, 60).headSize, 15.6);
+  EXPECT_DOUBLE_EQ(ardenix::mech::standardBolt(10, 60).headSize, 15.6);
 }
 
 }  // namespace

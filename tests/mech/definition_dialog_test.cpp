@@ -1,4 +1,4 @@
-#include "mech/definition_dialog.h"
+#include "mech/record_dialog.h"
 
 #include <gtest/gtest.h>
 
@@ -22,9 +22,9 @@ class DefinitionDialogTest : public CommandSession {
     log_.lines.clear();
     play("run MechDrawBolts\n" + kOpen + script + "press \"Cancel\"\n");
   }
-  [[nodiscard]] Texts names() const { return ardenix::DefinitionStore(path_).names("BOLTS"); }
+  [[nodiscard]] Texts names() const { return ardenix::mech::DefinitionStore(path_).names("BOLTS"); }
   [[nodiscard]] std::string record(int n) const {
-    return ardenix::DefinitionStore(path_).record("BOLTS", n).value_or("");
+    return ardenix::mech::DefinitionStore(path_).record("BOLTS", n).value_or("");
   }
   [[nodiscard]] static std::string named(const std::string& name) {
     return "dialog \"Ardenix - Add New Item\"\nset \"Name for new Bolt\" \"" + name + "\"\npress \"OK\"\n";
@@ -62,7 +62,7 @@ TEST_F(DefinitionDialogTest, OkWritesOptionsAndCurrentOnly) {
        "pick \"Definition\" \"M12\"\ncheck \"Top View (plan)\"\npick \"Draw shaft as:\" \"Hidden line\"\n"
        "set \"Number =\" 4\nset \"Repeat value\" 25\npick \"Repeat\" \"Polar\"\npick \"Polar value\" \"PCD\"\n"
        "press \"OK\"\nspace\n");
-  const ardenix::DefinitionStore store(path_);
+  const ardenix::mech::DefinitionStore store(path_);
   const Texts keys = {"DrawElev", "DrawPlan", "AutoAlignElev", "HeadLT", "ShaftLT", "BoltRepeat"};
   Texts values;
   for (const std::string& key : keys) { values.push_back(store.file().ReadString("Defaults", key, "missing")); }
@@ -179,50 +179,97 @@ TEST_F(DefinitionDialogTest, ALibraryChangedByAnotherProgramIsNotOverwritten) {
 
 // ---- The plain family ---------------------------------------------------------------------------------------
 
-// A kind whose names and edits are taken as given.
-class PlainDialog : public ardenix::DefinitionDialog {
+// A kind whose names and edits are taken as given, with a field of every sort.
+enum class Quality { kRough, kFine };
+struct Wheel {
+  double module = 0.0;
+  int teeth = 0;
+  Quality quality = Quality::kRough;
+  bool hardened = false;
+  std::string material;
+  std::string note;
+  int counted = 0;
+};
+constexpr const char* kQualities[] = {"Rough", "Fine"};
+using ardenix::mech::choice;
+constexpr ardenix::mech::Field<Wheel> kWheelFields[] = {
+    {.member = &Wheel::module, .place = 2, .label = "Module", .tip = "", .maximum = 1000.0, .stored = "%.1f"},
+    {.member = &Wheel::teeth,
+     .place = 3,
+     .label = "Teeth",
+     .tip = "",
+     .minimum = 2.0,
+     .maximum = 1000.0,
+     .fallback = 25},
+    {.member = &Wheel::note, .place = 8, .label = "Note", .tip = "", .limit = 20, .multiline = true},
+    {.member = &Wheel::material, .place = 6, .label = "Material", .tip = "", .limit = 10},
+    {.member = choice<&Wheel::quality>(kQualities), .place = 4, .label = "Quality", .tip = ""},
+    {.member = &Wheel::hardened,
+     .place = 5,
+     .label = "Hardened",
+     .tip = "",
+     .enabled = [](const Wheel& wheel) { return wheel.quality == Quality::kFine; }},
+    {.member = &Wheel::counted, .place = 7, .label = "Counted", .tip = "", .marksEdited = false},
+};
+
+class PlainDialog : public ardenix::mech::RecordDialog<Wheel> {
  public:
-  PlainDialog(const ardenix::Services& services, ardenix::DefinitionStore& store)
-      : DefinitionDialog(services, store, ardenix::definitionKind("GEARS"), kFields) {
-    addNumberField(0, {}, 1000.0);
-    addIntegerField(1, {}, 2, 1000);
-  }
-  std::vector<double> accepted;
+  PlainDialog(const ardenix::Services& services, ardenix::mech::DefinitionStore& store)
+      : RecordDialog(services, store, ardenix::mech::definitionKind("GEARS"), kWheelFields) {}
+  Wheel accepted;
 
  protected:
-  void accept() override { accepted = values(); }
-
- private:
-  static constexpr ardenix::RecordField kFields[] = {{"Module"}, {"Teeth", "%d"}};
+  bool optionsComplete() override { return choicesMade(); }
+  void accept() override { accepted = record(); }
 };
 
 class PlainFamilyTest : public CommandSession {
  protected:
   void testStep(const std::string&) override {
     const ardenix::Services services{&host().mainFrame(), true, nullptr};
-    ardenix::DefinitionStore store(path_);
+    ardenix::mech::DefinitionStore store(path_);
     PlainDialog dialog(services, store);
     dialog.run();
     accepted_ = dialog.accepted;
   }
   void visit(const std::string& script) { play("test visit\ndialog \"Mechanical Ardenix - Spur Gears\"\n" + script); }
 
-  std::string path_ = write("gears.ini", "[GEARS]\nBolt1=A,2.000,20\nBolt2=B,3.000,30\n");
-  std::vector<double> accepted_;
+  std::string path_ =
+      write("gears.ini", "[GEARS]\nBolt1=A,2.0,20,1,1,steel,0,one\\Ntwo\nBolt2=B,3.0\nBolt3=C,1.0,30,7\n");
+  Wheel accepted_;
 };
 
 TEST_F(PlainFamilyTest, AsksYesOrNoAndNeverStays) {
   visit(
-      "set \"Module\" 5\npick \"Definition\" \"B\"\nreply yes\nexpect \"Teeth\" 30\n"
+      "set \"Module\" 5\npick \"Definition\" \"B\"\nreply yes\nexpect \"Teeth\" 25\n"
       "set \"Teeth\" 31\npick \"Definition\" \"A\"\nreply no\nexpect \"Module\" 5.0\n"
       "set \"Teeth\" 25\npress \"OK\"\nreply no\n");
   EXPECT_EQ(log_.of("message"), (Texts{"Save Gear|A has changed, do you want to save it?",
                                        "Save Gear|B has changed, do you want to save it?",
                                        "Save Gear|A has changed, do you want to save it?"}));
-  EXPECT_EQ(accepted_, (std::vector<double>{5, 25}));
-  const ardenix::DefinitionStore store(path_);
-  EXPECT_EQ(store.record("GEARS", 1), "A,5.000,20");
-  EXPECT_EQ(store.record("GEARS", 2), "B,3.000,30");
+  EXPECT_EQ(accepted_.module, 5.0);
+  EXPECT_EQ(accepted_.teeth, 25);
+  const ardenix::mech::DefinitionStore store(path_);
+  EXPECT_EQ(store.record("GEARS", 1), "A,5.0,20,1,1,steel,0,one\\Ntwo");
+  EXPECT_EQ(store.record("GEARS", 2), "B,3.0");
+}
+
+TEST_F(PlainFamilyTest, FieldsOfEverySortGoBetweenRecordAndDialog) {
+  visit(
+      "expect \"Material\" \"steel\"\nexpect \"Hardened\" 1\nexpect \"Hardened\" enabled\n"
+      "pick \"Quality\" \"Rough\"\nexpect \"Hardened\" disabled\n"
+      "set \"Material\" \"brass, c\"\nexpect focus \"Material\"\nset \"Material\" \"brass\"\n"
+      "press \"OK\"\nreply yes\n");
+  EXPECT_EQ(log_.of("message").at(0), "Material takes no comma, which stands between the fields of a definition.");
+  EXPECT_EQ(ardenix::mech::DefinitionStore(path_).record("GEARS", 1), "A,2.0,20,0,1,brass,0,one\\Ntwo");
+}
+
+TEST_F(PlainFamilyTest, AnEntryBeyondTheListIsAskedForAndACountIsNoEdit) {
+  visit(
+      "set \"Counted\" 4\npick \"Definition\" \"C\"\npress \"OK\"\nexpect focus \"Quality\"\n"
+      "pick \"Quality\" \"Fine\"\npress \"OK\"\nreply no\n");
+  EXPECT_EQ(log_.of("message"),
+            (Texts{"Please select a Quality from its list.", "Save Gear|C has changed, do you want to save it?"}));
 }
 
 TEST_F(PlainFamilyTest, TakesNamesAsGivenButForTheirLength) {
@@ -231,7 +278,8 @@ TEST_F(PlainFamilyTest, TakesNamesAsGivenButForTheirLength) {
            "\"\npress \"OK\"\n";
   };
   visit(add("A") + add("") + add(std::string(33, 'g')) + "press \"Cancel\"\n");
-  EXPECT_EQ(ardenix::DefinitionStore(path_).names("GEARS"), (Texts{"A", "B", "A", "A", std::string(31, 'g')}))
+  EXPECT_EQ(ardenix::mech::DefinitionStore(path_).names("GEARS"),
+            (Texts{"A", "B", "C", "A", "A", std::string(31, 'g')}))
       << "without a name the list's own is taken";
 }
 

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include "mech/bolt_drawer.h"
 #include "mech/definition_kinds.h"
+#include "mech/hole_drawer.h"
 #include "mech/line_style.h"
-#include "mech/record_format.h"
+#include "mech/nut_drawer.h"
+#include "mech/rivet_drawer.h"
+#include "mech/screw_drawer.h"
 #include "tests/core_fixture.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 namespace {
 
 using Names = std::vector<std::string>;
@@ -73,12 +77,29 @@ TEST_F(DefinitionStoreTest, DrawingsTakeLineStylesInTenthsOfAMillimetre) {
 }
 
 TEST(RecordFormat, MissingFieldsHaveTheirOwnValues) {
-  EXPECT_EQ(readRecord("name only", boltFields()), std::vector<double>(6, 0.0));
-  // A hole without a thread length is threaded below its countersink.
-  EXPECT_EQ(readHoleRecord("H,8.5,10.0,20.0,1.5,1,1,0.0").back(), 18.5);
-  EXPECT_EQ(readHoleRecord("H,8.5,10.0,20.0,1.5,1,1,0.0,15.0").back(), 15.0);
-  EXPECT_EQ(readHoleRecord("H,8.5,10.0,20.0,1.5,1.7,1,0.0,15.0")[4], 1.0) << "a number is cut to an index";
+  EXPECT_EQ(writeRecord("B", readRecord("name only", boltFields()), boltFields()),
+            "B,0.000,0.000,0.000,0.000,0.000,0.000");
+  const auto hole = [](const char* text) { return readRecord(text, holeFields()); };
+  EXPECT_EQ(hole("H,8.5,10.0,20.0,1.5,1,1,0.0").threadLength, 18.5) << "threaded below its countersink";
+  EXPECT_EQ(hole("H,8.5,10.0,20.0,1.5,1,1,0.0,15.0").threadLength, 15.0);
+  EXPECT_EQ(hole("H,8.5,10.0,20.0,1.5,1.7,1,0.0,15.0").type, HoleType::kTapped) << "a number is cut to an index";
+}
+
+// Every number of the shipped library stays at its place when its record is read and written again.
+TEST(RecordFormat, ShippedRecordsAreWrittenAsTheyStand) {
+  const DefinitionStore store(SOURCE_ROOT "/data/ISO Mechspecs.ini");
+  const auto same = [&store](std::string_view section, auto fields) {
+    for (int n = 1; n <= store.count(section); ++n) {
+      const std::string text = *store.record(section, n);
+      EXPECT_EQ(writeRecord(recordName(text), readRecord(text, fields), fields), text);
+    }
+  };
+  same("BOLTS", boltFields());
+  same("CAPSCREWS", screwFields());
+  same("NUTS", nutFields());
+  same("HOLES", holeFields());
+  same("RIVETS", rivetFields());
 }
 
 }  // namespace
-}  // namespace ardenix
+}  // namespace ardenix::mech

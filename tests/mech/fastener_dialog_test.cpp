@@ -126,7 +126,7 @@ TEST_F(FastenerDialogTest, RecordsAreSavedInTheirOwnFormats) {
     visit(kind.command, kind.title,
           std::string("press \"Add\"\ndialog \"Ardenix - Add New Item\"\nset \"Name for new ") + kind.word +
               "\" \"NEW\"\npress \"OK\"\n");
-    const ardenix::DefinitionStore store(path_);
+    const ardenix::mech::DefinitionStore store(path_);
     EXPECT_EQ(store.record(kind.section, store.count(kind.section)), kind.record);
   }
 }
@@ -141,7 +141,7 @@ TEST_F(FastenerDialogTest, KindsShareTheirViewsAndStyles) {
         "expect \"Top View (plan)\" 1\nexpect \"Draw shaft as:\" \"Hidden line\"\nexpect \"Draw head as:\" \"Solid "
         "line\"\n"
         "expect \"Number =\" 1\n");
-  const ardenix::DefinitionStore store(path_);
+  const ardenix::mech::DefinitionStore store(path_);
   EXPECT_EQ(store.file().ReadString("Defaults", "NutRepeat", ""), "25.000000,4,0");
   EXPECT_EQ(store.file().ReadString("Defaults", "AutoAlignElev", "none"), "none") << "nuts are not aligned";
 }

@@ -4,7 +4,6 @@
 #include <span>
 
 #include "mech/definition_store.h"
-#include "mech/record_format.h"
 #include "tests/mech/fastener_session.h"
 
 namespace {
@@ -66,7 +65,7 @@ class FastenerLibraryTest : public FastenerSession, public ::testing::WithParamI
   // Both views of every definition, side by side, by one script. Fills strokes_: side, plan, side, plan, ...
   void drawAll() {
     const ShippedKind& kind = GetParam();
-    names_ = ardenix::DefinitionStore(path_).names(kind.section);
+    names_ = ardenix::mech::DefinitionStore(path_).names(kind.section);
     std::string script;
     for (size_t i = 0; i < names_.size(); ++i) {
       const std::string x = std::to_string(kApart * static_cast<double>(i)) + ' ';

@@ -1,4 +1,4 @@
-#include "mech/nut.h"
+#include "mech/nut_drawer.h"
 
 #include "tests/mech/fastener_session.h"
 

@@ -1,4 +1,4 @@
-#include "mech/rivet.h"
+#include "mech/rivet_drawer.h"
 
 #include "tests/mech/fastener_session.h"
 

@@ -50,7 +50,7 @@ TEST_F(SurveyJob, MissingOptionsAreNotThoseThatDialogsOffer) {
   EXPECT_EQ(job.options().polySnipFactor, 2.0);
   EXPECT_EQ(job.options().lineType, 5);
   EXPECT_EQ(job.options().diagramLayer, "SG_DIAGRAM");
-  job.textStyle().use(job.textRow("TEXT", "Missing"));
+  use(job.textRow("TEXT", "Missing"), job.textStyle());
   EXPECT_TRUE(job.textStyle().pen == 8 && job.textStyle().height == 30.0);
 }
 

@@ -1,17 +1,10 @@
 #pragma once
 
-#include <span>
-
 #include "mech/fastener_drawer.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 enum class RivetHeadType { kSnap, kPan, kMushroom, kFlat, kCountersunk };
-
-// The fields of a rivet's record, in their order.
-namespace rivetField {
-enum : size_t { kDiameter, kLeftHeight, kLeftDiameter, kLeftType, kLength, kRightHeight, kRightDiameter, kRightType };
-}  // namespace rivetField
 
 struct RivetHead {
   RivetHeadType type = RivetHeadType::kSnap;
@@ -25,30 +18,37 @@ struct RivetHead {
 struct RivetRecord {
   double diameter = 0.0;  // of the shank
   double length = 0.0;    // between the faces of what is joined
-  RivetHead left;
-  RivetHead right;
+  double leftDiameter = 0.0;
+  double leftHeight = 0.0;
+  RivetHeadType leftType = RivetHeadType::kSnap;
+  double rightDiameter = 0.0;
+  double rightHeight = 0.0;
+  RivetHeadType rightType = RivetHeadType::kSnap;
+
+  [[nodiscard]] RivetHead left() const { return {leftType, leftDiameter, leftHeight}; }
+  [[nodiscard]] RivetHead right() const { return {rightType, rightDiameter, rightHeight}; }
 };
 
-RivetRecord rivetOf(std::span<const double> fields);
+// The table of its fields.
+Fields<RivetRecord> rivetFields();
 
-class Rivet : public FastenerDrawer {
+class RivetDrawer : public FastenerOf<RivetRecord> {
  public:
-  Rivet(CCadWindow& view, const DefinitionStore& store);
-
-  void take(std::span<const double> fields) override { rivet_ = rivetOf(fields); }
+  RivetDrawer(CCadWindow& view, const DefinitionStore& store);
 
  protected:
+  void measure(const RivetRecord& record) override { rivet_ = record; }
   // The left head stands on the position that the user gives, the right head hangs below the shank.
   void strokeSideView() override;
   void strokePlanView() override;
   [[nodiscard]] FastenerReach reach() const override;
 
  private:
-  [[nodiscard]] double shankTop() const { return -rivet_.left.sink(); }
-  [[nodiscard]] double shankBottom() const { return rivet_.right.sink() - rivet_.length; }
+  [[nodiscard]] double shankTop() const { return -rivet_.left().sink(); }
+  [[nodiscard]] double shankBottom() const { return rivet_.right().sink() - rivet_.length; }
   [[nodiscard]] double widestHead() const;
 
   RivetRecord rivet_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

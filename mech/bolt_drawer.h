@@ -1,11 +1,9 @@
 #pragma once
 
-#include <span>
-
 #include "mech/fastener_drawer.h"
 #include "mech/hexagon.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 // A hexagon bolt as its definition gives it, in drawing units.
 struct BoltRecord {
@@ -17,10 +15,8 @@ struct BoltRecord {
   double minorDiameter = 0.0;
 };
 
-// The fields of a bolt's record, in their order.
-enum BoltField : size_t { kHeadSize, kHeadHeight, kDiameter, kLength, kThreadLength, kMinorDiameter };
-
-BoltRecord boltOf(std::span<const double> fields);
+// The table of its fields.
+Fields<BoltRecord> boltFields();
 
 // A bolt of usual proportions for a diameter and a length.
 BoltRecord standardBolt(double diameter, double length);
@@ -38,13 +34,12 @@ struct BoltDimensions {
 
 BoltDimensions boltDimensions(const BoltRecord& record);
 
-class HexBolt : public FastenerDrawer {
+class BoltDrawer : public FastenerOf<BoltRecord> {
  public:
-  HexBolt(CCadWindow& view, const DefinitionStore& store);
-
-  void take(std::span<const double> fields) override { dimensions_ = boltDimensions(boltOf(fields)); }
+  BoltDrawer(CCadWindow& view, const DefinitionStore& store);
 
  protected:
+  void measure(const BoltRecord& record) override { dimensions_ = boltDimensions(record); }
   // The head stands above the position that the user gives, the shaft hangs below.
   void strokeSideView() override;
   void strokePlanView() override;
@@ -59,4 +54,4 @@ class HexBolt : public FastenerDrawer {
   BoltDimensions dimensions_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -1,35 +1,23 @@
-#include "mech/drilled_hole.h"
+#include "mech/hole_drawer.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "mech/outline.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
-constexpr FastenerTrade kTrade = {.category = "HOLES",
-                                  .word = "Hole",
-                                  .planWord = "Hole",
-                                  .sideGroup = "HS",
-                                  .planGroup = "HP",
-                                  .clearsSelection = true,
-                                  .returnsToRoot = false};
+constexpr FastenerTrade kHoleTrade = {.category = "HOLES",
+                                      .word = "Hole",
+                                      .planWord = "Hole",
+                                      .sideGroup = "HS",
+                                      .planGroup = "HP",
+                                      .clearsSelection = true,
+                                      .returnsToRoot = false};
 
 }  // namespace
-
-HoleRecord holeOf(std::span<const double> fields) {
-  using namespace holeField;
-  return {.diameter = fields[kDiameter],
-          .threadDiameter = fields[kThreadDiameter],
-          .length = fields[kLength],
-          .countersinkDepth = fields[kCountersinkDepth],
-          .type = static_cast<HoleType>(fields[kType]),
-          .range = static_cast<HoleRange>(fields[kRange]),
-          .counterboreDiameter = fields[kCounterboreDiameter],
-          .threadLength = fields[kThreadLength]};
-}
 
 HoleDimensions holeDimensions(const HoleRecord& record) {
   HoleDimensions hole;
@@ -51,10 +39,10 @@ HoleDimensions holeDimensions(const HoleRecord& record) {
   return hole;
 }
 
-DrilledHole::DrilledHole(CCadWindow& view, const DefinitionStore& store)
-    : FastenerDrawer(view, store, kTrade), dimensions_(holeDimensions({})) {}
+HoleDrawer::HoleDrawer(CCadWindow& view, const DefinitionStore& store)
+    : FastenerOf(view, store, kHoleTrade, holeFields()), dimensions_(holeDimensions({})) {}
 
-FastenerReach DrilledHole::reach() const {
+FastenerReach HoleDrawer::reach() const {
   return {.length = dimensions_.length,
           .axisLength = dimensions_.bottom - dimensions_.bodyTop + dimensions_.tip,
           .planRadius = dimensions_.radius};
@@ -62,7 +50,7 @@ FastenerReach DrilledHole::reach() const {
 
 // ---- Side view ----------------------------------------------------------------------------------------------
 
-void DrilledHole::strokeSideView() {
+void HoleDrawer::strokeSideView() {
   const DraftingPen pen = shaftPen();
   if (dimensions_.sunk) { dimensions_.counterbored ? drawCounterbore(pen) : drawCountersink(pen); }
   if (dimensions_.type == HoleType::kTapped) { drawThread(); }
@@ -70,7 +58,7 @@ void DrilledHole::strokeSideView() {
   drawAxis();
 }
 
-void DrilledHole::drawCountersink(const DraftingPen& pen) const {
+void HoleDrawer::drawCountersink(const DraftingPen& pen) const {
   const Point base = position();
   const double inner = dimensions_.mouthRadius;
   const double outer = dimensions_.sinkRadius;
@@ -80,7 +68,7 @@ void DrilledHole::drawCountersink(const DraftingPen& pen) const {
   pen.line(base + Point{-inner, bottom}, base + Point{inner, bottom});
 }
 
-void DrilledHole::drawCounterbore(const DraftingPen& pen) const {
+void HoleDrawer::drawCounterbore(const DraftingPen& pen) const {
   const Point base = position();
   const double radius = dimensions_.sinkRadius;
   const double bottom = -dimensions_.sinkDepth;
@@ -89,7 +77,7 @@ void DrilledHole::drawCounterbore(const DraftingPen& pen) const {
   pen.line(base + Point{radius, bottom}, base + Point{radius, 0});
 }
 
-void DrilledHole::drawThread() const {
+void HoleDrawer::drawThread() const {
   const DraftingPen pen = shaftThreadPen();
   const Point base = position();
   const double radius = dimensions_.threadRadius;
@@ -99,7 +87,7 @@ void DrilledHole::drawThread() const {
   if (dimensions_.threadEnds) { pen.line(base + Point{-radius, end}, base + Point{radius, end}); }
 }
 
-void DrilledHole::drawBody(const DraftingPen& pen) const {
+void HoleDrawer::drawBody(const DraftingPen& pen) const {
   const Point base = position();
   const double radius = dimensions_.radius;
   const double top = -dimensions_.bodyTop;
@@ -112,7 +100,7 @@ void DrilledHole::drawBody(const DraftingPen& pen) const {
   pen.line(base + Point{radius, bottom}, point);
 }
 
-void DrilledHole::drawAxis() const {
+void HoleDrawer::drawAxis() const {
   const Point base = position();
   const double overhang = dimensions_.radius;
   centrePen().line(base + Point{0, -(dimensions_.bottom + dimensions_.tip + overhang)}, base + Point{0, overhang});
@@ -120,7 +108,7 @@ void DrilledHole::drawAxis() const {
 
 // ---- Plan view ----------------------------------------------------------------------------------------------
 
-void DrilledHole::strokePlanView() {
+void HoleDrawer::strokePlanView() {
   const DraftingPen pen = headPen();
   pen.circle(position(), dimensions_.radius);
   if (dimensions_.sunk) { pen.circle(position(), dimensions_.sinkRadius); }
@@ -128,7 +116,7 @@ void DrilledHole::strokePlanView() {
   dimensions_.type == HoleType::kDowel ? fillDowel() : drawPlanCentreLines();
 }
 
-void DrilledHole::drawPlanCentreLines() const {
+void HoleDrawer::drawPlanCentreLines() const {
   double reach = 1.2 * dimensions_.radius;
   if (dimensions_.sunk) { reach = 2.0 * 1.2 * dimensions_.sinkRadius; }
   if (dimensions_.type == HoleType::kTapped) { reach = 1.2 * dimensions_.threadRadius; }
@@ -136,7 +124,7 @@ void DrilledHole::drawPlanCentreLines() const {
 }
 
 // Strokes so close that they blacken the upper left and the lower right quarter, the sign of a dowel pin.
-void DrilledHole::fillDowel() const {
+void HoleDrawer::fillDowel() const {
   constexpr int kStrokes = 40;
   const DraftingPen pen = this->pen({.pen = fastener().headStyle().pen, .linetype = 1, .width = 0.0});
   const Point centre = position();
@@ -151,4 +139,4 @@ void DrilledHole::fillDowel() const {
   }
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

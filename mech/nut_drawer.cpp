@@ -1,4 +1,4 @@
-#include "mech/nut.h"
+#include "mech/nut_drawer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,33 +6,19 @@
 #include "frame/drafting/macro_texts.h"
 #include "mech/outline.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
-constexpr FastenerTrade kTrade = {.category = "NUTS",
-                                  .word = "Nut",
-                                  .planWord = "Nut",
-                                  .sideGroup = "_S",
-                                  .planGroup = "_P",
-                                  .turnsToPoint = true,
-                                  .cutByMacros = true};
+constexpr FastenerTrade kNutTrade = {.category = "NUTS",
+                                     .word = "Nut",
+                                     .planWord = "Nut",
+                                     .sideGroup = "_S",
+                                     .planGroup = "_P",
+                                     .turnsToPoint = true,
+                                     .cutByMacros = true};
 
 }  // namespace
-
-NutRecord nutOf(std::span<const double> fields) {
-  using namespace nutField;
-  return {.headSize = fields[kHeadSize],
-          .headHeight = fields[kHeadHeight],
-          .diameter = fields[kDiameter],
-          .washerDiameter = fields[kWasherDiameter],
-          .minorDiameter = fields[kMinorDiameter],
-          .washerThickness = fields[kWasherThickness],
-          .slotWidth = fields[kSlotWidth],
-          .slotDepth = fields[kSlotDepth],
-          .type = static_cast<NutType>(fields[kType]),
-          .shape = static_cast<NutShape>(fields[kShape])};
-}
 
 NutDimensions nutDimensions(const NutRecord& record) {
   NutDimensions nut;
@@ -49,17 +35,17 @@ NutDimensions nutDimensions(const NutRecord& record) {
   return nut;
 }
 
-Nut::Nut(CCadWindow& view, const DefinitionStore& store)
-    : FastenerDrawer(view, store, kTrade), dimensions_(nutDimensions({})) {}
+NutDrawer::NutDrawer(CCadWindow& view, const DefinitionStore& store)
+    : FastenerOf(view, store, kNutTrade, nutFields()), dimensions_(nutDimensions({})) {}
 
-FastenerReach Nut::reach() const {
+FastenerReach NutDrawer::reach() const {
   const Hexagon& body = dimensions_.body;
   return {.length = body.height, .axisLength = body.height, .planRadius = body.halfAcrossFlats};
 }
 
 // ---- Side view ----------------------------------------------------------------------------------------------
 
-void Nut::strokeSideView() {
+void NutDrawer::strokeSideView() {
   const DraftingPen pen = shaftPen();
   if (dimensions_.washer) { drawWasher(pen); }
   const Point base = position() + Point{0, dimensions_.foot};
@@ -73,7 +59,7 @@ void Nut::strokeSideView() {
   centrePen().line(position() + Point{0, -0.5 * height}, base + Point{0, 1.5 * height});
 }
 
-void Nut::drawWasher(const DraftingPen& pen) const {
+void NutDrawer::drawWasher(const DraftingPen& pen) const {
   const double radius = dimensions_.washerRadius;
   const Point base = position();
   const double top = dimensions_.foot;
@@ -81,7 +67,7 @@ void Nut::drawWasher(const DraftingPen& pen) const {
             base + Point{-radius, 0}});
 }
 
-void Nut::drawRoundedBody(const DraftingPen& pen, Point base) const {
+void NutDrawer::drawRoundedBody(const DraftingPen& pen, Point base) const {
   const Hexagon& body = dimensions_.body;
   const double s = body.halfAcrossFlats;
   const double w = body.halfAcrossCorners;
@@ -96,13 +82,13 @@ void Nut::drawRoundedBody(const DraftingPen& pen, Point base) const {
       {base + Point{-w, high}, base + Point{-s, body.height}, base + Point{s, body.height}, base + Point{w, high}});
 }
 
-void Nut::drawFlatBasedBody(const DraftingPen& pen, Point base) const {
+void NutDrawer::drawFlatBasedBody(const DraftingPen& pen, Point base) const {
   const Hexagon& body = dimensions_.body;
   drawHeadOutline(pen, body, base);
   drawChamferCurves(pen, body, base);
 }
 
-void Nut::drawFlatBody(const DraftingPen& pen, Point base) const {
+void NutDrawer::drawFlatBody(const DraftingPen& pen, Point base) const {
   const Hexagon& body = dimensions_.body;
   const double w = body.halfAcrossCorners;
   const double t = body.halfSide;
@@ -112,7 +98,7 @@ void Nut::drawFlatBody(const DraftingPen& pen, Point base) const {
 }
 
 // Three of the six slots are seen, the outer two from the side, turned by 60 degrees.
-void Nut::cutSlots(const DraftingPen& pen, Point base) const {
+void NutDrawer::cutSlots(const DraftingPen& pen, Point base) const {
   const double aside = 0.75 * dimensions_.body.halfAcrossCorners;
   const double width = dimensions_.slotWidth;
   cutSlot(pen, base, width);
@@ -120,7 +106,7 @@ void Nut::cutSlots(const DraftingPen& pen, Point base) const {
   cutSlot(pen, base + Point{aside, 0}, width * std::cos(radians(60.0)));
 }
 
-void Nut::cutSlot(const DraftingPen& pen, Point base, double width) const {
+void NutDrawer::cutSlot(const DraftingPen& pen, Point base, double width) const {
   const double half = width / 2.0;
   const double top = dimensions_.body.height;
   const double bottom = top - dimensions_.slotDepth;
@@ -131,7 +117,7 @@ void Nut::cutSlot(const DraftingPen& pen, Point base, double width) const {
 
 // ---- Plan view ----------------------------------------------------------------------------------------------
 
-void Nut::strokePlanView() {
+void NutDrawer::strokePlanView() {
   const Point centre = position();
   const Hexagon& body = dimensions_.body;
   const double washer = dimensions_.washerRadius;
@@ -147,7 +133,7 @@ void Nut::strokePlanView() {
 }
 
 // One through the middle of each flat, from the bore outwards.
-void Nut::drawSlotsOfPlan(const DraftingPen& pen) const {
+void NutDrawer::drawSlotsOfPlan(const DraftingPen& pen) const {
   const double half = dimensions_.slotWidth / 2.0;
   const double inner = halfChord(dimensions_.minorRadius, half);
   const double outer = dimensions_.body.halfAcrossFlats;
@@ -162,4 +148,4 @@ void Nut::drawSlotsOfPlan(const DraftingPen& pen) const {
   }
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

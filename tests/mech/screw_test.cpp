@@ -1,4 +1,4 @@
-#include "mech/socket_screw.h"
+#include "mech/screw_drawer.h"
 
 #include "tests/mech/fastener_session.h"
 

@@ -1,29 +1,11 @@
 #pragma once
 
-#include <span>
-
 #include "mech/fastener_drawer.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 enum class ScrewHead { kCylindrical, kCountersunk, kRounded, kRoundedCountersunk, kSetScrew };
 enum class ScrewKey { kHexagon, kSlot, kCross };
-
-// The fields of a socket screw's record, in their order.
-namespace screwField {
-enum : size_t {
-  kHeadDiameter,
-  kHeadHeight,
-  kDiameter,
-  kLength,
-  kShankLength,
-  kMinorDiameter,
-  kShoulderDiameter,
-  kKeySize,
-  kHeadType,
-  kKeyType
-};
-}  // namespace screwField
 
 // A socket screw as its definition gives it, in drawing units.
 struct ScrewRecord {
@@ -39,7 +21,8 @@ struct ScrewRecord {
   ScrewKey key = ScrewKey::kHexagon;
 };
 
-ScrewRecord screwOf(std::span<const double> fields);
+// The table of its fields.
+Fields<ScrewRecord> screwFields();
 
 // What the drawing measures from. Depths count down from the position, heights up.
 struct ScrewDimensions {
@@ -65,13 +48,12 @@ struct ScrewDimensions {
 
 ScrewDimensions screwDimensions(const ScrewRecord& record);
 
-class SocketScrew : public FastenerDrawer {
+class ScrewDrawer : public FastenerOf<ScrewRecord> {
  public:
-  SocketScrew(CCadWindow& view, const DefinitionStore& store);
-
-  void take(std::span<const double> fields) override { dimensions_ = screwDimensions(screwOf(fields)); }
+  ScrewDrawer(CCadWindow& view, const DefinitionStore& store);
 
  protected:
+  void measure(const ScrewRecord& record) override { dimensions_ = screwDimensions(record); }
   // The screw hangs below the position that the user gives, which is the surface of the material.
   void strokeSideView() override;
   void strokePlanView() override;
@@ -100,4 +82,4 @@ class SocketScrew : public FastenerDrawer {
   ScrewDimensions dimensions_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -1,27 +1,11 @@
 #pragma once
 
-#include <span>
-
 #include "mech/fastener_drawer.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 enum class HoleType { kDrilled, kTapped, kDowel };
 enum class HoleRange { kThrough, kBlind };
-
-// The fields of a hole's record, in their order.
-namespace holeField {
-enum : size_t {
-  kDiameter,
-  kThreadDiameter,
-  kLength,
-  kCountersinkDepth,
-  kType,
-  kRange,
-  kCounterboreDiameter,
-  kThreadLength
-};
-}  // namespace holeField
 
 // A hole as its definition gives it, in drawing units.
 struct HoleRecord {
@@ -35,7 +19,8 @@ struct HoleRecord {
   double threadLength = 0.0;
 };
 
-HoleRecord holeOf(std::span<const double> fields);
+// The table of its fields.
+Fields<HoleRecord> holeFields();
 
 // What the drawing measures from. Depths count down from the position.
 struct HoleDimensions {
@@ -58,13 +43,12 @@ struct HoleDimensions {
 
 HoleDimensions holeDimensions(const HoleRecord& record);
 
-class DrilledHole : public FastenerDrawer {
+class HoleDrawer : public FastenerOf<HoleRecord> {
  public:
-  DrilledHole(CCadWindow& view, const DefinitionStore& store);
-
-  void take(std::span<const double> fields) override { dimensions_ = holeDimensions(holeOf(fields)); }
+  HoleDrawer(CCadWindow& view, const DefinitionStore& store);
 
  protected:
+  void measure(const HoleRecord& record) override { dimensions_ = holeDimensions(record); }
   // The hole goes down from the position that the user gives, which is the surface of the material.
   void strokeSideView() override;
   void strokePlanView() override;
@@ -82,4 +66,4 @@ class DrilledHole : public FastenerDrawer {
   HoleDimensions dimensions_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -1,4 +1,4 @@
-#include "mech/socket_screw.h"
+#include "mech/screw_drawer.h"
 
 #include <algorithm>
 #include <array>
@@ -6,11 +6,11 @@
 
 #include "mech/outline.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
-constexpr FastenerTrade kTrade = {
+constexpr FastenerTrade kScrewTrade = {
     .category = "SCREWS", .word = "Screw", .planWord = "cap screw", .sideGroup = "SS", .planGroup = "SP"};
 
 double sinkOf(const ScrewRecord& record) {
@@ -25,20 +25,6 @@ double sinkOf(const ScrewRecord& record) {
 }
 
 }  // namespace
-
-ScrewRecord screwOf(std::span<const double> fields) {
-  using namespace screwField;
-  return {.headDiameter = fields[kHeadDiameter],
-          .headHeight = fields[kHeadHeight],
-          .diameter = fields[kDiameter],
-          .length = fields[kLength],
-          .shankLength = fields[kShankLength],
-          .minorDiameter = fields[kMinorDiameter],
-          .shoulderDiameter = fields[kShoulderDiameter],
-          .keySize = fields[kKeySize],
-          .head = static_cast<ScrewHead>(fields[kHeadType]),
-          .key = static_cast<ScrewKey>(fields[kKeyType])};
-}
 
 ScrewDimensions screwDimensions(const ScrewRecord& record) {
   ScrewDimensions screw;
@@ -67,16 +53,16 @@ ScrewDimensions screwDimensions(const ScrewRecord& record) {
   return screw;
 }
 
-SocketScrew::SocketScrew(CCadWindow& view, const DefinitionStore& store)
-    : FastenerDrawer(view, store, kTrade), dimensions_(screwDimensions({})) {}
+ScrewDrawer::ScrewDrawer(CCadWindow& view, const DefinitionStore& store)
+    : FastenerOf(view, store, kScrewTrade, screwFields()), dimensions_(screwDimensions({})) {}
 
-FastenerReach SocketScrew::reach() const {
+FastenerReach ScrewDrawer::reach() const {
   return {.length = dimensions_.length, .axisLength = dimensions_.length, .planRadius = dimensions_.headRadius};
 }
 
 // ---- Heads in side view -------------------------------------------------------------------------------------
 
-void SocketScrew::strokeSideView() {
+void ScrewDrawer::strokeSideView() {
   switch (dimensions_.head) {
     case ScrewHead::kCylindrical: drawCylindricalHead(); break;
     case ScrewHead::kCountersunk: drawCountersunkHead(); break;
@@ -89,7 +75,7 @@ void SocketScrew::strokeSideView() {
   centrePen().line(base + Point{0, -dimensions_.axisBottom}, base + Point{0, dimensions_.axisTop});
 }
 
-void SocketScrew::drawCylindricalHead() const {
+void ScrewDrawer::drawCylindricalHead() const {
   const DraftingPen pen = headPen();
   const Point base = position();
   const double s = dimensions_.headRadius;
@@ -106,7 +92,7 @@ void SocketScrew::drawCylindricalHead() const {
   drawSlot(pen, base + Point{0, top});
 }
 
-void SocketScrew::drawCountersunkHead() const {
+void ScrewDrawer::drawCountersunkHead() const {
   const DraftingPen pen = headPen();
   const Point base = position();
   const double s = dimensions_.headRadius;
@@ -118,7 +104,7 @@ void SocketScrew::drawCountersunkHead() const {
   drawSlot(pen, base);
 }
 
-void SocketScrew::drawRoundedHead() const {
+void ScrewDrawer::drawRoundedHead() const {
   const DraftingPen pen = headPen();
   const Point base = position();
   const double s = dimensions_.headRadius;
@@ -129,7 +115,7 @@ void SocketScrew::drawRoundedHead() const {
   drawDome(pen, base + Point{0, spring}, dimensions_.headHeight - spring);
 }
 
-void SocketScrew::drawRoundedCountersunkHead() const {
+void ScrewDrawer::drawRoundedCountersunkHead() const {
   const DraftingPen pen = headPen();
   const Point base = position();
   const double s = dimensions_.headRadius;
@@ -142,7 +128,7 @@ void SocketScrew::drawRoundedCountersunkHead() const {
   drawDome(pen, base, dimensions_.headHeight - dimensions_.sink);
 }
 
-void SocketScrew::drawSetScrewTop() const {
+void ScrewDrawer::drawSetScrewTop() const {
   const DraftingPen pen = shaftPen();
   const Point base = position();
   const double r = dimensions_.radius;
@@ -156,7 +142,7 @@ void SocketScrew::drawSetScrewTop() const {
 }
 
 // The crown of a rounded head over the middle of the chord from which it springs.
-void SocketScrew::drawDome(const DraftingPen& pen, Point foot, double rise) const {
+void ScrewDrawer::drawDome(const DraftingPen& pen, Point foot, double rise) const {
   const double s = dimensions_.headRadius;
   const double radius = dimensions_.domeRadius;
   const Point centre = foot + Point{0, rise - radius};
@@ -171,7 +157,7 @@ void SocketScrew::drawDome(const DraftingPen& pen, Point foot, double rise) cons
 }
 
 // A line of the head from side to side, open where the slot is.
-void SocketScrew::drawLineAcrossSlot(const DraftingPen& pen, Point middle, double halfWidth) const {
+void ScrewDrawer::drawLineAcrossSlot(const DraftingPen& pen, Point middle, double halfWidth) const {
   if (!slotted()) { return pen.line(middle + Point{-halfWidth, 0}, middle + Point{halfWidth, 0}); }
   const double half = dimensions_.keySize / 2.0;
   pen.line(middle + Point{-halfWidth, 0}, middle + Point{-half, 0});
@@ -179,7 +165,7 @@ void SocketScrew::drawLineAcrossSlot(const DraftingPen& pen, Point middle, doubl
 }
 
 // Nothing for the other keys, which a side view does not show.
-void SocketScrew::drawSlot(const DraftingPen& pen, Point middle) const {
+void ScrewDrawer::drawSlot(const DraftingPen& pen, Point middle) const {
   if (!slotted()) { return; }
   const double half = dimensions_.keySize / 2.0;
   const double bottom = -dimensions_.keySize;
@@ -189,7 +175,7 @@ void SocketScrew::drawSlot(const DraftingPen& pen, Point middle) const {
 
 // ---- Shafts in side view ------------------------------------------------------------------------------------
 
-void SocketScrew::drawHeadedShaft() const {
+void ScrewDrawer::drawHeadedShaft() const {
   const DraftingPen pen = shaftPen();
   const Point base = position();
   const double shoulder = dimensions_.shoulderRadius;
@@ -210,7 +196,7 @@ void SocketScrew::drawHeadedShaft() const {
   thin.line(base + Point{-minor, tip}, base + Point{-minor, thread});
 }
 
-void SocketScrew::drawSetScrewShaft() const {
+void ScrewDrawer::drawSetScrewShaft() const {
   const DraftingPen pen = shaftPen();
   const Point base = position();
   const double r = dimensions_.radius;
@@ -229,7 +215,7 @@ void SocketScrew::drawSetScrewShaft() const {
 }
 
 // The chamfer's edge, left open in the middle.
-void SocketScrew::drawChamferLine(const DraftingPen& pen, double depth) const {
+void ScrewDrawer::drawChamferLine(const DraftingPen& pen, double depth) const {
   const Point base = position();
   const double r = dimensions_.radius;
   pen.line(base + Point{r, -depth}, base + Point{0.3 * r, -depth});
@@ -238,7 +224,7 @@ void SocketScrew::drawChamferLine(const DraftingPen& pen, double depth) const {
 
 // ---- Plan view ----------------------------------------------------------------------------------------------
 
-void SocketScrew::strokePlanView() {
+void ScrewDrawer::strokePlanView() {
   const Point centre = position();
   const DraftingPen pen = headPen();
   pen.circle(centre, headed() ? dimensions_.headRadius : dimensions_.radius);
@@ -254,7 +240,7 @@ void SocketScrew::strokePlanView() {
   axes.line(centre + Point{-reach, 0}, centre + Point{reach, 0});
 }
 
-void SocketScrew::drawHexagonKey(const DraftingPen& pen) const {
+void ScrewDrawer::drawHexagonKey(const DraftingPen& pen) const {
   const double corner = dimensions_.keySize / 2.0 / std::cos(radians(30.0));
   std::array<Point, 7> outline;
   for (size_t i = 0; i < outline.size(); ++i) {
@@ -264,7 +250,7 @@ void SocketScrew::drawHexagonKey(const DraftingPen& pen) const {
   pen.path(outline);
 }
 
-void SocketScrew::drawSlotKey(const DraftingPen& pen) const {
+void ScrewDrawer::drawSlotKey(const DraftingPen& pen) const {
   const double half = dimensions_.keySize / 2.0;
   const double end = halfChord(headed() ? dimensions_.headRadius : dimensions_.radius, half);
   pen.line(position() + Point{-end, -half}, position() + Point{end, -half});
@@ -272,7 +258,7 @@ void SocketScrew::drawSlotKey(const DraftingPen& pen) const {
 }
 
 // Four arms whose ends are a third of their reach wide, joined by quarter circles.
-void SocketScrew::drawCrossKey(const DraftingPen& pen) const {
+void ScrewDrawer::drawCrossKey(const DraftingPen& pen) const {
   const double arm = dimensions_.keySize / 2.0;
   const double half = arm / 3.0 / 2.0;
   const double bend = arm - arm / 2.0;
@@ -288,4 +274,4 @@ void SocketScrew::drawCrossKey(const DraftingPen& pen) const {
   }
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -1,28 +1,19 @@
-#include "mech/hex_bolt.h"
+#include "mech/bolt_drawer.h"
 
 #include "mech/outline.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
-constexpr FastenerTrade kTrade = {.category = "BOLTS",
-                                  .word = "Bolt",
-                                  .planWord = "Bolt",
-                                  .sideGroup = "_S",
-                                  .planGroup = "_P",
-                                  .clearsSelection = true};
+constexpr FastenerTrade kBoltTrade = {.category = "BOLTS",
+                                      .word = "Bolt",
+                                      .planWord = "Bolt",
+                                      .sideGroup = "_S",
+                                      .planGroup = "_P",
+                                      .clearsSelection = true};
 
 }  // namespace
-
-BoltRecord boltOf(std::span<const double> fields) {
-  return {.headSize = fields[kHeadSize],
-          .headHeight = fields[kHeadHeight],
-          .diameter = fields[kDiameter],
-          .length = fields[kLength],
-          .threadLength = fields[kThreadLength],
-          .minorDiameter = fields[kMinorDiameter]};
-}
 
 BoltRecord standardBolt(double diameter, double length) {
   BoltRecord bolt{.headSize = 1.56 * diameter,
@@ -51,30 +42,30 @@ BoltDimensions boltDimensions(const BoltRecord& record) {
   return bolt;
 }
 
-HexBolt::HexBolt(CCadWindow& view, const DefinitionStore& store)
-    : FastenerDrawer(view, store, kTrade), dimensions_(boltDimensions(standardBolt(0.0, 0.0))) {}
+BoltDrawer::BoltDrawer(CCadWindow& view, const DefinitionStore& store)
+    : FastenerOf(view, store, kBoltTrade, boltFields()), dimensions_(boltDimensions(standardBolt(0.0, 0.0))) {}
 
-FastenerReach HexBolt::reach() const {
+FastenerReach BoltDrawer::reach() const {
   return {
       .length = dimensions_.length, .axisLength = dimensions_.length, .planRadius = dimensions_.head.halfAcrossFlats};
 }
 
 // ---- Side view ----------------------------------------------------------------------------------------------
 
-void HexBolt::strokeSideView() {
+void BoltDrawer::strokeSideView() {
   drawHead();
   drawShaft();
   drawThread();
   drawAxis();
 }
 
-void HexBolt::drawHead() const {
+void BoltDrawer::drawHead() const {
   const DraftingPen pen = headPen();
   drawHeadOutline(pen, dimensions_.head, position());
   drawChamferCurves(pen, dimensions_.head, position());
 }
 
-void HexBolt::drawShaft() const {
+void BoltDrawer::drawShaft() const {
   const DraftingPen pen = shaftPen();
   const Point base = position();
   const double r = dimensions_.radius;
@@ -89,7 +80,7 @@ void HexBolt::drawShaft() const {
   pen.line(base + Point{r, thread}, base + Point{-r, thread});
 }
 
-void HexBolt::drawThread() const {
+void BoltDrawer::drawThread() const {
   const DraftingPen pen = shaftThreadPen();
   const Point base = position();
   const double minor = dimensions_.minorRadius;
@@ -99,7 +90,7 @@ void HexBolt::drawThread() const {
   pen.line(base + Point{-minor, thread}, base + Point{-minor, end});
 }
 
-void HexBolt::drawAxis() const {
+void BoltDrawer::drawAxis() const {
   const Point base = position();
   const double overhang = dimensions_.overhang;
   centrePen().line(base + Point{0, -(dimensions_.length + overhang)},
@@ -108,7 +99,7 @@ void HexBolt::drawAxis() const {
 
 // ---- Plan view ----------------------------------------------------------------------------------------------
 
-void HexBolt::strokePlanView() {
+void BoltDrawer::strokePlanView() {
   const Point centre = position();
   const Hexagon& head = dimensions_.head;
   const DraftingPen outline = headPen();
@@ -117,4 +108,4 @@ void HexBolt::strokePlanView() {
   drawCentreCross(centrePen(), centre, head.halfAcrossCorners + kPlanOverhang, head.halfAcrossFlats + kPlanOverhang);
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

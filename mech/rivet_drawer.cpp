@@ -1,15 +1,15 @@
-#include "mech/rivet.h"
+#include "mech/rivet_drawer.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "mech/outline.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 namespace {
 
-constexpr FastenerTrade kTrade = {
+constexpr FastenerTrade kRivetTrade = {
     .category = "RIVETS", .word = "Rivet", .planWord = "rivet", .sideGroup = "RS", .planGroup = "RP"};
 
 // A head on a face of what is joined: heights count outwards, upwards for the left head and downwards for the
@@ -56,35 +56,24 @@ class HeadStrokes {
   }
 
   const DraftingPen& pen_;
-  const RivetHead& head_;
+  RivetHead head_;
   Point middle_;
   double outwards_;  // 1 or -1
   double shankHalf_;
 };
 
-RivetHead headOf(double type, double diameter, double height) {
-  return {static_cast<RivetHeadType>(type), diameter, height};
-}
-
 }  // namespace
 
-RivetRecord rivetOf(std::span<const double> fields) {
-  using namespace rivetField;
-  return {.diameter = fields[kDiameter],
-          .length = fields[kLength],
-          .left = headOf(fields[kLeftType], fields[kLeftDiameter], fields[kLeftHeight]),
-          .right = headOf(fields[kRightType], fields[kRightDiameter], fields[kRightHeight])};
-}
+RivetDrawer::RivetDrawer(CCadWindow& view, const DefinitionStore& store)
+    : FastenerOf(view, store, kRivetTrade, rivetFields()) {}
 
-Rivet::Rivet(CCadWindow& view, const DefinitionStore& store) : FastenerDrawer(view, store, kTrade) {}
-
-FastenerReach Rivet::reach() const {
+FastenerReach RivetDrawer::reach() const {
   return {.length = rivet_.length, .axisLength = rivet_.length, .planRadius = widestHead() / 2.0};
 }
 
-double Rivet::widestHead() const { return std::max(rivet_.left.diameter, rivet_.right.diameter); }
+double RivetDrawer::widestHead() const { return std::max(rivet_.leftDiameter, rivet_.rightDiameter); }
 
-void Rivet::strokeSideView() {
+void RivetDrawer::strokeSideView() {
   const Point base = position();
   const double radius = rivet_.diameter / 2.0;
   const DraftingPen shank = shaftPen();
@@ -92,14 +81,14 @@ void Rivet::strokeSideView() {
     shank.line(base + Point{side, shankTop()}, base + Point{side, shankBottom()});
   }
   const DraftingPen pen = headPen();
-  HeadStrokes(pen, rivet_.left, base, 1.0, rivet_.diameter).draw();
-  HeadStrokes(pen, rivet_.right, base + Point{0, -rivet_.length}, -1.0, rivet_.diameter).draw();
+  HeadStrokes(pen, rivet_.left(), base, 1.0, rivet_.diameter).draw();
+  HeadStrokes(pen, rivet_.right(), base + Point{0, -rivet_.length}, -1.0, rivet_.diameter).draw();
   const double overhang = 0.2 * rivet_.diameter;
-  centrePen().line(base + Point{0, shankBottom() - (overhang + rivet_.right.diameter)},
-                   base + Point{0, shankTop() + overhang + rivet_.left.diameter});
+  centrePen().line(base + Point{0, shankBottom() - (overhang + rivet_.rightDiameter)},
+                   base + Point{0, shankTop() + overhang + rivet_.leftDiameter});
 }
 
-void Rivet::strokePlanView() {
+void RivetDrawer::strokePlanView() {
   const double radius = widestHead() / 2.0;
   headPen().circle(position(), radius);
   const LineStyle& hidden = fastener().hidden;
@@ -108,4 +97,4 @@ void Rivet::strokePlanView() {
   drawCentreCross(centrePen(), position(), radius + kPlanOverhang, radius + kPlanOverhang);
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::mech

@@ -1,4 +1,4 @@
-#include "mech/drilled_hole.h"
+#include "mech/hole_drawer.h"
 
 #include "mech/hole_preview.h"
 #include "tests/mech/fastener_session.h"
@@ -118,10 +118,10 @@ class RecordingCanvas : public dialog::Canvas {
   int height_;
 };
 
-using ardenix::HoleRange;
-using ardenix::HoleRecord;
-using ardenix::HoleType;
-using ardenix::paintHolePreview;
+using ardenix::mech::HoleRange;
+using ardenix::mech::HoleRecord;
+using ardenix::mech::HoleType;
+using ardenix::mech::paintHolePreview;
 
 TEST(HolePreview, ABlindHoleEndsAboveTheFarFace) {
   RecordingCanvas canvas(240);

@@ -1,30 +1,12 @@
 #pragma once
 
-#include <span>
-
 #include "mech/fastener_drawer.h"
 #include "mech/hexagon.h"
 
-namespace ardenix {
+namespace ardenix::mech {
 
 enum class NutType { kHexagon, kSlotted };
 enum class NutShape { kRounded, kFlatBase, kFlat };  // chamfered at both ends, at the top, nowhere
-
-// The fields of a nut's record, in their order.
-namespace nutField {
-enum : size_t {
-  kHeadSize,
-  kHeadHeight,
-  kDiameter,
-  kWasherDiameter,
-  kMinorDiameter,
-  kWasherThickness,
-  kSlotWidth,
-  kSlotDepth,
-  kType,
-  kShape
-};
-}  // namespace nutField
 
 // A nut as its definition gives it, in drawing units.
 struct NutRecord {
@@ -40,7 +22,8 @@ struct NutRecord {
   NutShape shape = NutShape::kRounded;
 };
 
-NutRecord nutOf(std::span<const double> fields);
+// The table of its fields.
+Fields<NutRecord> nutFields();
 
 // What the drawing measures from.
 struct NutDimensions {
@@ -58,13 +41,12 @@ struct NutDimensions {
 
 NutDimensions nutDimensions(const NutRecord& record);
 
-class Nut : public FastenerDrawer {
+class NutDrawer : public FastenerOf<NutRecord> {
  public:
-  Nut(CCadWindow& view, const DefinitionStore& store);
-
-  void take(std::span<const double> fields) override { dimensions_ = nutDimensions(nutOf(fields)); }
+  NutDrawer(CCadWindow& view, const DefinitionStore& store);
 
  protected:
+  void measure(const NutRecord& record) override { dimensions_ = nutDimensions(record); }
   // The nut stands on the position that the user gives.
   void strokeSideView() override;
   void strokePlanView() override;
@@ -84,4 +66,4 @@ class Nut : public FastenerDrawer {
   NutDimensions dimensions_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::mech
