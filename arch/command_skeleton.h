@@ -2,7 +2,7 @@
 
 #include "arch/arch_toolset.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The two shapes of an architectural command. A Drawer is made from the specification store, reads its
 // settings, and draws one part a round: drawRound() is false when the user has enough. A Setup is the
@@ -22,4 +22,4 @@ void setUpAndDraw(ArchToolset& toolset) {
   while (Drawer(toolset.store()).drawRound() && toolset.view().gsEscapePressed() == 0) {}
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

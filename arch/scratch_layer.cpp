@@ -2,7 +2,7 @@
 
 #include "frame/drafting/macro_texts.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 void finishOnLayer(CCadWindow& view, int scratchLayer, const PartPlace& place) {
   view.gsClearSelection();
@@ -18,4 +18,4 @@ void finishOnLayer(CCadWindow& view, int scratchLayer, const PartPlace& place) {
   view.gsRefresh();
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -4,7 +4,7 @@
 
 #include "frame/host/cad_window.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The layer on which a drawing round draws, and from which the finished part goes to its own.
 inline constexpr std::string_view kScratchLinkLayer = "ARCH_SCRATCH_LNK";
@@ -19,4 +19,4 @@ struct PartPlace {
 // Links what lies on the scratch layer into one group, moves it to its layer and deletes the scratch layer.
 void finishOnLayer(CCadWindow& view, int scratchLayer, const PartPlace& place);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

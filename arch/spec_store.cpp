@@ -6,7 +6,7 @@
 #include "frame/drafting/macro_values.h"
 #include "frame/records.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -93,4 +93,4 @@ std::vector<std::string> ArchSpecStore::layersAnd(std::string_view name) const {
   return names;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

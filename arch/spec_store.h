@@ -9,7 +9,7 @@
 #include "frame/host/dialog.h"
 #include "frame/record_store.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The sections that hold numbered lists of records.
 inline constexpr std::string_view kWallTypes = "WALL_TYPES";
@@ -65,4 +65,4 @@ class ArchSpecStore {
   CCadWindow& view_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -7,7 +7,7 @@
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -67,4 +67,4 @@ bool WallDrawer::draw(Point first) {
   return true;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

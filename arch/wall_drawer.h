@@ -5,7 +5,7 @@
 #include "arch/wall_type.h"
 #include "frame/drafting/point.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // Draws walls of the current type: gives the host's parallel-line command the wall's lines and its first
 // point, the user gives that command the others.
@@ -32,4 +32,4 @@ class WallDrawer {
   ArchSpecStore& store_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

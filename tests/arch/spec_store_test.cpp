@@ -8,7 +8,7 @@
 
 namespace {
 
-using ardenix::ArchSpecStore;
+using ardenix::arch::ArchSpecStore;
 
 class SpecStore : public ArchSession {
  protected:
@@ -23,11 +23,11 @@ class SpecStore : public ArchSession {
 };
 
 TEST_F(SpecStore, TheListBoxFollowsTheListInTheFile) {
-  for (const auto& [section, prefix] :
-       std::initializer_list<std::pair<std::string_view, std::string>>{{ardenix::kWallTypes, "Wall"},
-                                                                       {ardenix::kTreads, "Tread"},
-                                                                       {ardenix::kRailings, "Rail"},
-                                                                       {ardenix::kBuildingStandards, "BldgStd"}}) {
+  for (const auto& [section, prefix] : std::initializer_list<std::pair<std::string_view, std::string>>{
+           {ardenix::arch::kWallTypes, "Wall"},
+           {ardenix::arch::kTreads, "Tread"},
+           {ardenix::arch::kRailings, "Rail"},
+           {ardenix::arch::kBuildingStandards, "BldgStd"}}) {
     const std::string start = "[" + std::string(section) + "]\n" + prefix;
     const std::string path = write("lists.ini", start + "1=A,1\n" + prefix + "2=B,2\n");
     ArchSpecStore store(path, view());
@@ -59,6 +59,7 @@ TEST_F(SpecStore, OffersEachLayerOnce) {
 
 TEST(PlanGeometry, TurnsAndSnapsDirections) {
   using namespace ardenix;
+  using namespace ardenix::arch;
   for (const auto& [degrees, quarter] : std::initializer_list<std::pair<double, int>>{
            {0, 0}, {84.9, 0}, {85, 90}, {174, 90}, {175, 180}, {264.59, 180}, {265, 270}, {354, 270}, {355, 360}}) {
     EXPECT_EQ(snapQuadrant(degrees), quarter) << degrees;
@@ -74,6 +75,7 @@ TEST(PlanGeometry, TurnsAndSnapsDirections) {
 
 TEST(PlanGeometry, FindsTheFootOfAPerpendicular) {
   using namespace ardenix;
+  using namespace ardenix::arch;
   const Point foot = footOfPerpendicular({3, 10}, {1, 1}, {9, 5});
   EXPECT_NEAR((foot.x - 1) * 4, (foot.y - 1) * 8, 1e-12);         // on the line
   EXPECT_NEAR((3 - foot.x) * 8 + (10 - foot.y) * 4, 0.0, 1e-12);  // square to it

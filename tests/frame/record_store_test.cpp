@@ -20,7 +20,7 @@ constexpr RecordList kLists[] = {kPlain, kKeeping, kLate};
 class RecordStoreTest : public CoreFixture {
  protected:
   static RecordStore open(const std::string& path) { return {path, {std::begin(kLists), std::end(kLists)}}; }
-  // Three records behind each other, a gap, two more.
+  // One record, a gap, two more behind it.
   std::string gapped(std::string_view section) const {
     return write("gap.ini", "[" + std::string(section) + "]\nRecord1=A\nRecord2=\nRecord3=C\nRecord4=D\n");
   }
