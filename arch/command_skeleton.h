@@ -1,6 +1,7 @@
 #pragma once
 
 #include "arch/arch_toolset.h"
+#include "frame/drafting/part_round.h"
 
 namespace ardenix::arch {
 
@@ -19,7 +20,7 @@ bool setUp(ArchToolset& toolset) {
 template <class Drawer, class Setup>
 void setUpAndDraw(ArchToolset& toolset) {
   if (!setUp<Drawer, Setup>(toolset)) { return; }
-  while (Drawer(toolset.store()).drawRound() && toolset.view().gsEscapePressed() == 0) {}
+  drawRounds(toolset.view(), [&toolset] { return Drawer(toolset.store()).drawRound(); });
 }
 
 }  // namespace ardenix::arch

@@ -19,15 +19,15 @@ class WallDrawer {
   void save() { saveWall(store_, settings, type); }
 
   // Asks for a first point and draws one wall. False when the user gave none, or when the wall cannot be
-  // drawn as it is set up.
+  // drawn as it is set up. What the host does not draw for this point alone may do for another.
   bool drawRound();
 
   WallSettings settings;
   WallType type;
 
  private:
-  [[nodiscard]] bool targetIsLocked();
-  bool draw(Point first);
+  bool define();
+  bool send(const std::string& macro);
 
   ArchSpecStore& store_;
 };

@@ -1,6 +1,7 @@
 #include "mech/fastener_drawer.h"
 
 #include "frame/drafting/macro_texts.h"
+#include "frame/drafting/part_round.h"
 
 namespace ardenix::mech {
 
@@ -52,8 +53,12 @@ void drawFasteners(FastenerDrawer& drawer, ViewMode mode) {
   view.SetFocus();
   view.gsSetViewDirty(1);
   view.gsRefresh();
-  while (view.gsEscapePressed() == 0 && drawPart(drawer, mode)) { endPart(view); }
-  endPart(view);
+  drawRounds(view, [&] {
+    if (!drawPart(drawer, mode)) { return false; }
+    endFastener(view);
+    return true;
+  });
+  endFastener(view);
 }
 
 }  // namespace ardenix::mech

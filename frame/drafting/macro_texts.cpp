@@ -21,6 +21,8 @@ std::string selectLayer(std::string_view layer) { return format("#SELECTLAYER %s
 
 std::string moveToLayer(std::string_view layer) { return format("#WSNEWLAY %s", quotedForMacro(layer)); }
 
+std::string copyToLayer(std::string_view layer) { return format("#COPYTOLAYER %s", quotedForMacro(layer)); }
+
 std::string newLayer(std::string_view layer) { return format("#NEWLAYER %s", quotedForMacro(layer)); }
 
 std::string lineType(int linetype, int pen) { return format("LINETYPE %d %d", linetype, pen); }

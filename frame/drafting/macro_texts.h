@@ -41,6 +41,7 @@ std::string selectName(std::string_view parent, std::string_view group);
 std::string linkSelection(std::string_view group);
 std::string selectLayer(std::string_view layer);
 std::string moveToLayer(std::string_view layer);
+std::string copyToLayer(std::string_view layer);
 // Makes a layer current, a new one where there is none of the name.
 std::string newLayer(std::string_view layer);
 
