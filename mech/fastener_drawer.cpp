@@ -2,6 +2,7 @@
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/part_round.h"
+#include "frame/drafting/target_layer.h"
 
 namespace ardenix::mech {
 
@@ -54,7 +55,7 @@ void drawFasteners(FastenerDrawer& drawer, ViewMode mode) {
   view.gsSetViewDirty(1);
   view.gsRefresh();
   drawRounds(view, [&] {
-    if (!drawPart(drawer, mode)) { return false; }
+    if (!mayDrawOn(view, view.gsGetCurrentLayerName()) || !drawPart(drawer, mode)) { return false; }
     endFastener(view);
     return true;
   });

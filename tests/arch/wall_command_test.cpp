@@ -223,8 +223,7 @@ TEST_F(Walls, WhatCannotBeDrawnIsToldAndLeavesTheDrawingAsItWas) {
   EXPECT_EQ(drawing().layerNamed("ARCH_SCRATCH_LNK"), -1);
   useSpecs(specs({}));
   play("macro NEWLAYER \"WALLS\"\ntest lock\nrun ArchDrawWalls\n" + kWallDialog + kOk +
-       "point 0 0\n"
-       "expect message \"The layer \\\"WALLS\\\" is locked, no wall can be drawn on it\"\n");
+       "expect message \"The layer \\\"WALLS\\\" is locked, nothing can be drawn on it\"\n");
   EXPECT_EQ(drawing().count(), 0U);
 }
 
