@@ -1,6 +1,6 @@
 #pragma once
 
-namespace ardenix {
+namespace ardenix::arch {
 
 class ArchToolset;
 
@@ -9,4 +9,4 @@ void displayArchSetup(ArchToolset& toolset);
 void setWalls(ArchToolset& toolset);
 void drawWalls(ArchToolset& toolset);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -6,7 +6,7 @@
 #include "arch/symbol_folder.h"
 #include "frame/host/core_services.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -122,4 +122,4 @@ void ArchSetupDialog::writeSymbolFolder() {
 
 void displayArchSetup(ArchToolset& toolset) { ArchSetupDialog(toolset).run(); }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

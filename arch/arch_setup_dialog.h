@@ -5,7 +5,7 @@
 #include "arch/arch_toolset.h"
 #include "frame/host/dialog.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The Architectural Setup dialog: which specification file and which symbol folder are used, and the way to
 // the building standards. Works on the toolset's store, or opens the file that the host remembers, or the
@@ -32,4 +32,4 @@ class ArchSetupDialog {
   dialog::TextHandle symbols_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

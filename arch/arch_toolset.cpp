@@ -2,7 +2,7 @@
 
 #include "arch/spec_file.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 bool ArchToolset::openSpecification() {
   const auto path = resolveSpecFile(services_.mainFrame);
@@ -20,4 +20,4 @@ std::unique_ptr<ArchToolset> makeArchToolset(CCadWindow* view, const Services& s
   return std::make_unique<ArchToolset>(view, services);
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -6,7 +6,7 @@
 #include "frame/services.h"
 #include "frame/toolset.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // What one architectural command runs in: the specification file, read afresh by every command.
 class ArchToolset : public Toolset {
@@ -29,4 +29,4 @@ class ArchToolset : public Toolset {
 
 std::unique_ptr<ArchToolset> makeArchToolset(CCadWindow* view, const Services& services);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -4,7 +4,7 @@
 #include "frame/messages.h"
 #include "frame/records.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -55,4 +55,4 @@ double BuildingStandard::checkMaximum(double value, double standard, std::string
   return ask(owner_, question, kQuestionTitle) ? standard : value;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -6,7 +6,7 @@
 #include "arch/spec_store.h"
 #include "frame/host/window.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The limits that a building regulation sets for stairs, in drawing units (millimetres in the library that
 // ships).
@@ -64,4 +64,4 @@ inline constexpr StairLimitRow kStairLimitRows[] = {
     {"Minimum ballustrade spacing", "The spacing of the balusters", &StairLimits::minimumBalustradeSpacing},
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -3,7 +3,7 @@
 #include "arch/item_name.h"
 #include "frame/host/core_services.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -96,4 +96,4 @@ bool BuildingStandardDialog::confirm() {
   return true;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -8,7 +8,7 @@
 #include "frame/host/dialog.h"
 #include "frame/services.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The dialog of the building standards: a list with Add and Delete, which act on the file at once, and the
 // limits of the one that is current. OK saves the current one.
@@ -35,4 +35,4 @@ class BuildingStandardDialog {
   std::array<CFloatEdit, std::size(kStairLimitRows)> limits_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

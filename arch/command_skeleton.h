@@ -1,8 +1,9 @@
 #pragma once
 
 #include "arch/arch_toolset.h"
+#include "frame/drafting/part_round.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The two shapes of an architectural command. A Drawer is made from the specification store, reads its
 // settings, and draws one part a round: drawRound() is false when the user has enough. A Setup is the
@@ -19,7 +20,7 @@ bool setUp(ArchToolset& toolset) {
 template <class Drawer, class Setup>
 void setUpAndDraw(ArchToolset& toolset) {
   if (!setUp<Drawer, Setup>(toolset)) { return; }
-  while (Drawer(toolset.store()).drawRound() && toolset.view().gsEscapePressed() == 0) {}
+  drawRounds(toolset.view(), [&toolset] { return Drawer(toolset.store()).drawRound(); });
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -3,7 +3,7 @@
 #include "frame/add_item_dialog.h"
 #include "frame/messages.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 std::optional<std::string> askNewName(const Services& services, CWnd* owner, std::string_view prompt) {
   while (auto name = askItemName(services, owner, prompt)) {
@@ -13,4 +13,4 @@ std::optional<std::string> askNewName(const Services& services, CWnd* owner, std
   return std::nullopt;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -2,7 +2,7 @@
 
 #include "frame/host/number_text.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 using dialog::Cell;
 using dialog::CellKind;
@@ -111,4 +111,4 @@ void LayerGrid::toggle(int row) {
   grid_.update();
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

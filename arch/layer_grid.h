@@ -10,7 +10,7 @@
 #include "frame/host/cad_window.h"
 #include "frame/host/dialog.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // A row of a layer grid: the style that it shows, by its place among the styles of a part.
 struct LayerGridRow {
@@ -43,4 +43,4 @@ class LayerGrid {
   dialog::GridHandle grid_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -4,7 +4,7 @@
 #include "frame/host/number_text.h"
 #include "frame/records.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 LayerStyle readLayerStyle(std::string_view record, int first) {
   const LayerStyle usual;
@@ -18,4 +18,4 @@ std::string layerStyleFields(const LayerStyle& style) {
   return numberText::format("%d,%d,%.2f,%d", style.pen, style.linetype, style.width, style.visible ? 1 : 0);
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

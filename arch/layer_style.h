@@ -5,7 +5,7 @@
 
 #include "frame/drafting/line_style.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // How the lines of one kind are drawn, and whether.
 struct LayerStyle : LineStyle {
@@ -18,4 +18,4 @@ inline constexpr int kLayerStyleFields = 4;
 LayerStyle readLayerStyle(std::string_view record, int first);
 std::string layerStyleFields(const LayerStyle& style);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

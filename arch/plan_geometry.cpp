@@ -1,6 +1,6 @@
 #include "arch/plan_geometry.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -37,4 +37,4 @@ double addDegrees(double radians, double delta) {
   return ardenix::radians(turned);
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

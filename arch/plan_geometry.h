@@ -2,7 +2,7 @@
 
 #include "frame/drafting/point.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // Equal but for rounding: each coordinate within |second| x 1e-12 + 1e-12.
 bool samePoint(double x1, double y1, double x2, double y2);
@@ -20,4 +20,4 @@ int normaliseDegrees(int degrees);
 // An angle in radians turned on by degrees; below a full turn.
 double addDegrees(double radians, double delta);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

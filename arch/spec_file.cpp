@@ -4,7 +4,7 @@
 #include "frame/host/ini.h"
 #include "frame/remembered_path.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -33,4 +33,4 @@ std::optional<std::string> resolveSpecFile(CWnd* owner) {
   return std::nullopt;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -6,7 +6,7 @@
 
 #include "frame/host/window.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // Stands for no file, or no folder, in the host's settings and in the setup dialog.
 inline constexpr std::string_view kNoPath = "<none>";
@@ -28,4 +28,4 @@ std::string defaultSpecFile();
 // on. Where there is neither, tells so and gives nothing.
 std::optional<std::string> resolveSpecFile(CWnd* owner);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

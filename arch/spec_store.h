@@ -7,9 +7,9 @@
 
 #include "frame/host/cad_window.h"
 #include "frame/host/dialog.h"
-#include "frame/host/ini.h"
+#include "frame/record_store.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The sections that hold numbered lists of records.
 inline constexpr std::string_view kWallTypes = "WALL_TYPES";
@@ -17,37 +17,37 @@ inline constexpr std::string_view kTreads = "STAIRS_TREADS";
 inline constexpr std::string_view kRailings = "STAIRS_RAILINGS";
 inline constexpr std::string_view kBuildingStandards = "BLDG_STD_TYPES";
 
-// The architectural specification file, opened for one command: the settings of the commands and four
-// lists of records. The records of a list stand under a prefix and a number, counted from 1 without gaps;
-// an empty value ends the list. Adding, removing and flush() put the changes on disk; what was not flushed
-// when the store goes is dropped. The host reports a file that cannot be read or written.
+// The architectural specification file, opened for one command: the settings of the commands and four lists of
+// numbered records. Changes of records are on disk when the call returns, settings with flush(); a setting that was
+// not flushed when the store goes is dropped. The host reports a file that cannot be read or written.
 class ArchSpecStore {
  public:
   // Opens the file and counts its wall types, railings and treads. The building standards are counted when
   // they are first listed.
   ArchSpecStore(std::string_view path, CCadWindow& view);
 
-  // ---- Records --------------------------------------------------------------------------------------------
+  // ---- Records, numbered from 1 ---------------------------------------------------------------------------
   // Nothing where the record is missing or empty.
-  [[nodiscard]] std::optional<std::string> readRecord(std::string_view section, int number) const;
-  void writeRecord(int number, std::string_view text, std::string_view section);
-  void deleteRecordKey(int number, std::string_view section);
-  // Appends the record, adds its name to the list box and selects it. What stood behind a gap in the numbers is never
-  // overwritten: it moves down where it stands in the way, and is listed from the next loading on.
+  [[nodiscard]] std::optional<std::string> readRecord(std::string_view section, int number) const {
+    return records_.record(section, number);
+  }
+  void writeRecord(int number, std::string_view text, std::string_view section) { records_.put(section, number, text); }
+  void deleteRecordKey(int number, std::string_view section) { records_.deleteKey(section, number); }
+  // Appends the record as RecordStore does, adds its name to the list box and selects it.
   void addRecord(std::string_view text, const dialog::DropDownHandle& list, std::string_view section);
   // Removes the record behind a selection, counted from 0; the later ones move down a number. The entry
   // before becomes selected, or the first. A selection outside the list changes nothing.
   void removeRecord(int selection, const dialog::DropDownHandle& list, std::string_view section);
   // Fills the list box with the names of all records and counts them.
   void loadNames(const dialog::DropDownHandle& list, std::string_view section);
-  [[nodiscard]] int count(std::string_view section) const;
+  [[nodiscard]] int count(std::string_view section) const { return records_.count(section); }
 
   // ---- Single settings ------------------------------------------------------------------------------------
   [[nodiscard]] int readInt(std::string_view section, std::string_view key, int fallback = 0) const;
   void writeInt(std::string_view section, std::string_view key, int value);
   [[nodiscard]] std::string readString(std::string_view section, std::string_view key, std::string_view fallback) const;
   void writeString(std::string_view section, std::string_view key, std::string_view value);
-  void flush() { file_.UpdateFile(); }
+  void flush() { records_.flush(); }
 
   // ---- Layers offered by a dialog: those of the view, then others that are not among them ------------------
   // Those of all wall types.
@@ -60,11 +60,9 @@ class ArchSpecStore {
 
  private:
   [[nodiscard]] std::vector<std::string> layersOfView() const;
-  [[nodiscard]] int countOf(std::string_view section) const;
 
-  TINIFile file_;
+  RecordStore records_;
   CCadWindow& view_;
-  std::vector<int> counts_;  // one for each list
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

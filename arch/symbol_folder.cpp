@@ -3,7 +3,7 @@
 #include "arch/arch_setup_dialog.h"
 #include "frame/host/core_services.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -44,4 +44,4 @@ std::optional<std::string> resolveSymbolFolder(ArchToolset& toolset) {
   return folder;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -6,7 +6,7 @@
 
 #include "arch/arch_toolset.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The folder of the symbol files, as the specification file names it; "" where it names none.
 std::string rememberedSymbolFolder(const ArchSpecStore& store);
@@ -22,4 +22,4 @@ std::string defaultSymbolFolder();
 // missing, too, has the user choose in the Architectural Setup dialog. Nothing when the user cancels.
 std::optional<std::string> resolveSymbolFolder(ArchToolset& toolset);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -4,7 +4,7 @@
 #include "frame/host/core_services.h"
 #include "frame/names.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -252,4 +252,4 @@ bool WallDialog::confirm() {
   return true;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

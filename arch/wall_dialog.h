@@ -9,7 +9,7 @@
 #include "frame/host/dialog.h"
 #include "frame/services.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The Wall Setup dialog: the library of wall types with Add and Delete, which act on the file at once, the
 // type shown, and how walls are drawn. OK saves the type shown and the settings.
@@ -75,4 +75,4 @@ class WallDialog {
   dialog::CheckHandle close_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

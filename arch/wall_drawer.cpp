@@ -1,13 +1,15 @@
 #include "arch/wall_drawer.h"
 
-#include "arch/scratch_layer.h"
+#include "arch/arch_part.h"
 #include "arch/wall_lines.h"
-#include "frame/drafting/group_numbering.h"
 #include "frame/drafting/macro_texts.h"
+#include "frame/drafting/part_round.h"
+#include "frame/drafting/style_keeper.h"
+#include "frame/drafting/target_layer.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -28,43 +30,32 @@ void WallDrawer::loadType(int number) {
 
 bool WallDrawer::drawRound() {
   CCadWindow& view = store_.view();
-  Point first;
-  if (view.gsGetPointFromUser(settings.tracks ? kTrackPrompt : kStartPrompt, first.x, first.y) != 0) { return false; }
+  if (!mayDrawOn(view, type.layer)) { return false; }
+  const auto first = askPoint(view, settings.tracks ? kTrackPrompt : kStartPrompt);
+  if (!first) { return false; }
   load();
-  const std::string group = startNumberedGroup(view, settings.parentName, kPlanPrefix);
-  const int target = view.gsAddLayer(type.layer);
-  if (targetIsLocked()) { return false; }
-  const int scratch = view.gsAddLayer(kScratchLinkLayer);
-  const bool drawable = draw(first);
-  finishOnLayer(view, scratch, {group, type.layer, target});
-  return drawable;
-}
-
-// Asked while the target layer is the current one. What is moved to a locked layer would stay behind.
-bool WallDrawer::targetIsLocked() {
-  if (store_.view().gsGetLayerLockedState() == 0) { return false; }
-  ErrorMessage(numberText::format("The layer \"%s\" is locked, no wall can be drawn on it", type.layer),
-               &store_.view());
+  const StyleKeeper style(view);
+  ArchPart part(view, {settings.parentName, kPlanPrefix, type.layer});
+  if (!define()) { return false; }
+  if (send(macroText::parallelLine(*first))) { part.finish(CurrentLayer::kTarget); }
   return true;
 }
 
-// False when the host does not take the wall's definition. The host says why in its status line; what it does not draw
-// for this point alone may do for another.
-bool WallDrawer::draw(Point first) {
-  CCadWindow& view = store_.view();
-  const auto refused = [&](const std::string& macro) {
-    if (view.gsExecuteMacro(macro) != 0) { return false; }
-    ErrorMessage("The wall was not drawn, the status line says why", &view);
-    return true;
-  };
+// The host says in its status line why it does not take a macro.
+bool WallDrawer::send(const std::string& macro) {
+  if (store_.view().gsExecuteMacro(macro) != 0) { return true; }
+  ErrorMessage("The wall was not drawn, the status line says why", &store_.view());
+  return false;
+}
+
+// The line followed is a face of the wall and drawn like it. False when the host does not take the definition.
+bool WallDrawer::define() {
   if (!settings.tracks) {
     const LayerStyle& face = type.rows[referenceRow(settings)];
-    view.gsExecuteMacro(macroText::lineType(face.linetype, face.pen));
-    view.gsExecuteMacro(macroText::width(face.width));
+    store_.view().gsExecuteMacro(macroText::lineType(face.linetype, face.pen));
+    store_.view().gsExecuteMacro(macroText::width(face.width));
   }
-  if (refused(parallelDefinition(type, settings))) { return false; }
-  refused(macroText::parallelLine(first));
-  return true;
+  return send(parallelDefinition(type, settings));
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -5,7 +5,7 @@
 #include "arch/wall_type.h"
 #include "frame/drafting/point.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // Draws walls of the current type: gives the host's parallel-line command the wall's lines and its first
 // point, the user gives that command the others.
@@ -19,17 +19,17 @@ class WallDrawer {
   void save() { saveWall(store_, settings, type); }
 
   // Asks for a first point and draws one wall. False when the user gave none, or when the wall cannot be
-  // drawn as it is set up.
+  // drawn as it is set up. What the host does not draw for this point alone may do for another.
   bool drawRound();
 
   WallSettings settings;
   WallType type;
 
  private:
-  [[nodiscard]] bool targetIsLocked();
-  bool draw(Point first);
+  bool define();
+  bool send(const std::string& macro);
 
   ArchSpecStore& store_;
 };
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -4,7 +4,7 @@
 
 #include "frame/host/number_text.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -69,4 +69,4 @@ std::string parallelDefinition(const WallType& wall, const WallSettings& setting
                             static_cast<int>(lines.size()), list);
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -6,7 +6,7 @@
 #include "arch/wall_settings.h"
 #include "arch/wall_type.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // A line of a wall beside the line that is followed.
 struct WallLine {
@@ -24,4 +24,4 @@ std::vector<WallLine> wallLines(const WallType& wall, const WallSettings& settin
 // What the host's parallel-line command is told of a wall.
 std::string parallelDefinition(const WallType& wall, const WallSettings& settings);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

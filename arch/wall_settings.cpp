@@ -1,6 +1,6 @@
 #include "arch/wall_settings.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -30,4 +30,4 @@ void saveWall(ArchSpecStore& store, const WallSettings& settings, const WallType
   store.flush();
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -5,7 +5,7 @@
 #include "arch/spec_store.h"
 #include "arch/wall_type.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // How walls are drawn, whatever their type.
 struct WallSettings {
@@ -25,4 +25,4 @@ WallSettings readWallSettings(const ArchSpecStore& store);
 // Also notes the type as the last internal or external one, and writes its record under the current number.
 void saveWall(ArchSpecStore& store, const WallSettings& settings, const WallType& wall);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -5,7 +5,7 @@
 #include "frame/host/number_text.h"
 #include "frame/records.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 namespace {
 
@@ -42,4 +42,4 @@ std::string wallRecord(const WallType& wall) {
   return record;
 }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -6,7 +6,7 @@
 
 #include "arch/layer_style.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 // The lines of a wall, from outside to inside.
 enum WallRow { kExtFoundation, kExtWall, kCavity1, kCavity2, kIntWall, kIntFoundation, kWallRows };
@@ -36,4 +36,4 @@ struct WallType {
 WallType readWallType(std::string_view record);
 std::string wallRecord(const WallType& wall);
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

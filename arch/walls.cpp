@@ -3,10 +3,10 @@
 #include "arch/wall_dialog.h"
 #include "arch/wall_drawer.h"
 
-namespace ardenix {
+namespace ardenix::arch {
 
 void setWalls(ArchToolset& toolset) { setUp<WallDrawer, WallDialog>(toolset); }
 
 void drawWalls(ArchToolset& toolset) { setUpAndDraw<WallDrawer, WallDialog>(toolset); }
 
-}  // namespace ardenix
+}  // namespace ardenix::arch

@@ -23,6 +23,7 @@ namespace {
 
 using namespace fuzzing;
 using namespace ardenix;
+using namespace ardenix::arch;
 using namespace ardenix::mech;
 using Records = std::map<std::string, std::vector<std::string>, std::less<>>;
 

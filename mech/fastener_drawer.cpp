@@ -1,6 +1,8 @@
 #include "mech/fastener_drawer.h"
 
 #include "frame/drafting/macro_texts.h"
+#include "frame/drafting/part_round.h"
+#include "frame/drafting/target_layer.h"
 
 namespace ardenix::mech {
 
@@ -52,8 +54,12 @@ void drawFasteners(FastenerDrawer& drawer, ViewMode mode) {
   view.SetFocus();
   view.gsSetViewDirty(1);
   view.gsRefresh();
-  while (view.gsEscapePressed() == 0 && drawPart(drawer, mode)) { endPart(view); }
-  endPart(view);
+  drawRounds(view, [&] {
+    if (!mayDrawOn(view, view.gsGetCurrentLayerName()) || !drawPart(drawer, mode)) { return false; }
+    endFastener(view);
+    return true;
+  });
+  endFastener(view);
 }
 
 }  // namespace ardenix::mech

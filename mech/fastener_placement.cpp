@@ -4,8 +4,8 @@
 #include <numbers>
 #include <string>
 
-#include "frame/drafting/group_numbering.h"
 #include "frame/drafting/macro_texts.h"
+#include "frame/drafting/part_round.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 
@@ -24,17 +24,10 @@ std::string lowerCased(std::string_view word) {
 
 }  // namespace
 
-void endPart(CCadWindow& view) {
-  view.gsExecuteMacro(macroText::kRootParent);
-  view.gsExecuteMacro(macroText::kNextPattern);
+void endFastener(CCadWindow& view) {
+  endPart(view);
   view.gsExecuteMacro(macroText::kFreeAngle);
   view.gsSetCursorHold(0);
-}
-
-std::optional<Point> FastenerPlacement::askPoint(std::string_view prompt) {
-  Point point;
-  if (view_.gsGetPointFromUser(prompt, point.x, point.y) != 0) { return std::nullopt; }
-  return point;
 }
 
 // ---- Side view ----------------------------------------------------------------------------------------------
@@ -43,7 +36,8 @@ std::optional<SidePlacement> FastenerPlacement::askSideView() {
   view_.SetFocus();
   if (trade_.turnsToPoint) { return askSideByTwoPoints(); }
   const std::string_view ending = fastener_.autoAlign ? " (auto-align)" : "";
-  const auto picked = askPoint(numberText::format("Indicate the position of the %s side view%s", trade_.word, ending));
+  const auto picked =
+      askPoint(view_, numberText::format("Indicate the position of the %s side view%s", trade_.word, ending));
   if (!picked) { return std::nullopt; }
   SidePlacement placement{*picked, fastener_.autoAlign};
   fastener_.position = fastener_.autoAlign ? alignedPoint(*picked) : *picked;
@@ -56,9 +50,10 @@ std::optional<SidePlacement> FastenerPlacement::askSideView() {
 }
 
 std::optional<SidePlacement> FastenerPlacement::askSideByTwoPoints() {
-  const auto position = askPoint(numberText::format("Indicate the position of the %s side view", trade_.word));
+  const auto position = askPoint(view_, numberText::format("Indicate the position of the %s side view", trade_.word));
   if (!position) { return std::nullopt; }
-  const auto target = askPoint(numberText::format("Indicate a point on the %s center line for rotation", trade_.word));
+  const auto target =
+      askPoint(view_, numberText::format("Indicate a point on the %s center line for rotation", trade_.word));
   if (!target) { return std::nullopt; }
   fastener_.position = *position;
   return SidePlacement{*target, true};
@@ -85,7 +80,7 @@ Point FastenerPlacement::alignedPoint(Point picked) {
 }
 
 void FastenerPlacement::finishSideView(const SidePlacement& placement, const FastenerReach& reach) {
-  selectGroup();
+  selectPart(view_, trade_.category, fastener_.group);
   if (placement.turnsToPicked) {
     turnOnto(placement.picked, reach.length);
   } else {
@@ -100,7 +95,7 @@ void FastenerPlacement::turnOnto(Point target, double length) {
   fastener_.axisEnd = target;
   fastener_.rotation = 0.0;
   if (nearlyEqual(target, base)) { return; }
-  view_.gsExecuteMacro(macroText::rotateOnto(base, base + Point{0, -length}, target));
+  turnPart(view_, base, base + Point{0, -length}, target);
   fastener_.rotation = degrees(std::atan2(target.x - base.x, base.y - target.y));
 }
 
@@ -130,10 +125,11 @@ std::optional<Point> FastenerPlacement::askPlanView() {
 }
 
 std::optional<Point> FastenerPlacement::askFreePlan() {
-  const auto centre = askPoint(numberText::format("Indicate %s center for plan view", trade_.planWord));
+  const auto centre = askPoint(view_, numberText::format("Indicate %s center for plan view", trade_.planWord));
   if (!centre) { return std::nullopt; }
   fastener_.position = *centre;
-  return askPoint(numberText::format("Indicate a point on the %s plan view center line for rotation", trade_.planWord));
+  return askPoint(view_,
+                  numberText::format("Indicate a point on the %s plan view center line for rotation", trade_.planWord));
 }
 
 // The plan lies on the axis of the side view just drawn. Where the user ends a prompt the cursor stays held
@@ -144,11 +140,11 @@ std::optional<Point> FastenerPlacement::askPlanOnAxis() {
   view_.gsSetCurrCoord(axis.x, axis.y);
   view_.gsExecuteMacro(macroText::lockOntoLine(axis));
   view_.gsSetCursorHold(1);
-  const auto centre = askPoint(numberText::format(planPrompt(), trade_.planWord));
+  const auto centre = askPoint(view_, numberText::format(planPrompt(), trade_.planWord));
   if (!centre) { return std::nullopt; }
   fastener_.position = *centre;
-  const auto rotationPoint =
-      askPoint(numberText::format("Enter a point on the %s plan view center line for rotation", trade_.planWord));
+  const auto rotationPoint = askPoint(
+      view_, numberText::format("Enter a point on the %s plan view center line for rotation", trade_.planWord));
   if (!rotationPoint) { return std::nullopt; }
   view_.gsSetCursorHold(0);
   view_.gsExecuteMacro(macroText::kFreeAngle);
@@ -162,27 +158,18 @@ std::string_view FastenerPlacement::planPrompt() const {
 }
 
 void FastenerPlacement::finishPlanView(Point rotationPoint, const FastenerReach& reach) {
-  selectGroup();
+  selectPart(view_, trade_.category, fastener_.group);
   const Point centre = fastener_.position;
-  if (!nearlyEqual(rotationPoint, centre)) {
-    view_.gsExecuteMacro(macroText::rotateOnto(centre, centre + Point{0, -reach.planRadius}, rotationPoint));
-  }
+  turnPart(view_, centre, centre + Point{0, -reach.planRadius}, rotationPoint);
   finish();
 }
 
 // ---- Groups and repeats -------------------------------------------------------------------------------------
 
 void FastenerPlacement::startGroup(std::string_view base) {
-  view_.gsClearSelection();
-  view_.gsClearWorkSpace();
   const std::string prefix = base.starts_with('_') ? fastener_.name + std::string(base) : std::string(base);
-  fastener_.group = startNumberedGroup(view_, trade_.category, prefix);
+  fastener_.group = startPart(view_, trade_.category, prefix);
   if (trade_.cutByMacros) { view_.gsExecuteMacro(macroText::kSelectNew); }
-}
-
-void FastenerPlacement::selectGroup() {
-  view_.gsExecuteMacro(macroText::selectName(trade_.category, fastener_.group));
-  view_.gsExecuteMacro(macroText::linkSelection(fastener_.group));
 }
 
 void FastenerPlacement::repeat() {
@@ -197,7 +184,7 @@ void FastenerPlacement::repeatLinear() {
   view_.gsSetCurrCoord(base.x, base.y);
   view_.gsExecuteMacro(macroText::lockAngle(fastener_.rotation));
   view_.gsSetCursorHold(1);
-  const auto towards = askPoint("Indicate the direction in which to repeat");
+  const auto towards = askPoint(view_, "Indicate the direction in which to repeat");
   if (!towards) { return; }
   double distance = 0.0;
   double direction = 0.0;
@@ -222,10 +209,7 @@ void FastenerPlacement::repeatPolar() {
 
 void FastenerPlacement::finish() {
   repeat();
-  if (trade_.clearsSelection) {
-    view_.gsClearSelection();
-    view_.gsClearWorkSpace();
-  }
+  if (trade_.clearsSelection) { clearAll(view_); }
   if (trade_.returnsToRoot) { view_.gsExecuteMacro(macroText::kRootParent); }
   if (trade_.cutByMacros) { view_.gsExecuteMacro(macroText::kSelectNewEnd); }
 }

@@ -42,14 +42,12 @@ class FastenerPlacement {
   void finishPlanView(Point rotationPoint, const FastenerReach& reach);
 
  private:
-  std::optional<Point> askPoint(std::string_view prompt);
   std::optional<SidePlacement> askSideByTwoPoints();
   Point alignedPoint(Point picked);
   std::optional<Point> askFreePlan();
   std::optional<Point> askPlanOnAxis();
   std::string_view planPrompt() const;
   void startGroup(std::string_view base);
-  void selectGroup();
   void turnOnto(Point target, double length);
   void turnByMenu(double axisLength);
   double askRotation();
@@ -64,6 +62,6 @@ class FastenerPlacement {
 };
 
 // Closes a finished part: the next primitive belongs to no group, the cursor is free.
-void endPart(CCadWindow& view);
+void endFastener(CCadWindow& view);
 
 }  // namespace ardenix::mech

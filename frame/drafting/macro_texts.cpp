@@ -21,11 +21,15 @@ std::string selectLayer(std::string_view layer) { return format("#SELECTLAYER %s
 
 std::string moveToLayer(std::string_view layer) { return format("#WSNEWLAY %s", quotedForMacro(layer)); }
 
+std::string copyToLayer(std::string_view layer) { return format("#COPYTOLAYER %s", quotedForMacro(layer)); }
+
 std::string newLayer(std::string_view layer) { return format("#NEWLAYER %s", quotedForMacro(layer)); }
 
 std::string lineType(int linetype, int pen) { return format("LINETYPE %d %d", linetype, pen); }
 
 std::string width(double width) { return format("WIDTH %f", width); }
+
+std::string exactWidth(double width) { return format("WIDTH %.8f", width); }
 
 std::string editLine(Point at, const LineStyle& style) {
   return format("#EDITLP \"N\" [%.3f,%.3f] %d %d %.3f [#]", at.x, at.y, style.linetype, style.pen, style.width);

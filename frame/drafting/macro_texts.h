@@ -41,12 +41,14 @@ std::string selectName(std::string_view parent, std::string_view group);
 std::string linkSelection(std::string_view group);
 std::string selectLayer(std::string_view layer);
 std::string moveToLayer(std::string_view layer);
+std::string copyToLayer(std::string_view layer);
 // Makes a layer current, a new one where there is none of the name.
 std::string newLayer(std::string_view layer);
 
-// The style of what is drawn next; the width in tenths of a millimetre on paper.
+// The style of what is drawn next; the width in tenths of a millimetre on paper, with six decimals or with eight.
 std::string lineType(int linetype, int pen);
 std::string width(double width);
+std::string exactWidth(double width);
 // Gives the line at a point another style; the width with three decimals, like the point.
 std::string editLine(Point at, const LineStyle& style);
 

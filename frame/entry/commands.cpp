@@ -20,10 +20,10 @@
   ROW(MechDrawHoles, "&Drilled Holes...", ardenix::mech::drawHoles)          \
   ROW(MechDrawRivets, "&Rivets...", ardenix::mech::drawRivets)
 
-#define ARCHITECTURAL_COMMANDS(ROW)                                           \
-  ROW(DisplayArchSetup, "Architectural &Setup...", ardenix::displayArchSetup) \
-  ROW(ArchSetWalls, "&Wall Setup...", ardenix::setWalls)                      \
-  ROW(ArchDrawWalls, "&Draw Walls...", ardenix::drawWalls)
+#define ARCHITECTURAL_COMMANDS(ROW)                                                 \
+  ROW(DisplayArchSetup, "Architectural &Setup...", ardenix::arch::displayArchSetup) \
+  ROW(ArchSetWalls, "&Wall Setup...", ardenix::arch::setWalls)                      \
+  ROW(ArchDrawWalls, "&Draw Walls...", ardenix::arch::drawWalls)
 
 #define SURVEY_SETUP_COMMANDS(ROW)                                               \
   ROW(SG_DiagramEditor, "SG &Diagram: Setup...", ardenix::survey::setUpDiagrams) \
@@ -45,10 +45,10 @@ void runMechanical(void (*operation)(ardenix::mech::MechToolset&)) {
   operation(ardenix::toolsetOfView(state.mechanical, state.currentView, make));
 }
 
-void runArchitectural(void (*operation)(ardenix::ArchToolset&)) {
+void runArchitectural(void (*operation)(ardenix::arch::ArchToolset&)) {
   ardenix::ModuleState& state = ardenix::moduleState();
   state.currentView = cadGetCurrentView();
-  const auto make = [&state](CCadWindow* view) { return ardenix::makeArchToolset(view, state.services); };
+  const auto make = [&state](CCadWindow* view) { return ardenix::arch::makeArchToolset(view, state.services); };
   ardenix::withToolsetOfCommand(state.architectural, state.currentView, make, operation);
 }
 

@@ -32,7 +32,7 @@ class ModuleState {
   CCadWindow* currentView = nullptr;
 
   std::unique_ptr<mech::MechToolset> mechanical;
-  std::unique_ptr<ArchToolset> architectural;
+  std::unique_ptr<arch::ArchToolset> architectural;
   std::unique_ptr<Toolset> surveyTrace;
   std::unique_ptr<Toolset> surveySheet;
   std::unique_ptr<Toolset> sectionalPlanJob;

@@ -141,13 +141,13 @@ class ArchServices : public ArchSession {
  protected:
   void testStep(const std::string& name) override {
     const ardenix::Services services{.mainFrame = &host().mainFrame()};
-    ardenix::ArchToolset toolset(&host().window(), services);
+    ardenix::arch::ArchToolset toolset(&host().window(), services);
     toolset.open(path_);
     if (name == "symbols") {
-      symbols_ = ardenix::resolveSymbolFolder(toolset).value_or("cancelled");
+      symbols_ = ardenix::arch::resolveSymbolFolder(toolset).value_or("cancelled");
       return;
     }
-    const ardenix::BuildingStandard standard(toolset.store(), services.mainFrame);
+    const ardenix::arch::BuildingStandard standard(toolset.store(), services.mainFrame);
     checked_.push_back(standard.checkMinimum(240, 250, "Going"));
     checked_.push_back(standard.checkMinimum(240, 250, "Going"));
     checked_.push_back(standard.checkMinimum(250, 250, "Going"));
@@ -192,7 +192,7 @@ TEST_F(ArchServices, TheDefaultSymbolFolderLiesAboveTheUsersOwnFolders) {
     brevan::FileServices elsewhere(data, data);
     brevan::CoreContext context{elsewhere, settings(), "", nullptr};
     const brevan::CoreContextBinding binding(context);
-    EXPECT_EQ(ardenix::defaultSymbolFolder(), symbols);
+    EXPECT_EQ(ardenix::arch::defaultSymbolFolder(), symbols);
   }
 }
 

@@ -212,17 +212,18 @@ TEST_F(Walls, ATrackedPerimeterGetsItsWallOutsideOrInside) {
 }
 
 TEST_F(Walls, WhatCannotBeDrawnIsToldAndLeavesTheDrawingAsItWas) {
-  draw({.ends = "180.00,90.00,1,0"},
-       "point 0 0\nexpect message \"The wall was not drawn, the status line says why\"\n");
+  draw({.ends = "180.00,90.00,1,0"}, "point 0 0\nexpect message \"The wall was not drawn, the status line says why\"\n",
+       "macro NEWLAYER \"MINE\"\n");
   EXPECT_EQ(drawing().count(), 0U);
+  EXPECT_EQ(drawing().layer(drawing().currentLayer())->name, "MINE");
+  EXPECT_EQ(drawing().layerNamed("WALLS"), -1) << "a layer made for it goes again";
   draw({.method = 0},
        "point 0 0\nexpect message \"The wall was not drawn, the status line says why\"\nspace\n");  // nothing to track
   EXPECT_EQ(drawing().count(), 0U);
   EXPECT_EQ(drawing().layerNamed("ARCH_SCRATCH_LNK"), -1);
   useSpecs(specs({}));
   play("macro NEWLAYER \"WALLS\"\ntest lock\nrun ArchDrawWalls\n" + kWallDialog + kOk +
-       "point 0 0\n"
-       "expect message \"The layer \\\"WALLS\\\" is locked, no wall can be drawn on it\"\n");
+       "expect message \"The layer \\\"WALLS\\\" is locked, nothing can be drawn on it\"\n");
   EXPECT_EQ(drawing().count(), 0U);
 }
 

@@ -28,9 +28,9 @@ class StandIn : public Toolset {
   std::string name_;
 };
 
-class ArchStandIn : public ArchToolset {
+class ArchStandIn : public arch::ArchToolset {
  public:
-  explicit ArchStandIn(const Services& services) : ArchToolset(kFirst, services) {}
+  explicit ArchStandIn(const Services& services) : arch::ArchToolset(kFirst, services) {}
   ~ArchStandIn() override { events.emplace_back("-arch"); }
 };
 

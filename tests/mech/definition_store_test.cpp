@@ -37,34 +37,14 @@ TEST_F(DefinitionStoreTest, EveryKindCountsItsOwnKeys) {
   }
 }
 
-TEST_F(DefinitionStoreTest, AGapEndsTheList) {
-  DefinitionStore store(write("gap.ini", "[BOLTS]\nBolt1=A\nBolt2=\nBolt3=C\nBolt4=D\n"));
-  EXPECT_EQ(store.count("BOLTS"), 1);
-  EXPECT_EQ(store.names("BOLTS"), Names{"A"});
-  store.append("BOLTS", "B,2.000");
-  EXPECT_EQ(store.record("BOLTS", 2), "B,2.000") << "a new record takes the first free number";
-  EXPECT_EQ(DefinitionStore(store.file().FileName()).names("BOLTS"), (Names{"A", "B", "C", "D"}));
-  store.append("BOLTS", "E");
-  EXPECT_EQ(store.names("BOLTS"), (Names{"A", "B", "E", "C", "D"})) << "what stood behind the gap is not overwritten";
-  EXPECT_EQ(store.count("BOLTS"), 3) << "the list that a dialog shows";
-}
-
-TEST_F(DefinitionStoreTest, RecordsReachTheDiskAtOnceSingleKeysOnFlush) {
-  const std::string path = library(1);
+TEST_F(DefinitionStoreTest, ADeletedDefinitionLeavesItsLastKeyEmpty) {
+  const std::string path = library(3, "NUTS", "Nut");
   DefinitionStore store(path);
-  for (const int index : {-1, 1, 1000}) { store.remove("BOLTS", index); }
-  store.put("BOLTS", 1, "Other,5.000");
-  EXPECT_NE(read(path).find("Bolt1=Other,5.000\r\n"), std::string::npos);
-  store.setCurrent("BOLTS", 1);
-  EXPECT_EQ(DefinitionStore(path).current("BOLTS"), 0);
+  store.remove("NUTS", 0);
+  EXPECT_TRUE(read(path).ends_with("Nut1=D2,1.000\r\nNut2=D3,1.000\r\nNut3=\r\n"));
+  store.setCurrent("NUTS", 1);
   store.flush();
-  EXPECT_EQ(DefinitionStore(path).current("BOLTS"), 1);
-  store.append("BOLTS", "Last,1.000");
-  for (int left = 1; left >= 0; --left) {
-    store.remove("BOLTS", 0);
-    EXPECT_EQ(store.count("BOLTS"), left);
-  }
-  EXPECT_EQ(DefinitionStore(path).names("BOLTS"), Names{});
+  EXPECT_EQ(DefinitionStore(path).current("NUTS"), 1);
 }
 
 TEST_F(DefinitionStoreTest, DrawingsTakeLineStylesInTenthsOfAMillimetre) {

@@ -1,0 +1,38 @@
+#include "frame/drafting/part_round.h"
+
+#include "frame/drafting/group_numbering.h"
+#include "frame/drafting/macro_texts.h"
+
+namespace ardenix {
+
+std::optional<Point> askPoint(CCadWindow& view, std::string_view prompt) {
+  Point point;
+  if (view.gsGetPointFromUser(prompt, point.x, point.y) != 0) { return std::nullopt; }
+  return point;
+}
+
+void clearAll(CCadWindow& view) {
+  view.gsClearSelection();
+  view.gsClearWorkSpace();
+}
+
+std::string startPart(CCadWindow& view, std::string_view parent, std::string_view prefix) {
+  clearAll(view);
+  return startNumberedGroup(view, parent, prefix);
+}
+
+void selectPart(CCadWindow& view, std::string_view parent, std::string_view group) {
+  view.gsExecuteMacro(macroText::selectName(parent, group));
+  view.gsExecuteMacro(macroText::linkSelection(group));
+}
+
+void turnPart(CCadWindow& view, Point centre, Point from, Point onto) {
+  if (!nearlyEqual(onto, centre)) { view.gsExecuteMacro(macroText::rotateOnto(centre, from, onto)); }
+}
+
+void endPart(CCadWindow& view) {
+  view.gsExecuteMacro(macroText::kRootParent);
+  view.gsExecuteMacro(macroText::kNextPattern);
+}
+
+}  // namespace ardenix

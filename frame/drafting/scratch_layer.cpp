@@ -1,0 +1,71 @@
+#include "frame/drafting/scratch_layer.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "frame/drafting/macro_texts.h"
+#include "frame/host/core_services.h"
+
+namespace ardenix {
+
+bool isScratchName(std::string_view layer) {
+  using namespace scratchNames;
+  constexpr std::string_view kNames[] = {kMechanical, kMechanicalLinked, kArchitectural, kArchitecturalRepeated};
+  return std::ranges::find(kNames, layer) != std::end(kNames);
+}
+
+ScratchLayer::ScratchLayer(CCadWindow& view, std::string_view name, Surroundings surroundings)
+    : view_(view), name_(name) {
+  removeLeftovers();
+  current_ = view_.gsGetCurrentLayer();
+  LayerDef current;
+  const bool shown = view_.gsGetLayerDefIndex(current_, current) != 0 && current.visible;
+  layer_ = view_.gsAddLayer(name_);
+  if (surroundings == Surroundings::kShown || !shown) { return; }
+  hidden_ = current_;
+  view_.gsSetLayerVisibility(hidden_, 0, 0);
+}
+
+// The host leaves what is locked alone.
+void ScratchLayer::removeLeftovers() {
+  const int leftover = view_.gsGetLayerIndexFromName(name_);
+  LayerDef layer;
+  if (leftover < 0 || view_.gsGetLayerDefIndex(leftover, layer) == 0) { return; }
+  layer.locked = false;
+  view_.gsSetLayerDefIndex(leftover, layer);
+  view_.gsDeleteLayer(leftover);
+}
+
+// What the host refuses here it has rolled back, or will.
+ScratchLayer::~ScratchLayer() {
+  try {
+    discard();
+  } catch (const HostFailure&) { return; }
+}
+
+void ScratchLayer::link(std::string_view group) {
+  view_.gsClearSelection();
+  view_.gsExecuteMacro(macroText::selectLayer(name_));
+  view_.gsExecuteMacro(macroText::linkSelection(group));
+}
+
+void ScratchLayer::moveTo(std::string_view target) {
+  view_.gsExecuteMacro(macroText::moveToLayer(target));
+  discard();
+}
+
+void ScratchLayer::copyTo(std::string_view target) {
+  view_.gsExecuteMacro(macroText::copyToLayer(target));
+  discard();
+}
+
+void ScratchLayer::discard() {
+  if (layer_ == kNone) { return; }
+  const int layer = std::exchange(layer_, kNone);
+  if (hidden_ != kNone) { view_.gsSetLayerVisibility(hidden_, 1, 0); }
+  view_.gsSetCurrentLayer(current_);
+  view_.gsDeleteLayer(layer);
+}
+
+}  // namespace ardenix

@@ -1,0 +1,22 @@
+#include "frame/drafting/style_keeper.h"
+
+#include "frame/drafting/macro_texts.h"
+#include "frame/drafting/macro_values.h"
+#include "frame/host/core_services.h"
+
+namespace ardenix {
+
+StyleKeeper::StyleKeeper(CCadWindow& view) : view_(view) {
+  view_.gsExecuteMacro(macroText::enquire("LINEDEF", "L P W C S F R G B"));
+  style_ = {wholeVariable(view_, "P"), wholeVariable(view_, "L"), numberVariable(view_, "W")};
+}
+
+// A command that fails here has failed already.
+StyleKeeper::~StyleKeeper() {
+  try {
+    view_.gsExecuteMacro(macroText::lineType(style_.linetype, style_.pen));
+    view_.gsExecuteMacro(macroText::exactWidth(style_.width));
+  } catch (const HostFailure&) { return; }
+}
+
+}  // namespace ardenix
