@@ -35,7 +35,8 @@ class BoundaryMap : private DrawingListener {
     bool closed = false;
   };
   // The boundary round the point; for a point outside of every figure the outer outline of the nearest
-  // figure, clockwise, or its pieces end to end where it is one open chain, the point to the left of them.
+  // figure, clockwise, or its pieces end to end where it is one open chain, the point to the left of them:
+  // of the curve, the corner or, carried on, the end that is nearest.
   // Nothing where the drawing is empty or the nearest figure branches without closing.
   std::optional<Outline> outlineNear(Point p);
 
@@ -118,6 +119,8 @@ class BoundaryMap : private DrawingListener {
   // Nothing where the ray runs into a junction and says nothing.
   [[nodiscard]] std::optional<Loop> aroundByRay(Point p, Point ray);
   [[nodiscard]] int nearestEntry(Point p) const;
+  [[nodiscard]] bool endsChain(const HalfEdge& edge);
+  [[nodiscard]] HalfEdge passBesideEnd(const HalfEdge& fromEnd, Point side);
   [[nodiscard]] std::vector<Step> walkBeside(int curve, Point p);
   [[nodiscard]] std::optional<Outline> openChain(std::vector<Step> steps) const;
   void noteSources(const std::vector<Step>& steps);

@@ -279,17 +279,35 @@ int BoundaryMap::nearestEntry(Point p) const {
   around.add(p);
   for (double reach = stride_; !extents_.empty(); reach *= 2.0) {
     int best = -1;
-    double bestDistance = reach;
     const Box box = around.grownBy(reach);
+    const bool all = box.holds(extents_);  // into its corners, too
+    double bestDistance = all ? std::numeric_limits<double>::infinity() : reach;
     index_.query(box, [&](int near) {
       const double away = distance(nearestOn(entries_[static_cast<size_t>(near)].curve, p), p);
       if (away > bestDistance || (away == bestDistance && near > best && best >= 0)) { return; }
       best = near;
       bestDistance = away;
     });
-    if (best >= 0 || box.holds(extents_)) { return best; }
+    if (best >= 0 || all) { return best; }
   }
   return -1;
+}
+
+// Only one way leads on from where this edge starts.
+bool BoundaryMap::endsChain(const HalfEdge& edge) {
+  gatherJunction(edge.from);
+  int ways = 0;
+  for (const NodeRef& ref : junction_) {
+    for (const int direction : {1, -1}) { ways += leads({ref, direction}) ? 1 : 0; }
+  }
+  return ways == 1;
+}
+
+// A point beyond the end of a chain lies on one side of its last curve's line: that side is to the left of the
+// edge away from the end, or of the one that comes to it.
+BoundaryMap::HalfEdge BoundaryMap::passBesideEnd(const HalfEdge& fromEnd, Point side) {
+  if (cross(directionOf(fromEnd), side) >= 0.0) { return fromEnd; }
+  return {farEnd(fromEnd), -fromEnd.direction};
 }
 
 std::vector<BoundaryMap::Step> BoundaryMap::walkBeside(int curve, Point p) {
@@ -300,7 +318,8 @@ std::vector<BoundaryMap::Step> BoundaryMap::walkBeside(int curve, Point p) {
   const bool atNode = node >= 0 && distance(entry.nodes[static_cast<size_t>(node)].at, foot) <= 4.0 * kJoin;
   if (!atNode || p == foot) { return walkFrom(curve, t, p - foot); }
   const auto first = nextFrom({curve, node}, p - foot, 0.0);
-  return first ? walk(*first) : std::vector<Step>{};
+  if (!first) { return {}; }
+  return walk(endsChain(*first) ? passBesideEnd(*first, p - foot) : *first);
 }
 
 std::optional<BoundaryMap::Outline> BoundaryMap::openChain(std::vector<Step> steps) const {

@@ -14,9 +14,11 @@ struct EndAngles {
 };
 
 // The parallel of a path of curves that follow each other, above 0 to the right of travel. Outer corners
-// are mitred, or rounded about the path's corner; a mitre that would run far out is rounded, too. No part
-// of it lies nearer to the path than the offset: what would is left out, all of it where the offset
-// outgrows the path. Pieces come in the order of travel.
+// are mitred, or rounded about the path's corner; a mitre that would run far out is rounded, too. A mitred
+// corner counts as sharp for what passes by it: every piece ends where it crosses the next one. No part of
+// the parallel lies nearer to the path than the offset: what would is left out, all of it where the offset
+// outgrows the path. Where two pieces would lie on each other there is one, or none where they run against
+// each other. Pieces come in the order of travel.
 std::vector<Curve> parallelOf(const std::vector<Curve>& path, bool closed, double offset, bool rounded,
                               const EndAngles& angles = {});
 

@@ -164,4 +164,47 @@ TEST_F(Boundaries, AreasComeInTheUnitsOfTheDrawing) {
   EXPECT_NEAR(number("X3"), 1e6 + 10.0, 1e-6);
 }
 
+// A chain of lines that runs to the right, each drawn either way round.
+class OpenChains : public Boundaries {
+ protected:
+  double any(double low, double high) { return std::uniform_real_distribution<double>(low, high)(random_); }
+  void anyChain() {
+    Point at{any(0, 100), any(0, 100)};
+    for (auto lines = 1 + random_() % 5; lines > 0; --lines) {
+      const Point next = at + Point{any(1, 60), any(-80, 80)};
+      random_() % 2 == 0 ? line(at.x, at.y, next.x, next.y) : line(next.x, next.y, at.x, at.y);
+      at = next;
+    }
+  }
+  // Beside the nearest line, outside of the nearest corner, or beside the end's line carried on.
+  static bool liesLeftOf(const std::vector<Curve>& chain, Point p) {
+    size_t nearest = 0;
+    for (size_t at = 1; at < chain.size(); ++at) {
+      if (distance(nearestOn(chain[at], p), p) + 1e-9 < distance(nearestOn(chain[nearest], p), p)) { nearest = at; }
+    }
+    const bool atItsEnd = distance(nearestOn(chain[nearest], p), endOf(chain[nearest])) < 1e-9;
+    if (atItsEnd && nearest + 1 < chain.size()) {
+      return cross(directionAt(chain[nearest], 0.0), directionAt(chain[nearest + 1], 0.0)) < 0.0;
+    }
+    return cross(directionAt(chain[nearest], 0.0), p - startOf(chain[nearest])) > 0.0;
+  }
+  std::mt19937 random_{5};
+};
+
+TEST_F(OpenChains, HaveThePointToTheirLeft) {
+  for (int round = 0; round < 300; ++round) {
+    answer("");
+    anyChain();
+    BoundaryMap map(drawing());
+    for (int look = 0; look < 10; ++look) {
+      const Point p{any(-200, 600), any(-400, 500)};
+      const auto outline = map.outlineNear(p);
+      ASSERT_TRUE(outline && !outline->closed);
+      EXPECT_EQ(outline->curves.size(), drawing().count());
+      EXPECT_TRUE(liesLeftOf(outline->curves, p)) << "round " << round << " at " << p.x << ", " << p.y;
+    }
+    drawing().setListener(nullptr);
+  }
+}
+
 }  // namespace
