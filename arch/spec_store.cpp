@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "frame/drafting/macro_values.h"
 #include "frame/records.h"
 
 namespace ardenix::arch {

@@ -1,6 +1,5 @@
 #include "arch/wall_type.h"
 
-#include "frame/drafting/macro_values.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "frame/records.h"

@@ -8,6 +8,10 @@ namespace ardenix {
 // A record is one INI value of fields with this between them; field 1 is its name.
 inline constexpr char kFieldSeparator = ',';
 
+// Field n of a record, counted from 1; at most 255 characters. A missing field gives the fallback.
+std::string textField(std::string_view record, int n, std::string_view fallback = "", char separator = kFieldSeparator);
+bool flagField(std::string_view record, int n, bool fallback, char separator = kFieldSeparator);
+
 // Field 1 of a record.
 std::string recordName(std::string_view record);
 

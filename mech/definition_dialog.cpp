@@ -6,6 +6,7 @@
 #include "frame/add_item_dialog.h"
 #include "frame/messages.h"
 #include "frame/names.h"
+#include "frame/records.h"
 #include "mech/save_changes_dialog.h"
 
 namespace ardenix::mech {

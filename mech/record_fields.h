@@ -9,7 +9,6 @@
 #include <variant>
 #include <vector>
 
-#include "frame/drafting/macro_values.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "frame/records.h"

@@ -5,7 +5,7 @@
 
 #include "frame/host/cad_window.h"
 
-// Macro variables and fields of records as numbers and texts.
+// Macro variables as numbers and texts.
 namespace ardenix {
 
 // The value of a macro variable; 0, or "", for one that is not set. A whole number is the value cut.
@@ -13,9 +13,5 @@ double numberVariable(CCadWindow& view, std::string_view name);
 int wholeVariable(CCadWindow& view, std::string_view name);
 // At most 1,023 characters, as many as a prompt takes.
 std::string textVariable(CCadWindow& view, std::string_view name);
-
-// Field n of a record, counted from 1; at most 255 characters. A missing field gives the fallback.
-std::string textField(std::string_view record, int n, std::string_view fallback = "", char separator = ',');
-bool flagField(std::string_view record, int n, bool fallback, char separator = ',');
 
 }  // namespace ardenix
