@@ -4,7 +4,6 @@
 #include "arch/wall_lines.h"
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/part_round.h"
-#include "frame/drafting/style_keeper.h"
 #include "frame/drafting/target_layer.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
@@ -34,7 +33,6 @@ bool WallDrawer::drawRound() {
   const auto first = askPoint(view, settings.tracks ? kTrackPrompt : kStartPrompt);
   if (!first) { return false; }
   load();
-  const StyleKeeper style(view);
   ArchPart part(view, {settings.parentName, kPlanPrefix, type.layer});
   if (!define()) { return false; }
   if (send(macroText::parallelLine(*first))) { part.finish(CurrentLayer::kTarget); }

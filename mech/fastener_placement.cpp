@@ -109,11 +109,7 @@ void FastenerPlacement::turnByMenu(double axisLength) {
 double FastenerPlacement::askRotation() {
   enum { kEnterRotation = 2, kQuarterTurn, kThreeQuarterTurn = 5 };
   const int item = view_.gsSubMenu(kRotationMenu);
-  if (item == kEnterRotation) {
-    std::string typed;
-    view_.gsGetTextFromPromptBar("Enter rotation in degrees:", typed, 1);
-    return coreGetFieldDouble(typed, 0.0, 1, ' ');
-  }
+  if (item == kEnterRotation) { return askNumber(view_, "Enter rotation in degrees:"); }
   return item >= kQuarterTurn && item <= kThreeQuarterTurn ? 90.0 * (item - kEnterRotation) : 0.0;
 }
 
@@ -135,20 +131,31 @@ std::optional<Point> FastenerPlacement::askFreePlan() {
 // The plan lies on the axis of the side view just drawn. Where the user ends a prompt the cursor stays held
 // and locked until endPart.
 std::optional<Point> FastenerPlacement::askPlanOnAxis() {
-  const Point axis{(fastener_.axisEnd.x + fastener_.position.x) / 2.0,
-                   (fastener_.axisEnd.y + fastener_.position.y) / 2.0};
+  const Point axis = middle(fastener_.axisEnd, fastener_.position);
   view_.gsSetCurrCoord(axis.x, axis.y);
-  view_.gsExecuteMacro(macroText::lockOntoLine(axis));
+  const bool locked = view_.gsExecuteMacro(macroText::lockOntoLine(axis)) != 0;
+  if (locked && repeatsPolar()) { view_.gsExecuteMacro(macroText::kFreeAngle); }
   view_.gsSetCursorHold(1);
-  const auto centre = askPoint(view_, numberText::format(planPrompt(), trade_.planWord));
-  if (!centre) { return std::nullopt; }
-  fastener_.position = *centre;
+  const auto picked = askPoint(view_, numberText::format(planPrompt(), trade_.planWord));
+  if (!picked) { return std::nullopt; }
+  fastener_.position = repeatsPolar() ? onAxis(*picked) : *picked;
   const auto rotationPoint = askPoint(
       view_, numberText::format("Enter a point on the %s plan view center line for rotation", trade_.planWord));
   if (!rotationPoint) { return std::nullopt; }
   view_.gsSetCursorHold(0);
   view_.gsExecuteMacro(macroText::kFreeAngle);
   return rotationPoint;
+}
+
+// The part has then moved off its axis onto the pitch circle: what lies on the axis now is another's line.
+bool FastenerPlacement::repeatsPolar() const { return repeats() && fastener_.repeat.kind != RepeatKind::kLinear; }
+
+// The foot of the perpendicular on the axis along which the side view was drawn.
+Point FastenerPlacement::onAxis(Point picked) const {
+  const Point start = fastener_.position;
+  const Point along = fastener_.axisEnd - start;
+  const double square = dot(along, along);
+  return square > 0.0 ? start + along * (dot(picked - start, along) / square) : picked;
 }
 
 std::string_view FastenerPlacement::planPrompt() const {
@@ -173,9 +180,12 @@ void FastenerPlacement::startGroup(std::string_view base) {
 }
 
 void FastenerPlacement::repeat() {
-  const Repeat& repeat = fastener_.repeat;
-  if (std::fabs(repeat.value) <= 1e-12 || repeat.number <= 1) { return; }
-  return repeat.kind == RepeatKind::kLinear ? repeatLinear() : repeatPolar();
+  if (!repeats()) { return; }
+  return repeatsPolar() ? repeatPolar() : repeatLinear();
+}
+
+bool FastenerPlacement::repeats() const {
+  return std::fabs(fastener_.repeat.value) > 1e-12 && fastener_.repeat.number > 1;
 }
 
 // A part whose direction is not given stays single and counts as drawn; endPart then frees the cursor.
@@ -184,7 +194,7 @@ void FastenerPlacement::repeatLinear() {
   view_.gsSetCurrCoord(base.x, base.y);
   view_.gsExecuteMacro(macroText::lockAngle(fastener_.rotation));
   view_.gsSetCursorHold(1);
-  const auto towards = askPoint(view_, "Indicate the direction in which to repeat");
+  const auto towards = askPointApart(view_, "Indicate the direction in which to repeat", base);
   if (!towards) { return; }
   double distance = 0.0;
   double direction = 0.0;

@@ -51,6 +51,9 @@ class FastenerPlacement {
   void turnOnto(Point target, double length);
   void turnByMenu(double axisLength);
   double askRotation();
+  [[nodiscard]] bool repeats() const;
+  [[nodiscard]] bool repeatsPolar() const;
+  [[nodiscard]] Point onAxis(Point picked) const;
   void repeat();
   void repeatLinear();
   void repeatPolar();

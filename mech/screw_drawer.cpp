@@ -204,8 +204,9 @@ void ScrewDrawer::drawSetScrewShaft() const {
   const double tip = -dimensions_.tip;
   const double chamfer = tip + dimensions_.tipChamfer;
   const double point = r - dimensions_.tipChamfer;
-  pen.line(base + Point{r, 0}, base + Point{r, chamfer});
-  pen.line(base + Point{-r, 0}, base + Point{-r, chamfer});
+  const double shoulder = -dimensions_.chamfer;  // where the chamfer of the top ends
+  pen.line(base + Point{r, shoulder}, base + Point{r, chamfer});
+  pen.line(base + Point{-r, shoulder}, base + Point{-r, chamfer});
   pen.path({base + Point{r, chamfer}, base + Point{point, tip}, base + Point{-point, tip}, base + Point{-r, chamfer}});
   drawChamferLine(pen, -chamfer);
   const DraftingPen thin = shaftThreadPen();

@@ -2,6 +2,9 @@
 
 #include "frame/drafting/group_numbering.h"
 #include "frame/drafting/macro_texts.h"
+#include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
+#include "frame/records.h"
 
 namespace ardenix {
 
@@ -9,6 +12,19 @@ std::optional<Point> askPoint(CCadWindow& view, std::string_view prompt) {
   Point point;
   if (view.gsGetPointFromUser(prompt, point.x, point.y) != 0) { return std::nullopt; }
   return point;
+}
+
+std::optional<Point> askPointApart(CCadWindow& view, std::string_view prompt, Point other) {
+  std::optional<Point> point;
+  do { point = askPoint(view, prompt); } while (point && nearlyEqual(*point, other));
+  return point;
+}
+
+double askNumber(CCadWindow& view, std::string_view prompt) {
+  std::string typed;
+  view.gsGetTextFromPromptBar(prompt, typed, 1);
+  const std::string first = textField(typed, 1, "", ' ');
+  return numberText::parseTyped(first).value_or(coreGetFieldDouble(typed, 0.0, 1, ' '));
 }
 
 void clearAll(CCadWindow& view) {

@@ -20,6 +20,11 @@ void drawRounds(CCadWindow& view, Round&& round) {
 // Nothing when the user ended the prompt.
 std::optional<Point> askPoint(CCadWindow& view, std::string_view prompt);
 
+// The same, asked again until the point differs from another: together they are to give a direction.
+std::optional<Point> askPointApart(CCadWindow& view, std::string_view prompt, Point other);
+// The first number typed at the prompt bar, with a full stop or a comma; 0 where there is none.
+double askNumber(CCadWindow& view, std::string_view prompt);
+
 // Nothing is selected and the workspace is empty.
 void clearAll(CCadWindow& view);
 

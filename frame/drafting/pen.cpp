@@ -8,6 +8,7 @@ void DraftingPen::begin(PrimitiveType type, const LineStyle& style) const {
 }
 
 void DraftingPen::line(Point from, Point to) const {
+  if (from.x == to.x && from.y == to.y) { return; }
   begin(kLinePrimitive, style_);
   view_.gsSetLine(from.x, from.y, to.x, to.y);
   view_.gsAddPrim();

@@ -42,6 +42,7 @@ class DraftingPen {
   DraftingPen(CCadWindow& view, const LineStyle& style, std::optional<int> layer = std::nullopt)
       : view_(view), style_(style), layer_(layer) {}
 
+  // A line without length would print as a dot: none is drawn.
   void line(Point from, Point to) const;
   // Lines from each point to the next.
   void path(std::span<const Point> points) const;

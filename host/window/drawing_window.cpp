@@ -42,6 +42,7 @@ void DrawingWindow::beginCommand(std::string name) {
   setUndoBracket(false);
   resetForCommand();
   inCommand_ = true;
+  lastBeforeCommand_ = drawing_.lastId();
   drawing_.beginStep(std::move(name));
 }
 

@@ -106,9 +106,28 @@ void Host::endCommand(size_t windowsBefore, DrawingWindow& window, bool well) {
   goToWindow(window.name());
 }
 
+namespace {
+
+// Gives the user the pen, line type and width back that were current, whatever a command sets for its own drawing and
+// however it ends.
+class StyleOfUser {
+ public:
+  explicit StyleOfUser(DrawingStyle& style) : style_(style), kept_(style) {}
+  StyleOfUser(const StyleOfUser&) = delete;
+  StyleOfUser& operator=(const StyleOfUser&) = delete;
+  ~StyleOfUser() { style_ = kept_; }
+
+ private:
+  DrawingStyle& style_;
+  DrawingStyle kept_;
+};
+
+}  // namespace
+
 void Host::runCommand(std::string_view name) {
   const CommandRow* command = module_ != nullptr ? module_->command(name) : nullptr;
   if (command == nullptr) { throw HostFailure("There is no command \"" + std::string(name) + "\"."); }
+  const StyleOfUser style(window().style());
   runStep(std::string(name), [&](DrawingWindow& window) { module_->call(*command, window); });
   parts_.settings.Save();  // what the command set outlasts the session
 }

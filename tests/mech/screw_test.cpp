@@ -52,7 +52,7 @@ TEST_F(SocketScrewTest, RoundedHeadsRiseToTheirHeight) {
 
 TEST_F(SocketScrewTest, ASetScrewIsThreadedOverAllItsLength) {
   drawScrew("6,1.5,6,10,4,4.773,6,3", 4, 0);
-  expectLines({{{3, -8.5}, {1.5, -10}}, {{3, 0}, {3, -8.5}}, {{2.3865, 0}, {3, -0.6135}}});
+  expectLines({{{3, -8.5}, {1.5, -10}}, {{3, -0.6135}, {3, -8.5}}, {{2.3865, 0}, {3, -0.6135}}});
   EXPECT_TRUE(hasLine({2.3865, 0}, {2.3865, -9.1135}, kThin));
   EXPECT_NEAR(axis().a.y, -12.7, 1e-9);
   EXPECT_NEAR(axis().b.y, 1.2, 1e-9) << "a fifth of the diameter above the screw";
