@@ -83,7 +83,7 @@ void BoltDrawer::drawShaft() const {
 void BoltDrawer::drawThread() const {
   const DraftingPen pen = shaftThreadPen();
   const Point base = position();
-  const double minor = dimensions_.minorRadius;
+  const double minor = fastener().rootRadius(dimensions_.minorRadius, dimensions_.radius);
   const double end = -dimensions_.length;
   const double thread = -dimensions_.threadEnd;
   pen.line(base + Point{minor, end}, base + Point{minor, thread});

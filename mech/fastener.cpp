@@ -1,5 +1,9 @@
 #include "mech/fastener.h"
 
+#include <algorithm>
+
+#include "frame/drafting/sheet_axes.h"
+
 namespace ardenix::mech {
 
 LineStyle Fastener::threadStyle(const LineStyle& part) const {
@@ -8,8 +12,14 @@ LineStyle Fastener::threadStyle(const LineStyle& part) const {
   return style;
 }
 
-Fastener makeFastener(const DefinitionStore& store) {
+double Fastener::rootRadius(double root, double crest) const {
+  if (root < crest) { return std::max(std::min(root, crest - threadGap), 0.0); }
+  return root > crest ? std::max(root, crest + threadGap) : root;
+}
+
+Fastener makeFastener(CCadWindow& view, const DefinitionStore& store) {
   Fastener fastener;
+  fastener.threadGap = threadGap(store) * paperMillimetre(view);
   fastener.solid = lineStyle(store, LineKind::kSolid);
   fastener.hidden = lineStyle(store, LineKind::kHidden);
   fastener.centre = lineStyle(store, LineKind::kCentre);

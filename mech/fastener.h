@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "frame/drafting/point.h"
+#include "frame/host/cad_window.h"
 #include "mech/definition_store.h"
 #include "mech/line_style.h"
 
@@ -47,6 +48,7 @@ struct Fastener {
   bool shaftHidden = false;  // likewise: the side view
   bool autoAlign = false;
   Repeat repeat;
+  double threadGap = 0.0;  // drawing units; threads are drawn no closer to their crest
 
   std::string name = "FASTENER";  // of the definition
   std::string group;              // of the view last drawn
@@ -59,8 +61,10 @@ struct Fastener {
   [[nodiscard]] const LineStyle& shaftStyle() const { return shaftHidden ? hidden : solid; }
   // Threads are drawn in their part's style, as thin as hidden lines.
   [[nodiscard]] LineStyle threadStyle(const LineStyle& part) const;
+  // The radius at which the root of a thread is drawn, inside its crest on a shaft and outside on a bore.
+  [[nodiscard]] double rootRadius(double root, double crest) const;
 };
 
-Fastener makeFastener(const DefinitionStore& store);
+Fastener makeFastener(CCadWindow& view, const DefinitionStore& store);
 
 }  // namespace ardenix::mech

@@ -17,7 +17,7 @@ namespace ardenix::mech {
 class FastenerDrawer : public PartDrawer {
  public:
   FastenerDrawer(CCadWindow& view, const DefinitionStore& store, const FastenerTrade& trade)
-      : trade_(trade), view_(view), fastener_(makeFastener(store)), placement_(view, fastener_, trade_) {}
+      : trade_(trade), view_(view), fastener_(makeFastener(view, store)), placement_(view, fastener_, trade_) {}
   // Each answers whether the view was drawn; false when the user ended at a prompt.
   bool drawSideView();
   bool drawPlanView();

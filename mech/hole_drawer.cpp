@@ -77,10 +77,14 @@ void HoleDrawer::drawCounterbore(const DraftingPen& pen) const {
   pen.line(base + Point{radius, bottom}, base + Point{radius, 0});
 }
 
+double HoleDrawer::drawnThreadRadius() const {
+  return fastener().rootRadius(dimensions_.threadRadius, dimensions_.radius);
+}
+
 void HoleDrawer::drawThread() const {
   const DraftingPen pen = shaftThreadPen();
   const Point base = position();
-  const double radius = dimensions_.threadRadius;
+  const double radius = drawnThreadRadius();
   const double end = -dimensions_.threadLength;
   pen.line(base + Point{-radius, 0}, base + Point{-radius, end});
   pen.line(base + Point{radius, 0}, base + Point{radius, end});
@@ -112,14 +116,14 @@ void HoleDrawer::strokePlanView() {
   const DraftingPen pen = headPen();
   pen.circle(position(), dimensions_.radius);
   if (dimensions_.sunk) { pen.circle(position(), dimensions_.sinkRadius); }
-  if (dimensions_.type == HoleType::kTapped) { drawThreadArc(headThreadPen(), position(), dimensions_.threadRadius); }
+  if (dimensions_.type == HoleType::kTapped) { drawThreadArc(headThreadPen(), position(), drawnThreadRadius()); }
   dimensions_.type == HoleType::kDowel ? fillDowel() : drawPlanCentreLines();
 }
 
 void HoleDrawer::drawPlanCentreLines() const {
   double reach = 1.2 * dimensions_.radius;
   if (dimensions_.sunk) { reach = 2.0 * 1.2 * dimensions_.sinkRadius; }
-  if (dimensions_.type == HoleType::kTapped) { reach = 1.2 * dimensions_.threadRadius; }
+  if (dimensions_.type == HoleType::kTapped) { reach = 1.2 * drawnThreadRadius(); }
   drawCentreCross(centrePen(), position(), reach, reach);
 }
 

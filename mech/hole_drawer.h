@@ -57,6 +57,7 @@ class HoleDrawer : public FastenerOf<HoleRecord> {
  private:
   void drawCountersink(const DraftingPen& pen) const;
   void drawCounterbore(const DraftingPen& pen) const;
+  [[nodiscard]] double drawnThreadRadius() const;
   void drawThread() const;
   void drawBody(const DraftingPen& pen) const;
   void drawAxis() const;

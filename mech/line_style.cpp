@@ -1,5 +1,7 @@
 #include "mech/line_style.h"
 
+#include <algorithm>
+
 namespace ardenix::mech {
 
 namespace {
@@ -19,6 +21,10 @@ LineStyle lineStyle(const DefinitionStore& store, LineKind kind) {
   const TINIFile& file = store.file();
   return {file.ReadInt("Setup", prefix + "Pen", 1), file.ReadInt("Setup", prefix + "LT", 1),
           file.ReadDouble("Setup", prefix + "LW", 0.0) * 10.0};
+}
+
+double threadGap(const DefinitionStore& store) {
+  return std::clamp(store.file().ReadDouble("Setup", kThreadGapKey, 0.0), 0.0, kWidestThreadGap);
 }
 
 }  // namespace ardenix::mech

@@ -25,6 +25,12 @@ enum class LineKind { kSolid, kHidden, kCentre };
 
 std::span<const LineStyleRow> lineStyleRows();
 
+// Key "ThreadGap" of section "Setup": millimetres on paper by which threads stand off their crest at least, so that the
+// two lines do not run together at small scales; 0 draws them where they are.
+inline constexpr std::string_view kThreadGapKey = "ThreadGap";
+inline constexpr double kWidestThreadGap = 5.0;
+double threadGap(const DefinitionStore& store);
+
 // The style that drawings use: pen 1, line type 1, width 0 where keys are missing.
 LineStyle lineStyle(const DefinitionStore& store, LineKind kind);
 

@@ -127,7 +127,7 @@ void NutDrawer::strokePlanView() {
   if (dimensions_.washer) { pen.circle(centre, washer); }
   pen.path(hexagonOutline(body, centre));
   if (dimensions_.slotted) { drawSlotsOfPlan(pen); }
-  drawThreadArc(headThreadPen(), centre, dimensions_.threadRadius);
+  drawThreadArc(headThreadPen(), centre, fastener().rootRadius(dimensions_.threadRadius, dimensions_.minorRadius));
   drawCentreCross(centrePen(), centre, std::max(washer, body.halfAcrossCorners) + kPlanOverhang,
                   std::max(washer, body.halfAcrossFlats) + kPlanOverhang);
 }

@@ -192,8 +192,9 @@ void ScrewDrawer::drawHeadedShaft() const {
   pen.path({base + Point{r, chamfer}, base + Point{minor, tip}, base + Point{-minor, tip}, base + Point{-r, chamfer}});
   drawChamferLine(pen, -chamfer);
   const DraftingPen thin = shaftThreadPen();
-  thin.line(base + Point{minor, thread}, base + Point{minor, tip});
-  thin.line(base + Point{-minor, tip}, base + Point{-minor, thread});
+  const double root = fastener().rootRadius(minor, r);
+  thin.line(base + Point{root, thread}, base + Point{root, tip});
+  thin.line(base + Point{-root, tip}, base + Point{-root, thread});
 }
 
 void ScrewDrawer::drawSetScrewShaft() const {
@@ -211,8 +212,9 @@ void ScrewDrawer::drawSetScrewShaft() const {
   drawChamferLine(pen, -chamfer);
   const DraftingPen thin = shaftThreadPen();
   const double threadEnd = chamfer - dimensions_.chamfer;
-  thin.line(base + Point{minor, 0}, base + Point{minor, threadEnd});
-  thin.line(base + Point{-minor, 0}, base + Point{-minor, threadEnd});
+  const double root = fastener().rootRadius(minor, r);
+  thin.line(base + Point{root, 0}, base + Point{root, threadEnd});
+  thin.line(base + Point{-root, 0}, base + Point{-root, threadEnd});
 }
 
 // The chamfer's edge, left open in the middle.
@@ -229,7 +231,9 @@ void ScrewDrawer::strokePlanView() {
   const Point centre = position();
   const DraftingPen pen = headPen();
   pen.circle(centre, headed() ? dimensions_.headRadius : dimensions_.radius);
-  if (!headed()) { drawThreadArc(headThreadPen(), centre, dimensions_.minorRadius); }
+  if (!headed()) {
+    drawThreadArc(headThreadPen(), centre, fastener().rootRadius(dimensions_.minorRadius, dimensions_.radius));
+  }
   switch (dimensions_.key) {
     case ScrewKey::kHexagon: drawHexagonKey(pen); break;
     case ScrewKey::kSlot: drawSlotKey(pen); break;

@@ -40,12 +40,18 @@ SetupDialog::SetupDialog(const Services& services, Configuration& configuration)
                       .place = {.column = 1}})
       .onPress([this] { browse(); });
   for (size_t row = 0; row < styles_.size(); ++row) { styles_[row] = addStyleRow(row); }
+  threadGap_ = addFloat(dialog_,
+                        {.caption = "Thread gap:",
+                         .toolTip = "Least distance on paper, in millimetres, between the two lines of a thread: 0.7 "
+                                    "after ISO 128, 0 draws the thread where it is",
+                         .place = {.row = 4}},
+                        0.0, kWidestThreadGap, "%.2f");
   const dialog::ButtonHandle annotation =
       addButton(dialog_, {.caption = "Annotation Setup...",
                           .toolTip = "Click here to set up the Mechanical Ardenix annotation functions",
-                          .place = {.row = 4}});
+                          .place = {.row = 5}});
   annotation.enable(false);  // the module has no annotation commands
-  addOkCancel(dialog_, 5);
+  addOkCancel(dialog_, 6);
   dialog_.onOpen = [this] { open(); };
   dialog_.onOk = [this] { return confirm(); };
 }
@@ -88,6 +94,7 @@ void SetupDialog::showWidths() {
     const LineStyleRow& row = lineStyleRows()[i];
     styles_[i].width.SetValue(offeredDouble(configuration_, key(row, "LW"), row.offeredWidth));
   }
+  threadGap_.SetValue(offeredDouble(configuration_, std::string(kThreadGapKey), 0.0));
 }
 
 void SetupDialog::browse() {
@@ -126,7 +133,15 @@ void SetupDialog::writeStyles() {
     file.WriteInt(kSetupSection, key(row, "Pen"), styles_[i].pen.GetPen());
     file.WriteDouble(kSetupSection, key(row, "LW"), styles_[i].width.GetValue(), 2);
   }
+  writeThreadGap(file);
   configuration_.store().flush();
+}
+
+// A file that names no gap is left without one where none is wanted.
+void SetupDialog::writeThreadGap(TINIFile& file) const {
+  const double gap = threadGap_.GetValue();
+  const bool named = !file.ReadString(kSetupSection, kThreadGapKey, "").empty();
+  if (gap > 0.0 || named) { file.WriteDouble(kSetupSection, kThreadGapKey, gap, 2); }
 }
 
 }  // namespace ardenix::mech

@@ -31,11 +31,13 @@ class SetupDialog {
   void pickUp(const std::string& path);
   bool confirm();
   void writeStyles();
+  void writeThreadGap(TINIFile& file) const;
 
   const Services& services_;
   Configuration& configuration_;
   dialog::Dialog dialog_{"Mechanical Ardenix - Setup"};
   dialog::TextHandle file_;
+  CFloatEdit threadGap_;
   std::array<StyleControls, 3> styles_;
 };
 

@@ -12,4 +12,13 @@ inline double paperSign(const DrawingParms& parms) {
   return turned ? -1.0 : 1.0;
 }
 
+// Drawing units of a millimetre on paper. Parameter 1 is the scale's denominator, 3 is 100000 x millimetres per drawing
+// unit; 1 where the view tells no unit.
+inline double paperMillimetre(CCadWindow& view) {
+  constexpr double kUnitOfParms = 100000.0;
+  DrawingParms parms;
+  view.gsGetDrawingParms(parms);
+  return parms.p[3] > 0.0 ? parms.p[1] * kUnitOfParms / parms.p[3] : 1.0;
+}
+
 }  // namespace ardenix
