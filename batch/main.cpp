@@ -94,7 +94,7 @@ void execute(const CommandLine& line) {
   if (line.describe->parsed()) { print(brevan::commandDescription(line.command, places)); }
 }
 
-int report(const std::string& what, int code) {
+int report(std::string_view what, int code) {
   std::cerr << what << '\n';
   return code;
 }
@@ -122,6 +122,8 @@ int runProgram(int argc, char** argv) {
     return report(failure.what(), kOutputUnwritten);
   } catch (const brevan::ScriptOutputFailure& failure) {
     return report(failure.what(), kOutputUnwritten);
+  } catch (const std::bad_alloc&) {
+    return report("there is not enough memory", kFailed);
   } catch (const std::exception& failure) { return report(failure.what(), kFailed); }
 }
 
