@@ -55,7 +55,9 @@ void convertDrawing(const std::string& from, const std::string& to) {
   try {
     const Exporter convert = converters(fs::path(from).stem().string()).find(fileEnding(to))->second;
     saveWhole(to, convert(drawing.drawing, kPictureDpi));
-  } catch (const HostFailure& failure) { throw OutputUnwritten(toUtf8(failure.what())); }
+  } catch (const HostFailure& failure) {
+    throw OutputUnwritten(toUtf8(failure.what()));
+  } catch (const std::bad_alloc&) { throw OutputUnwritten("\"" + to + "\": there is not enough memory"); }
 }
 
 }  // namespace brevan

@@ -40,6 +40,11 @@ struct CommandLine {
     run->add_option("--settings", runOptions.settings, "Host settings to start from")->option_text("FILE");
     run->add_flag("--user-settings", userSettings, "Start from your own settings, those of the desktop")
         ->excludes(run->get_option("--settings"));
+    run->add_option("--allow-read", runOptions.readFolders,
+                    "A folder besides its own from which a script may open files")
+        ->option_text("DIR")
+        ->check(CLI::ExistingDirectory)
+        ->allow_extra_args(false);
     convert = app.add_subcommand("convert", "Converts a drawing by the endings of the files");
     convert->add_option("IN", from, "A .drg or .dxf file, or symbols as text (.sym)")
         ->required()
@@ -94,7 +99,7 @@ void execute(const CommandLine& line) {
   if (line.describe->parsed()) { print(brevan::commandDescription(line.command, places)); }
 }
 
-int report(const std::string& what, int code) {
+int report(std::string_view what, int code) {
   std::cerr << what << '\n';
   return code;
 }
@@ -122,6 +127,8 @@ int runProgram(int argc, char** argv) {
     return report(failure.what(), kOutputUnwritten);
   } catch (const brevan::ScriptOutputFailure& failure) {
     return report(failure.what(), kOutputUnwritten);
+  } catch (const std::bad_alloc&) {
+    return report("there is not enough memory", kFailed);
   } catch (const std::exception& failure) { return report(failure.what(), kFailed); }
 }
 

@@ -38,8 +38,8 @@ std::unique_ptr<INI_LIST> settingsFor(const RunOptions& options) {
 
 void playScript(const std::string& path, const RunOptions& options, const Places& places, Transcript* transcript) {
   const Script script = readScript(path, readInput(path, kMostScriptBytes));
-  FileServices::Confinement confinement{options.outputFolder,
-                                        [](const std::string& line) { std::cerr << line << '\n'; }};
+  FileServices::Confinement confinement{
+      options.outputFolder, [](const std::string& line) { std::cerr << line << '\n'; }, options.readFolders};
   FileServices files(fs::absolute(path).parent_path().string(), places.dataFolder, std::move(confinement));
   const auto settings = settingsFor(options);
   const std::string title = fs::path(path).stem().string();

@@ -10,8 +10,9 @@ namespace brevan {
 struct RunOptions {
   std::vector<std::string> scripts;
   std::string outputFolder = ".";
-  std::string transcript;  // empty: none
-  std::string settings;    // empty: built-in settings
+  std::string transcript;                // empty: none
+  std::string settings;                  // empty: built-in settings
+  std::vector<std::string> readFolders;  // besides the scripts' own
 };
 
 // Plays scripts one after another, each in a host of its own. Throws ScriptFailure, InputUnread,

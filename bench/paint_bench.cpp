@@ -35,7 +35,7 @@ size_t paintDrawing(const Drawing& drawing) {
 }
 
 void paintPrimitives(benchmark::State& state) {
-  RenderSession::require();
+  requirePainting();
   Drawing drawing;
   fill(drawing, state.range(0));
   bench::BestTime ours;

@@ -76,6 +76,12 @@ void confined(const Tree& tree, brevan::FileServices& files, std::string_view pa
     require(read.find('\0') == std::string::npos);
   } catch (const HostFailure&) {}
   try {
+    const brevan::FileServices::NamedByScript named(files);
+    const std::string read = files.resolveForReading(path);
+    require(path.empty() || reachesInto(read, tree.base()) || reachesInto(read, tree.path("out")) ||
+            reachesInto(read, tree.path("data")));
+  } catch (const HostFailure&) {}
+  try {
     require(reachesInto(files.resolveForWriting(path), tree.path("out")));
   } catch (const HostFailure&) {}
 }

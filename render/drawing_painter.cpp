@@ -1,10 +1,12 @@
 #include "render/drawing_painter.h"
 
 #include <QFont>
+#include <QFontInfo>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
 
+#include "frame/host/core_services.h"
 #include "host/core/text_encoding.h"
 #include "host/drawing/line_types.h"
 #include "host/drawing/strokes.h"
@@ -63,7 +65,7 @@ class PainterSink : public StrokeSink {
     painter_.rotate(text.angle);
     const double size = text.height / kDesignSize;
     painter_.scale(size * text.widthFactor, -size);
-    QFont font = fonts_[static_cast<size_t>(faceOf(text.font))];
+    QFont font = fontOf(faceOf(text.font));
     font.setUnderline(text.underlined);
     painter_.setFont(font);
     painter_.setPen(colourOf(style.pen));
@@ -85,6 +87,16 @@ class PainterSink : public StrokeSink {
   [[nodiscard]] size_t strokes() const { return strokes_; }
 
  private:
+  // Qt takes another font where it cannot read the one that is asked for; drawings never change so without a word.
+  const QFont& fontOf(FontFace face) {
+    const auto index = static_cast<size_t>(face);
+    const QFont& font = fonts_[index];
+    if (!checked_[index] && QFontInfo(font).family() != fontFamily(face)) {
+      throw HostFailure("The font \"" + fontFamily(face).toStdString() + "\" could not be read.");
+    }
+    checked_[index] = true;
+    return font;
+  }
   [[nodiscard]] QColor colourOf(int pen) const {
     return QColor(QRgb(options_.colour.value_or(penColour(pen, options_.ground))));
   }
@@ -111,6 +123,7 @@ class PainterSink : public StrokeSink {
   double devicePerMillimetre_;
   std::array<QFont, 3> fonts_ = {designFont(FontFace::kSans), designFont(FontFace::kSerif),
                                  designFont(FontFace::kMono)};
+  std::array<bool, 3> checked_{};
   std::optional<StrokeStyle> penStyle_;
   size_t strokes_ = 0;
 };

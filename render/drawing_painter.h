@@ -30,7 +30,7 @@ QString fontFamily(FontFace face);
 // Paints the visible layers, in drawing order. `toDevice` leads from drawing units to the painter's own
 // coordinates, y downwards, turned and scaled alike in both directions, without mirroring the paper.
 // Returns how many strokes were painted. Throws HostFailure where symbols come to too many parts; call
-// RenderSession::require() before the first painting.
+// requirePainting() before the first painting.
 size_t paint(QPainter& painter, const Drawing& drawing, const Transform& toDevice, const PaintOptions& options);
 
 // The transform that shows a sheet in a device whose millimetre is `scale` units long, its upper left

@@ -41,7 +41,7 @@ void setPage(QPdfWriter& writer, const Sheet& sheet) {
 }  // namespace
 
 std::string pdfBytes(const Drawing& drawing, std::string_view title) {
-  RenderSession::require();
+  requirePainting();
   const SteadyHashes steady;
   const Sheet sheet = sheetOf(drawing);
   QByteArray bytes;

@@ -39,7 +39,7 @@ std::string pngBytes(const Drawing& drawing, int dotsAnInch) {
   if (dotsAnInch < 1 || dotsAnInch > kMostDotsAnInch) {
     throw HostFailure(numberText::format("A picture takes 1 to %d dots an inch, got %d.", kMostDotsAnInch, dotsAnInch));
   }
-  RenderSession::require();
+  requirePainting();
   const Sheet sheet = sheetOf(drawing);
   const double scale = dotsAnInch / 25.4;
   QImage image = blankSheet(sheet, scale);

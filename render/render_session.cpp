@@ -2,6 +2,9 @@
 
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
 
 #include "frame/host/core_services.h"
 #include "render/drawing_painter.h"
@@ -26,23 +29,29 @@ void requireFonts() {
   }
 }
 
-// Without a desktop session Qt complains about the folder of its run-time files, which nothing here uses.
-void keepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {}
+// Without a desktop session Qt complains about the folder of its run-time files, which nothing here uses. Where it
+// gives up, nothing can come back from it: it would abort. No save has begun then, so the program ends as for an output
+// that could not be written.
+void keepQuiet(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  constexpr int kOutputUnwritten = 4;
+  if (type != QtFatalMsg) { return; }
+  std::cerr << "Painting could not start: " << message.section('\n', 0, 0).toStdString() << std::endl;
+  std::_Exit(kOutputUnwritten);
+}
+
+std::unique_ptr<QGuiApplication> startedApplication() {
+  if (QCoreApplication::instance() != nullptr) { return nullptr; }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QtMessageHandler handler = qInstallMessageHandler(keepQuiet);
+  auto application = std::make_unique<QGuiApplication>(argumentCount, arguments);
+  qInstallMessageHandler(handler);
+  return application;
+}
 
 }  // namespace
 
-RenderSession::RenderSession() {
-  if (QCoreApplication::instance() != nullptr) { return; }
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QtMessageHandler handler = qInstallMessageHandler(keepQuiet);
-  application_ = std::make_unique<QGuiApplication>(argumentCount, arguments);
-  qInstallMessageHandler(handler);
-}
-
-RenderSession::~RenderSession() = default;
-
-void RenderSession::require() {
-  static const RenderSession kSession;
+void requirePainting() {
+  static const std::unique_ptr<QGuiApplication> kApplication = startedApplication();
   static const bool kHasFonts = (requireFonts(), true);
   static_cast<void>(kHasFonts);
 }

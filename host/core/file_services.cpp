@@ -46,6 +46,7 @@ FileServices::FileServices(const std::string& baseFolder, const std::string& dat
   if (!confinement) { return; }
   outputFolder_ = physicalPath(confinement->outputFolder);
   report_ = std::move(confinement->report);
+  for (const std::string& folder : confinement->readFolders) { readFolders_.push_back(physicalPath(folder)); }
 }
 
 std::string FileServices::checked(std::string_view path) const {
@@ -76,9 +77,22 @@ std::string FileServices::resolveForReading(std::string_view path) const {
     const MatchedPath written = matchPath(outputFolder_, forwardSlashes(path));
     if (written.exists && liesBelow(physicalPath(written.path), outputFolder_)) { return written.path; }
   }
+  if (namedByScript_) { refuseUnreadable(path, found.path); }
   if (copies_.empty()) { return found.path; }
   const auto copy = copies_.find(physicalPath(found.path));
   return copy == copies_.end() ? found.path : copy->second;
+}
+
+void FileServices::refuseUnreadable(std::string_view path, const std::string& found) const {
+  const std::string physical = physicalPath(found);
+  const auto holds = [&physical](const std::string& folder) { return liesBelow(physical, folder); };
+  if (std::any_of(readFolders_.begin(), readFolders_.end(), holds)) { return; }
+  if (isRooted(forwardSlashes(path))) {
+    refuse(path, "a script names files by their place in its folder; --allow-read lets it read another folder");
+  }
+  if (!holds(baseFolder_) && !holds(outputFolder_) && !holds(physicalPath(dataFolder_))) {
+    refuse(path, "it leads out of the script's folder; --allow-read lets the script read another folder");
+  }
 }
 
 std::string FileServices::resolveForWriting(std::string_view path) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/core/path_names.h"
 
@@ -24,6 +25,21 @@ class FileServices {
     std::string outputFolder;
     // Is given "PATH is copied to COPY and used from there", in UTF-8.
     std::function<void(const std::string& message)> report;
+    // Folders besides its own, the data and the output folder in which a script may name files to be read.
+    std::vector<std::string> readFolders = {};
+  };
+
+  // While one is alive, paths to be read are such as a script of unknown origin names: confined, neither a full path
+  // nor a link leads to a file outside the folders that the script may read. Paths from settings and choosers are free.
+  class NamedByScript {
+   public:
+    explicit NamedByScript(FileServices& files) : files_(files) { files_.namedByScript_ = true; }
+    NamedByScript(const NamedByScript&) = delete;
+    NamedByScript& operator=(const NamedByScript&) = delete;
+    ~NamedByScript() { files_.namedByScript_ = false; }
+
+   private:
+    FileServices& files_;
   };
 
   FileServices(const std::string& baseFolder, const std::string& dataFolder,
@@ -47,6 +63,7 @@ class FileServices {
   [[nodiscard]] std::string checked(std::string_view path) const;
   [[nodiscard]] MatchedPath locate(const std::string& path) const;
   [[nodiscard]] std::string confinedForWriting(const std::string& path);
+  void refuseUnreadable(std::string_view path, const std::string& found) const;
   [[nodiscard]] bool leavesByLink(const std::string& path, const std::string& physical) const;
   std::string copyIn(const std::string& shown, const std::string& physical, bool exists);
   [[nodiscard]] std::string freeName(const std::string& fileName) const;
@@ -54,6 +71,8 @@ class FileServices {
   std::string baseFolder_;
   std::string dataFolder_;
   std::string outputFolder_;
+  std::vector<std::string> readFolders_;
+  bool namedByScript_ = false;
   std::function<void(const std::string&)> report_;
   std::map<std::string, std::string> copies_;  // by the physical path of what each stands for
 };

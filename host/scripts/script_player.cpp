@@ -189,6 +189,7 @@ void ScriptPlayer::refuseTakenName(const Statement& statement, const std::string
 void ScriptPlayer::openFile(const Statement& statement) {
   const std::string asked = toUtf8(cursor_.string(statement, 1));
   const auto own = written_.find(asked);
+  const FileServices::NamedByScript named(parts_.files);
   const std::string path = own != written_.end() ? own->second : parts_.files.resolveForReading(asked);
   const auto name =
       statement.words.size() > 2 ? cursor_.string(statement, 2) : toWindows1252(fs::path(path).stem().string());
@@ -270,7 +271,10 @@ void ScriptPlayer::draw(const Statement& statement) {
   window.drawing().endStep();
 }
 
-void ScriptPlayer::runMacro(const Statement& statement) { host_.runMacro(statement.rest); }
+void ScriptPlayer::runMacro(const Statement& statement) {
+  const FileServices::NamedByScript named(parts_.files);
+  host_.runMacro(statement.rest);
+}
 
 void ScriptPlayer::readVariable(const Statement& statement) {
   const std::string& name = cursor_.string(statement, 1);

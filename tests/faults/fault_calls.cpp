@@ -6,7 +6,8 @@
 //   FAULTS_DO      "kill", or the number of the error that the call fails with
 //   FAULTS_LOG     a file for what was done: see noteDone()
 //   FAULTS_COUNT   a file for the number of calls made
-//   FAULTS_NEW_AT  the number of the operator new that fails, counted from the first call of the kind above
+//   FAULTS_LOOKING with any value: it is calls that open, close and look at files, wherever they lie, that count and
+//   fail FAULTS_NEW_AT  the number of the operator new that fails, counted from the first call of the kind above
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/sendfile.h>
@@ -104,6 +105,14 @@ std::string inodeOf(int descriptor) {
   return NEXT(fstat)(descriptor, &status) == 0 ? std::to_string(status.st_ino) : "0";
 }
 
+// The same for a call that changes nothing.
+bool looksInVain() {
+  static const bool kLooking = ::getenv("FAULTS_LOOKING") != nullptr;
+  if (!kLooking || inside) { return false; }
+  const Inside own;
+  return failsNow();
+}
+
 using Words = std::vector<std::string>;
 
 // A row: the call's name, its words, the length of its bytes, each ended by a NUL; then the bytes.
@@ -121,6 +130,7 @@ void noteDone(const Words& words, const void* bytes = nullptr, size_t size = 0) 
 
 template <class Call>
 int opened(int folder, const char* name, int flags, const Call& call) {
+  if (looksInVain()) { return -1; }
   if (inside || (flags & (O_CREAT | O_TRUNC | O_WRONLY | O_RDWR)) == 0) { return call(); }
   const Inside own;
   const std::string path = pathOf(folder, name);
@@ -297,6 +307,29 @@ int fchmod(int descriptor, mode_t mode) noexcept {
   if (concerns(descriptor) && failsNow()) { return -1; }
   return NEXT(fchmod)(descriptor, mode);
 }
+
+// A descriptor that the system could not close well is closed all the same.
+int close(int descriptor) {
+  if (!looksInVain()) { return NEXT(close)(descriptor); }
+  const int error = errno;
+  NEXT(close)(descriptor);
+  errno = error;
+  return -1;
+}
+#define LOOKING(call, declared, passed) \
+  int call declared noexcept { return looksInVain() ? -1 : NEXT(call) passed; }
+// NOLINTBEGIN(bugprone-macro-parentheses)
+LOOKING(stat, (const char* name, struct stat* status), (name, status))
+LOOKING(stat64, (const char* name, struct stat64* status), (name, status))
+LOOKING(lstat, (const char* name, struct stat* status), (name, status))
+LOOKING(lstat64, (const char* name, struct stat64* status), (name, status))
+LOOKING(fstat, (int descriptor, struct stat* status), (descriptor, status))
+LOOKING(fstat64, (int descriptor, struct stat64* status), (descriptor, status))
+LOOKING(fstatat, (int folder, const char* name, struct stat* status, int flags), (folder, name, status, flags))
+LOOKING(statx, (int folder, const char* name, int flags, unsigned mask, struct statx* status),
+        (folder, name, flags, mask, status))
+LOOKING(access, (const char* name, int mode), (name, mode))
+// NOLINTEND(bugprone-macro-parentheses)
 
 }  // extern "C"
 

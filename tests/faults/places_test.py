@@ -87,6 +87,29 @@ class Escapes(FaultTest):
                 self.refused(f'macro LOAD "{name}" [0,0] 1 0\n')
                 self.refused(f'macro NEWSYMFL "{name}" "Y" "Y"\n')
 
+    def test_what_a_script_opens_lies_in_its_folder(self):
+        """Neither full paths nor links lead out of it; --allow-read widens it by a folder."""
+        outside = self.folder / "elsewhere"
+        home = self.folder / "home"
+        home.mkdir()
+        (home / "near.drg").write_bytes((outside / "stolen.drg").read_bytes())
+        (home / "away").symlink_to(outside)
+        (home / "link.drg").symlink_to(outside / "stolen.drg")
+        self.play_at(home, 'open "near.drg"\n', 0)
+        for name in (outside / "stolen.drg", home / "near.drg", "away/stolen.drg", "link.drg"):
+            for statement in (f'open "{name}"', f'macro LOAD "{name}" [0,0] 1 0', f'macro NEWSYMFL "{name}" "Y" "Y"'):
+                with self.subTest(statement):
+                    self.play_at(home, statement + "\n", 1, b"--allow-read")
+        for name in (outside / "stolen.drg", "away/stolen.drg", "link.drg"):
+            with self.subTest(name):
+                self.play_at(home, f'open "{name}"\n', 0, options=("--allow-read", str(outside)))
+
+    def play_at(self, folder, text, code, said=b"", options=()):
+        (folder / "x.scr").write_text(text, encoding="utf-8")
+        done = self.batch("run", str(folder / "x.scr"), "-o", "out", *options)
+        self.assertEqual(done.returncode, code, done.stderr)
+        self.assertIn(said, done.stderr)
+
     def test_full_paths_are_brought_below_the_output_folder(self):
         victim = self.write("victim.json", "precious\n")
         done = self.play(DRAWING + f'export "{victim}"\n')

@@ -101,6 +101,24 @@ class Writers(FaultTest):
                 else:
                     self.assertRefused(done, (1, 3, 4), os.strerror(error))
 
+    def test_looking_in_vain(self):
+        """Files that cannot be opened, closed or looked at, those of the toolkit and its fonts included."""
+        writer = next(row for row in ALL if row.name == "convert to pdf")
+        run = self.undisturbed(writer)
+        counted = self.folder / "count"
+        writer.prepare(self)
+        self.assertDone(writer.run(self, self.faulty(count=counted, looking=1)))
+        calls = range(1, int(counted.read_text(encoding="ascii")) + 1)
+        self.assertGreater(len(calls), 100)
+        # Those that follow the drawing's own, when the toolkit starts, and others.
+        for call in sorted({*calls[:amount(len(calls), 30)], *self.random.sample(calls, amount(0, 10))}):
+            writer.prepare(self)
+            done = writer.run(self, self.faulty(at=call, do=errno.EIO, looking=1))
+            self.assertIn(done.returncode, (0, 3, 4), f"call {call}: {done.stderr[-500:]}")
+            self.assertIn(run.state(self.content(writer)), ("old", "new"), f"call {call}")
+            if done.returncode != 0:
+                self.assertTrue(done.stderr.strip(), f"call {call}: no message")
+
     def test_power_cut_at_every_call(self):
         self.each(self.cut_power_at_every_call)
 
@@ -123,6 +141,7 @@ class Writers(FaultTest):
             self.assertIn(done.returncode, (0, 1, 3, 4), f"allocation {at}: {done.stderr[-500:]}")
             self.assertIn(left, WHOLE_STATES, f"allocation {at}")
             self.assertLessEqual(self.names(), run.names, f"litter after allocation {at}")
+            self.assertNotIn(b"bad_alloc", done.stderr)
             if done.returncode == 0:
                 self.assertEqual(left, "new", f"allocation {at}: told as done")
 

@@ -114,7 +114,7 @@ TEST(Painting, DashesMeasureMillimetresOnPaperWhateverTheWidth) {
 }
 
 TEST(Painting, VisibleBoxPaintsTheSamePartFaster) {
-  RenderSession::require();
+  requirePainting();
   Drawing drawing;
   lieOnA4(drawing, false);
   for (int row = 0; row < 40; ++row) {
