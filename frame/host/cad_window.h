@@ -76,7 +76,8 @@ class CCadWindow : public CWnd {
   // ---- Input ------------------------------------------------------------------------------------------
   // 0 with a point; non-zero when the user ended the prompt (space bar, Escape).
   virtual int gsGetPointFromUser(std::string_view prompt, double& x, double& y) = 0;
-  // In: the default offered; out: the text typed, cut to 255 bytes, "" when the user cancelled.
+  // In: the default offered; out: the text typed, limits::kLongestAnswer characters at most, "" when
+  // the user cancelled.
   virtual void gsGetTextFromPromptBar(std::string_view prompt, std::string& text, int) = 0;
   // A yes/no question; non-zero is yes.
   virtual int gsReply(std::string_view question) = 0;

@@ -28,6 +28,9 @@ struct TextAnswer {
   bool acceptedDefault = false;
 };
 
+// What a user is told who types more than a prompt takes.
+std::string tooLongAnswer(size_t characters);
+
 struct MessageBox {
   std::string text;
   std::string caption;

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "frame/host/core_services.h"
+#include "frame/host/limits.h"
 #include "host/macros/command.h"
 #include "host/window/drawing_window.h"
 
@@ -8,8 +9,6 @@
 namespace brevan {
 
 namespace {
-
-constexpr size_t kPromptBarLimit = 255;
 
 // "&No Rotation, Rotate &90": items at commas, without marks and outer blanks.
 std::vector<std::string> menuItems(std::string_view items) {
@@ -26,6 +25,11 @@ std::vector<std::string> menuItems(std::string_view items) {
 }
 
 }  // namespace
+
+std::string tooLongAnswer(size_t characters) {
+  return "An answer takes " + std::to_string(limits::kLongestAnswer) + " characters at most, this one has " +
+         std::to_string(characters) + ".";
+}
 
 int DrawingWindow::gsGetPointFromUser(std::string_view prompt, double& x, double& y) {
   const PointAnswer answer = services_.user.askPoint(std::string(prompt));
@@ -45,7 +49,7 @@ void DrawingWindow::gsGetTextFromPromptBar(std::string_view prompt, std::string&
   TextAnswer answer = services_.user.askText(std::string(prompt), text);
   escaped_ = escaped_ || answer.end == PromptEnd::kEscape;
   if (answer.end != PromptEnd::kGiven) { answer.text.clear(); }
-  answer.text.resize(std::min(answer.text.size(), kPromptBarLimit));
+  if (answer.text.size() > limits::kLongestAnswer) { throw HostFailure(tooLongAnswer(answer.text.size())); }
   text = answer.text;
   if (services_.events != nullptr) { services_.events->textPrompted(prompt, answer); }
 }
