@@ -23,19 +23,37 @@ struct NoteSection {
 constexpr NoteSection kNoteSections[] = {
     {"Beacon", nullptr}, {"Serv", &JobOptions::servNotes}, {"Notes", &JobOptions::addNotes}};
 
-void askFrameTexts(SheetWriter& sheet, const TextSheet& questions) {
-  for (const KeyRow& row : questions.rows.first(questions.rows.size() - std::size(kNoteSections))) {
-    askRow(sheet, questions.section, row);
-  }
+bool isWanted(const NoteSection& section, const JobOptions& options) {
+  return section.wanted == nullptr || options.*section.wanted;
 }
 
-void drawNotes(SheetWriter& sheet, const TextSheet& questions) {
-  auto lines = questions.rows.last(std::size(kNoteSections)).begin();
-  for (const auto& [heading, wanted] : kNoteSections) {
-    const KeyRow& question = *lines++;
-    if (wanted != nullptr && !(sheet.job().options().*wanted)) { continue; }
-    writeRow(sheet, sheet.job().textRow(kTexts, heading));
-    askRowBelow(sheet, questions.section, question);
+const TextSheet& questionSheet() { return textSheets(SurveyMode::kDiagram).front(); }
+std::span<const KeyRow> frameRows() {
+  return questionSheet().rows.first(questionSheet().rows.size() - std::size(kNoteSections));
+}
+const KeyRow& rowOf(const NoteSection& section) {
+  const auto index = static_cast<size_t>(&section - std::begin(kNoteSections));
+  return questionSheet().rows.last(std::size(kNoteSections))[index];
+}
+
+SheetQuestions askTexts(const SheetWriter& sheet) {
+  SheetQuestions questions(sheet.view(), sheet.job(), questionSheet().section);
+  for (const KeyRow& row : frameRows()) { questions.add(row); }
+  for (const NoteSection& section : kNoteSections) {
+    if (isWanted(section, sheet.job().options())) { questions.add(rowOf(section)); }
+  }
+  questions.ask();
+  return questions;
+}
+
+// Below each other, wherever the rows stand; a heading without a line below it is left out.
+void drawNotes(SheetWriter& sheet, const SheetQuestions& questions) {
+  for (const NoteSection& section : kNoteSections) {
+    std::optional<AnsweredRow> lines = questions.answered(rowOf(section));
+    if (!lines) { continue; }
+    writeRow(sheet, sheet.job().textRow(kTexts, section.heading));
+    lines->row.vertical = kNextLine;
+    writeAnswers(sheet, *lines);
   }
 }
 
@@ -84,8 +102,10 @@ void drawAdditionalTexts(SheetWriter& sheet) {
 }  // namespace
 
 void drawDiagramFrame(SheetWriter& sheet, const Figure& figure) {
-  const TextSheet& questions = textSheets(SurveyMode::kDiagram).front();
-  askFrameTexts(sheet, questions);
+  const SheetQuestions questions = askTexts(sheet);
+  for (const KeyRow& row : frameRows()) {
+    if (const auto answered = questions.answered(row)) { writeAnswers(sheet, *answered); }
+  }
   sheet.setLine(drawDataTable(sheet, tableRow(sheet.job()), figure));
   drawFrameLines(sheet, sheet.line());
   drawNotes(sheet, questions);

@@ -37,9 +37,6 @@ class SheetWriter {
   // The same, with a justification in place of the row's.
   void write(const TextRow& row, Point at, std::string_view text, int justification);
 
-  // The user's answer to a prompt that offers a text; "" where it was cancelled.
-  [[nodiscard]] std::string ask(std::string_view prompt, std::string_view offered) const;
-
  private:
   CCadWindow& view_;
   JobSettings& job_;

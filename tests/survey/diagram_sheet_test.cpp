@@ -152,7 +152,8 @@ TEST_F(DiagramSheet, AdditionalTextsEndAtTheFirstMissing) {
 TEST_F(DiagramSheet, ATableWithoutColumnsIsNotDrawn) {
   ini_["DATA"].erase("Figure2");
   ini_["TEXT"]["Beacon"] = "Beacons,-188,9999,1,30,1,Arial,1";
-  trace();
+  ini_["SG_QUESTIONS"]["BDescr"] = ",-186,0,1,20,1,Arial,0";
+  trace("text \"12 mm peg\"\ntext \"\"\n");
   EXPECT_TRUE(shapes<Arc>().empty());
   expectNear(fromOrigin(textReading("Beacons").at), {-188, -23.3}, "from where the table would begin");
 }
@@ -179,11 +180,58 @@ TEST_F(DiagramSheet, WithoutSymbolsAndTitleBlockThePaperIsTheSheet) {
   ini_["TRIGTSM"]["CtrlPnt1"] = "0,TSM 14,,1100.25,2200.50";
   for (const int orientation : {0, 1}) {
     trace("", orientation);
-    EXPECT_EQ(log_.of("message"), std::vector<std::string>{"The Symbol file nothing.drg does not exist."});
+    EXPECT_EQ(log_.of("message"), (std::vector<std::string>{"The Symbol file nothing.drg does not exist.",
+                                                            "The title block file none.drg does not exist."}));
     EXPECT_FALSE(sent("#LOAD"));
     expectNear(onPaper(textReading("AB").at), {30, 277}, "from the paper's top right corner");
     EXPECT_TRUE(shapes<brevan::Symbol>().empty());
   }
+}
+
+// Told once each, before anything is asked; then the paper is the sheet.
+TEST_F(DiagramSheet, DamagedSymbolsAndTitleBlockAreTold) {
+  const std::string title = write("job/title.drg", "no drawing");
+  const std::string symbols = write("job/symbols.drg", "no drawing");
+  ini_["SG_QUESTIONS"]["PropDescr"] = "Erf 1,-95,-220,1,35,4,Arial,0";
+  ini_["TRIGTSM"]["CtrlPnt1"] = "0,TSM 14,,1100.25,2200.50";
+  trace("accept\n");
+  EXPECT_EQ(log_.of("message"), (std::vector<std::string>{"The Symbol file " + symbols + " cannot be read.",
+                                                          "The title block file " + title + " cannot be read."}));
+  const auto question = std::ranges::find(log_.lines, "prompt Property designation");
+  EXPECT_TRUE(std::none_of(question, log_.lines.end(), [](const auto& line) { return line.starts_with("message"); }));
+  expectNear(onPaper(textReading("AB").at), {30, 277}, "from the paper's top right corner");
+}
+
+TEST_F(DiagramSheet, AnswersAreDrawnWhole) {
+  ini_["SG_QUESTIONS"]["PropDescr"] = "Erf 1,-95,-220,1,35,4,Arial,0";
+  ini_["SG_QUESTIONS"]["BDescr"] = ",-186,0,1,20,1,Arial,0";
+  const std::string longest = std::string(1000, 'm') + " and the end 123456789.";
+  ASSERT_EQ(longest.size(), 1023U);
+  trace("text \"" + longest + "\"\ntext \"" + longest + "\"\ntext \"\"\n");
+  textReading(longest);
+  textReading(longest, 1);
+}
+
+// What the setup shows for a row that a file does not hold is no text of a sheet.
+TEST_F(DiagramSheet, MissingRowsAndHeadingsOverNothingAreNotDrawn) {
+  ini_["SG_QUESTIONS"].clear();
+  ini_["TEXT"] = {{"Data", "unused,-180,-20,2,25,1,Arial,0"}};
+  ini_["DEFAULTS"]["ServNotes"] = ini_["DEFAULTS"]["AddNotes"] = "1";
+  trace();
+  EXPECT_TRUE(log_.of("prompt").back().starts_with("Enter next corner"));
+  for (const char* heading : {"Beacon", "Serv", "Notes"}) {
+    ini_["TEXT"][heading] = std::string(heading) + ",-188,9999,1,30,1,Arial,1";
+  }
+  for (const char* lines : {"BDescr", "ServDet", "Note"}) { ini_["SG_QUESTIONS"][lines] = ",-186,0,1,20,1,Arial,0"; }
+  trace("text \" \"\ntext \"A servitude\"\ntext \"\"\nescape\n");
+  const auto drawn = [this](const std::string& wanted) {
+    return std::ranges::count(shapes<Text>(), wanted, [](const Text& text) { return text.text; });
+  };
+  EXPECT_EQ(drawn("Default"), 0);
+  EXPECT_EQ(drawn("Beacon"), 0);
+  EXPECT_EQ(drawn("Serv"), 1);
+  EXPECT_EQ(drawn("Notes"), 0);
+  expectNear(fromOrigin(textReading("Serv").at), {-188, -20 - 5 * 2.75 - 3.3}, "directly below the table");
 }
 
 }  // namespace
