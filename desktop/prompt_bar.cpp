@@ -137,6 +137,10 @@ bool PromptBar::pressed(QKeyEvent* event) {
         emit escapePressed();
       }
       return true;
+    case Qt::Key_Backspace:
+      if (asks_ != Asks::kText || !mayGoBack_ || !edit_->text().isEmpty() || event->isAutoRepeat()) { return false; }
+      emit backPressed();
+      return true;
     case Qt::Key_Space:
       if (asks_ == Asks::kText || (asks_ == Asks::kCommand && !edit_->text().isEmpty())) { return false; }
       enter();

@@ -136,6 +136,10 @@ TextAnswer ScriptUser::askText(const std::string& prompt, const std::string& fal
   if (cursor_.nextIs("space") || cursor_.nextIs("escape")) {
     return {takeAnswer("").name() == "space" ? PromptEnd::kSpace : PromptEnd::kEscape, {}, false};
   }
+  if (mayGoBack_ && cursor_.nextIs("back")) {
+    takeAnswer("");
+    return {PromptEnd::kBack, {}, false};
+  }
   cursor_.failHere(quotedUtf8(prompt) + " asks for a text");
 }
 
