@@ -36,13 +36,14 @@ const KeyRow& rowOf(const NoteSection& section) {
   return questionSheet().rows.last(std::size(kNoteSections))[index];
 }
 
-SheetQuestions askTexts(const SheetWriter& sheet) {
+// Nothing where the user gives the diagram up.
+std::optional<SheetQuestions> askTexts(const SheetWriter& sheet) {
   SheetQuestions questions(sheet.view(), sheet.job(), questionSheet().section);
   for (const KeyRow& row : frameRows()) { questions.add(row); }
   for (const NoteSection& section : kNoteSections) {
     if (isWanted(section, sheet.job().options())) { questions.add(rowOf(section)); }
   }
-  questions.ask();
+  if (!questions.ask("this diagram")) { return std::nullopt; }
   return questions;
 }
 
@@ -55,11 +56,6 @@ void drawNotes(SheetWriter& sheet, const SheetQuestions& questions) {
     lines->row.vertical = kNextLine;
     writeAnswers(sheet, *lines);
   }
-}
-
-// The row that places the data table stands among the texts, or else beside the table's columns.
-TextRow tableRow(const JobSettings& job) {
-  return job.textRow(job.value(kTexts, kDataTableKey).empty() ? kDataSection : kTexts, kDataTableKey);
 }
 
 void drawFrameLines(const SheetWriter& sheet, double tableEnd) {
@@ -101,16 +97,18 @@ void drawAdditionalTexts(SheetWriter& sheet) {
 
 }  // namespace
 
-void drawDiagramFrame(SheetWriter& sheet, const Figure& figure) {
-  const SheetQuestions questions = askTexts(sheet);
+bool drawDiagramFrame(SheetWriter& sheet, const Figure& figure) {
+  const std::optional<SheetQuestions> questions = askTexts(sheet);
+  if (!questions) { return false; }
   for (const KeyRow& row : frameRows()) {
-    if (const auto answered = questions.answered(row)) { writeAnswers(sheet, *answered); }
+    if (const auto answered = questions->answered(row)) { writeAnswers(sheet, *answered); }
   }
-  sheet.setLine(drawDataTable(sheet, tableRow(sheet.job()), figure));
+  sheet.setLine(drawDataTable(sheet, dataTableRow(sheet.job()), figure));
   drawFrameLines(sheet, sheet.line());
-  drawNotes(sheet, questions);
+  drawNotes(sheet, *questions);
   nameFigure(sheet, figure);
   drawAdditionalTexts(sheet);
+  return true;
 }
 
 }  // namespace ardenix::survey

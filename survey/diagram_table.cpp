@@ -1,6 +1,8 @@
 #include "survey/diagram_table.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <string>
 
@@ -38,6 +40,11 @@ std::optional<Columns> columnsOf(const JobSettings& job) {
   return columns;
 }
 
+// As a settings file holds it while none is chosen.
+bool isEmpty(const ControlPoint& point) {
+  return point.name.empty() && point.number.empty() && point.y == 0.0 && point.x == 0.0;
+}
+
 class DataTable {
  public:
   DataTable(SheetWriter& sheet, const TextRow& row, const Columns& columns)
@@ -63,8 +70,12 @@ class DataTable {
     nextLine();
   }
 
+  [[nodiscard]] double circleRadius() const {
+    return sheet_.job().paperFactor() * sheet_.job().options().cornerDiam / 2.0;
+  }
+
   void circleBeacon(Point beacon) {
-    const double radius = sheet_.job().paperFactor() * sheet_.job().options().cornerDiam / 2.0;
+    const double radius = circleRadius();
     if (radius == 0.0) { return; }
     sheet_.view().gsExecuteMacro(macroText::cutCircle(beacon, beacon + Point{0, radius}));
   }
@@ -72,7 +83,7 @@ class DataTable {
   void drawControlPoint(std::string_view key) {
     const std::string value = sheet_.job().value(kControlSection, key);
     const ControlPoint point = controlPointOf(value);
-    if (point.name.empty() && point.number.empty() && point.y == 0.0 && point.x == 0.0) { return; }
+    if (isEmpty(point)) { return; }
     const bool beacon = point.category == ControlCategory::kTrigonometricalBeacon;
     Line line;
     line[kDistance] = beacon ? point.number : "";
@@ -105,6 +116,19 @@ class DataTable {
 };
 
 }  // namespace
+
+TextRow dataTableRow(const JobSettings& job) {
+  const bool amongTexts = !job.value(kDiagramTextSection, kDataTableKey).empty();
+  return job.textRow(amongTexts ? kDiagramTextSection : kDataSection, kDataTableKey);
+}
+
+double heightOfDataTable(const SheetWriter& sheet, const TextRow& row, const Figure& figure) {
+  if (!columnsOf(sheet.job()) || row.size == 0) { return 0.0; }
+  const auto controls = std::ranges::count_if(kControlKeys, [&](std::string_view key) {
+    return !isEmpty(controlPointOf(sheet.job().value(kControlSection, key)));
+  });
+  return std::fabs(sheet.nextLine(row)) * static_cast<double>(figure.size() + 1 + static_cast<size_t>(controls));
+}
 
 double drawDataTable(SheetWriter& sheet, const TextRow& row, const Figure& figure) {
   const std::optional<Columns> columns = columnsOf(sheet.job());

@@ -25,18 +25,27 @@ class SheetQuestions {
       : view_(view), job_(job), section_(section) {}
 
   void add(const KeyRow& question);
-  void ask();
+  // The user may go back to the question before. A question that repeats offers its text once, then nothing. After an
+  // Escape the user is asked, once, whether to give up `what`: false then.
+  bool ask(std::string_view what);
   // Nothing where the row was not asked or nothing was answered.
   [[nodiscard]] std::optional<AnsweredRow> answered(const KeyRow& question) const;
 
  private:
-  [[nodiscard]] std::string answerTo(const AnsweredRow& asked) const;
-  void askRow(AnsweredRow& asked) const;
+  struct Answer {
+    size_t row;
+    std::string text;
+  };
+
+  [[nodiscard]] std::string ask(const AnsweredRow& row, std::string_view offered) const;
+  [[nodiscard]] size_t rowAfter(const Answer& given, int answersBefore) const;
+  [[nodiscard]] bool isGivenUp(std::string_view what);
 
   CCadWindow& view_;
   const JobSettings& job_;
   std::string_view section_;
   std::vector<AnsweredRow> rows_;
+  bool askedToGiveUp_ = false;
 };
 
 // Draws the answers at the row's place.
