@@ -81,7 +81,10 @@ void nameFigure(SheetWriter& sheet, const Figure& figure) {
     writeRow(sheet, row, text(row.text));
   };
   fixed("Figure", [&](const std::string& prefix) { return prefix + nameOf(figure); });
-  fixed("Area", [&](const std::string& postfix) { return formattedArea(areaOf(figure)) + " " + postfix; });
+  fixed("Area", [&](const std::string& postfix) {
+    if (sheet.job().options().hectares) { return areaWithUnit(areaOf(figure), postfix, sheet.job().numbers()); }
+    return formattedArea(areaOf(figure)) + " " + postfix;
+  });
   fixed("Scale", [&](const std::string& prefix) {
     return numberText::format("%s%.0f", std::string_view(prefix), sheet.job().scale());
   });

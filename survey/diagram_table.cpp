@@ -9,6 +9,7 @@
 #include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
 #include "survey/control_point.h"
+#include "survey/corner_letters.h"
 #include "survey/number_formats.h"
 #include "survey/settings_keys.h"
 
@@ -52,17 +53,25 @@ class DataTable {
 
   double draw(const Figure& figure) {
     sheet_.view().gsExecuteMacro(macroText::kAllLayersOff);
-    for (const Side& side : figure) { drawSide(side); }
+    const std::vector<LetterPlace> letters = lettersOf(figure);
+    for (size_t n = 0; n < figure.size(); ++n) { drawSide(figure[n], letters[n]); }
     nextLine();
     for (const std::string_view key : kControlKeys) { drawControlPoint(key); }
     return place_.y;
   }
 
  private:
-  void drawSide(const Side& side) {
-    circleBeacon(side.from);
+  [[nodiscard]] std::vector<LetterPlace> lettersOf(const Figure& figure) const {
+    if (sheet_.job().options().lettersClear) { return placeLetters(sheet_, figure, row_, circleRadius()); }
     constexpr int kAbove = 4;
-    sheet_.write(row_, side.from, side.fromLabel, kAbove);
+    std::vector<LetterPlace> letters;
+    for (const Side& side : figure) { letters.push_back({side.from, kAbove}); }
+    return letters;
+  }
+
+  void drawSide(const Side& side, const LetterPlace& letter) {
+    circleBeacon(side.from);
+    sheet_.write(row_, letter.at, side.fromLabel, letter.justification);
     const NumberStyle& numbers = sheet_.job().numbers();
     write({side.name(), formattedNumber(side.join.distance, numbers),
            formattedBearing(side.join.direction, numbers).text, side.fromLabel, coordinate(side.from.x),

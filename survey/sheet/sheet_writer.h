@@ -17,6 +17,7 @@ class SheetWriter {
 
   [[nodiscard]] CCadWindow& view() const { return view_; }
   [[nodiscard]] JobSettings& job() const { return job_; }
+  [[nodiscard]] double axisSign() const { return sign_; }  // as paperSign of the drawing
   [[nodiscard]] Point origin() const { return origin_; }
   [[nodiscard]] Point at(double horizontal, double vertical) const;
   // To the right, or up, on paper by millimetres.
