@@ -1,6 +1,7 @@
 #include "survey/sheet/sheet_questions.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/macro_values.h"
@@ -39,11 +40,30 @@ std::string SheetQuestions::ask(const AnsweredRow& row, std::string_view offered
   return textVariable(view_, kAnswer);
 }
 
-// The row that is asked for after an answer: the same once more, or the next.
-size_t SheetQuestions::rowAfter(const Answer& given, int answersBefore) const {
-  const int most = rows_[given.row].question->most;
-  const bool more = most > 1 && !isBlank(given.text) && answersBefore + 1 < most;
-  return more ? given.row : given.row + 1;
+int SheetQuestions::answersTo(size_t row) const {
+  return static_cast<int>(std::ranges::count(given_, row, &Answer::row));
+}
+
+// What was typed before the user came back to it; a question that repeats offers its own text once.
+std::string SheetQuestions::offeredFor(size_t row) {
+  if (takenBack_) { return *std::exchange(takenBack_, std::nullopt); }
+  return answersTo(row) == 0 ? rows_[row].row.text : std::string();
+}
+
+// The row that is asked for next: the same once more, or the one after it.
+size_t SheetQuestions::take(size_t row, std::string text) {
+  const bool more = rows_[row].question->most > answersTo(row) + 1 && !isBlank(text);
+  given_.push_back({row, std::move(text)});
+  return more ? row : row + 1;
+}
+
+// The row of the answer before, which is asked for again.
+size_t SheetQuestions::takeBack(size_t row) {
+  if (given_.empty()) { return row; }
+  const size_t before = given_.back().row;
+  takenBack_ = std::move(given_.back().text);
+  given_.pop_back();
+  return before;
 }
 
 bool SheetQuestions::isGivenUp(std::string_view what) {
@@ -54,25 +74,12 @@ bool SheetQuestions::isGivenUp(std::string_view what) {
 
 bool SheetQuestions::ask(std::string_view what) {
   const BackAllowed back(view_);
-  std::vector<Answer> given;
-  std::optional<std::string> typedBefore;
   for (size_t row = 0; row < rows_.size();) {
-    const auto ofRow = [row](const Answer& answer) { return answer.row == row; };
-    const auto answersBefore = static_cast<int>(std::ranges::count_if(given, ofRow));
-    const std::string offered = typedBefore.value_or(answersBefore == 0 ? rows_[row].row.text : std::string());
-    typedBefore.reset();
-    Answer answer{row, ask(rows_[row], offered)};
+    std::string text = ask(rows_[row], offeredFor(row));
     if (isGivenUp(what)) { return false; }
-    if (view_.gsBackPressed() == 0) {
-      row = rowAfter(answer, answersBefore);
-      given.push_back(std::move(answer));
-    } else if (!given.empty()) {
-      row = given.back().row;
-      typedBefore = std::move(given.back().text);
-      given.pop_back();
-    }
+    row = view_.gsBackPressed() == 0 ? take(row, std::move(text)) : takeBack(row);
   }
-  for (Answer& answer : given) {
+  for (Answer& answer : given_) {
     AnsweredRow& row = rows_[answer.row];
     if (row.question->most == 1 || !isBlank(answer.text)) { row.answers.push_back(std::move(answer.text)); }
   }

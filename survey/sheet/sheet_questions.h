@@ -38,13 +38,18 @@ class SheetQuestions {
   };
 
   [[nodiscard]] std::string ask(const AnsweredRow& row, std::string_view offered) const;
-  [[nodiscard]] size_t rowAfter(const Answer& given, int answersBefore) const;
+  [[nodiscard]] int answersTo(size_t row) const;
+  [[nodiscard]] std::string offeredFor(size_t row);
+  size_t take(size_t row, std::string text);
+  size_t takeBack(size_t row);
   [[nodiscard]] bool isGivenUp(std::string_view what);
 
   CCadWindow& view_;
   const JobSettings& job_;
   std::string_view section_;
   std::vector<AnsweredRow> rows_;
+  std::vector<Answer> given_;  // in the order in which they were given
+  std::optional<std::string> takenBack_;
   bool askedToGiveUp_ = false;
 };
 
