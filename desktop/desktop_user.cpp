@@ -47,6 +47,7 @@ DesktopUser::DesktopUser(PromptBar& promptBar, Recorder& recorder, QString pictu
   connect(&promptBar, &PromptBar::pointTyped, this, &DesktopUser::givePoint);
   connect(&promptBar, &PromptBar::spacePressed, this, &DesktopUser::giveSpace);
   connect(&promptBar, &PromptBar::escapePressed, this, &DesktopUser::giveEscape);
+  connect(&promptBar, &PromptBar::backPressed, this, &DesktopUser::giveBack);
   connect(&promptBar, &PromptBar::textTyped, this, [this](const QString& typed, bool acceptedDefault) {
     if (wants_ != Wants::kText) { return; }
     const auto text = hostText(typed);
@@ -108,6 +109,14 @@ void DesktopUser::givePoint(Point at) {
 void DesktopUser::giveSpace() {
   if (wants_ != Wants::kPoint) { return; }
   point_ = {PromptEnd::kSpace, {}};
+  answered();
+}
+
+void DesktopUser::allowBack(bool allowed) { promptBar_.allowBack(allowed); }
+
+void DesktopUser::giveBack() {
+  if (wants_ != Wants::kText) { return; }
+  text_ = {PromptEnd::kBack, {}, false};
   answered();
 }
 

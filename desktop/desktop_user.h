@@ -25,6 +25,8 @@ class DesktopUser : public QObject, public User {
 
   PointAnswer askPoint(const std::string& prompt) override;
   TextAnswer askText(const std::string& prompt, const std::string& fallback) override;
+  void allowBack(bool allowed) override;
+  bool isAskedToGiveUp() override { return !cancelled_; }
   BoxAnswer showMessage(const MessageBox& box) override;
   std::optional<size_t> chooseFromMenu(const std::vector<std::string>& items) override;
   std::optional<ChosenFile> chooseFile(const FileRequest& request) override;
@@ -40,6 +42,7 @@ class DesktopUser : public QObject, public User {
   // A point picked in a drawing, a space or Escape pressed there.
   void givePoint(Point at);
   void giveSpace();
+  void giveBack();
   void giveEscape();
   [[nodiscard]] bool wantsPoint() const { return wants_ == Wants::kPoint; }
   [[nodiscard]] bool wantsAnything() const { return wants_ != Wants::kNothing; }

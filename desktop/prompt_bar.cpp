@@ -7,7 +7,9 @@
 #include <cmath>
 
 #include "desktop/texts.h"
+#include "frame/host/limits.h"
 #include "frame/host/number_text.h"
+#include "host/window/user.h"
 
 namespace brevan {
 
@@ -113,6 +115,10 @@ void PromptBar::enter() {
       return;
     }
     case Asks::kText:
+      if (const auto length = static_cast<size_t>(typed.size()); length > limits::kLongestAnswer) {
+        emit mistyped(shown(tooLongAnswer(length)));
+        return;
+      }
       note(typed);
       emit textTyped(typed, typed == fallback_);
       return;
@@ -130,6 +136,10 @@ bool PromptBar::pressed(QKeyEvent* event) {
       } else {
         emit escapePressed();
       }
+      return true;
+    case Qt::Key_Backspace:
+      if (asks_ != Asks::kText || !mayGoBack_ || !edit_->text().isEmpty() || event->isAutoRepeat()) { return false; }
+      emit backPressed();
       return true;
     case Qt::Key_Space:
       if (asks_ == Asks::kText || (asks_ == Asks::kCommand && !edit_->text().isEmpty())) { return false; }

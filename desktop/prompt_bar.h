@@ -24,6 +24,8 @@ class PromptBar : public QWidget {
   void askCommand();
   void askPoint(const QString& prompt);
   void askText(const QString& prompt, const QString& fallback);
+  // Whether Backspace on an empty answer goes to the question before.
+  void allowBack(bool allowed) { mayGoBack_ = allowed; }
   void showPrompt(const QString& text) { prompt_->setText(text); }
   // Of relative input: "@5,0" and "@5<30" count from here.
   void setOrigin(Point origin) { origin_ = origin; }
@@ -41,6 +43,7 @@ class PromptBar : public QWidget {
   void textTyped(const QString& text, bool acceptedDefault);
   void spacePressed();
   void escapePressed();
+  void backPressed();
   void mistyped(const QString& what);
 
  protected:
@@ -55,6 +58,7 @@ class PromptBar : public QWidget {
   QLineEdit* edit_;
   QCompleter* completer_ = nullptr;
   Asks asks_ = Asks::kCommand;
+  bool mayGoBack_ = false;
   QString fallback_;
   Point origin_;
   QStringList history_;

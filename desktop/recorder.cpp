@@ -35,13 +35,13 @@ void Recorder::pointPrompted(std::string_view, PromptEnd end, Point at) {
                .arg(QString::fromStdString(numberText::shortest(at.x)),
                     QString::fromStdString(numberText::shortest(at.y))));
   } else {
-    answer(end == PromptEnd::kSpace ? "space" : "escape");
+    answer(shown(promptEndWord(end)));
   }
 }
 
 void Recorder::textPrompted(std::string_view, const TextAnswer& given) {
   if (given.end != PromptEnd::kGiven) {
-    answer(given.end == PromptEnd::kSpace ? "space" : "escape");
+    answer(shown(promptEndWord(given.end)));
   } else {
     answer(given.acceptedDefault ? QString("accept") : "text " + scriptString(shown(given.text)));
   }

@@ -126,7 +126,7 @@ void ControlDialog::show(const PointControls& controls, const ControlPoint& poin
   controls.number.setText(point.number);
   controls.y.SetValue(point.y);
   controls.x.SetValue(point.x);
-  if (known) { nameChosen(controls); }
+  if (known && !isDamaged(controls)) { nameChosen(controls); }
 }
 
 void ControlDialog::categoryChanged(const PointControls& controls) {
@@ -139,13 +139,19 @@ void ControlDialog::categoryChanged(const PointControls& controls) {
   needStore();
 }
 
+void ControlDialog::tellDamage(const std::string& key) {
+  ErrorMessage(numberText::format("%s: the record of \"%s\" has no coordinates that can be read.", store_->path(), key),
+               &dialog_);
+}
+
 void ControlDialog::nameChosen(const PointControls& controls) {
   if (!store_ || controls.name.selected() < 0) { return; }
   const auto point = store_->find(categoryOf(controls), controls.name.text());
-  if (!point) { return; }
-  controls.number.setText(point->number);
-  controls.y.SetValue(point->y);
-  controls.x.SetValue(point->x);
+  if (!point) { tellDamage(controls.name.text()); }
+  const ControlPoint shown = point.value_or(ControlPoint());
+  controls.number.setText(shown.number);
+  controls.y.SetValue(shown.y);
+  controls.x.SetValue(shown.x);
 }
 
 // ---- The store --------------------------------------------------------------------------------------------------
@@ -205,6 +211,11 @@ ControlPoint ControlDialog::pointOf(const PointControls& controls) const {
   return point;
 }
 
+// Until coordinates are typed, a name whose record cannot be read is no control point.
+bool ControlDialog::isDamaged(const PointControls& controls) const {
+  return controls.name.selected() >= 0 && !store_->find(categoryOf(controls), controls.name.text());
+}
+
 bool ControlDialog::confirm() {
   if (!needStore()) { return false; }
   constexpr double kNowhere = 1e-12;
@@ -213,6 +224,11 @@ bool ControlDialog::confirm() {
     for (size_t i = 0; i < chosen.size(); ++i) {
       chosen[i] = pointOf(controls_[i]);
       const bool placed = std::fabs(chosen[i].y * chosen[i].x) > kNowhere;
+      if (!placed && isDamaged(controls_[i])) {
+        tellDamage(controls_[i].name.text());
+        controls_[i].y.focus();
+        return false;
+      }
       if (placed && !chosen[i].name.empty()) { store_->add(chosen[i]); }
     }
     store_->save();

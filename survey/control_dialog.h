@@ -40,6 +40,8 @@ class ControlDialog {
   void show(const PointControls& controls, const ControlPoint& point);
   void categoryChanged(const PointControls& controls);
   void nameChosen(const PointControls& controls);
+  void tellDamage(const std::string& key);
+  [[nodiscard]] bool isDamaged(const PointControls& controls) const;
   void setName(const PointControls& controls, const std::string& text);
   [[nodiscard]] ControlCategory categoryOf(const PointControls& controls) const;
   [[nodiscard]] ControlPoint pointOf(const PointControls& controls) const;

@@ -16,7 +16,32 @@ std::string withoutCommas(std::string text) {
   return text;
 }
 
+constexpr std::ptrdiff_t kSeparators = 4;
+
+bool isNumber(std::string text) {
+  coreTrimStr(text);
+  return coreIsNumeric(text) != 0;
+}
+
 }  // namespace
+
+bool isControlPoint(std::string_view value) {
+  if (value.find_first_not_of(", ") == std::string_view::npos) { return true; }
+  std::array<std::string, kSeparators + 1> fields;
+  splitFields(value, fields);
+  const auto& [category, name, number, y, x] = fields;
+  return std::ranges::count(value, ',') == kSeparators && isNumber(category) && isNumber(y) && isNumber(x);
+}
+
+void checkControlPoints(const TINIFile& file) {
+  for (const std::string_view key : kControlKeys) {
+    const std::string value = file.ReadString(kControlSection, key, "");
+    if (isControlPoint(value)) { continue; }
+    throw HostFailure(numberText::format(
+        "%s: \"%s\" in section \"%s\" takes category, name, number, Y and X between commas, got \"%s\"",
+        file.FileName(), key, kControlSection, value));
+  }
+}
 
 ControlPoint controlPointOf(std::string_view value) {
   std::array<std::string, 3> fields;

@@ -23,25 +23,39 @@ struct NoteSection {
 constexpr NoteSection kNoteSections[] = {
     {"Beacon", nullptr}, {"Serv", &JobOptions::servNotes}, {"Notes", &JobOptions::addNotes}};
 
-void askFrameTexts(SheetWriter& sheet, const TextSheet& questions) {
-  for (const KeyRow& row : questions.rows.first(questions.rows.size() - std::size(kNoteSections))) {
-    askRow(sheet, questions.section, row);
-  }
+bool isWanted(const NoteSection& section, const JobOptions& options) {
+  return section.wanted == nullptr || options.*section.wanted;
 }
 
-void drawNotes(SheetWriter& sheet, const TextSheet& questions) {
-  auto lines = questions.rows.last(std::size(kNoteSections)).begin();
-  for (const auto& [heading, wanted] : kNoteSections) {
-    const KeyRow& question = *lines++;
-    if (wanted != nullptr && !(sheet.job().options().*wanted)) { continue; }
-    writeRow(sheet, sheet.job().textRow(kTexts, heading));
-    askRowBelow(sheet, questions.section, question);
-  }
+const TextSheet& questionSheet() { return textSheets(SurveyMode::kDiagram).front(); }
+std::span<const KeyRow> frameRows() {
+  return questionSheet().rows.first(questionSheet().rows.size() - std::size(kNoteSections));
+}
+const KeyRow& rowOf(const NoteSection& section) {
+  const auto index = static_cast<size_t>(&section - std::begin(kNoteSections));
+  return questionSheet().rows.last(std::size(kNoteSections))[index];
 }
 
-// The row that places the data table stands among the texts, or else beside the table's columns.
-TextRow tableRow(const JobSettings& job) {
-  return job.textRow(job.value(kTexts, kDataTableKey).empty() ? kDataSection : kTexts, kDataTableKey);
+// Nothing where the user gives the diagram up.
+std::optional<SheetQuestions> askTexts(const SheetWriter& sheet) {
+  SheetQuestions questions(sheet.view(), sheet.job(), questionSheet().section);
+  for (const KeyRow& row : frameRows()) { questions.add(row); }
+  for (const NoteSection& section : kNoteSections) {
+    if (isWanted(section, sheet.job().options())) { questions.add(rowOf(section)); }
+  }
+  if (!questions.ask("this diagram")) { return std::nullopt; }
+  return questions;
+}
+
+// Below each other, wherever the rows stand; a heading without a line below it is left out.
+void drawNotes(SheetWriter& sheet, const SheetQuestions& questions) {
+  for (const NoteSection& section : kNoteSections) {
+    std::optional<AnsweredRow> lines = questions.answered(rowOf(section));
+    if (!lines) { continue; }
+    writeRow(sheet, sheet.job().textRow(kTexts, section.heading));
+    lines->row.vertical = kNextLine;
+    writeAnswers(sheet, *lines);
+  }
 }
 
 void drawFrameLines(const SheetWriter& sheet, double tableEnd) {
@@ -67,7 +81,10 @@ void nameFigure(SheetWriter& sheet, const Figure& figure) {
     writeRow(sheet, row, text(row.text));
   };
   fixed("Figure", [&](const std::string& prefix) { return prefix + nameOf(figure); });
-  fixed("Area", [&](const std::string& postfix) { return formattedArea(areaOf(figure)) + " " + postfix; });
+  fixed("Area", [&](const std::string& postfix) {
+    if (sheet.job().options().hectares) { return areaWithUnit(areaOf(figure), postfix, sheet.job().numbers()); }
+    return formattedArea(areaOf(figure)) + " " + postfix;
+  });
   fixed("Scale", [&](const std::string& prefix) {
     return numberText::format("%s%.0f", std::string_view(prefix), sheet.job().scale());
   });
@@ -83,14 +100,18 @@ void drawAdditionalTexts(SheetWriter& sheet) {
 
 }  // namespace
 
-void drawDiagramFrame(SheetWriter& sheet, const Figure& figure) {
-  const TextSheet& questions = textSheets(SurveyMode::kDiagram).front();
-  askFrameTexts(sheet, questions);
-  sheet.setLine(drawDataTable(sheet, tableRow(sheet.job()), figure));
+bool drawDiagramFrame(SheetWriter& sheet, const Figure& figure) {
+  const std::optional<SheetQuestions> questions = askTexts(sheet);
+  if (!questions) { return false; }
+  for (const KeyRow& row : frameRows()) {
+    if (const auto answered = questions->answered(row)) { writeAnswers(sheet, *answered); }
+  }
+  sheet.setLine(drawDataTable(sheet, dataTableRow(sheet.job()), figure));
   drawFrameLines(sheet, sheet.line());
-  drawNotes(sheet, questions);
+  drawNotes(sheet, *questions);
   nameFigure(sheet, figure);
   drawAdditionalTexts(sheet);
+  return true;
 }
 
 }  // namespace ardenix::survey

@@ -1,12 +1,15 @@
 #include "survey/diagram_table.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <string>
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
 #include "survey/control_point.h"
+#include "survey/corner_letters.h"
 #include "survey/number_formats.h"
 #include "survey/settings_keys.h"
 
@@ -38,6 +41,11 @@ std::optional<Columns> columnsOf(const JobSettings& job) {
   return columns;
 }
 
+// As a settings file holds it while none is chosen.
+bool isEmpty(const ControlPoint& point) {
+  return point.name.empty() && point.number.empty() && point.y == 0.0 && point.x == 0.0;
+}
+
 class DataTable {
  public:
   DataTable(SheetWriter& sheet, const TextRow& row, const Columns& columns)
@@ -45,17 +53,25 @@ class DataTable {
 
   double draw(const Figure& figure) {
     sheet_.view().gsExecuteMacro(macroText::kAllLayersOff);
-    for (const Side& side : figure) { drawSide(side); }
+    const std::vector<LetterPlace> letters = lettersOf(figure);
+    for (size_t n = 0; n < figure.size(); ++n) { drawSide(figure[n], letters[n]); }
     nextLine();
     for (const std::string_view key : kControlKeys) { drawControlPoint(key); }
     return place_.y;
   }
 
  private:
-  void drawSide(const Side& side) {
-    circleBeacon(side.from);
+  [[nodiscard]] std::vector<LetterPlace> lettersOf(const Figure& figure) const {
+    if (sheet_.job().options().lettersClear) { return placeLetters(sheet_, figure, row_, circleRadius()); }
     constexpr int kAbove = 4;
-    sheet_.write(row_, side.from, side.fromLabel, kAbove);
+    std::vector<LetterPlace> letters;
+    for (const Side& side : figure) { letters.push_back({side.from, kAbove}); }
+    return letters;
+  }
+
+  void drawSide(const Side& side, const LetterPlace& letter) {
+    circleBeacon(side.from);
+    sheet_.write(row_, letter.at, side.fromLabel, letter.justification);
     const NumberStyle& numbers = sheet_.job().numbers();
     write({side.name(), formattedNumber(side.join.distance, numbers),
            formattedBearing(side.join.direction, numbers).text, side.fromLabel, coordinate(side.from.x),
@@ -63,8 +79,12 @@ class DataTable {
     nextLine();
   }
 
+  [[nodiscard]] double circleRadius() const {
+    return sheet_.job().paperFactor() * sheet_.job().options().cornerDiam / 2.0;
+  }
+
   void circleBeacon(Point beacon) {
-    const double radius = sheet_.job().paperFactor() * sheet_.job().options().cornerDiam / 2.0;
+    const double radius = circleRadius();
     if (radius == 0.0) { return; }
     sheet_.view().gsExecuteMacro(macroText::cutCircle(beacon, beacon + Point{0, radius}));
   }
@@ -72,7 +92,7 @@ class DataTable {
   void drawControlPoint(std::string_view key) {
     const std::string value = sheet_.job().value(kControlSection, key);
     const ControlPoint point = controlPointOf(value);
-    if (point.name.empty() && point.number.empty() && point.y == 0.0 && point.x == 0.0) { return; }
+    if (isEmpty(point)) { return; }
     const bool beacon = point.category == ControlCategory::kTrigonometricalBeacon;
     Line line;
     line[kDistance] = beacon ? point.number : "";
@@ -105,6 +125,19 @@ class DataTable {
 };
 
 }  // namespace
+
+TextRow dataTableRow(const JobSettings& job) {
+  const bool amongTexts = !job.value(kDiagramTextSection, kDataTableKey).empty();
+  return job.textRow(amongTexts ? kDiagramTextSection : kDataSection, kDataTableKey);
+}
+
+double heightOfDataTable(const SheetWriter& sheet, const TextRow& row, const Figure& figure) {
+  if (!columnsOf(sheet.job()) || row.size == 0) { return 0.0; }
+  const auto controls = std::ranges::count_if(kControlKeys, [&](std::string_view key) {
+    return !isEmpty(controlPointOf(sheet.job().value(kControlSection, key)));
+  });
+  return std::fabs(sheet.nextLine(row)) * static_cast<double>(figure.size() + 1 + static_cast<size_t>(controls));
+}
 
 double drawDataTable(SheetWriter& sheet, const TextRow& row, const Figure& figure) {
   const std::optional<Columns> columns = columnsOf(sheet.job());

@@ -27,7 +27,7 @@ class Tracing {
     view_.gsEndFunc();
   }
 
-  std::optional<Figure> run() {
+  std::optional<TracedFigure> run() {
     view_.gsExecuteMacro(macroText::kSnapNear);
     const std::optional<Point> start = pick("Enter first corner of outside figure");
     if (!start) { return std::nullopt; }
@@ -37,7 +37,7 @@ class Tracing {
       if (!next) { return std::nullopt; }
       if (closes(*next, first.at)) {
         figure_.emplace_back(previous.label, previous.at, first.label, first.at);
-        return std::move(figure_);
+        return TracedFigure{std::move(figure_), *next - first.at};
       }
       Corner corner{*next, label("LBL2$", "next", nextLettersThenDigits(previous.label))};
       figure_.emplace_back(previous.label, previous.at, corner.label, corner.at);
@@ -91,6 +91,6 @@ class Tracing {
 
 }  // namespace
 
-std::optional<Figure> traceFigure(CCadWindow& view) { return Tracing(view).run(); }
+std::optional<TracedFigure> traceFigure(CCadWindow& view) { return Tracing(view).run(); }
 
 }  // namespace ardenix::survey

@@ -25,8 +25,10 @@ struct JobOptions : NumberStyle {
   double polySnipFactor = 0.0;  // above 1
   bool delLines = false;
   int lineType = 0;
-  double cornerDiam = 0.0;  // millimetres on paper
-  double blockDiam = 0.0;   // millimetres on paper
+  bool lettersClear = false;  // letters of corners stand outside the figure, clear of its lines
+  bool hectares = false;      // areas from 1 ha in hectares, thousands grouped
+  double cornerDiam = 0.0;    // millimetres on paper
+  double blockDiam = 0.0;     // millimetres on paper
   DimensionTexts dimSetting = DimensionTexts::kBearingAndDistance;
   bool multiline = false;
   int tracePen = 0;

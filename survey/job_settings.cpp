@@ -8,7 +8,9 @@
 #include "frame/file_paths.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "survey/control_point.h"
 #include "survey/settings_keys.h"
+#include "survey/settings_sheet.h"
 
 namespace ardenix::survey {
 
@@ -60,6 +62,8 @@ void use(const TextRow& row, TextStyle& style) {
 
 JobSettings::JobSettings(std::string_view path, SurveyMode mode, CCadWindow& view)
     : mode_(mode), file_(path), options_(readJobOptions(file_)) {
+  checkSheets(file_, mode);
+  if (mode != SurveyMode::kSectionalPlan) { checkControlPoints(file_); }
   symbolFile_ = namedFile(kOptionSection, "Symbol");
   titleBlock_ = namedFile(kOptionSection, "Titleblock");
   if (mode == SurveyMode::kSectionalPlan) {
@@ -91,8 +95,10 @@ std::string JobSettings::value(std::string_view section, std::string_view key) c
 }
 
 TextRow JobSettings::textRow(std::string_view section, std::string_view key) const {
-  const std::string row = value(section, key);
-  return textRowOf(row.empty() ? kDefaultTextRow : std::string_view(row));
+  const std::optional<std::string> stored = storedValue(file_, section, key);
+  TextRow row = textRowOf(stored.value_or("").empty() ? kDefaultTextRow : std::string_view(*stored));
+  if (!stored) { row.size = 0; }  // the setup shows the default, a sheet nothing
+  return row;
 }
 
 // ---- Beginning a command ----------------------------------------------------------------------------------------

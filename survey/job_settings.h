@@ -26,7 +26,8 @@ struct AreaUnits {
 // command.
 class JobSettings {
  public:
-  // Throws HostFailure for a file that cannot be read or holds an option outside its range.
+  // Throws HostFailure for a file that cannot be read, or holds an option, a row or a control point that nothing can be
+  // drawn with.
   JobSettings(std::string_view path, SurveyMode mode, CCadWindow& view);
 
   // ---- Of the settings file -----------------------------------------------------------------------------------
@@ -39,7 +40,7 @@ class JobSettings {
   // Sheet 1, block plan, floor plans, participation quotas; of sectional plans only.
   [[nodiscard]] const std::array<std::string, 4>& templates() const { return templates_; }
 
-  // A text row; the default row where the key is missing or empty.
+  // A text row; the default row where the key is empty, one of size 0 where it is missing.
   [[nodiscard]] TextRow textRow(std::string_view section, std::string_view key) const;
   // The value as it stands, "" where the key is missing.
   [[nodiscard]] std::string value(std::string_view section, std::string_view key) const;

@@ -60,6 +60,18 @@ bool containsScale(std::string_view text) {
 
 }  // namespace
 
+std::string areaWithUnit(double squareMetres, std::string_view squareMetreName, const NumberStyle& style) {
+  constexpr double kHectare = 10'000.0;
+  const std::string whole = formattedArea(squareMetres);
+  if (numberText::parseDouble(whole).value_or(0.0) < kHectare) {
+    return grouped(whole, style.thousands) + ' ' + std::string(squareMetreName);
+  }
+  const std::string plain = numberText::fixed(squareMetres / kHectare, 4);
+  const size_t stop = plain.find('.');
+  return grouped(std::string_view(plain).substr(0, stop), style.thousands) +
+         (style.decimal.empty() ? "." : style.decimal) + plain.substr(stop + 1) + " hectares";
+}
+
 std::string formattedNumber(double value, const NumberStyle& style, PlusSign plus) {
   const std::string plain = numberText::fixed(value, 2);
   const size_t first = plain.starts_with('-') ? 1 : 0;

@@ -27,6 +27,10 @@ BearingText formattedBearing(double radians, const NumberStyle& style);
 // Whole square metres.
 std::string formattedArea(double squareMetres);
 
+// From 1 ha on in hectares with four decimals, below in whole square metres, followed by the unit: "hectares", or what
+// square metres are called. Both are grouped as the style says; without a decimal separator hectares get a full stop.
+std::string areaWithUnit(double squareMetres, std::string_view squareMetreName, const NumberStyle& style);
+
 // "Scale 1:" and 500 give "Scale 1:500"; a text without "scale" in it, in capitals or not, is returned as it is.
 std::string withScale(std::string_view text, double scale);
 

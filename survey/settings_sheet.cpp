@@ -13,6 +13,7 @@ namespace ardenix::survey {
 namespace {
 
 constexpr std::string_view kStoredLineFeed = "9999";
+constexpr size_t kSizeCell = 4;
 constexpr size_t kUnderlineCell = 7;
 
 std::string shownCell(const std::string& text) { return text == kStoredLineFeed ? std::string(kLineFeed) : text; }
@@ -164,8 +165,8 @@ std::string SettingsSheet::valueOf(const Row& row) const {
   return joinedFields(cells);
 }
 
-// Numbered texts and names end at the first without a text, lines at the first that is empty.
-bool SettingsSheet::endsList(const Row& row) const {
+// Numbered texts and names are nothing without a text, lines when they are empty.
+bool SettingsSheet::leftOut(const Row& row) const {
   return form_.record == RecordForm::kFields ? isEmpty(row) : row.front().empty();
 }
 
@@ -214,6 +215,53 @@ void SettingsSheet::loadColumns(const TINIFile& file) {
   }
 }
 
+// ---- Checking ---------------------------------------------------------------------------------------------------
+
+void SettingsSheet::checkCell(const TINIFile& file, std::string_view section, std::string_view key, size_t column,
+                              const std::string& cell) const {
+  const SheetColumn& described = form_.columns[column];
+  const auto numbers = numbersOf(described.entry);
+  std::string text = storedCell(cell);
+  coreTrimStr(text);
+  if (!numbers || text.empty() || numberTaken(*numbers, text)) { return; }
+  throw HostFailure(numberText::format("%s: \"%s\" of \"%s\" in section \"%s\" takes %s, got \"%s\"", file.FileName(),
+                                       described.title, key, section, numbers->range, text));
+}
+
+void SettingsSheet::checkRow(const TINIFile& file, const RowBlock& block, const Row& row, int number) const {
+  if (form_.record == RecordForm::kTextRow && numberText::parseTyped(row[kSizeCell]) == 0.0) { return; }
+  for (size_t column = 0; column < row.size(); ++column) {
+    checkCell(file, block.section, block.key(number), column, row[column]);
+  }
+}
+
+void SettingsSheet::checkColumns(const TINIFile& file) const {
+  for (const Row& row : rows_) {
+    for (size_t column = 0; column < row.size(); ++column) {
+      checkCell(file, kDataSection, kDataKeys[column], column, row[column]);
+    }
+  }
+}
+
+void SettingsSheet::check(const TINIFile& file) const {
+  size_t first = 0;
+  for (const RowBlock& block : form_.blocks) {
+    for (int row = 0; row < block.count(); ++row) {
+      checkRow(file, block, rows_[first + static_cast<size_t>(row)], row);
+    }
+    first += static_cast<size_t>(block.count());
+  }
+  if (form_.columnsAreRecords) { checkColumns(file); }
+}
+
+void checkSheets(const TINIFile& file, SurveyMode mode) {
+  for (SheetForm& form : sheetForms(mode)) {
+    SettingsSheet sheet(std::move(form));
+    sheet.load(file);
+    sheet.check(file);
+  }
+}
+
 // ---- Saving -----------------------------------------------------------------------------------------------------
 
 void SettingsSheet::save(TINIFile& file) const {
@@ -226,14 +274,13 @@ void SettingsSheet::save(TINIFile& file) const {
 }
 
 void SettingsSheet::saveBlock(TINIFile& file, const RowBlock& block, int first) const {
-  int row = 0;
-  for (; row < block.count(); ++row) {
+  int saved = 0;
+  for (int row = 0; row < block.count(); ++row) {
     const Row& cells = rows_[static_cast<size_t>(first) + static_cast<size_t>(row)];
-    if (block.keys.empty() && endsList(cells)) { break; }
-    saveRow(file, block, cells, row);
+    if (!block.keys.empty() || !leftOut(cells)) { saveRow(file, block, cells, saved++); }
   }
-  for (; row < block.count() && storedValue(file, block.section, block.key(row)); ++row) {
-    file.DeleteKey(block.section, block.key(row));
+  for (; saved < block.count() && storedValue(file, block.section, block.key(saved)); ++saved) {
+    file.DeleteKey(block.section, block.key(saved));
   }
 }
 

@@ -49,6 +49,10 @@ struct SheetForm {
   bool columnsAreRecords = false;
 };
 
+// Throws HostFailure with file, section, key, field and range for the first row of a settings file that nothing can be
+// drawn with; rows of size 0 are not drawn.
+void checkSheets(const TINIFile& file, SurveyMode mode);
+
 // The sheets of a mode's settings, in order.
 std::vector<SheetForm> sheetForms(SurveyMode mode);
 
@@ -76,6 +80,9 @@ class SettingsSheet {
   void remove(int row);
 
   void load(const TINIFile& file);
+  // Throws HostFailure for a loaded cell that nothing can be drawn with.
+  void check(const TINIFile& file) const;
+  // Rows in the middle of a list that are empty are closed up.
   void save(TINIFile& file) const;
 
  private:
@@ -83,7 +90,11 @@ class SettingsSheet {
   [[nodiscard]] Row emptyRow() const { return Row(form_.columns.size()); }
   [[nodiscard]] Row cellsOf(std::string_view value) const;
   [[nodiscard]] std::string valueOf(const Row& row) const;
-  [[nodiscard]] bool endsList(const Row& row) const;
+  [[nodiscard]] bool leftOut(const Row& row) const;
+  void checkRow(const TINIFile& file, const RowBlock& block, const Row& row, int number) const;
+  void checkColumns(const TINIFile& file) const;
+  void checkCell(const TINIFile& file, std::string_view section, std::string_view key, size_t column,
+                 const std::string& cell) const;
   void loadBlock(const TINIFile& file, const RowBlock& block, int first);
   void saveBlock(TINIFile& file, const RowBlock& block, int first) const;
   void saveRow(TINIFile& file, const RowBlock& block, const Row& row, int number) const;

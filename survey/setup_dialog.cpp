@@ -154,6 +154,9 @@ void SetupDialog::writeInto(TINIFile& file) const {
   for (const SettingsSheet& sheet : sheets_) { sheet.save(file); }
   if (mode_ == SurveyMode::kSectionalPlan) { return; }
   for (size_t i = 0; i < controlPoints_.size(); ++i) {
+    const std::string stored = file.ReadString(kControlSection, kControlKeys[i], "");
+    // A damaged record that nobody mended keeps its bytes, so that nothing is drawn in its place.
+    if (!isControlPoint(stored) && controlPointOf(stored) == controlPoints_[i]) { continue; }
     write(kControlSection, kControlKeys[i], controlPointText(controlPoints_[i]));
   }
 }
@@ -259,12 +262,14 @@ void SetupDialog::browseTemplate(int row) {
 Entry SetupDialog::entry(int column) const { return sheet().form().columns[static_cast<size_t>(column)].entry; }
 
 dialog::Cell SetupDialog::cellOf(int row, int column) const {
-  dialog::Cell cell{.text = sheet().rows()[static_cast<size_t>(row)][static_cast<size_t>(column)]};
+  dialog::Cell cell{.text = sheet().rows()[static_cast<size_t>(row)][static_cast<size_t>(column)], .mayBeEmpty = true};
   switch (entry(column)) {
     case Entry::kPen: {
       cell.kind = dialog::CellKind::kPen;
       const auto pen = numberText::parseInteger(cell.text);
-      if (pen && limits::kPens.contains(static_cast<double>(*pen))) { cell.ground = view_.gsGetPenColor(static_cast<int>(*pen)); }
+      if (pen && limits::kPens.contains(static_cast<double>(*pen))) {
+        cell.ground = view_.gsGetPenColor(static_cast<int>(*pen));
+      }
       break;
     }
     case Entry::kLinetype: cell.kind = dialog::CellKind::kLineType; break;

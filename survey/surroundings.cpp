@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iostream>
+#include <numbers>
 #include <string>
 #include <vector>
 
@@ -28,24 +29,33 @@ bool apart(double a1, double a2, double b1, double b2, double margin) {
   return std::min(a1, a2) > std::max(b1, b2) + margin || std::max(a1, a2) < std::min(b1, b2) - margin;
 }
 
-// Crosses the side, ends on it or lies along it; drawn ends meet within 0.001 unit.
-bool touches(const Side& side, Point a, Point b) {
+// Crosses a straight piece of the boundary, ends on it or lies along it; drawn ends meet within 0.001 unit.
+bool touches(Point from, Point to, Point a, Point b) {
   constexpr double kMeeting = 0.001;
-  if (apart(a.x, b.x, side.from.x, side.to.x, kMeeting) || apart(a.y, b.y, side.from.y, side.to.y, kMeeting)) {
-    return false;
-  }
+  if (apart(a.x, b.x, from.x, to.x, kMeeting) || apart(a.y, b.y, from.y, to.y, kMeeting)) { return false; }
   Point crossing;
-  return coreIntOnLines(side.from.x, side.from.y, side.to.x, side.to.y, a.x, a.y, b.x, b.y, crossing.x, crossing.y) !=
-             0 ||
-         distanceToSegment(a, side.from, side.to) <= kMeeting || distanceToSegment(b, side.from, side.to) <= kMeeting ||
-         distanceToSegment(side.from, a, b) <= kMeeting || distanceToSegment(side.to, a, b) <= kMeeting;
+  return coreIntOnLines(from.x, from.y, to.x, to.y, a.x, a.y, b.x, b.y, crossing.x, crossing.y) != 0 ||
+         distanceToSegment(a, from, to) <= kMeeting || distanceToSegment(b, from, to) <= kMeeting ||
+         distanceToSegment(from, a, b) <= kMeeting || distanceToSegment(to, a, b) <= kMeeting;
+}
+
+// Arcs are followed by their chords of this many radians.
+constexpr double kArcStep = std::numbers::pi / 12.0;
+
+bool touchesSide(const Side& side, Point a, Point b) {
+  std::vector<Point> points = side.points(kArcStep);
+  points.push_back(side.to);
+  for (size_t n = 1; n < points.size(); ++n) {
+    if (touches(points[n - 1], points[n], a, b)) { return true; }
+  }
+  return false;
 }
 
 bool isIsolated(CCadWindow& view, const Figure& figure) {
   Point a;
   Point b;
   view.gsGetLine(a.x, a.y, b.x, b.y);
-  return std::none_of(figure.begin(), figure.end(), [&](const Side& side) { return touches(side, a, b); });
+  return std::none_of(figure.begin(), figure.end(), [&](const Side& side) { return touchesSide(side, a, b); });
 }
 
 void clipToRectangle(const JobSettings& job, CCadWindow& view, const Extents& extents) {
@@ -53,11 +63,27 @@ void clipToRectangle(const JobSettings& job, CCadWindow& view, const Extents& ex
   view.gsExecuteMacro(macroText::cutAround({high.x, low.y}, {low.x, high.y}));
 }
 
+// Corners of a polygon that holds the side's arc: where its tangents meet if it bulges outwards, its chord if not.
+std::vector<Point> cornersOf(const Side& side, bool counterClockwise) {
+  if (!side.arc || (side.arc->sweep > 0.0) != counterClockwise) { return {side.from}; }
+  std::vector<Point> corners = side.points(kArcStep);
+  const double half = side.arc->sweep / static_cast<double>(corners.size()) / 2.0;
+  for (Point& corner : corners) {
+    corner = side.arc->centre + turned(corner - side.arc->centre, half) / std::cos(half);
+  }
+  corners.insert(corners.begin(), side.from);
+  return corners;
+}
+
 std::string polygonClip(const Figure& figure, double factor) {
   const Point centre = extentsOf(figure).centre();
+  const bool counterClockwise = runsCounterClockwise(figure);
   std::vector<Point> corners;
-  corners.reserve(figure.size());
-  for (const Side& side : figure) { corners.push_back(centre + (side.from - centre) * factor); }
+  for (const Side& side : figure) {
+    for (const Point corner : cornersOf(side, counterClockwise)) {
+      corners.push_back(centre + (corner - centre) * factor);
+    }
+  }
   return macroText::cutAroundPolygon(corners);
 }
 
@@ -103,7 +129,6 @@ void copySurroundings(const JobSettings& job, CCadWindow& from, CCadWindow& onto
 
 void clipSurroundings(const JobSettings& job, CCadWindow& view, const Figure& figure) {
   constexpr size_t kCommandLimit = 1024;
-  constexpr size_t kFewestCorners = 3;
   view.gsExecuteMacro(macroText::kAllLayersOff);
   const Extents extents = extentsOf(figure);
   if (job.options().useOffset || figure.size() < kFewestCorners) { return clipToRectangle(job, view, extents); }

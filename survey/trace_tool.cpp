@@ -7,6 +7,8 @@
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "survey/diagram_frame.h"
+#include "survey/figure_arcs.h"
+#include "survey/figure_report.h"
 #include "survey/figure_tracing.h"
 #include "survey/sheet/sheet_window.h"
 #include "survey/sheet/sheet_writer.h"
@@ -23,9 +25,11 @@ void TraceTool::makeDiagram() {
   view().gsStartPat("#POLY");
   view().gsExecuteMacro(macroText::kPlainLine);
   view().gsExecuteMacro(macroText::kNoWidth);
-  std::optional<Figure> figure = traceFigure(view());
-  if (!figure) { return; }
-  figure_ = std::move(*figure);
+  std::optional<TracedFigure> traced = traceFigure(view());
+  if (!traced) { return; }
+  takeArcs(view(), traced->figure);
+  if (!reportFigure(view(), traced->figure, traced->misclosure)) { return; }
+  figure_ = std::move(traced->figure);
   if (CCadWindow* const diagram = openDiagramView()) { drawSheet(*diagram); }
 }
 
@@ -49,7 +53,8 @@ void TraceTool::drawSheet(CCadWindow& diagram) {
   setUpPaper(*job_, diagram, kFigureRight);
   const Extents block = insertTemplate(*job_, diagram, job_->titleBlock());
   SheetWriter sheet(diagram, *job_, topRightOnPaper(*job_, block));
-  drawDiagramFrame(sheet, figure_);
+  reportFit(sheet, block, figure_);
+  if (!drawDiagramFrame(sheet, figure_)) { return services_.mainFrame->CloseDrawingView(diagram); }
   layers.close(job_->layer());
   diagram.gsExecuteMacro(macroText::kClearSelection);
 }

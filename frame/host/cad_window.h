@@ -76,8 +76,16 @@ class CCadWindow : public CWnd {
   // ---- Input ------------------------------------------------------------------------------------------
   // 0 with a point; non-zero when the user ended the prompt (space bar, Escape).
   virtual int gsGetPointFromUser(std::string_view prompt, double& x, double& y) = 0;
-  // In: the default offered; out: the text typed, cut to 255 bytes, "" when the user cancelled.
+  // In: the default offered; out: the text typed, limits::kLongestAnswer characters at most, "" when
+  // the user cancelled.
   virtual void gsGetTextFromPromptBar(std::string_view prompt, std::string& text, int) = 0;
+  // Lets the prompts for a text that follow be left backwards, to the question before, or no longer.
+  virtual void gsAllowBack(int on) = 0;
+  // Non-zero when the last prompt for a text was left so.
+  virtual int gsBackPressed() = 0;
+  // Whether the user who pressed Escape gives up what the command is making; non-zero is yes. A person is asked, a
+  // script only where a reply follows.
+  virtual int gsGivesUp(std::string_view question) = 0;
   // A yes/no question; non-zero is yes.
   virtual int gsReply(std::string_view question) = 0;
   // Items separated by commas, "&" marking the mnemonic; returns the item chosen from 1, 0 for none.

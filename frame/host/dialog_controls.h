@@ -182,7 +182,8 @@ struct Cell {
   CellKind kind = CellKind::kText;
   std::string text{};  // a check cell holds "1" or "0", a pen or line-type cell its number
   bool readOnly = false;
-  double minimum = 0.0;  // of numbers
+  bool mayBeEmpty = false;  // a number, pen or line type
+  double minimum = 0.0;     // of numbers
   double maximum = 0.0;
   std::string format{};              // of numbers
   std::vector<std::string> items{};  // of lists

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 // What module and host take for the numbers of a style, in dialogs, grids, settings files, scripts and macros alike.
@@ -34,5 +35,8 @@ inline constexpr WholeRange kAwayJustifications{11, 19};
 constexpr bool isJustification(double value) {
   return kJustifications.contains(value) || kAwayJustifications.contains(value);
 }
+
+// Characters of a text typed at a prompt; a longer one is refused where it is typed.
+inline constexpr std::size_t kLongestAnswer = 1023;
 
 }  // namespace limits

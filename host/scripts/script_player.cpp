@@ -56,8 +56,8 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
 
 namespace {
 
-constexpr std::array<std::string_view, 11> kPlainAnswers = {"point", "space", "escape", "text", "accept", "menu",
-                                                            "reply", "file",  "cancel", "pen",  "dialog"};
+constexpr std::array<std::string_view, 12> kPlainAnswers = {"point", "space", "escape", "back",   "text", "accept",
+                                                            "menu",  "reply", "file",   "cancel", "pen",  "dialog"};
 
 bool isAnswer(std::string_view name) {
   return dialogAnswer(name) != nullptr ||

@@ -125,7 +125,9 @@ TextAnswer ScriptUser::askText(const std::string& prompt, const std::string& fal
   if (cursor_.nextIs("text")) {
     const Statement& answer = takeAnswer("");
     cursor_.expectWords(answer, 2, 2);
-    return {PromptEnd::kGiven, cursor_.string(answer, 1), false};
+    const std::string& typed = cursor_.string(answer, 1);
+    if (typed.size() > limits::kLongestAnswer) { cursor_.fail(answer, tooLongAnswer(typed.size())); }
+    return {PromptEnd::kGiven, typed, false};
   }
   if (cursor_.nextIs("accept")) {
     takeAnswer("");
@@ -133,6 +135,10 @@ TextAnswer ScriptUser::askText(const std::string& prompt, const std::string& fal
   }
   if (cursor_.nextIs("space") || cursor_.nextIs("escape")) {
     return {takeAnswer("").name() == "space" ? PromptEnd::kSpace : PromptEnd::kEscape, {}, false};
+  }
+  if (mayGoBack_ && cursor_.nextIs("back")) {
+    takeAnswer("");
+    return {PromptEnd::kBack, {}, false};
   }
   cursor_.failHere(quotedUtf8(prompt) + " asks for a text");
 }

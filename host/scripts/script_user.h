@@ -31,6 +31,8 @@ class ScriptUser : public User {
 
   PointAnswer askPoint(const std::string& prompt) override;
   TextAnswer askText(const std::string& prompt, const std::string& fallback) override;
+  void allowBack(bool allowed) override { mayGoBack_ = allowed; }
+  bool isAskedToGiveUp() override { return cursor_.nextIs("reply"); }
   BoxAnswer showMessage(const MessageBox& box) override;
   std::optional<size_t> chooseFromMenu(const std::vector<std::string>& items) override;
   std::optional<ChosenFile> chooseFile(const FileRequest& request) override;
@@ -53,6 +55,7 @@ class ScriptUser : public User {
 
   std::string status_;
   bool counting_ = false;
+  bool mayGoBack_ = false;
   std::string lastMessage_;
   int messagesSince_ = 0;
 };

@@ -25,8 +25,6 @@ class Event {
   JsonObject object_;
 };
 
-std::string_view word(PromptEnd end) { return end == PromptEnd::kSpace ? "space" : "escape"; }
-
 std::string_view word(BoxIcon icon) {
   switch (icon) {
     case BoxIcon::kWarning: return "warning";
@@ -83,13 +81,13 @@ void Transcript::primitiveAdded(const Drawing& drawing, PrimitiveId id) {
 
 void Transcript::pointPrompted(std::string_view prompt, PromptEnd end, Point at) {
   Event event(lines_, "prompt");
-  event.object().text("text", prompt).text("answer", end == PromptEnd::kGiven ? "point" : word(end));
+  event.object().text("text", prompt).text("answer", end == PromptEnd::kGiven ? "point" : promptEndWord(end));
   if (end == PromptEnd::kGiven) { event.object().point("at", at); }
 }
 
 void Transcript::textPrompted(std::string_view prompt, const TextAnswer& answer) {
   Event event(lines_, "prompt");
-  const std::string_view how = answer.end != PromptEnd::kGiven ? word(answer.end)
+  const std::string_view how = answer.end != PromptEnd::kGiven ? promptEndWord(answer.end)
                                : answer.acceptedDefault        ? "accept"
                                                                : "text";
   event.object().text("text", prompt).text("answer", how);

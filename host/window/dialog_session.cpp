@@ -341,6 +341,7 @@ int columnOf(const Grid& grid, const std::string& title) {
 // Why a cell does not take a text; the text in the cell's own form where it does.
 Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& text) {
   if (cell.readOnly) { return inQuotes(column) + " cannot be edited in this row"; }
+  if (text.empty() && cell.mayBeEmpty) { return std::nullopt; }
   const bool pen = cell.kind == CellKind::kPen;
   if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger || pen || cell.kind == CellKind::kLineType) {
     NumberEdit edit;

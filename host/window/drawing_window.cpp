@@ -62,7 +62,8 @@ void DrawingWindow::resetForCommand() {
   drawing_.clearSelection();
   cursor_.reset();
   selectsNew_ = false;
-  escaped_ = false;
+  escaped_ = back_ = false;
+  services_.user.allowBack(false);
   marks_.clear();
   scans_.clear();
   groupCursor_ = {};

@@ -122,6 +122,9 @@ class DrawingWindow : public CCadWindow {
 
   int gsGetPointFromUser(std::string_view prompt, double& x, double& y) override;
   void gsGetTextFromPromptBar(std::string_view prompt, std::string& text, int) override;
+  void gsAllowBack(int on) override;
+  int gsBackPressed() override;
+  int gsGivesUp(std::string_view question) override;
   int gsReply(std::string_view question) override;
   int gsSubMenu(std::string_view items) override;
   int gsEscapePressed() override;
@@ -229,6 +232,7 @@ class DrawingWindow : public CCadWindow {
   int dimensionStyle_ = 0;
   bool selectsNew_ = false;
   bool escaped_ = false;
+  bool back_ = false;  // the last prompt for a text was left so
   bool undoBracket_ = false;
   bool inCommand_ = false;
 

@@ -20,6 +20,8 @@ CCadWindow* MainFrame::SendUserMessage(unsigned message) {
   return &host_.openWindow(host_.freeWindowName());
 }
 
+void MainFrame::CloseDrawingView(CCadWindow& view) { host_.dropWindow(view); }
+
 int PlainShortcutBar::InsertGroup(const char* caption) {
   groups_.emplace_back(caption);
   return static_cast<int>(groups_.size()) - 1;
@@ -50,7 +52,7 @@ DrawingWindow& Host::openWindow(std::string name) {
   windows_.push_back(std::make_unique<DrawingWindow>(
       std::move(name), WindowServices{parts_.user, variables_, parts_.events, drawings, &symbols_}));
   current_ = windows_.size() - 1;
-  if (running_) { windows_.back()->beginCommand("New drawing"); }
+  if (running_ != nullptr) { windows_.back()->beginCommand("New drawing"); }
   if (parts_.events != nullptr) { parts_.events->windowOpened(windows_.back()->name()); }
   return *windows_.back();
 }
@@ -64,6 +66,13 @@ void Host::closeWindow(std::string_view name) {
   } else {
     goToWindow(current);
   }
+}
+
+// Of those that the running command opened; its own stays.
+void Host::dropWindow(const CCadWindow& view) {
+  if (running_ == nullptr || &view == running_) { return; }
+  std::erase_if(windows_, [&view](const auto& window) { return window.get() == &view; });
+  goToWindow(running_->name());
 }
 
 uint64_t Host::taken() const {
@@ -98,7 +107,7 @@ std::vector<std::string> Host::windowNames() const {
 // Closes the command's step in its own window and in those it opened; the latter go with a command that
 // did not end well.
 void Host::endCommand(size_t windowsBefore, DrawingWindow& window, bool well) {
-  running_ = false;
+  running_ = nullptr;
   for (size_t opened = windowsBefore; opened < windows_.size(); ++opened) { windows_[opened]->endCommand(well); }
   window.endCommand(well);
   if (well) { return; }
@@ -146,7 +155,7 @@ void Host::runStep(std::string name, const std::function<void(DrawingWindow&)>& 
   DrawingWindow& window = this->window();
   const size_t windowsBefore = windows_.size();
   window.beginCommand(std::move(name));
-  running_ = true;
+  running_ = &window;
   try {
     work(window);
   } catch (...) {

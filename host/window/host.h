@@ -23,6 +23,7 @@ class MainFrame : public CMDIFrameWnd {
   explicit MainFrame(class Host& host) : host_(host) {}
   bool RunDialog(dialog::Dialog& dialog, CWnd* parent) override;
   CCadWindow* SendUserMessage(unsigned message) override;
+  void CloseDrawingView(CCadWindow& view) override;
   void SetFocus() override {}
 
  private:
@@ -102,6 +103,7 @@ class Host {
  private:
   friend class MainFrame;
   void runStep(std::string name, const std::function<void(DrawingWindow&)>& work);
+  void dropWindow(const CCadWindow& view);
   void endCommand(size_t windowsBefore, DrawingWindow& window, bool well);
   HostParts parts_;
   AllPaths paths_;
@@ -114,7 +116,7 @@ class Host {
   PlainShortcutBar shortcutBar_;
   std::vector<std::unique_ptr<DrawingWindow>> windows_;
   size_t current_ = 0;
-  bool running_ = false;  // a command; the windows that it opens belong to its step
+  DrawingWindow* running_ = nullptr;  // where a command runs; the windows that it opens belong to its step
   std::unique_ptr<Module> module_;
 };
 

@@ -15,7 +15,10 @@ class Dialog;
 namespace brevan {
 
 // How the user left a prompt.
-enum class PromptEnd { kGiven, kSpace, kEscape };
+enum class PromptEnd { kGiven, kSpace, kEscape, kBack };
+
+// As scripts and transcripts call the way in which a prompt was left without an answer.
+std::string_view promptEndWord(PromptEnd end);
 
 struct PointAnswer {
   PromptEnd end = PromptEnd::kEscape;
@@ -27,6 +30,9 @@ struct TextAnswer {
   std::string text;
   bool acceptedDefault = false;
 };
+
+// What a user is told who types more than a prompt takes.
+std::string tooLongAnswer(size_t characters);
 
 struct MessageBox {
   std::string text;
@@ -60,6 +66,10 @@ class User {
 
   virtual PointAnswer askPoint(const std::string& prompt) = 0;
   virtual TextAnswer askText(const std::string& prompt, const std::string& fallback) = 0;
+  // Whether prompts for a text may be left backwards, with PromptEnd::kBack.
+  virtual void allowBack(bool) {}
+  // Whether Escape is followed by the question if what is being made is given up.
+  virtual bool isAskedToGiveUp() { return false; }
   virtual BoxAnswer showMessage(const MessageBox& box) = 0;
   // The item chosen from 0; nothing when the menu was left.
   virtual std::optional<size_t> chooseFromMenu(const std::vector<std::string>& items) = 0;

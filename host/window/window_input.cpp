@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "frame/host/core_services.h"
+#include "frame/host/limits.h"
 #include "host/macros/command.h"
 #include "host/window/drawing_window.h"
 
@@ -8,8 +9,6 @@
 namespace brevan {
 
 namespace {
-
-constexpr size_t kPromptBarLimit = 255;
 
 // "&No Rotation, Rotate &90": items at commas, without marks and outer blanks.
 std::vector<std::string> menuItems(std::string_view items) {
@@ -26,6 +25,21 @@ std::vector<std::string> menuItems(std::string_view items) {
 }
 
 }  // namespace
+
+std::string_view promptEndWord(PromptEnd end) {
+  switch (end) {
+    case PromptEnd::kSpace: return "space";
+    case PromptEnd::kBack: return "back";
+    case PromptEnd::kGiven:
+    case PromptEnd::kEscape: break;
+  }
+  return "escape";
+}
+
+std::string tooLongAnswer(size_t characters) {
+  return "An answer takes " + std::to_string(limits::kLongestAnswer) + " characters at most, this one has " +
+         std::to_string(characters) + ".";
+}
 
 int DrawingWindow::gsGetPointFromUser(std::string_view prompt, double& x, double& y) {
   const PointAnswer answer = services_.user.askPoint(std::string(prompt));
@@ -44,10 +58,19 @@ int DrawingWindow::gsGetPointFromUser(std::string_view prompt, double& x, double
 void DrawingWindow::gsGetTextFromPromptBar(std::string_view prompt, std::string& text, int) {
   TextAnswer answer = services_.user.askText(std::string(prompt), text);
   escaped_ = escaped_ || answer.end == PromptEnd::kEscape;
+  back_ = answer.end == PromptEnd::kBack;
   if (answer.end != PromptEnd::kGiven) { answer.text.clear(); }
-  answer.text.resize(std::min(answer.text.size(), kPromptBarLimit));
+  if (answer.text.size() > limits::kLongestAnswer) { throw HostFailure(tooLongAnswer(answer.text.size())); }
   text = answer.text;
   if (services_.events != nullptr) { services_.events->textPrompted(prompt, answer); }
+}
+
+void DrawingWindow::gsAllowBack(int on) { services_.user.allowBack(on != 0); }
+
+int DrawingWindow::gsBackPressed() { return back_ ? 1 : 0; }
+
+int DrawingWindow::gsGivesUp(std::string_view question) {
+  return services_.user.isAskedToGiveUp() ? gsReply(question) : 0;
 }
 
 int DrawingWindow::gsReply(std::string_view question) {

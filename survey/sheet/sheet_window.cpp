@@ -42,6 +42,16 @@ Extents paperOf(const JobSettings& job, CCadWindow& view) {
   return {centre - half, centre + half};
 }
 
+// Sends the macro that takes a drawing file in. False, with a message, where the file is missing or damaged.
+bool useFile(std::string_view kind, std::string_view path, std::string_view macro, CCadWindow& view) {
+  const bool found = coreFileExist(path) != 0;
+  if (found && view.gsExecuteMacro(macro) != 0) { return true; }
+  ErrorMessage(
+      numberText::format(found ? "The %s file %s cannot be read." : "The %s file %s does not exist.", kind, path),
+      &view);
+  return false;
+}
+
 }  // namespace
 
 CCadWindow* openSheetWindow(JobSettings& job, CCadWindow& view, CMDIFrameWnd& frame) {
@@ -58,12 +68,7 @@ CCadWindow* openSheetWindow(JobSettings& job, CCadWindow& view, CMDIFrameWnd& fr
 }
 
 void loadSheetSymbols(const JobSettings& job, CCadWindow& view) {
-  const std::string& path = job.symbolFile();
-  if (coreFileExist(path) == 0) {
-    ErrorMessage(numberText::format("The Symbol file %s does not exist.", path), &view);
-    return;
-  }
-  view.gsExecuteMacro(macroText::paperSymbols(path));
+  useFile("Symbol", job.symbolFile(), macroText::paperSymbols(job.symbolFile()), view);
 }
 
 void setUpPaper(const JobSettings& job, CCadWindow& view, double shownRight) {
@@ -77,11 +82,7 @@ void setUpPaper(const JobSettings& job, CCadWindow& view, double shownRight) {
 
 Extents insertTemplate(const JobSettings& job, CCadWindow& view, const std::string& path) {
   const Point at = homeOf(view);
-  if (coreFileExist(path) == 0) {
-    view.gsSetStatus(numberText::format("The title block file %s does not exist.", path));
-    return paperOf(job, view);
-  }
-  view.gsExecuteMacro(macroText::load(path, at));
+  if (!useFile("title block", path, macroText::load(path, at), view)) { return paperOf(job, view); }
   const double scale = job.parms().p[1];
   view.gsExecuteMacro(macroText::scale(at, scale, scale));
   const Extents block = linesOf(view);

@@ -14,7 +14,7 @@ namespace ardenix::survey {
 // with a message, where the host opens none.
 CCadWindow* openSheetWindow(JobSettings& job, CCadWindow& view, CMDIFrameWnd& frame);
 
-// Loads the job's symbol file; says so where it is missing.
+// Loads the job's symbol file; says so where it is missing or damaged.
 void loadSheetSymbols(const JobSettings& job, CCadWindow& view);
 
 // Gives a sheet's window the job's scale and an upright paper, of which what the view shows stands so many
@@ -22,7 +22,7 @@ void loadSheetSymbols(const JobSettings& job, CCadWindow& view);
 void setUpPaper(const JobSettings& job, CCadWindow& view, double shownRight);
 
 // Inserts a template drawing in the middle of the paper. Returns the extents of the sheet, those of the template's
-// lines, or of the paper where there is no such file or it has no lines.
+// lines, or of the paper where they have none. A file that is missing or damaged is told, and the paper is the sheet.
 Extents insertTemplate(const JobSettings& job, CCadWindow& view, const std::string& path);
 
 // The corner at the top right on paper, from which settings files place everything on a sheet.

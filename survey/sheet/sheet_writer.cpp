@@ -1,7 +1,5 @@
 #include "survey/sheet/sheet_writer.h"
 
-#include "frame/drafting/macro_texts.h"
-#include "frame/drafting/macro_values.h"
 #include "frame/drafting/pen.h"
 #include "frame/drafting/sheet_axes.h"
 
@@ -37,13 +35,6 @@ void SheetWriter::write(const TextRow& row, Point at, std::string_view text, int
   style.justification = justification;
   DraftingPen(view_, {}, job_.layer()).text(at, text, style);
   line_ = at.y;
-}
-
-std::string SheetWriter::ask(std::string_view prompt, std::string_view offered) const {
-  constexpr std::string_view kAnswer = "TVAR$";
-  view_.gsSetMacStrVar(kAnswer, offered);
-  view_.gsExecuteMacro(macroText::enter(prompt, kAnswer));
-  return textVariable(view_, kAnswer);
 }
 
 }  // namespace ardenix::survey

@@ -17,6 +17,7 @@ class SheetWriter {
 
   [[nodiscard]] CCadWindow& view() const { return view_; }
   [[nodiscard]] JobSettings& job() const { return job_; }
+  [[nodiscard]] double axisSign() const { return sign_; }  // as paperSign of the drawing
   [[nodiscard]] Point origin() const { return origin_; }
   [[nodiscard]] Point at(double horizontal, double vertical) const;
   // To the right, or up, on paper by millimetres.
@@ -36,9 +37,6 @@ class SheetWriter {
   void write(const TextRow& row, Point at, std::string_view text);
   // The same, with a justification in place of the row's.
   void write(const TextRow& row, Point at, std::string_view text, int justification);
-
-  // The user's answer to a prompt that offers a text; "" where it was cancelled.
-  [[nodiscard]] std::string ask(std::string_view prompt, std::string_view offered) const;
 
  private:
   CCadWindow& view_;

@@ -1,3 +1,4 @@
+#include <QMessageBox>
 #include <iterator>
 
 #include "frame/host/number_text.h"
@@ -35,12 +36,25 @@ class DiagramWindow : public DesktopSession {
     }
     return replayed(text);
   }
+  void whenAsked(const QString& start, const std::function<void()>& action) {
+    when([this, start] { return !user().wantsPoint() && prompt().startsWith(start); }, action);
+  }
   void whenAsked(const QString& start, bool blank) {
-    when([this, start] { return !user().wantsPoint() && prompt().startsWith(start); },
-         [this, blank] {
-           if (blank) { edit().clear(); }
-           key(Qt::Key_Return);
-         });
+    whenAsked(start, [this, blank] {
+      if (blank) { edit().clear(); }
+      key(Qt::Key_Return);
+    });
+  }
+  void traceErf() {
+    for (size_t n = 0; n <= std::size(kCorners); ++n) {
+      whenPrompted(
+          n == 0 ? "Enter first corner" : "Enter next corner", [this, n, at = kCorners[n % std::size(kCorners)]] {
+            EXPECT_EQ(window_->host().window().marks().size(), n == 0 ? 0 : n - 1) << "the sides picked are seen";
+            EXPECT_EQ(window_->host().window().cursor().rubberBand(), n > 0);
+            type(QString("%1,%2").arg(at.x, 0, 'f', 2).arg(at.y, 0, 'f', 2));
+          });
+      if (n < std::size(kCorners)) { whenAsked("Enter label", false); }
+    }
   }
 };
 
@@ -48,15 +62,7 @@ class DiagramWindow : public DesktopSession {
 TEST_F(DiagramWindow, AnErfIsTracedIntoADiagramOfItsOwn) {
   drawErf();
   const std::string traced = json();
-  for (size_t n = 0; n <= std::size(kCorners); ++n) {
-    whenPrompted(
-        n == 0 ? "Enter first corner" : "Enter next corner", [this, n, at = kCorners[n % std::size(kCorners)]] {
-          EXPECT_EQ(window_->host().window().marks().size(), n == 0 ? 0 : n - 1) << "the sides picked are seen";
-          EXPECT_EQ(window_->host().window().cursor().rubberBand(), n > 0);
-          type(QString("%1,%2").arg(at.x, 0, 'f', 2).arg(at.y, 0, 'f', 2));
-        });
-    if (n < std::size(kCorners)) { whenAsked("Enter label", false); }
-  }
+  traceErf();
   for (const char* question :
        {"Property", "Situation clause 1", "Situation clause 2", "Administrative", "Province", "Survey date", "PLS",
         "Parent diagram", "Parent transfer", "SG. File", "Compilation", "Gen. Plan", "Bottom right", "Central meridian",
@@ -76,6 +82,40 @@ TEST_F(DiagramWindow, AnErfIsTracedIntoADiagramOfItsOwn) {
   EXPECT_EQ(drawing().count(), 0U);
   window_->host().goToWindow("Drawing1");
   EXPECT_EQ(json(), traced) << "the drawing that was traced stays as it was";
+}
+
+// Backspace on an empty line goes back to what was typed before; Escape asks whether to give up, and the sheet goes.
+TEST_F(DiagramWindow, QuestionsAreLeftBackwardsAndADiagramGivenUp) {
+  drawErf();
+  const std::string traced = json();
+  traceErf();
+  whenAsked("Property", [this] {
+    keys(QString(1100, 'm'));
+    key(Qt::Key_Return);
+    EXPECT_TRUE(prompt().startsWith("Property")) << "more letters than an answer takes";
+    edit().selectAll();
+    type("Erf 9");
+  });
+  whenAsked("Situation clause 1", [this] {
+    key(Qt::Key_Backspace);
+    EXPECT_TRUE(prompt().startsWith("Situation")) << "the offered text goes first";
+    key(Qt::Key_Backspace);
+  });
+  whenAsked("Property", [this] {
+    EXPECT_EQ(edit().text(), "Erf 9");
+    EXPECT_EQ(window_->host().windowNames().size(), 2U);
+    key(Qt::Key_Escape);
+  });
+  when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
+       [] {
+         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+         EXPECT_EQ(box->text(), "Give up this diagram?");
+         press(*box, "Yes");
+       });
+  act([this] { window_->runCommand("SG_TracePolyArea"); });
+  EXPECT_EQ(window_->host().windowNames(), std::vector<std::string>{"Drawing1"});
+  EXPECT_EQ(json(), traced);
+  EXPECT_EQ(replayedDiagram(), traced) << "in a script, too";
 }
 
 }  // namespace

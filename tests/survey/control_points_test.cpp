@@ -130,6 +130,32 @@ TEST_F(ControlPoints, TheFilterSaysHowAFileIsRead) {
             kAccept);
 }
 
+// It never bears the coordinates of the point shown before; typed ones mend it.
+TEST_F(ControlPoints, ADamagedRecordIsNamedAndRefused) {
+  const std::string store = write("points.ini", "[TSM]\nTSM 8=7.00,8.00\nTSM 9=five,6.00\n");
+  const std::string first = "TrigINI=points.ini\nCtrlPnt1=0,TSM 8,,7.00,8.00\n";
+  const std::string damaged = store + ": the record of \"TSM 9\" has no coordinates that can be read.";
+  const std::string choose =
+      "pick \"Control point 1/Name\" \"TSM 9\"\nexpect \"Control point 1/Y\" 0.00\nexpect \"Control point 1/X\" "
+      "0.00\npress \"OK\"\n";
+  visit(first, choose + "press \"Cancel\"\n");
+  EXPECT_EQ(log_.of("message"), (Texts{damaged, damaged})) << "chosen, and OK";
+  EXPECT_EQ(stored("CtrlPnt1"), "0,TSM 8,,7.00,8.00");
+  visit(first, choose + "set \"Control point 1/Y\" 5.5\nset \"Control point 1/X\" 6\n" + kAccept);
+  EXPECT_EQ(stored("CtrlPnt1"), "0,TSM 9,,5.50,6.00");
+  EXPECT_EQ(TINIFile(store).ReadString("TSM", "TSM 9", ""), "5.50,6.00");
+}
+
+TEST_F(ControlPoints, ADamagedRecordOfTheSettingsStaysUntilItIsMended) {
+  for (const std::string record : {"0,TSM 14,,abc,2200.50", "0,TSM 14"}) {
+    visit("TrigINI=points.ini\nCtrlPnt1=" + record + "\n", "press \"Cancel\"\n");
+    EXPECT_EQ(stored("CtrlPnt1"), record);
+    visit("TrigINI=points.ini\nCtrlPnt1=" + record + "\n",
+          "set \"Control point 1/Y\" 5\nset \"Control point 1/X\" 6\n" + kAccept);
+    EXPECT_EQ(stored("CtrlPnt1"), "0,TSM 14,,5.00,6.00");
+  }
+}
+
 TEST_F(ControlPoints, WithoutAStoreNothingIsChosen) {
   const std::string other = write("other.ini", "[TSM]\nOnly=1.00,2.00\n");
   visit("", "press \"Tsm lists\"\n" + kAccept + "press \"...\"\nfile \"" + other + "\"\nexpect \"Storage file\" \"" +

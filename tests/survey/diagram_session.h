@@ -60,6 +60,7 @@ class DiagramSession : public CommandSession {
 
   void testStep(const std::string& name) override {
     if (name == "hide") { return addHidden(); }
+    if (name == "arcs") { return addArcs(); }
     if (name == "note") { return static_cast<void>(before_ = brevan::drawingJson(drawing())); }
     brevan::Parameters parameters;
     parameters.setUnit(1000.0);
@@ -101,6 +102,7 @@ class DiagramSession : public CommandSession {
   }
   std::map<std::string, std::map<std::string, std::string>> ini_;
   std::string before_;
+  std::vector<brevan::Arc> arcs_;  // which `test arcs` draws
 
  private:
   void writeTemplates() {
@@ -125,6 +127,10 @@ class DiagramSession : public CommandSession {
     drawing().addLayer({"SG_DIAGRAM", true, true});
     drawing().add({.layer = hidden, .geometry = brevan::Line{{990, 2010}, {1060, 2010}}});
     drawing().add({.layer = locked, .geometry = brevan::Line{{990, 2020}, {1060, 2020}}});
+  }
+
+  void addArcs() {
+    for (const brevan::Arc& arc : arcs_) { drawing().add({.geometry = arc}); }
   }
 
   int orientation_ = 1;

@@ -1,7 +1,11 @@
 #include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <random>
 #include <string>
 #include <vector>
 
+#include "frame/host/number_text.h"
 #include "tests/survey/diagram_session.h"
 
 using brevan::Arc;
@@ -12,6 +16,15 @@ namespace {
 
 class DiagramSheet : public DiagramSession {
  protected:
+  static bool insideOf(const std::vector<Point>& corners, Point p) {
+    double turn = 0.0;
+    for (size_t n = 0; n < corners.size(); ++n) {
+      const Point a = corners[n] - p;
+      const Point b = corners[(n + 1) % corners.size()] - p;
+      turn += std::atan2(a.x * b.y - a.y * b.x, a.x * b.x + a.y * b.y);
+    }
+    return std::fabs(turn) > 1.0;
+  }
   static void expectNear(Point found, Point wanted, const std::string& what) {
     EXPECT_NEAR(found.x, wanted.x, 1e-3) << what;
     EXPECT_NEAR(found.y, wanted.y, 1e-3) << what;
@@ -152,7 +165,8 @@ TEST_F(DiagramSheet, AdditionalTextsEndAtTheFirstMissing) {
 TEST_F(DiagramSheet, ATableWithoutColumnsIsNotDrawn) {
   ini_["DATA"].erase("Figure2");
   ini_["TEXT"]["Beacon"] = "Beacons,-188,9999,1,30,1,Arial,1";
-  trace();
+  ini_["SG_QUESTIONS"]["BDescr"] = ",-186,0,1,20,1,Arial,0";
+  trace("text \"12 mm peg\"\ntext \"\"\n");
   EXPECT_TRUE(shapes<Arc>().empty());
   expectNear(fromOrigin(textReading("Beacons").at), {-188, -23.3}, "from where the table would begin");
 }
@@ -179,11 +193,158 @@ TEST_F(DiagramSheet, WithoutSymbolsAndTitleBlockThePaperIsTheSheet) {
   ini_["TRIGTSM"]["CtrlPnt1"] = "0,TSM 14,,1100.25,2200.50";
   for (const int orientation : {0, 1}) {
     trace("", orientation);
-    EXPECT_EQ(log_.of("message"), std::vector<std::string>{"The Symbol file nothing.drg does not exist."});
+    EXPECT_EQ(log_.of("message"), (std::vector<std::string>{"The Symbol file nothing.drg does not exist.",
+                                                            "The title block file none.drg does not exist."}));
     EXPECT_FALSE(sent("#LOAD"));
     expectNear(onPaper(textReading("AB").at), {30, 277}, "from the paper's top right corner");
     EXPECT_TRUE(shapes<brevan::Symbol>().empty());
   }
+}
+
+// Told once each, before anything is asked; then the paper is the sheet.
+TEST_F(DiagramSheet, DamagedSymbolsAndTitleBlockAreTold) {
+  const std::string title = write("job/title.drg", "no drawing");
+  const std::string symbols = write("job/symbols.drg", "no drawing");
+  ini_["SG_QUESTIONS"]["PropDescr"] = "Erf 1,-95,-220,1,35,4,Arial,0";
+  ini_["TRIGTSM"]["CtrlPnt1"] = "0,TSM 14,,1100.25,2200.50";
+  trace("accept\n");
+  EXPECT_EQ(log_.of("message"), (std::vector<std::string>{"The Symbol file " + symbols + " cannot be read.",
+                                                          "The title block file " + title + " cannot be read."}));
+  const auto question = std::ranges::find(log_.lines, "prompt Property designation");
+  EXPECT_TRUE(std::none_of(question, log_.lines.end(), [](const auto& line) { return line.starts_with("message"); }));
+  expectNear(onPaper(textReading("AB").at), {30, 277}, "from the paper's top right corner");
+}
+
+TEST_F(DiagramSheet, AnswersAreDrawnWhole) {
+  ini_["SG_QUESTIONS"]["PropDescr"] = "Erf 1,-95,-220,1,35,4,Arial,0";
+  ini_["SG_QUESTIONS"]["BDescr"] = ",-186,0,1,20,1,Arial,0";
+  const std::string longest = std::string(1000, 'm') + " and the end 123456789.";
+  ASSERT_EQ(longest.size(), 1023U);
+  trace("text \"" + longest + "\"\ntext \"" + longest + "\"\ntext \"\"\n");
+  textReading(longest);
+  textReading(longest, 1);
+}
+
+// Back to the question before, with what was typed there; through repeated answers as well.
+TEST_F(DiagramSheet, QuestionsCanBeLeftBackwards) {
+  ini_["SG_QUESTIONS"]["PropDescr"] = "Erf 1,-95,-220,1,35,4,Arial,0";
+  ini_["SG_QUESTIONS"]["CompNr"] = "first,-60,-100,1,20,1,Arial,0";
+  ini_["SG_QUESTIONS"]["ErfNr"] = "corner,-60,-150,1,20,1,Arial,0";
+  trace(
+      "back\ntext \"Erf 7\"\ntext \"c1\"\ntext \"c2\"\naccept\nback\nback\nback\nback\naccept\naccept\n"
+      "text \"c3\"\ntext \" \"\naccept\n");
+  const std::vector<std::string> wanted = {"Property designation",
+                                           "Property designation",
+                                           "Compilation number (Blank to continue)",
+                                           "Compilation number (Blank to continue)",
+                                           "Compilation number (Blank to continue)",
+                                           "Bottom right corner text",
+                                           "Compilation number (Blank to continue)",
+                                           "Compilation number (Blank to continue)",
+                                           "Compilation number (Blank to continue)",
+                                           "Property designation",
+                                           "Compilation number (Blank to continue)",
+                                           "Compilation number (Blank to continue)",
+                                           "Compilation number (Blank to continue)",
+                                           "Bottom right corner text"};
+  std::vector<std::string> asked = log_.of("prompt");
+  asked.erase(asked.begin(), asked.end() - static_cast<std::ptrdiff_t>(wanted.size()));
+  EXPECT_EQ(asked, wanted);
+  textReading("Erf 7");
+  expectNear(fromOrigin(textReading("first").at), {-60, -100}, "offered again, as the row has it");
+  expectNear(fromOrigin(textReading("c3").at), {-60, -102.2}, "in place of the second");
+  textReading("corner");
+  EXPECT_TRUE(std::ranges::none_of(shapes<Text>(), [](const Text& text) { return text.text.starts_with("c1"); }));
+}
+
+// A script's Escape leaves its question alone; a reply answers whether the diagram is given up.
+TEST_F(DiagramSheet, EscapeAsksOnceWhetherToGiveUp) {
+  ini_["SG_QUESTIONS"]["PropDescr"] = "Erf 1,-95,-220,1,35,4,Arial,0";
+  ini_["SG_QUESTIONS"]["ErfNr"] = "corner,-60,-150,1,20,1,Arial,0";
+  trace("escape\naccept\n");
+  textReading("corner");
+  trace("escape\nreply no\nescape\n");
+  EXPECT_EQ(log_.of("message"), std::vector<std::string>{"Give up this diagram?"});
+  EXPECT_EQ(host().windowNames().size(), 2U);
+  trace("accept\nescape\nreply yes\n");
+  EXPECT_EQ(host().windowNames(), std::vector<std::string>{"Drawing1"});
+  EXPECT_EQ(host().window().name(), "Drawing1");
+}
+
+// Letters stand outside the figure, clear of its sides and circles, near their corners, from the south and the north.
+TEST_F(DiagramSheet, LettersStandClearOfTheFigure) {
+  ini_["DEFAULTS"]["LettersClear"] = "1";
+  std::mt19937 random(4);
+  std::uniform_real_distribution<double> reach(6.0, 38.0);
+  for (int n = 0; n < 24; ++n) {
+    const int count = 3 + n % 6;
+    std::vector<Point> corners;
+    std::string answers;
+    for (int at = 0; at <= count; ++at) {
+      const double angle = (n % 2 == 0 ? 2.0 : -2.0) * std::numbers::pi * at / count;
+      const double radius = reach(random);
+      if (at < count) { corners.push_back({1050 + radius * std::cos(angle), 2050 + radius * std::sin(angle)}); }
+      answers += numberText::format("point %.6f %.6f\n", corners[at % count].x, corners[at % count].y);
+      if (at < count) { answers += "accept\n"; }
+    }
+    draw("run SG_TracePolyArea\n" + answers, n % 4 < 2 ? 1 : 0);
+    for (int at = 0; at < count; ++at) {
+      const Text& letter = textReading(std::string(1, static_cast<char>('A' + at)));
+      const brevan::Box box = brevan::textBounds(letter, drawing().parameters());
+      EXPECT_LT(brevan::distance(letter.at, corners[at]), 8.0) << n << letter.text;
+      EXPECT_FALSE(insideOf(corners, {(box.low.x + box.high.x) / 2, (box.low.y + box.high.y) / 2})) << n << letter.text;
+      for (int side = 0; side < count; ++side) {
+        const Point beacon = corners[side];
+        const Point nearest{std::clamp(beacon.x, box.low.x, box.high.x), std::clamp(beacon.y, box.low.y, box.high.y)};
+        EXPECT_GT(brevan::distance(beacon, nearest), 0.5) << n << letter.text << " and the circle of " << side;
+        for (int step = 0; step <= 2000; ++step) {
+          const Point p = beacon + (corners[(side + 1) % count] - beacon) * (step / 2000.0);
+          const bool hit = p.x > box.low.x && p.x < box.high.x && p.y > box.low.y && p.y < box.high.y;
+          ASSERT_FALSE(hit) << n << letter.text << " and side " << side;
+        }
+      }
+    }
+  }
+}
+
+TEST_F(DiagramSheet, LargeAreasAreInHectaresWhereTheSettingsSaySo) {
+  ini_["TEXT"]["Area"] = "square metres,-95,-200,1,30,4,Arial,0";
+  const auto area = [this](const std::string& hectares, double side) {
+    ini_["DEFAULTS"]["Hectares"] = hectares;
+    draw(numberText::format(
+        "run SG_TracePolyArea\npoint 0 0\naccept\npoint %.3f 0\naccept\npoint %.3f 100\naccept\npoint 0 100\naccept\n"
+        "point 0 0\n",
+        side, side));
+  };
+  const std::tuple<const char*, double, const char*> rows[] = {
+      {"0", 100.0, "10000 square metres"}, {"1", 100.0, "1,0000 hectares"},   {"1", 99.99, "9 999 square metres"},
+      {"1", 99.996, "1,0000 hectares"},    {"1", 123.456, "1,2346 hectares"}, {"0", 60.0, "6000 square metres"}};
+  for (const auto& [hectares, side, wanted] : rows) {
+    area(hectares, side);
+    textReading(wanted);
+  }
+}
+
+// What the setup shows for a row that a file does not hold is no text of a sheet.
+TEST_F(DiagramSheet, MissingRowsAndHeadingsOverNothingAreNotDrawn) {
+  ini_["SG_QUESTIONS"].clear();
+  ini_["TEXT"] = {{"Data", "unused,-180,-20,2,25,1,Arial,0"}};
+  ini_["DEFAULTS"]["ServNotes"] = ini_["DEFAULTS"]["AddNotes"] = "1";
+  trace();
+  EXPECT_TRUE(log_.of("prompt").back().starts_with("Enter next corner"));
+  for (const char* heading : {"Beacon", "Serv", "Notes"}) {
+    ini_["TEXT"][heading] = std::string(heading) + ",-188,9999,1,30,1,Arial,1";
+  }
+  for (const char* lines : {"BDescr", "ServDet", "Note"}) { ini_["SG_QUESTIONS"][lines] = ",-186,0,1,20,1,Arial,0"; }
+  trace("text \" \"\ntext \"A servitude\"\ntext \"\"\nescape\n");
+  const auto drawn = [this](const std::string& wanted) {
+    return std::ranges::count(shapes<Text>(), wanted, [](const Text& text) { return text.text; });
+  };
+  EXPECT_EQ(drawn("Default"), 0);
+  EXPECT_EQ(drawn("Beacon"), 0);
+  EXPECT_EQ(drawn("Serv"), 1);
+  EXPECT_EQ(drawn("Notes"), 0);
+  expectNear(fromOrigin(textReading("Serv").at), {-188, -20 - 5 * 2.75 - 3.3}, "directly below the table");
 }
 
 }  // namespace

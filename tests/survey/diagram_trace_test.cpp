@@ -86,9 +86,72 @@ TEST_F(DiagramTrace, SidesWithoutLength) {
   EXPECT_EQ(textReading("0 00 00").justification, 8);
   for (const char* factor : {"0", "1"}) {
     ini_["DEFAULTS"]["UseOffset"] = factor;
-    draw("run SG_TracePolyArea\npoint 50 50\naccept\npoint 50 50\n");
-    EXPECT_EQ(textReading("AA").justification, 2);
+    draw("run SG_TracePolyArea\npoint 50 50\naccept\npoint 50.5 50\naccept\npoint 50.5 50\naccept\npoint 50 50\n");
+    EXPECT_EQ(textReading("BC").justification, 2);
   }
+}
+
+TEST_F(DiagramTrace, AFigureOfFewerThanThreeCornersIsRefused) {
+  for (const auto& [corners, count] : {std::pair("point 50 50\naccept\npoint 50 50\n", "1"),
+                                       std::pair("point 50 50\naccept\npoint 80 50\naccept\npoint 50 50\n", "2")}) {
+    draw("run SG_TracePolyArea\n" + std::string(corners));
+    EXPECT_EQ(windows().size(), 1U);
+    EXPECT_EQ(log_.of("message"), std::vector<std::string>{"A figure has three corners at least, this one has " +
+                                                           std::string(count) + "."});
+  }
+}
+
+// As told before the sheet is opened: by how much typed sides miss the first corner, and sides that cross.
+TEST_F(DiagramTrace, MisclosureAndCrossingAreTold) {
+  draw("run SG_TracePolyArea\npoint 50 50\naccept\npoint 80 50\naccept\npoint 80 90\naccept\npoint 50.04 49.97\n");
+  EXPECT_EQ(log_.of("message"),
+            std::vector<std::string>{
+                "The figure does not close by 0.050: 0.040 in Y, -0.030 in X, 1 in 2400 of its perimeter."});
+  draw(
+      "run SG_TracePolyArea\npoint 50 50\naccept\npoint 80 90\naccept\npoint 80 50\naccept\npoint 50 90\naccept\n"
+      "point 50 50\n");
+  EXPECT_EQ(log_.of("message"), std::vector<std::string>{"The figure crosses itself: its sides AB and CD meet."});
+}
+
+// A boundary along an arc: the true area, the arc copied and clipped whole, and lines that touch it kept.
+TEST_F(DiagramTrace, ArcsOfTheBoundaryAreTakenWhole) {
+  ini_["TEXT"]["Area"] = "square metres,-95,-200,1,30,4,Arial,0";
+  ini_["DEFAULTS"]["CornerDiam"] = "0";
+  ini_["DEFAULTS"]["DelLines"] = "1";
+  ini_["DEFAULTS"]["Offset"] = "1";
+  ini_["DEFAULTS"]["PolySnipFactor"] = "1.05";
+  const double half = std::numbers::pi * 200.0;  // square metres of half a circle of 20 m
+  const struct {
+    int direction;  // of an arc from the second corner to the third: outwards or inwards
+    double area;
+  } rows[] = {{0, 2400.0 + half}, {1, 2400.0 - half}};
+  for (const auto& [direction, area] : rows) {
+    for (const char* useOffset : {"0", "1"}) {
+      ini_["DEFAULTS"]["UseOffset"] = useOffset;
+      arcs_ = {{{1060, 2000}, {1060, 2020}, {1060, 2040}, direction == 1}};
+      draw("line 1000 2000 1060 2000\nline 1060 2040 1000 2040\nline 1000 2040 1000 2000\nline " +
+           std::string(direction == 0 ? "1080 2020 1090 2020" : "1040 2020 1030 2020") +
+           "\ntest arcs\nrun SG_TracePolyArea\npoint 1000 2000\naccept\npoint 1060 2000\naccept\npoint 1060 "
+           "2040\naccept\npoint 1000 2040\naccept\npoint 1000 2000\n");
+      ASSERT_EQ(shapes<brevan::Arc>().size(), 1U) << direction << useOffset;
+      EXPECT_EQ(shapes<brevan::Arc>()[0], arcs_[0]) << direction << useOffset;
+      textReading(numberText::format("%.0f square metres", area));
+      EXPECT_EQ(textReading("40,00").justification, 8) << "the straight join stands in the table";
+      const auto lines = shapes<Line>();
+      EXPECT_TRUE(std::ranges::any_of(lines, [](const Line& line) { return line.a.y == 2020 && line.b.y == 2020; }))
+          << "what touches the arc stays";
+    }
+  }
+}
+
+TEST_F(DiagramTrace, WhatDoesNotFitTheSheetIsTold) {
+  draw("run SG_TracePolyArea\npoint 0 0\naccept\npoint 100 0\naccept\npoint 100 130\naccept\npoint 0 0\n");
+  EXPECT_EQ(log_.of("message"),
+            std::vector<std::string>{"The figure takes 200 x 260 mm at 1:500 and does not fit the sheet of 190 x 277 "
+                                     "mm. The largest standard scale at which it does is 1:750."});
+  ini_["TEXT"]["Data"] = "unused,-180,-265,2,25,1,Arial,0";
+  trace();
+  EXPECT_EQ(log_.of("message"), std::vector<std::string>{"The data table of 4 sides ends 2 mm below the sheet."});
 }
 
 TEST_F(DiagramTrace, SurroundingsAreCopiedAndClippedToARectangle) {

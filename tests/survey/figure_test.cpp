@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <numbers>
 #include <random>
+
+#include "survey/figure_report.h"
 
 using namespace ardenix;
 using namespace ardenix::survey;
@@ -72,6 +75,61 @@ TEST(Figure, ClosesByItsOwnSidesRoundTheAreaOfItsTriangles) {
   EXPECT_EQ(areaOf({}), 0.0);
   const Extents extents = extentsOf(figureOf({{10, 20}, {40, 25}, {30, 60}})).grownBy(10);
   EXPECT_TRUE(extents.low.x == 0 && extents.low.y == 10 && extents.high.x == 50 && extents.high.y == 70);
+}
+
+// Arcs over some sides, at most half a circle to either side.
+void bend(Figure& figure, std::mt19937& random) {
+  std::uniform_real_distribution<double> sweep(-std::numbers::pi, std::numbers::pi);
+  for (Side& side : figure) {
+    const double angle = sweep(random);
+    if (std::fabs(angle) < 0.1) { continue; }
+    const Point half = (side.to - side.from) / 2.0;
+    side.arc = SideArc{middle(side.from, side.to) + quarterTurned(half) / std::tan(angle / 2.0), angle};
+  }
+}
+
+// What is known of a boundary with arcs is what is known of the same boundary in very many straight pieces.
+TEST(Figure, ArcsCountAsTheyRun) {
+  std::mt19937 random(9);
+  for (int n = 0; n < 200; ++n) {
+    Figure figure = figureOf(randomCorners(random));
+    bend(figure, random);
+    std::vector<Point> points;
+    for (const Side& side : figure) {
+      const std::vector<Point> along = side.points(1e-3);
+      points.insert(points.end(), along.begin(), along.end());
+      if (side.arc) { EXPECT_NEAR(distance(side.arc->centre, side.from), distance(side.arc->centre, side.to), 1e-6); }
+    }
+    const Figure pieces = figureOf(points);
+    const double perimeter = perimeterOf(pieces);
+    EXPECT_NEAR(areaOf(figure), areaOf(pieces), 1e-4 * perimeter);
+    EXPECT_NEAR(perimeterOf(figure), perimeter, 1e-4 * perimeter);
+    const Extents whole = extentsOf(figure);
+    const Extents sampled = extentsOf(pieces);
+    EXPECT_LT(distance(whole.low, sampled.low) + distance(whole.high, sampled.high), 1e-3);
+  }
+}
+
+TEST(Figure, CrossingSidesAreFoundAndNamed) {
+  std::mt19937 random(11);
+  for (int n = 0; n < 200; ++n) { EXPECT_FALSE(crossingSides(figureOf(randomCorners(random)))); }
+  const Figure bow = figureOf({{0, 0}, {30, 40}, {30, 0}, {0, 40}});
+  const auto crossing = crossingSides(bow);
+  ASSERT_TRUE(crossing);
+  EXPECT_EQ(crossing->first->name() + ' ' + crossing->second->name(), "AB CD");
+  EXPECT_FALSE(crossingSides(figureOf({{0, 0}, {30, 0}, {30, 0}, {30, 40}}))) << "two corners at one place";
+  EXPECT_TRUE(crossingSides(figureOf({{0, 0}, {40, 0}, {40, 40}, {20, 0}, {0, 40}}))) << "touching itself";
+  Figure bent = figureOf({{0, 0}, {40, 0}, {40, 10}, {0, 10}});
+  bent[0].arc = SideArc{{20, 0}, -std::numbers::pi};
+  EXPECT_TRUE(crossingSides(bent)) << "an arc that reaches beyond the other side";
+}
+
+TEST(Figure, TheStandardScaleIsTheLargestThatWillDo) {
+  const double scales[] = {100,  125,  150,  200,  250,  300,  400,  500,  600,  750,  1000,
+                           1250, 1500, 2000, 2500, 3000, 4000, 5000, 6000, 7500, 10000};
+  for (double needed = 100.0; needed <= 10000.0; needed += 12.5) {
+    EXPECT_EQ(standardScale(needed), *std::lower_bound(std::begin(scales), std::end(scales), needed)) << needed;
+  }
 }
 
 }  // namespace

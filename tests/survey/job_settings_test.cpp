@@ -50,8 +50,51 @@ TEST_F(SurveyJob, MissingOptionsAreNotThoseThatDialogsOffer) {
   EXPECT_EQ(job.options().polySnipFactor, 2.0);
   EXPECT_EQ(job.options().lineType, 5);
   EXPECT_EQ(job.options().diagramLayer, "SG_DIAGRAM");
-  use(job.textRow("TEXT", "Missing"), job.textStyle());
-  EXPECT_TRUE(job.textStyle().pen == 8 && job.textStyle().height == 30.0);
+  EXPECT_EQ(job.textRow("TEXT", "Missing").size, 0) << "neither asked nor drawn";
+}
+
+// A row that nothing can be drawn with is refused with the file, the key and the field; one of size 0 is not drawn.
+TEST_F(SurveyJob, ARowThatCannotBeDrawnIsNamed) {
+  CCadWindow& view = surveyView();
+  const struct {
+    std::string section, line, field;
+  } bad[] = {{"SG_QUESTIONS", "PLS=x,0,0,257,30,2,Arial,0", "Pen"},
+             {"SG_QUESTIONS", "Note=x,0,0,9999,30,2,Arial,0", "Pen"},
+             {"TEXT", "Area=x,0,0,1,-5,2,Arial,0", "Size"},
+             {"TEXT", "AddText1=x,0,0,1,30,10,Arial,0", "Lorg"},
+             {"TEXT", "Data=x,1e9,0,1,30,1,Arial,0", "Hor Coord (mm)"},
+             {"LINES", "Line1=0,0,1,nan,1,1", "End Ver Coord (mm)"},
+             {"LINES", "Line1=0,0,1,1,1,1000", "LT"},
+             {"DATA", "Figure1=,1,2,3,4,x,6\nFigure2=,1,1,1,1,1,1", "Hor Coord (mm)"},
+             {"DATA", "Figure1=,1,2,3,4,5,6\nFigure2=,1,1,0,1,1,1", "Lorg"}};
+  for (const auto& [section, line, field] : bad) {
+    const std::string path = write("job.ini", "[" + section + "]\n" + line + "\n");
+    const std::string told = failureOf([&] { JobSettings(path, SurveyMode::kDiagram, view); });
+    for (const std::string& part : {path, '"' + field + '"', '"' + section + '"'}) {
+      EXPECT_NE(told.find(part), std::string::npos) << line << ": " << told;
+    }
+  }
+  const std::string good[] = {"[TEXT]\nArea=x,0,0,999,0,77,Arial,0\n", "[TEXT]\nArea=x,,,,,,,\n",
+                              "[LINES]\nLine1=0,9999,0,9999,,\n", "[TEXT]\nArea=x,0,9999,256,1,19,Arial,0\n"};
+  for (const std::string& text : good) {
+    EXPECT_EQ(failureOf([&] { JobSettings(write("job.ini", text), SurveyMode::kDiagram, view); }), "") << text;
+  }
+}
+
+TEST_F(SurveyJob, ADamagedControlPointIsNamed) {
+  CCadWindow& view = surveyView();
+  for (const char* record : {"0,TSM 14,,abc,2200.50", "0,TSM 14", "0,TSM 14,,1100,25,2200,50", "x,TSM 14,,1,2",
+                             "TSM 14", "0,TSM 14,,1100.25,", "0,TSM 14,,nan,5"}) {
+    const std::string path = write("job.ini", "[TRIGTSM]\nCtrlPnt2=" + std::string(record) + "\n");
+    const std::string told = failureOf([&] { JobSettings(path, SurveyMode::kDiagram, view); });
+    for (const std::string& part : {path, std::string("\"CtrlPnt2\""), std::string(record)}) {
+      EXPECT_NE(told.find(part), std::string::npos) << record << ": " << told;
+    }
+  }
+  for (const char* record : {"", ",,,,", "0,,,0.00,0.00", "1,KLIPKOP,112,-1300.00,2851000.00", "0, TSM 14 ,, 1 , 2 "}) {
+    const std::string path = write("job.ini", "[TRIGTSM]\nCtrlPnt2=" + std::string(record) + "\n");
+    EXPECT_EQ(failureOf([&] { JobSettings(path, SurveyMode::kDiagram, view); }), "") << record;
+  }
 }
 
 TEST_F(SurveyJob, AnOptionOutsideItsRangeIsNamed) {

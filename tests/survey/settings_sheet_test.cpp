@@ -109,6 +109,39 @@ TEST_F(SheetLaws, WhateverIsTypedIsShownAgainAfterLoading) {
   }
 }
 
+// Whatever rows of a list are empty, those that are not keep their texts and their order.
+TEST_F(SheetLaws, EmptyRowsAreClosedUpAndNothingIsLost) {
+  for (const Shipped& row : kShippedFiles) {
+    const std::string path = write("job.ini", shipped(row));
+    auto sheets = loaded(row.mode, path);
+    std::vector<std::vector<std::string>> wanted;
+    for (SettingsSheet& sheet : sheets) {
+      auto& texts = wanted.emplace_back();
+      for (int at = 0; at < static_cast<int>(sheet.rows().size()); ++at) {
+        const bool listed = sheet.removable(at) || sheet.form().record == RecordForm::kWhole;
+        const int columns = static_cast<int>(sheet.form().columns.size());
+        if (listed && upTo(2) > 0) {
+          for (int column = 0; column < columns; ++column) { sheet.set(at, column, ""); }
+        } else if (listed) {
+          sheet.set(at, 0, std::to_string(at));
+          texts.push_back(std::to_string(at));
+        }
+      }
+    }
+    saveTwice(path, sheets);
+    const auto again = loaded(row.mode, path);
+    for (size_t i = 0; i < again.size(); ++i) {
+      std::vector<std::string> texts;
+      for (int at = 0; at < static_cast<int>(again[i].rows().size()); ++at) {
+        const bool listed = again[i].removable(at) || again[i].form().record == RecordForm::kWhole;
+        const std::string& text = again[i].rows()[static_cast<size_t>(at)].front();
+        if (listed && !text.empty()) { texts.push_back(text); }
+      }
+      EXPECT_EQ(texts, wanted[i]) << again[i].form().caption;
+    }
+  }
+}
+
 TEST_F(SheetLaws, EachColumnTakesItsNumbersAndNoMore) {
   const struct {
     std::string title;

@@ -197,7 +197,7 @@ TEST_F(SurveySetup, AdditionalTextsAndLinesAreNumberedAnewWhenARowGoes) {
     }
     return values;
   };
-  EXPECT_EQ(keys("LINES", "Line"), (Texts{",,,9999,,", "-", "-", "-"})) << "an empty line ends the list";
+  EXPECT_EQ(keys("LINES", "Line"), (Texts{",,,9999,,", "7,,,,,", "-", "-"})) << "an empty line is closed up";
   visit(
       "tab \"Text\"\nclick \"Settings\" 9 \"Font\"\nexpect message \"Delete this row?\"\nreply no\n"
       "click \"Settings\" 9 \"Font\"\nreply yes\nexpect \"Settings\" 9 \"Default Text\" \"three\"\n"
@@ -224,6 +224,13 @@ TEST_F(SurveySetup, CellsTakeWhatTheirColumnHolds) {
                                        "\"Lorg\" takes a whole number from 1 to 9 or 11 to 19 or LF, got \"20\".",
                                        "\"Font\" cannot hold a comma, got \"Arial,5\"."}));
   EXPECT_EQ(differingLines(shipped("SG Diagram.ini"), read(path)), Texts{"PropDescr=Erf 1,-1.5,9999,12,35,,Arial,1"});
+}
+
+TEST_F(SurveySetup, PensAndLineTypesMayBeEmpty) {
+  const std::string path = use(shipped("SG Diagram.ini"));
+  visit("tab \"Lines\"\ncell \"Settings\" 1 \"Pen\" \"\"\ncell \"Settings\" 2 \"LT\" \"\"\n" + kOk);
+  EXPECT_EQ(differingLines(shipped("SG Diagram.ini"), read(path)),
+            (Texts{"Line1=-190,-9.8,-50,-9.8,,1", "Line2=-190,9999,-50,9999,1,"}));
 }
 
 TEST_F(SurveySetup, TheDataTableIsReadWhereItStands) {

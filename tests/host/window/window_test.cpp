@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "frame/host/core_services.h"
+#include "tests/failure.h"
 #include "tests/host/window/host_session.h"
 
 namespace {
@@ -245,11 +246,19 @@ TEST_F(Window, EscapeStaysRaisedUntilTheCommandEnds) {
   window().endCommand(true);
 }
 
-TEST_F(Window, TypedAnswersAreCutDefaultsTakenAndMenusCounted) {
-  start("text \"" + std::string(300, 'x') + "\"\naccept\nspace\n");
+TEST_F(Window, TypedAnswersAreTakenWholeOrRefused) {
+  const std::string longest(1023, 'x');
+  start("text \"" + longest + "\"\ntext \"" + longest + "y\"\n");
   std::string text = "d";
   window().gsGetTextFromPromptBar("T", text, 0);
-  EXPECT_EQ(text, std::string(255, 'x'));
+  EXPECT_EQ(text, longest);
+  const std::string told = failureOf([&] { window().gsGetTextFromPromptBar("T", text, 0); });
+  EXPECT_NE(told.find(":2: An answer takes 1023 characters at most, this one has 1024."), std::string::npos) << told;
+}
+
+TEST_F(Window, DefaultsAreTakenAndMenusCounted) {
+  start("accept\nspace\n");
+  std::string text;
   text = "offered";
   window().gsGetTextFromPromptBar("T", text, 0);
   EXPECT_EQ(text, "offered");
