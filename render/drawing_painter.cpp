@@ -8,7 +8,6 @@
 
 #include "frame/host/core_services.h"
 #include "host/core/text_encoding.h"
-#include "host/drawing/line_types.h"
 #include "host/drawing/strokes.h"
 
 namespace brevan {
@@ -101,21 +100,23 @@ class PainterSink : public StrokeSink {
     return QColor(QRgb(options_.colour.value_or(penColour(pen, options_.ground))));
   }
   void usePen(const StrokeStyle& style) {
-    const bool same = penStyle_ && penStyle_->pen == style.pen && penStyle_->linetype == style.linetype &&
-                      penStyle_->width == style.width;
+    const bool same = penStyle_ && penStyle_->pen == style.pen && penStyle_->width == style.width &&
+                      penStyle_->dashes == style.dashes;
     if (same) { return; }
     penStyle_ = style;
     const double width = options_.lineWidths ? strokeWidth(style) : options_.hairline / devicePerMillimetre_;
     QPen pen(colourOf(style.pen), width);
     pen.setJoinStyle(Qt::RoundJoin);
-    const std::span<const double> pattern = lineType(style.linetype).pattern;
-    pen.setCapStyle(pattern.empty() ? Qt::RoundCap : Qt::FlatCap);
-    if (!pattern.empty()) {
-      QList<qreal> inWidths;
-      for (const double length : pattern) { inWidths.append(length / width); }
-      pen.setDashPattern(inWidths);
-    }
+    pen.setCapStyle(style.dashes.lengths.empty() ? Qt::RoundCap : Qt::FlatCap);
+    if (!style.dashes.lengths.empty()) { setDashes(pen, style.dashes, width); }
     painter_.setPen(pen);
+  }
+  // A pen measures its dashes by its own width.
+  static void setDashes(QPen& pen, const DashPattern& dashes, double width) {
+    QList<qreal> inWidths;
+    for (const double length : dashes.lengths) { inWidths.append(length / width); }
+    pen.setDashPattern(inWidths);
+    pen.setDashOffset(dashes.start / width);
   }
 
   QPainter& painter_;

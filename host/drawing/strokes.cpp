@@ -3,6 +3,7 @@
 #include "frame/host/core_services.h"
 #include "host/drawing/arrow_shape.h"
 #include "host/drawing/dimension_strokes.h"
+#include "host/drawing/line_types.h"
 #include "host/drawing/symbol_expansion.h"
 #include "host/drawing/text_layout.h"
 
@@ -18,8 +19,8 @@ int StrokeWalk::resolvedPen(int pen, int layer) const {
 }
 
 void StrokeWalk::primitive(const Primitive& primitive) {
-  const StrokeStyle style = {primitive.layer, resolvedPen(primitive.pen, primitive.layer), primitive.linetype,
-                             primitive.width / 10.0};
+  const StrokeStyle style = {
+      primitive.layer, resolvedPen(primitive.pen, primitive.layer), primitive.linetype, primitive.width / 10.0, {}};
   struct Visitor {
     StrokeWalk& walk;
     const StrokeStyle& style;
@@ -42,9 +43,25 @@ void StrokeWalk::primitive(const Primitive& primitive) {
   std::visit(Visitor{*this, style}, primitive.geometry);
 }
 
-void StrokeWalk::line(const StrokeStyle& style, const Line& line) { sink_.line(style, line.a, line.b); }
+void StrokeWalk::line(const StrokeStyle& style, const Line& line) {
+  if (lineType(style.linetype).pattern.empty()) {
+    sink_.line(style, line.a, line.b);
+    return;
+  }
+  StrokeStyle dashed = style;
+  dashed.dashes = dashesOf(style.linetype, line);
+  sink_.line(dashed, line.a, line.b);
+}
 
-void StrokeWalk::arc(const StrokeStyle& style, const Arc& arc) { sink_.arc(style, arc); }
+void StrokeWalk::arc(const StrokeStyle& style, const Arc& arc) {
+  if (lineType(style.linetype).pattern.empty()) {
+    sink_.arc(style, arc);
+    return;
+  }
+  StrokeStyle dashed = style;
+  dashed.dashes = dashesOf(style.linetype, arc);
+  sink_.arc(dashed, arc);
+}
 
 void StrokeWalk::text(StrokeStyle style, const Text& text) {
   style.pen = resolvedPen(text.pen, style.layer);

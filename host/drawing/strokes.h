@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "host/drawing/dash_pattern.h"
 #include "host/drawing/drawing.h"
 
 namespace brevan {
@@ -13,6 +14,7 @@ struct StrokeStyle {
   int pen = 1;         // 1 to 255
   int linetype = 1;    // see line_types.h
   double width = 0.0;  // millimetres; 0: as thin as still reads
+  DashPattern dashes;  // of a line or arc, as laid along it
 };
 
 // One line of a text.

@@ -7,7 +7,6 @@
 #include "frame/host/number_text.h"
 #include "host/core/text_encoding.h"
 #include "host/drawing/font_metrics.h"
-#include "host/drawing/line_types.h"
 #include "host/drawing/pens.h"
 #include "host/drawing/strokes.h"
 
@@ -147,12 +146,17 @@ class SvgSink : public StrokeSink {
     out += "\" stroke=\"";
     appendColour(out, penColour(style.pen, Ground::kPaper));
     attribute(out, "stroke-width", strokeWidth(style));
-    const std::span<const double> pattern = lineType(style.linetype).pattern;
-    for (size_t at = 0; at < pattern.size(); ++at) {
-      out += at == 0 ? "\" stroke-linecap=\"butt\" stroke-dasharray=\"" : " ";
-      numberText::appendShortest(out, pattern[at]);
-    }
+    appendDashes(out, style.dashes);
     out += "\"/>\n";
+  }
+
+  static void appendDashes(std::string& out, const DashPattern& dashes) {
+    if (dashes.lengths.empty()) { return; }
+    for (size_t at = 0; at < dashes.lengths.size(); ++at) {
+      out += at == 0 ? "\" stroke-linecap=\"butt\" stroke-dasharray=\"" : " ";
+      numberText::appendShortest(out, dashes.lengths[at]);
+    }
+    if (dashes.start != 0.0) { attribute(out, "stroke-dashoffset", dashes.start); }
   }
 
   double height_;

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "mech/definition_store.h"
+#include "tests/host/drawing/dash_ink.h"
 #include "tests/mech/fastener_session.h"
 
 namespace {
@@ -122,6 +123,22 @@ class FastenerLibraryTest : public FastenerSession, public ::testing::WithParamI
     EXPECT_TRUE(hole ? wall < thread || name.find("TAP") == std::string::npos : thread < wall);
   }
 
+  // At full size and at the scales that parts are drawn at.
+  static void expectCentreLinesCrossInDashes(const std::vector<Primitive>& plan, brevan::Point centre, bool isDowel) {
+    int crossing = 0;
+    for (const Primitive& stroke : plan) {
+      const auto* line = std::get_if<Line>(&stroke.geometry);
+      if (line == nullptr || stroke.pen != kAxisPen) { continue; }
+      ++crossing;
+      const double along = brevan::distance(line->a, centre);
+      for (const double millimetres : {2.0, 1.0, 0.5, 0.2}) {
+        const brevan::DashPattern dashes = brevan::dashesOf(stroke.linetype, *line, millimetres);
+        EXPECT_GT(brevan::inkAt(dashes, along * millimetres), 0.0) << "at " << millimetres << ":1";
+      }
+    }
+    EXPECT_EQ(crossing, isDowel ? 0 : 2) << "a dowel's plan is quartered";
+  }
+
   std::string path_;
   Texts names_;
   std::vector<std::vector<Primitive>> strokes_;
@@ -161,6 +178,7 @@ TEST_P(FastenerLibraryTest, EveryDefinitionIsDrawnWholeSymmetricalAndThreadedInT
       })) << "half a turn brings the plan onto itself";
     }
     EXPECT_TRUE(same(plan.centre(), {kApart * static_cast<double>(i), kPlanBelow}));
+    expectCentreLinesCrossInDashes(strokes_[2 * i + 1], plan.centre(), names_[i].ends_with("DOWEL"));
     expectThreadsInTheMaterial(view, names_[i]);
   }
 }

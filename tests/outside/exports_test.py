@@ -255,6 +255,76 @@ draw text 30020 2900030 35 "Erf 12"
             self.assertIn("Erf 12", run("pdftotext", Path(name) / "plate.pdf", "-").stdout.decode())
 
 
+class Dashes(unittest.TestCase):
+    """Programs that read DXF lay the patterns of line types themselves, in one of two ways."""
+
+    LINETYPES = (2, 4, 5, 7, 11, 21, 22)
+
+    def strokes(self):
+        """A dashed stroke's length on paper and its pattern as a reader takes it: dash, gap, dash, gap, ..."""
+        script = "parameter scale 2\n"
+        for linetype in self.LINETYPES:
+            script += f"style 1 {linetype} 2.5\n"
+            script += "".join(f"draw line 0 {20 * n} {1.31 ** n:.3f} {20 * n}\n" for n in range(27))
+            script += "draw arc 50 0 0 0 0 50 0\n" + "".join(f"draw circle 0 0 {5 * n}\n" for n in range(3, 50))
+        with tempfile.TemporaryDirectory() as name:
+            (Path(name) / "plate.scr").write_text(script + 'export "plate.dxf"\n', encoding="utf-8")
+            run(BATCH, "run", Path(name) / "plate.scr", "-o", name)
+            document = ezdxf.readfile(Path(name) / "plate.dxf")
+        for entity in document.modelspace():
+            tags = document.linetypes.get(entity.dxf.linetype).pattern_tags.tags
+            scale = document.header["$LTSCALE"] * entity.dxf.get("ltscale", 1.0)
+            yield entity, [abs(tag.value) * scale for tag in tags if tag.code == 49]
+
+    @staticmethod
+    def length(entity):
+        if entity.dxftype() == "LINE":
+            return (entity.dxf.end - entity.dxf.start).magnitude
+        whole = 2 * math.pi * entity.dxf.radius
+        return whole if entity.dxftype() == "CIRCLE" else whole / 4
+
+    @staticmethod
+    def ink(pattern, along):
+        """How far within a dash, below 0 within a gap."""
+        along %= sum(pattern)
+        for at, length in enumerate(pattern):
+            if along <= length:
+                return min(along, length - along) * (-1 if at % 2 else 1)
+            along -= length
+        return 0.0
+
+    def starts(self, length, pattern):
+        """Where in the pattern readers begin: at its first dash, or so that both ends get as much of that dash and
+        more than half of it."""
+        yield 0.0
+        runs = math.floor(length / sum(pattern))
+        yield (runs * sum(pattern) + pattern[0] - length) / 2
+
+    def test_middles_and_ends_of_lines_and_arcs_are_dashes_for_every_reader(self):
+        dashed = 0
+        for entity, pattern in self.strokes():
+            length = self.length(entity)
+            if entity.dxftype() == "CIRCLE" or pattern[0] >= length:
+                continue
+            dashed += 1
+            for start in self.starts(length, pattern):
+                for along in (0.1 * pattern[0], length / 2, length - 0.1 * pattern[0]):
+                    self.assertGreater(self.ink(pattern, start + along), 0.0, (entity.dxf.linetype, length, along))
+        self.assertGreater(dashed, 60)
+
+    def test_circles_close_with_dashes_at_their_quarters(self):
+        for entity, pattern in self.strokes():
+            if entity.dxftype() == "CIRCLE" and pattern[0] < self.length(entity):
+                runs = self.length(entity) / sum(pattern)
+                self.assertAlmostEqual(runs / 4, round(runs / 4), 6)
+
+    def test_short_lines_are_continuous(self):
+        for entity, pattern in self.strokes():
+            unscaled = sum(pattern) / entity.dxf.get("ltscale", 1.0)
+            if entity.dxftype() == "LINE" and self.length(entity) < 0.99 * unscaled:
+                self.assertGreater(pattern[0], self.length(entity))
+
+
 if __name__ == "__main__":
     if BATCH is None:
         sys.exit(__doc__)

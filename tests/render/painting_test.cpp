@@ -5,11 +5,11 @@
 #include <cmath>
 
 #include "frame/host/core_services.h"
-#include "host/drawing/line_types.h"
 #include "host/drawing/strokes.h"
 #include "host/drawing/text_layout.h"
 #include "render/drawing_painter.h"
 #include "render/render_session.h"
+#include "tests/host/drawing/dash_ink.h"
 #include "tests/render/picture.h"
 
 namespace brevan {
@@ -81,34 +81,35 @@ TEST(Painting, ArcsCoverTheirSideOnly) {
   }
 }
 
-// Lengths of ink and blank in turn along a level line from 20 to 180 mm.
-std::vector<double> runsAlong(const Picture& picture, double y) {
-  constexpr double kStep = 0.05;
-  std::vector<double> runs = {0.0};
-  bool ink = true;
-  for (int step = 0; step < 3200; ++step) {
-    const bool here = picture.inked({20.0 + (step + 0.5) * kStep, y});
-    if (here != ink) { runs.push_back(0.0); }
-    ink = here;
-    runs.back() += kStep;
+// The inks of dashes on a picture, 0.1 mm and more from their ends.
+void expectInked(const Picture& picture, const DashPattern& dashes, double size, auto pointAt) {
+  constexpr double kBlurred = 0.1;
+  for (double along = 0.02; along < size; along += 0.05) {
+    const double ink = inkAt(dashes, along);
+    if (std::abs(ink) < kBlurred) { continue; }
+    EXPECT_EQ(picture.inked(pointAt(along)), ink > 0.0) << along << " mm along";
   }
-  return runs;
 }
 
 TEST(Painting, DashesMeasureMillimetresOnPaperWhateverTheWidth) {
-  for (const int linetype : {2, 4, 21}) {
+  for (const int linetype : {2, 4, 11, 21}) {
     for (const double width : {2.5, 10.0}) {
+      SCOPED_TRACE("line type " + std::to_string(linetype) + ", width " + std::to_string(width));
       Drawing drawing;
       lieOnA4(drawing, false);
       Primitive line = primitiveOf(Line{{20.0, 100.0}, {180.0, 100.0}});
       line.linetype = linetype;
       line.width = width;
       drawing.add(line);
-      const std::vector<double> runs = runsAlong(Picture(drawing), 100.0);
-      const std::span<const double> pattern = lineType(linetype).pattern;
-      for (size_t run = 0; run < 8; ++run) {
-        EXPECT_NEAR(runs.at(run), pattern[run % pattern.size()], 0.16) << linetype << ' ' << width << ' ' << run;
-      }
+      line.geometry = Arc{{90.0, 50.0}, {50.0, 50.0}, {90.0, 50.0}};
+      drawing.add(line);
+      const Picture picture(drawing);
+      expectInked(picture, dashesAlong(linetype, 160.0), 160.0, [](double along) {
+        return Point{20.0 + along, 100.0};
+      });
+      expectInked(picture, dashesAround(linetype, 80.0 * kPi), 80.0 * kPi, [](double along) {
+        return Point{50.0, 50.0} + polar(40.0, along / 40.0);
+      });
     }
   }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/drawing/arrow_shape.h"
+#include "host/drawing/dash_pattern.h"
 #include "host/drawing/dimension_strokes.h"
 #include "host/drawing/font_metrics.h"
 #include "host/drawing/pens.h"
@@ -58,6 +59,13 @@ void DxfEntityWriter::begin(std::string_view kind) {
   tags_.raw(reactors_);
   tags_.raw(beforeStyle_);
   tags_.raw(style_);
+}
+
+// A factor for the pattern of the line type, which readers lay themselves: from a dash at the start, or centred.
+void DxfEntityWriter::beginCurve(std::string_view kind, const Curve& curve) {
+  begin(kind);
+  const double scale = dashScale(styleKey_.linetype, curve, 1.0 / space_.paperMillimetre);
+  if (scale != 1.0) { tags_.real(48, scale); }
 }
 
 // Primitives of one look follow each other, so the groups that say it are kept from one to the next.
@@ -116,7 +124,7 @@ DxfEntities DxfEntityWriter::write(const Primitive& primitive) {
 void DxfEntityWriter::line(const Line& line) {
   const Point a = placed(line.a);
   const Point b = placed(line.b);
-  begin("LINE");
+  beginCurve("LINE", line);
   tags_.raw("100\nAcDbLine\n10\n");
   tags_.number(a.x);
   tags_.raw("\n20\n");
@@ -140,7 +148,7 @@ void DxfEntityWriter::arc(const Arc& arc) {
   const double from = degrees(angleOf(placed(arc.clockwise ? arc.end : arc.start) - centre));
   const double to = degrees(angleOf(placed(arc.clockwise ? arc.start : arc.end) - centre));
   const bool full = from == to;
-  begin(full ? "CIRCLE" : "ARC");
+  beginCurve(full ? "CIRCLE" : "ARC", arc);
   tags_.raw("100\nAcDbCircle\n10\n");
   tags_.number(centre.x);
   tags_.raw("\n20\n");

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/files/dxf/write/model.h"
+#include "host/geometry/curve.h"
 
 namespace brevan {
 
@@ -28,7 +29,8 @@ struct DxfTextFrame;
 //
 // Arcs run counter-clockwise, so a clockwise one is written from its end. An arrow is a LINE and a SOLID.
 // A text of one line is a TEXT whose baseline is where it is shown, one of several an MTEXT. A symbol is
-// an INSERT of its block, mirrored by a negative scale. A dimension is a DIMENSION with its picture block.
+// an INSERT of its block, mirrored by a negative scale. A dimension is a DIMENSION with its picture block. Dashed lines
+// and arcs stretch the pattern of their line type, so that it comes to lie as on paper where readers lay it.
 class DxfEntityWriter {
  public:
   DxfEntityWriter(DxfModel& model, DxfTags& tags, const DxfSpace& space);
@@ -42,6 +44,7 @@ class DxfEntityWriter {
 
  private:
   void begin(std::string_view kind);
+  void beginCurve(std::string_view kind, const Curve& curve);
   void setReactors(const Primitive& primitive);
   void setStyle(const Primitive& primitive, int pen);
   void line(const Line& line);
