@@ -7,15 +7,16 @@
 namespace ardenix {
 
 StyleKeeper::StyleKeeper(CCadWindow& view) : view_(view) {
-  view_.gsExecuteMacro(macroText::enquire("LINEDEF", "L P W C S F R G B"));
+  if (view_.gsExecuteMacro(macroText::kLineDefinition) == 0) { return; }
   style_ = {wholeVariable(view_, "P"), wholeVariable(view_, "L"), numberVariable(view_, "W")};
 }
 
 // A command that fails here has failed already.
 StyleKeeper::~StyleKeeper() {
+  if (!style_) { return; }
   try {
-    view_.gsExecuteMacro(macroText::lineType(style_.linetype, style_.pen));
-    view_.gsExecuteMacro(macroText::exactWidth(style_.width));
+    view_.gsExecuteMacro(macroText::lineType(style_->linetype, style_->pen));
+    view_.gsExecuteMacro(macroText::exactWidth(style_->width));
   } catch (const HostFailure&) { return; }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "frame/drafting/line_style.h"
 #include "frame/host/cad_window.h"
 
@@ -16,7 +18,7 @@ class StyleKeeper {
 
  private:
   CCadWindow& view_;
-  LineStyle style_;
+  std::optional<LineStyle> style_;  // nothing where the host did not tell it
 };
 
 }  // namespace ardenix
