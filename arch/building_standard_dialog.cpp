@@ -1,40 +1,38 @@
 #include "arch/building_standard_dialog.h"
 
-#include "arch/item_name.h"
-#include "frame/host/core_services.h"
-
 namespace ardenix::arch {
 
 namespace {
 
 constexpr double kLargestLimit = 999.0;
 
+constexpr RecordWords kWords = {.section = kBuildingStandards,
+                                .caption = "Building standard",
+                                .word = "building standard",
+                                .namePrompt = "Building standard name",
+                                .listTip = "The building standard against which stairs are checked",
+                                .addTip = "Add the values shown as a new building standard",
+                                .deleteTip = "Delete the building standard shown"};
+
 }  // namespace
 
 BuildingStandardDialog::BuildingStandardDialog(const Services& services, ArchSpecStore& store,
                                                BuildingStandard& standard)
-    : services_(services), store_(store), standard_(standard) {
+    : services_(services), store_(store), standard_(standard), chooser_(services, store, dialog_, kWords) {
   equip(dialog_, services_, helpTopic("Building Standards Setup"));
   describe();
-  dialog_.onOpen = [this] { open(); };
+  dialog_.onOpen = [this] { chooser_.open(standard_.number()); };
   dialog_.onOk = [this] { return confirm(); };
 }
 
 void BuildingStandardDialog::describe() {
-  const int chooser = dialog_.addGroup({.place = {.row = 0}});
-  list_ = addDropDown(dialog_, {.caption = "Building standard",
-                                .toolTip = "The building standard against which stairs are checked",
-                                .group = chooser});
-  list_.onEdit([this] { showSelected(); });
-  addButton(dialog_, {.caption = "Add",
-                      .toolTip = "Add the values shown as a new building standard",
-                      .group = chooser,
-                      .place = {.column = 1}})
-      .onPress([this] { add(); });
-  addButton(
-      dialog_,
-      {.caption = "Delete", .toolTip = "Delete the building standard shown", .group = chooser, .place = {.column = 2}})
-      .onPress([this] { remove(); });
+  chooser_.describe(dialog_.addGroup({.place = {.row = 0}}), {.show = [this](int number) { show(number); },
+                                                              .mayBeSaved = [] { return true; },
+                                                              .record =
+                                                                  [this](const std::string& name) {
+                                                                    takeLimits();
+                                                                    return standard_.recordNamed(name);
+                                                                  }});
   const int limits = dialog_.addGroup({.caption = "Limits", .place = {.row = 1}});
   for (size_t row = 0; row < limits_.size(); ++row) {
     limits_[row] = addFloat(dialog_,
@@ -49,19 +47,8 @@ void BuildingStandardDialog::describe() {
 
 bool BuildingStandardDialog::run(CWnd* parent) { return services_.mainFrame->RunDialog(dialog_, parent); }
 
-void BuildingStandardDialog::open() {
-  store_.loadNames(list_, kBuildingStandards);
-  list_.select(standard_.number() - 1);
-  if (list_.selected() < 0) { standard_.select(0); }  // a number beyond the list names no standard
-  showLimits();
-}
-
-void BuildingStandardDialog::showSelected() {
-  standard_.select(list_.selected() + 1);
-  showLimits();
-}
-
-void BuildingStandardDialog::showLimits() {
+void BuildingStandardDialog::show(int number) {
+  standard_.select(number);
   for (size_t row = 0; row < limits_.size(); ++row) {
     limits_[row].SetValue(standard_.limits().*kStairLimitRows[row].value);
   }
@@ -73,24 +60,10 @@ void BuildingStandardDialog::takeLimits() {
   standard_.setLimits(limits);
 }
 
-void BuildingStandardDialog::add() {
-  const auto name = askNewName(services_, &dialog_, "Building standard name");
-  if (!name) { return; }
-  takeLimits();
-  store_.addRecord(standard_.recordNamed(*name), list_, kBuildingStandards);
-  showSelected();
-}
-
-void BuildingStandardDialog::remove() {
-  if (list_.selected() < 0) { return; }
-  store_.removeRecord(list_.selected(), list_, kBuildingStandards);
-  showSelected();
-}
-
 bool BuildingStandardDialog::confirm() {
-  std::string name = list_.text();
-  coreTrimStr(name);
-  standard_.setName(std::move(name));
+  auto name = chooser_.nameToSave();
+  if (!name) { return false; }
+  standard_.setName(*std::move(name));
   takeLimits();
   standard_.save();
   return true;

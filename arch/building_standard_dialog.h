@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "arch/building_standard.h"
+#include "arch/record_chooser.h"
 #include "arch/spec_store.h"
 #include "frame/host/dialog.h"
 #include "frame/services.h"
@@ -19,19 +20,15 @@ class BuildingStandardDialog {
 
  private:
   void describe();
-  void open();
-  void showSelected();
-  void showLimits();
+  void show(int number);
   void takeLimits();
-  void add();
-  void remove();
   bool confirm();
 
   const Services& services_;
   ArchSpecStore& store_;
   BuildingStandard& standard_;
   dialog::Dialog dialog_{"Building Standards Setup"};
-  dialog::DropDownHandle list_;
+  RecordChooser chooser_;
   std::array<CFloatEdit, std::size(kStairLimitRows)> limits_;
 };
 

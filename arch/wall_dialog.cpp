@@ -1,7 +1,8 @@
 #include "arch/wall_dialog.h"
 
-#include "arch/item_name.h"
+#include "frame/drafting/scratch_layer.h"
 #include "frame/host/core_services.h"
+#include "frame/messages.h"
 #include "frame/names.h"
 
 namespace ardenix::arch {
@@ -10,6 +11,14 @@ namespace {
 
 constexpr double kLargestWidth = 999999999.0;
 constexpr double kLargestAngle = 360.0;
+
+constexpr RecordWords kWords = {.section = kWallTypes,
+                                .caption = "Wall",
+                                .word = "wall type",
+                                .namePrompt = "Name for new wall",
+                                .listTip = "The wall type to draw or to edit",
+                                .addTip = "Add what is shown as a new wall type",
+                                .deleteTip = "Delete the wall type shown"};
 
 // The first entry of each radio group stands for true.
 enum Choice { kFirst, kSecond };
@@ -31,7 +40,7 @@ constexpr LayerGridRow kInternalRows[] = {{kWallRowNames[kExtFoundation], kExtFo
 // ---- Description --------------------------------------------------------------------------------------------
 
 WallDialog::WallDialog(const Services& services, ArchSpecStore& store, WallDrawer& drawer)
-    : services_(services), store_(store), drawer_(drawer) {
+    : services_(services), store_(store), drawer_(drawer), chooser_(services, store, dialog_, kWords) {
   constexpr WidthRow kExternalWidths[] = {
       {kExtFoundationWidth, "External foundation width", "How far the foundation stands out from the outside face"},
       {kExtWallWidth, "External wall width", "The thickness of the outer leaf"},
@@ -47,7 +56,7 @@ WallDialog::WallDialog(const Services& services, ArchSpecStore& store, WallDrawe
     const char* page = internalChosen() ? "Wall Setup (internal)" : "Wall Setup (external)";
     services_.help->open(dialog_, helpTopic(page));
   };
-  describeList(0);
+  describeList();
   describeLayout(external_, kExternalWidths, kExternalRows);
   describeLayout(internal_, kInternalWidths, kInternalRows);
   const int drawing = dialog_.addGroup({.place = {.row = 1, .column = 1}});
@@ -58,17 +67,16 @@ WallDialog::WallDialog(const Services& services, ArchSpecStore& store, WallDrawe
   dialog_.onOk = [this] { return confirm(); };
 }
 
-void WallDialog::describeList(int row) {
-  const int group = dialog_.addGroup({.place = {.row = row, .columnSpan = 2}});
-  list_ = addDropDown(dialog_, {.caption = "Wall", .toolTip = "The wall type to draw or to edit", .group = group});
-  list_.onEdit([this] { selectType(); });
-  addButton(
-      dialog_,
-      {.caption = "Add", .toolTip = "Add what is shown as a new wall type", .group = group, .place = {.column = 1}})
-      .onPress([this] { add(); });
-  addButton(dialog_,
-            {.caption = "Delete", .toolTip = "Delete the wall type shown", .group = group, .place = {.column = 2}})
-      .onPress([this] { remove(); });
+void WallDialog::describeList() {
+  const int group = dialog_.addGroup({.place = {.columnSpan = 2}});
+  chooser_.describe(group, {.show = [this](int number) { chooseType(number); },
+                            .mayBeSaved = [this] { return mayBeSaved(); },
+                            .record =
+                                [this](const std::string& name) {
+                                  takeType();
+                                  drawer_.type.name = name;
+                                  return wallRecord(drawer_.type);
+                                }});
   layer_ = addEditableList(dialog_, {.caption = "Wall layer",
                                      .toolTip = "The layer on which walls of this type are drawn",
                                      .group = group,
@@ -144,11 +152,9 @@ bool WallDialog::run() { return services_.mainFrame->RunDialog(dialog_, services
 bool WallDialog::internalChosen() const { return type_.chosen() == kFirst; }
 
 void WallDialog::open() {
-  store_.loadNames(list_, kWallTypes);
-  list_.select(drawer_.settings.current - 1);
   layer_.setItems(store_.layersAndWallLayers());
   showSettings();
-  showType();
+  chooser_.open(drawer_.settings.current);
 }
 
 void WallDialog::showSettings() {
@@ -201,16 +207,21 @@ void WallDialog::showDirection() {
 
 // ---- Edits --------------------------------------------------------------------------------------------------
 
-void WallDialog::selectType() {
-  drawer_.loadType(list_.selected() + 1);
+void WallDialog::chooseType(int number) {
+  drawer_.loadType(number);
   showType();
+}
+
+std::string WallDialog::layerName() const {
+  std::string name = layer_.text();
+  coreTrimStr(name);
+  cleanName(name, true);
+  return name;
 }
 
 void WallDialog::takeType() {
   WallType& wall = drawer_.type;
-  wall.layer = layer_.text();
-  coreTrimStr(wall.layer);
-  cleanName(wall.layer, true);
+  wall.layer = layerName();
   wall.internal = internalChosen();
   wall.startAngle = startAngle_.GetValue();
   wall.endAngle = endAngle_.GetValue();
@@ -225,29 +236,29 @@ void WallDialog::takeSettings() {
   settings.tracks = method_.chosen() == kSecond;
   settings.outside = justification_.chosen() == kFirst;
   settings.clockwise = direction_.chosen() == kFirst;
-  settings.current = list_.selected() + 1;
+  settings.current = chooser_.number();
 }
 
-void WallDialog::add() {
-  const auto name = askNewName(services_, &dialog_, "Name for new wall");
-  if (!name) { return; }
-  takeType();
-  drawer_.type.name = *name;
-  store_.addRecord(wallRecord(drawer_.type), list_, kWallTypes);
-  selectType();
-}
-
-void WallDialog::remove() {
-  if (list_.selected() < 0) { return; }
-  store_.removeRecord(list_.selected(), list_, kWallTypes);
-  selectType();
+// The host cuts no end at a sharper angle, and the scratch layers come and go.
+bool WallDialog::mayBeSaved() {
+  const auto refuse = [this](const dialog::Handle& field, std::string_view why) {
+    warn(&dialog_, "%s", why);
+    field.focus();
+    return false;
+  };
+  constexpr std::string_view kAngles = "A wall's end is cut at 1 to 179 degrees, or 181 to 359.";
+  if (!isEndAngle(startAngle_.GetValue())) { return refuse(startAngle_, kAngles); }
+  if (!isEndAngle(endAngle_.GetValue())) { return refuse(endAngle_, kAngles); }
+  if (!isScratchName(layerName())) { return true; }
+  return refuse(layer_, numberText::format("The layer \"%s\" holds parts in the making only.", layerName()));
 }
 
 bool WallDialog::confirm() {
+  auto name = chooser_.nameToSave();
+  if (!name || !mayBeSaved()) { return false; }
   takeType();
   takeSettings();
-  drawer_.type.name = list_.text();
-  coreTrimStr(drawer_.type.name);
+  drawer_.type.name = *std::move(name);
   drawer_.save();
   return true;
 }

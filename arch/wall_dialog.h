@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "arch/layer_grid.h"
+#include "arch/record_chooser.h"
 #include "arch/spec_store.h"
 #include "arch/wall_drawer.h"
 #include "frame/host/dialog.h"
@@ -35,31 +36,31 @@ class WallDialog {
     std::string_view toolTip;
   };
 
-  void describeList(int row);
+  void describeList();
   void describeLayout(Layout& layout, std::span<const WidthRow> widths, std::span<const LayerGridRow> rows);
   void describeDrawing(int column);
   void describeEnds(int column);
   void open();
-  void selectType();
   void showSettings();
   void showType();
+  void chooseType(int number);
   void showLayout();
   void methodChosen();
   void followJustification();
   void showDirection();
   void takeType();
   void takeSettings();
-  void add();
-  void remove();
+  bool mayBeSaved();
   bool confirm();
   [[nodiscard]] bool internalChosen() const;
+  [[nodiscard]] std::string layerName() const;
   [[nodiscard]] const Layout& shownLayout() const { return internalChosen() ? internal_ : external_; }
 
   const Services& services_;
   ArchSpecStore& store_;
   WallDrawer& drawer_;
   dialog::Dialog dialog_{"Wall Setup"};
-  dialog::DropDownHandle list_;
+  RecordChooser chooser_;
   dialog::DropDownHandle layer_;
   Layout external_;
   Layout internal_;

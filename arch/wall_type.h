@@ -32,6 +32,12 @@ struct WallType {
   std::array<double, kWallWidths> widths = {};
 };
 
+// Whether the host can cut a wall's end at this angle: 1 to 179 degrees, or 181 to 359. Nearer to its direction of
+// travel the cut would run along the wall.
+constexpr bool isEndAngle(double degrees) {
+  return (degrees >= 1.0 && degrees <= 179.0) || (degrees >= 181.0 && degrees <= 359.0);
+}
+
 // A missing field has the value above.
 WallType readWallType(std::string_view record);
 std::string wallRecord(const WallType& wall);

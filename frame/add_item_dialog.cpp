@@ -1,8 +1,6 @@
 #include "frame/add_item_dialog.h"
 
-#include <algorithm>
-
-#include "frame/host/core_services.h"
+#include "frame/records.h"
 
 namespace ardenix {
 
@@ -14,10 +12,7 @@ std::optional<std::string> askItemName(const Services& services, CWnd* owner, st
   addOkCancel(box, 1);
   box.onOpen = [&field] { field.focus(); };
   if (!services.mainFrame->RunDialog(box, owner)) { return std::nullopt; }
-  std::string name = field.text();
-  std::ranges::replace(name, ',', ' ');
-  coreTrimStr(name);
-  return name;
+  return asRecordName(field.text());
 }
 
 }  // namespace ardenix

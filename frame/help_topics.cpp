@@ -7,7 +7,7 @@ namespace ardenix {
 
 namespace {
 
-// Page names as the help file spells them, slips included.
+// Page names as the help file spells them: the spellings are part of its format and stay.
 constexpr HelpTopic kHelpTopics[] = {
     {"Architectural Setup", "Ardenix/Architectural_Tools/Dialogs/Architectural_Setup_Dialog.htm"},
     {"Building Standards Setup",

@@ -1,5 +1,6 @@
 #include "frame/records.h"
 
+#include <algorithm>
 #include <array>
 
 #include "frame/host/core_services.h"
@@ -17,5 +18,12 @@ bool flagField(std::string_view record, int n, bool fallback, char separator) {
 }
 
 std::string recordName(std::string_view record) { return textField(record, 1); }
+
+std::string asRecordName(std::string_view typed) {
+  std::string name(typed);
+  std::ranges::replace(name, kFieldSeparator, ' ');
+  coreTrimStr(name);
+  return name;
+}
 
 }  // namespace ardenix

@@ -14,5 +14,7 @@ bool flagField(std::string_view record, int n, bool fallback, char separator = k
 
 // Field 1 of a record.
 std::string recordName(std::string_view record);
+// What was typed as a name, as a record can hold it: with blanks for commas, and without blanks around it.
+std::string asRecordName(std::string_view typed);
 
 }  // namespace ardenix

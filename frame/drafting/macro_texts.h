@@ -34,6 +34,8 @@ inline constexpr std::string_view kHome = "#HOME";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
 inline constexpr std::string_view kPlainLine = "#LINETYPE 1 1";
 inline constexpr std::string_view kNoWidth = "#WIDTH 0";
+// Puts the current line type, pen and width into the macro variables L, P and W.
+inline constexpr std::string_view kLineDefinition = "ENQUIRE \"LINEDEF\" L P W C S F R G B";
 
 std::string parent(std::string_view name);
 std::string beginGroup(std::string_view name);

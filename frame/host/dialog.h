@@ -239,6 +239,9 @@ class DropDownHandle : public Handle {
     return list.selected >= 0 && list.selected < count() ? list.items[static_cast<size_t>(list.selected)]
                                                          : std::string();
   }
+  // The last change was typed into an editable list, key by key or at once. On its way it may have been the text of
+  // another entry, which the user did not mean.
+  [[nodiscard]] bool typed() const { return as<DropDown>().typed; }
   void setItems(std::vector<std::string> items) const {
     as<DropDown>().items = std::move(items);
     select(-1);
@@ -256,6 +259,7 @@ class DropDownHandle : public Handle {
     DropDown& list = as<DropDown>();
     list.selected = item >= 0 && item < count() ? item : -1;
     list.text = list.selected >= 0 ? list.items[static_cast<size_t>(list.selected)] : std::string();
+    list.typed = false;
     changed();
   }
   // Of an editable list: the text of an entry selects it.

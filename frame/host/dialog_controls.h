@@ -63,7 +63,8 @@ struct DropDown {
   std::vector<std::string> items;
   int selected = -1;
   bool editable = false;
-  std::string text;  // of an editable list
+  std::string text;    // of an editable list
+  bool typed = false;  // the user typed the text, and did not choose it
 };
 
 struct PictureItem {

@@ -144,6 +144,7 @@ Refusal DialogSession::replaceText(int control, const std::string& text) {
   } else if (auto* list = std::get_if<DropDown>(&state); list != nullptr && list->editable) {
     list->text = text;
     list->selected = indexOf(list->items, text);
+    list->typed = true;
   } else {
     return notThisKind(named(control), state, "takes no typed text");
   }
@@ -227,6 +228,7 @@ Refusal DialogSession::chooseEntry(int control, const std::string& item) {
   } else if (auto* list = std::get_if<DropDown>(&state)) {
     list->selected = index;
     list->text = list->items[static_cast<size_t>(index)];
+    list->typed = false;
   } else if (auto* pictures = std::get_if<PictureList>(&state)) {
     pictures->selected = index;
   } else if (auto* columns = std::get_if<ColumnList>(&state)) {

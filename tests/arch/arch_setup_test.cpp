@@ -128,6 +128,28 @@ TEST_F(ArchSetup, DeletingTheFirstStandardMovesTheOthersDown) {
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "missing");
 }
 
+TEST_F(ArchSetup, TheFirstStandardIsShownWhereTheFileNamesNoneThatIsThere) {
+  for (const std::string current : {"", "Current=0\n", "Current=4\n"}) {
+    const std::string path =
+        useSpecs("[BLDG_STD]\n" + current + kThreeStandards.substr(kThreeStandards.find("[BLDG_STD_TYPES]")));
+    play(kArchSetup + kStandards + "expect \"Building standard\" \"One\"\nexpect \"Maximum rise\" \"190.00\"\n" + kOk +
+         kCancel);
+    EXPECT_EQ(value(path, "BLDG_STD", "Current"), "1") << current;
+    EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd0"), "missing") << current;
+  }
+}
+
+TEST_F(ArchSetup, WithoutAStandardOkAsksForOneAndNamesCanBeEdited) {
+  const std::string path = useSpecs("");
+  play(kArchSetup + kStandards + "expect \"Maximum rise\" \"200.00\"\n" + kOk +
+       "expect message \"There is no building standard yet. Press Add to save what is shown as the first one.\"\n" +
+       kCancel + kCancel);
+  EXPECT_EQ(read(path), "");
+  useSpecs(kThreeStandards);
+  play(kArchSetup + kStandards + "set \"Building standard\" \"Second\"\n" + kOk + kCancel);
+  EXPECT_TRUE(value(path, "BLDG_STD_TYPES", "BldgStd2").starts_with("Second,180.00,"));
+}
+
 TEST_F(ArchSetup, NamesAreSavedWithoutTheBlanksAroundThem) {
   const std::string path = useSpecs(
       "[BLDG_STD]\nCurrent=1\n[BLDG_STD_TYPES]\nBldgStd1=One ,180\n[WALLS]\nCurrent=1\n[WALL_TYPES]\nWall1=Thin ,W\n");

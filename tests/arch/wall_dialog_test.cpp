@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "frame/names.h"
 #include "tests/arch/arch_session.h"
 
 namespace {
@@ -134,20 +135,83 @@ TEST_F(WallDialog, DeletingMovesTheLaterTypesDown) {
   EXPECT_TRUE(read(path_).starts_with("; kept\n"));
 }
 
-TEST_F(WallDialog, AFileWithoutTypesDrawsAWallThatIsInNoList) {
+// ---- What cannot be saved ------------------------------------------------------------------------------------
+
+TEST_F(WallDialog, TheFirstTypeIsShownWhereTheFileNamesNoneThatIsThere) {
+  for (const std::string current : {"", "Current=0\n", "Current=3\n", "Current=-1\n"}) {
+    path_ = useSpecs("[WALLS]\n" + current + "[WALL_TYPES]\nWall1=" + kOuter + "\nWall2=" + kInner + "\n");
+    play(kWallSetup + "expect \"Wall\" \"Outer\"\nexpect \"Cavity width\" \"50.00\"\n" + kOk);
+    EXPECT_EQ(setting("Current") + record(1), "1" + kOuter) << current;
+    EXPECT_EQ(value(path_, "WALL_TYPES", "Wall0"), "missing") << current;
+  }
+}
+
+TEST_F(WallDialog, WithoutATypeOkAsksForOne) {
+  const std::string refused =
+      kOk + "expect message \"There is no wall type yet. Press Add to save what is shown as the first one.\"\n";
   for (const std::string content : {"", "[WALLS]\nCurrent=7\n[WALL_TYPES]\n"}) {
     path_ = useSpecs(content);
-    play(
-        "run ArchDrawWalls\ndialog \"Wall Setup\"\nexpect \"Wall\" items\nexpect \"Wall type\" \"Internal\"\n"
-        "expect \"Start angle\" \"90.00\"\nexpect \"Layers\" 4 \"Vis\" \"Yes\"\nset \"Wall width\" 110\n"
-        "rightclick \"Layers\" 1 \"Vis\"\nrightclick \"Layers\" 4 \"Vis\"\n" +
-        kOk + "point 0 0\npoint 0 3000\nspace\nspace\n");
-    EXPECT_EQ(drawing().count(), 4U);
-    EXPECT_EQ(groups(), Texts{"_ PLN1 4"});
-    play(numberText::format("%sexpect \"Wall\" items\nexpect \"Wall width\" \"110.00\"\n%s\"First\"\n%s%s", kWallSetup,
-                            kAddNamed, kOk, kOk));
+    play("run ArchDrawWalls\ndialog \"Wall Setup\"\nexpect \"Wall\" items\n" + refused + "set \"Wall\" \"My wall\"\n" +
+         refused + kCancel);
+    EXPECT_EQ(read(path_), content);
+    EXPECT_EQ(log_.of("prompt"), Texts{});
+    play(kWallSetup + "set \"Wall width\" 110\n" + kAddNamed + "\"First\"\n" + kOk + kOk);
     EXPECT_EQ(setting("Current") + record(1).substr(0, 8), "1First,_,");
   }
+  path_ = useSpecs(kTwoWalls);
+  play(kWallSetup + "press \"Delete\"\npress \"Delete\"\n" + refused + kCancel);
+}
+
+TEST_F(WallDialog, EndsAreCutAtAnglesThatTheHostTakes) {
+  const std::string refused = kOk + "expect message \"A wall's end is cut at 1 to 179 degrees, or 181 to 359.\"\n";
+  for (const std::string field : {"Start angle", "End angle"}) {
+    for (const std::string angle : {"0", "0.99", "179.01", "180", "180.99", "359.01", "360"}) {
+      play(kWallSetup + "set \"" + field + "\" " + angle + "\n" + refused + "press \"Add\"\n" +
+           refused.substr(kOk.size()) + "expect focus \"" + field + "\"\n" + kCancel);
+      EXPECT_EQ(read(path_), kTwoWalls) << field << " " << angle;
+    }
+    for (const std::string angle : {"1", "179", "181", "359"}) {
+      play("run ArchDrawWalls\ndialog \"Wall Setup\"\nset \"" + field + "\" " + angle + "\n" + kOk +
+           "point 0 0\npoint 99000 0\nspace\nspace\n");
+      EXPECT_GT(drawing().count(), 0U) << field << " " << angle;
+      useSpecs(kTwoWalls);
+    }
+  }
+}
+
+TEST_F(WallDialog, ALayerThatComesAndGoesHoldsNoWalls) {
+  for (const std::string layer : {"arch scratch lnk", "ARCH_SCRATCH_RPT", "Mech_Scratch", "MECH_SCRATCH_LNK"}) {
+    std::string name = layer;
+    ardenix::cleanName(name, true);
+    play(kWallSetup + "set \"Wall layer\" \"" + layer + "\"\n" + kOk + "expect message \"The layer \\\"" + name +
+         "\\\" holds parts in the making only.\"\n" + kCancel);
+    EXPECT_EQ(read(path_), kTwoWalls) << layer;
+  }
+}
+
+// ---- Names -------------------------------------------------------------------------------------------------
+
+TEST_F(WallDialog, ANameTypedOverTheOldOneIsSaved) {
+  play(kWallSetup + "set \"Wall\" \" Garden, low \"\nexpect \"Cavity width\" \"50.00\"\n" + kOk);
+  EXPECT_TRUE(record(1).starts_with("Garden  low,OUTER,0,")) << record(1);
+  EXPECT_EQ(record(2), kInner);
+  play(kWallSetup + "set \"Wall\" \" , \"\n" + kOk + "expect message \"Invalid name! Please try again.\"\n" + kCancel);
+}
+
+// Neither a name that passes through another's on its way nor what was set meanwhile is lost.
+TEST_F(WallDialog, TypingThroughAnotherNameChoosesNothing) {
+  play(kWallSetup + "set \"Cavity width\" 75\ntype \"Wall\" \"Inner leaf\"\nexpect \"Cavity width\" \"75.00\"\n" + kOk);
+  EXPECT_TRUE(record(1).starts_with("Inner leaf,OUTER,0,")) << record(1);
+  EXPECT_NE(record(1).find(",150.00,110.00,75.00,"), std::string::npos);
+  EXPECT_EQ(setting("Current") + record(2), "1" + kInner);
+}
+
+TEST_F(WallDialog, TheWholeNameOfAnotherTypeChoosesIt) {
+  play(kWallSetup + "set \"Wall\" \"Inner\"\nexpect \"Wall width\" \"90.00\"\n" + kOk);
+  EXPECT_EQ(setting("Current") + record(1) + record(2), "2" + kOuter + kInner);
+  play(kWallSetup +
+       "set \"Wall\" \"Gone\"\npress \"Delete\"\nexpect \"Wall\" \"Outer\"\nexpect \"Wall\" items \"Outer\"\n" +
+       kCancel);
 }
 
 }  // namespace

@@ -74,12 +74,27 @@ TEST_F(Architecture, AWallTypeIsEditedInItsGridAndDrawn) {
 TEST_F(Architecture, TheLayoutFollowsTheTypeOfWall) {
   whenDialog([](DialogWindow& dialog) {
     auto* walls = dialog.findChildren<QComboBox*>().front();
-    walls->setCurrentText("Brick 110");
+    walls->setCurrentIndex(walls->findText("Brick 110"));
     emit walls->activated(walls->currentIndex());
     EXPECT_EQ(gridShown(dialog).rowCount(), 4);
     QTest::keyClick(&dialog, Qt::Key_Escape);
   });
   act([this] { type("ArchSetWalls"); });
+}
+
+TEST_F(Architecture, ANameIsTypedOverTheOldOne) {
+  const std::string before = record(1);
+  whenDialog([](DialogWindow& dialog) {
+    auto* walls = dialog.findChildren<QComboBox*>().front();
+    const int rows = gridShown(dialog).rowCount();
+    walls->lineEdit()->selectAll();
+    QTest::keyClicks(walls->lineEdit(), "Brick 110 both sides");  // through the name of another type
+    EXPECT_EQ(walls->currentText(), "Brick 110 both sides");
+    EXPECT_EQ(gridShown(dialog).rowCount(), rows);
+    press(dialog, "OK");
+  });
+  act([this] { type("ArchSetWalls"); });
+  EXPECT_EQ(record(1), "Brick 110 both sides" + before.substr(before.find(',')));
 }
 
 TEST_F(Architecture, BuildingStandardsOpenFromTheSetup) {
