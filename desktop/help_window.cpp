@@ -8,7 +8,7 @@
 
 #include "desktop/dialog_window.h"
 #include "desktop/texts.h"
-#include "host/window/control_text.h"
+#include "host/window/dialog_fields.h"
 
 namespace brevan {
 
@@ -35,15 +35,8 @@ struct FamilyChapter {
 constexpr FamilyChapter kChapters[] = {{"Ardenix/Architectural", "architectural.md"},
                                        {"Ardenix/Survey", "survey-settings.md"}};
 
-// A library's list is not its meaning.
-constexpr size_t kMostItems = 12;
-
-std::string takenBy(const dialog::State& state) {
-  const std::string kind(kindName(state));
-  const size_t items = itemTexts(state).size();
-  if (items > kMostItems) { return kind + ": one of " + std::to_string(items); }
-  const std::string range = rangeText(state);
-  return range.empty() ? kind : kind + ": " + range;
+std::string takenBy(const FieldLine& line) {
+  return std::string(line.kind) + (line.takes.empty() ? "" : ": ") + line.takes;
 }
 
 QString row(const std::string& name, const std::string& takes, const std::string& use) {
@@ -57,7 +50,7 @@ QString helpOn(dialog::Dialog& dialog) {
   QString rows;
   for (const FieldLine& line : fieldLines(dialog)) {
     if (!isShown(dialog, line.control)) { continue; }
-    rows += row(line.name, line.item ? "" : takenBy(dialog.control(line.control).state), line.toolTip);
+    rows += row(line.name, takenBy(line), line.toolTip);
   }
   return "<h2>" + shown(dialog.title()).toHtmlEscaped() +
          "</h2><table cellpadding=4 border=1 style=\"border-collapse: collapse\">" + "<tr><th>" +

@@ -10,7 +10,6 @@
 #include <QToolBar>
 #include <utility>
 
-#include "desktop/control_widgets.h"
 #include "desktop/help_window.h"
 #include "desktop/icons.h"
 #include "desktop/main_window.h"
@@ -19,6 +18,7 @@
 #include "desktop/prompt_bar.h"
 #include "desktop/shortcut_bar.h"
 #include "desktop/texts.h"
+#include "frame/host/dialog.h"
 #include "frame/host/limits.h"
 #include "frame/host/number_text.h"
 #include "host/tools/drawing_tools.h"

@@ -1,5 +1,4 @@
 #include "desktop/main_window.h"
-#include "desktop/control_widgets.h"
 #include "desktop/help_window.h"
 
 #include <QApplication>

@@ -5,8 +5,7 @@
 
 #include "frame/host/limits.h"
 #include "host/core/text_encoding.h"
-#include "host/scripts/dialog_answers.h"
-#include "host/window/control_text.h"
+#include "host/scripts/dialog_statements.h"
 #include "host/window/file_filters.h"
 
 namespace brevan {
@@ -240,7 +239,7 @@ bool ScriptUser::runDialog(dialog::Dialog& dialog) {
 void ScriptUser::operate(DialogSession& session, dialog::Dialog& dialog) {
   if (checkStop) { checkStop(); }
   const Statement* next = cursor_.peek();
-  const DialogAnswer* row = next == nullptr ? nullptr : dialogAnswer(next->name());
+  const OperationRow* row = next == nullptr ? nullptr : operationNamed(next->name());
   if (row == nullptr && (next == nullptr || next->name() != "expect")) {
     const std::string said = lastMessage_.empty() ? "" : " (it said " + quotedUtf8(lastMessage_) + ')';
     cursor_.failHere("the dialog " + quotedUtf8(dialog.title()) + " is open" + said);
@@ -252,7 +251,7 @@ void ScriptUser::operate(DialogSession& session, dialog::Dialog& dialog) {
   }
   noteProgress();
   lastMessage_.clear();
-  const DialogSession::Refusal refusal = row->operate(DialogStep{cursor_, statement, session, dialog});
+  const DialogSession::Refusal refusal = session.perform(readOperation(cursor_, statement, *row, dialog));
   if (!refusal) { return; }
   const bool awaited = cursor_.nextIs("expect") && cursor_.peek()->words.size() == 3 &&
                        cursor_.peek()->words[1].text == "message" && cursor_.peek()->words[2].text == *refusal;

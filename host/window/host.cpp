@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "frame/host/core_services.h"
-#include "frame/host/dialog.h"
+#include "frame/host/dialog_description.h"
 #include "host/macros/command.h"
 
 namespace brevan {
