@@ -113,12 +113,9 @@ std::string commandDescription(const std::string& command, const Places& places)
   Looker user;
   FileServices files(places.dataFolder, places.dataFolder, FileServices::Confinement{scratch.path(), nullptr});
   INI_LIST settings("");
-  settings.SetString("MechanicalTools", "SpecFile", "ISO Mechspecs.ini");
-  settings.SetString("SG_DEFAULTS", "SG_DiaramFile", "SG Diagram.ini");
-  settings.SetString("SG_DEFAULTS", "SG_GenPlanFile", "General Plan.ini");
-  settings.SetString("SG_DEFAULTS", "SG_SectionalFile", "Sectional Plan.ini");
   Host host(HostParts{user, files, settings, nullptr, places.helpFile});
   host.loadModule(places.module);
+  addFirstSettings(host.module()->commands(), settings);
   host.runCommand(command);
   return user.text().empty() ? command + " has no dialog\n" : user.text();
 }

@@ -65,7 +65,8 @@ void MainWindow::refreshIcons() {
   const IconLook look{palette().color(QPalette::WindowText), palette().color(QPalette::Base), devicePixelRatioF(),
                       icons_.size(), penChoice_ != nullptr};
   if (std::exchange(iconLook_, look) == look) { return; }
-  for (const auto& [action, icon] : icons_) { action->setIcon(toolIcon(icon, *this)); }
+  const QString folder = QString::fromStdString(parts_.places.dataFolder) + "/icons";
+  for (const auto& [action, icon] : icons_) { action->setIcon(toolIcon(icon, folder, *this)); }
   if (penChoice_ == nullptr) { return; }
   for (int pen = 0; pen < penChoice_->count(); ++pen) { penChoice_->setItemIcon(pen, penIcon(pen + 1, *this)); }
   for (int type = 0; type < lineTypeChoice_->count(); ++type) {
@@ -207,7 +208,7 @@ void MainWindow::buildCommandMenus() {
       QAction* made = action(*menu, "", shown(command.caption), {}, [this, name] { runCommand(name); });
       made->setObjectName(name);
       made->setToolTip(shown(dialog::plainCaption(command.caption)));
-      icons_.emplace_back(made, name);
+      icons_.emplace_back(made, command.icon);
       bar->addAction(made);
     }
   }
@@ -339,7 +340,7 @@ void MainWindow::editSettings() {
     scale.SetValue(parameters.scale());
     unit.SetValue(parameters.unit());
     orientation.setChecked(parameters.orientation() == 1);
-    dialog.onHelp = [this](int) { help_->showTopic(""); };
+    dialog.onHelp = [this](int) { help_->showTopic("", nullptr); };
     if (!user_->runDialog(dialog)) { return; }
     const auto set = [this](const char* name, double before, double now) {
       if (before == now) { return; }

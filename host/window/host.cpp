@@ -99,6 +99,7 @@ std::vector<std::string> Host::windowNames() const {
 // did not end well.
 void Host::endCommand(size_t windowsBefore, DrawingWindow& window, bool well) {
   running_ = false;
+  command_ = nullptr;
   for (size_t opened = windowsBefore; opened < windows_.size(); ++opened) { windows_[opened]->endCommand(well); }
   window.endCommand(well);
   if (well) { return; }
@@ -107,9 +108,12 @@ void Host::endCommand(size_t windowsBefore, DrawingWindow& window, bool well) {
 }
 
 void Host::runCommand(std::string_view name) {
-  const CommandRow* command = module_ != nullptr ? module_->command(name) : nullptr;
+  const CommandRow* const command = module_ != nullptr ? module_->command(name) : nullptr;
   if (command == nullptr) { throw HostFailure("There is no command \"" + std::string(name) + "\"."); }
-  runStep(std::string(name), [&](DrawingWindow& window) { module_->call(*command, window); });
+  runStep(std::string(name), [&](DrawingWindow& window) {
+    command_ = command;
+    module_->call(*command, window);
+  });
   parts_.settings.Save();  // what the command set outlasts the session
 }
 

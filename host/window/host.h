@@ -75,6 +75,8 @@ class Host {
   // Runs one of the module's commands on the current window as one undo step. A command that throws leaves
   // the drawing as it was; the exception goes on. Throws HostFailure for a name that is no command.
   void runCommand(std::string_view name);
+  // The one that runs; null where none does.
+  [[nodiscard]] const CommandRow* runningCommand() const { return command_; }
   // Runs a tool of the host's own likewise; what is selected stays so for it.
   void runTool(std::string_view name, void (*work)(DrawingWindow& window));
   // Runs one macro command as typed by the user. Throws MacroError.
@@ -114,7 +116,8 @@ class Host {
   PlainShortcutBar shortcutBar_;
   std::vector<std::unique_ptr<DrawingWindow>> windows_;
   size_t current_ = 0;
-  bool running_ = false;  // a command; the windows that it opens belong to its step
+  const CommandRow* command_ = nullptr;  // the one that runs
+  bool running_ = false;                 // a command or a tool; the windows that it opens belong to its step
   std::unique_ptr<Module> module_;
 };
 
