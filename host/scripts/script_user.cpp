@@ -89,6 +89,12 @@ void ScriptUser::expectNow(const Statement& statement, DialogSession* session, d
     cursor_.expectWords(statement, 3, 3);
     if (cursor_.string(statement, 2) != "message") { cursor_.fail(statement, "expect no is followed by message"); }
     if (messagesSince_ > 0) { cursor_.fail(statement, "there was the message " + quotedUtf8(lastMessage_)); }
+  } else if (bare && what == "dialog" && dialog != nullptr) {
+    cursor_.expectWords(statement, 3, 3);
+    if (!isExpected(cursor_.string(statement, 2), what, dialog->title())) {
+      cursor_.fail(statement, "the dialog is " + quotedUtf8(dialog->title()) + ", the script expects " +
+                                  quotedUtf8(statement.words[2].text));
+    }
   } else if (bare && (what == "prompt" || what == "message" || what == "dialog" || what == "menu")) {
     cursor_.fail(statement, "the script expects a " + what + ", there is none");
   } else if (dialog != nullptr) {
