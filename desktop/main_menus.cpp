@@ -252,7 +252,9 @@ void MainWindow::buildStyleBar() {
   add(tr("Layer"), layerChoice_);
   add(tr("Pen"), penChoice_);
   add(tr("Line type"), lineTypeChoice_);
+  layerChoice_->setCompleter(nullptr);  // a name is taken as it is typed
   connect(layerChoice_, &QComboBox::textActivated, this, &MainWindow::setStyle);
+  connect(layerChoice_->lineEdit(), &QLineEdit::returnPressed, this, &MainWindow::setStyle);
   connect(penChoice_, &QComboBox::activated, this, &MainWindow::setStyle);
   connect(lineTypeChoice_, &QComboBox::activated, this, &MainWindow::setStyle);
   refreshIcons();
