@@ -5,9 +5,10 @@
 #include <optional>
 #include <set>
 
-#include "frame/host/dialog.h"
+#include "frame/host/dialog_description.h"
 #include "host/core/text_encoding.h"
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
+#include "host/window/dialog_fields.h"
 #include "host/window/dialog_session.h"
 #include "host/window/host.h"
 #include "host/window/silent_user.h"
@@ -44,11 +45,8 @@ std::string described(dialog::Dialog& dialog) {
   std::string text = "dialog \"" + toUtf8(dialog.title()) + "\"\n";
   for (const FieldLine& line : fieldLines(dialog)) {
     text += (line.item ? "    \"" : "  \"") + toUtf8(line.name) + '"';
-    if (!line.item) {
-      const dialog::State& state = dialog.control(line.control).state;
-      const std::string range = rangeText(state);
-      text += "  " + std::string(kindName(state)) + (range.empty() ? "" : "  " + toUtf8(range));
-    }
+    if (!line.kind.empty()) { text += "  " + std::string(line.kind); }
+    if (!line.takes.empty()) { text += "  " + toUtf8(line.takes); }
     text += (line.toolTip.empty() ? "" : "  (" + toUtf8(line.toolTip) + ')') + '\n';
   }
   return text;
@@ -115,12 +113,9 @@ std::string commandDescription(const std::string& command, const Places& places)
   Looker user;
   FileServices files(places.dataFolder, places.dataFolder, FileServices::Confinement{scratch.path(), nullptr});
   INI_LIST settings("");
-  settings.SetString("MechanicalTools", "SpecFile", "ISO Mechspecs.ini");
-  settings.SetString("SG_DEFAULTS", "SG_DiaramFile", "SG Diagram.ini");
-  settings.SetString("SG_DEFAULTS", "SG_GenPlanFile", "General Plan.ini");
-  settings.SetString("SG_DEFAULTS", "SG_SectionalFile", "Sectional Plan.ini");
   Host host(HostParts{user, files, settings, nullptr, places.helpFile});
   host.loadModule(places.module);
+  addFirstSettings(host.module()->commands(), settings);
   host.runCommand(command);
   return user.text().empty() ? command + " has no dialog\n" : user.text();
 }

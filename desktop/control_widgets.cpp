@@ -10,31 +10,12 @@
 
 #include "desktop/pen_widgets.h"
 #include "desktop/texts.h"
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
 
 // Buttons, ticks and tabs; fields, lists, grids and pictures have files of their own.
 namespace brevan {
 
 using namespace dialog;
-
-QString scriptString(const QString& text) {
-  QString escaped = text;
-  escaped.replace('\\', "\\\\").replace('"', "\\\"");
-  return '"' + escaped + '"';
-}
-
-QString ControlWidget::statement(const char* word, const QString& rest) const {
-  const QString address = scriptString(shown(addressOf(owner_.description(), control_)));
-  return QString(word) + ' ' + address + (rest.isEmpty() ? "" : ' ' + rest);
-}
-
-bool hasLabelBefore(const State& state) {
-  return !std::holds_alternative<CheckBox>(state) && !std::holds_alternative<Button>(state) &&
-         !std::holds_alternative<Label>(state) && !std::holds_alternative<RadioGroup>(state) &&
-         !std::holds_alternative<Tabs>(state) && !std::holds_alternative<MenuBar>(state) &&
-         !std::holds_alternative<StatusLine>(state) && !std::holds_alternative<Picture>(state) &&
-         !std::holds_alternative<Preview>(state) && !std::holds_alternative<PixelCanvas>(state);
-}
 
 namespace {
 
@@ -43,11 +24,8 @@ class CheckWidget : public ControlWidget {
   CheckWidget(DialogOperator& owner, int control, QWidget* parent) : ControlWidget(owner, control) {
     box_ = new QCheckBox(brevan::shown(this->control().caption), parent);
     widget_ = target_ = box_;
-    QObject::connect(box_, &QCheckBox::clicked, box_, [this](bool checked) {
-      owner_.operate(
-          control_, [this, checked](DialogSession& session) { return session.check(control_, checked); },
-          statement(checked ? "check" : "uncheck"));
-    });
+    QObject::connect(box_, &QCheckBox::clicked, box_,
+                     [this](bool checked) { operate(checked ? Verb::kCheck : Verb::kUncheck); });
   }
   void show() override { box_->setChecked(state<CheckBox>().checked); }
 
@@ -68,12 +46,8 @@ class RadioWidget : public ControlWidget {
       if (owner.description().toolTipsShown()) { button->setToolTip(brevan::shown(group.items[item].toolTip)); }
       column->addWidget(button);
       buttons_.push_back(button);
-      QObject::connect(button, &QRadioButton::clicked, button, [this, item] {
-        const std::string caption = itemTexts(this->control().state).at(item);
-        owner_.operate(
-            control_, [this, caption](DialogSession& session) { return session.choose(control_, caption); },
-            statement("pick", scriptString(brevan::shown(caption))));
-      });
+      QObject::connect(button, &QRadioButton::clicked, button,
+                       [this, item] { operate(Verb::kPick, {itemTexts(this->control().state).at(item)}); });
     }
     target_ = buttons_.empty() ? nullptr : buttons_.front();
   }
@@ -99,10 +73,7 @@ class ButtonWidget : public ControlWidget {
     button_->setDefault(state<Button>().role == ButtonRole::kOk);
     button_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     widget_ = target_ = button_;
-    QObject::connect(button_, &QPushButton::clicked, button_, [this] {
-      owner_.operate(
-          control_, [this](DialogSession& session) { return session.press(control_); }, statement("press"));
-    });
+    QObject::connect(button_, &QPushButton::clicked, button_, [this] { operate(Verb::kPress); });
   }
   void show() override {}
 
@@ -116,10 +87,7 @@ class PenWidget : public ControlWidget {
     button_ = new QPushButton(parent);
     button_->setAutoDefault(false);
     widget_ = target_ = button_;
-    QObject::connect(button_, &QPushButton::clicked, button_, [this] {
-      owner_.operate(
-          control_, [this](DialogSession& session) { return session.press(control_); }, statement("press"));
-    });
+    QObject::connect(button_, &QPushButton::clicked, button_, [this] { operate(Verb::kPress); });
   }
   void show() override {
     button_->setIcon(penIcon(state<PenButton>().pen, *button_));
@@ -138,10 +106,7 @@ class TabsWidget : public ControlWidget {
     for (const std::string& page : state<Tabs>().pages) { bar_->addTab(brevan::shown(page)); }
     QObject::connect(bar_, &QTabBar::currentChanged, bar_, [this](int page) {  // by mouse or arrow key
       if (page < 0 || page == state<Tabs>().current) { return; }
-      const std::string name = state<Tabs>().pages.at(static_cast<size_t>(page));
-      owner_.operate(
-          control_, [this, name](DialogSession& session) { return session.choose(control_, name); },
-          "tab " + scriptString(brevan::shown(name)));
+      owner_.operate({Verb::kTab, -1, {}, {state<Tabs>().pages.at(static_cast<size_t>(page))}});
     });
   }
   void show() override { bar_->setCurrentIndex(state<Tabs>().current); }
@@ -152,17 +117,26 @@ class TabsWidget : public ControlWidget {
 
 }  // namespace
 
-std::unique_ptr<ControlWidget> makeControlWidget(DialogOperator& owner, int control, QWidget* parent) {
-  const State& state = owner.description().control(control).state;
-  if (std::holds_alternative<CheckBox>(state)) { return std::make_unique<CheckWidget>(owner, control, parent); }
-  if (std::holds_alternative<RadioGroup>(state)) { return std::make_unique<RadioWidget>(owner, control, parent); }
-  if (std::holds_alternative<Button>(state)) { return std::make_unique<ButtonWidget>(owner, control, parent); }
-  if (std::holds_alternative<PenButton>(state)) { return std::make_unique<PenWidget>(owner, control, parent); }
-  if (std::holds_alternative<Tabs>(state)) { return std::make_unique<TabsWidget>(owner, control, parent); }
-  for (const auto make : {makeTextWidget, makeListWidget, makeGridWidget, makePictureWidget}) {
-    if (auto made = make(owner, control, parent)) { return made; }
-  }
-  return nullptr;
+MadeWidget makeWidget(const CheckBox&, const WidgetPlace& place) {
+  return std::make_unique<CheckWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const RadioGroup&, const WidgetPlace& place) {
+  return std::make_unique<RadioWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const Button&, const WidgetPlace& place) {
+  return std::make_unique<ButtonWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const PenButton&, const WidgetPlace& place) {
+  return std::make_unique<PenWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const Tabs&, const WidgetPlace& place) {
+  return std::make_unique<TabsWidget>(place.owner, place.control, place.parent);
+}
+
+MadeWidget makeControlWidget(DialogOperator& owner, int control, QWidget* parent) {
+  const WidgetPlace place{owner, control, parent};
+  return std::visit([&place](const auto& kind) { return makeWidget(kind, place); },
+                    owner.description().control(control).state);
 }
 
 }  // namespace brevan

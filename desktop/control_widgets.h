@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include "frame/host/dialog.h"
-#include "host/window/dialog_session.h"
+#include "frame/host/dialog_description.h"
+#include "host/window/dialog_operations.h"
 
 namespace brevan {
 
@@ -18,9 +19,8 @@ class DialogOperator {
   DialogOperator(const DialogOperator&) = delete;
   DialogOperator& operator=(const DialogOperator&) = delete;
   virtual ~DialogOperator() = default;
-  // The user did something: runs it, shows a refusal at the control, notes the statement of a script.
-  virtual void operate(int control, const std::function<DialogSession::Refusal(DialogSession&)>& action,
-                       const QString& statement) = 0;
+  // The user did something: carries it out, shows a refusal at the control, notes the statement of a script.
+  virtual void operate(const DialogOperation& operation) = 0;
   [[nodiscard]] virtual dialog::Dialog& description() = 0;
   // A folder of vector art.
   [[nodiscard]] virtual QString pictureFolder() const = 0;
@@ -47,25 +47,47 @@ class ControlWidget {
     return owner_.description().state<Kind>(control_);
   }
   [[nodiscard]] const dialog::Control& control() const { return owner_.description().control(control_); }
-  // "set \"Address\"" of this control, for the recorder.
-  [[nodiscard]] QString statement(const char* word, const QString& rest = {}) const;
+  // What the user did to this control.
+  void operate(Verb verb, std::vector<std::string> texts = {}, std::optional<int> number = {}) const {
+    owner_.operate({verb, control_, number, std::move(texts)});
+  }
   DialogOperator& owner_;
   int control_;
   QWidget* widget_ = nullptr;
   QWidget* target_ = nullptr;
 };
 
-// A text as a script's string.
-QString scriptString(const QString& text);
+struct WidgetPlace {
+  DialogOperator& owner;
+  int control;
+  QWidget* parent;
+};
+using MadeWidget = std::unique_ptr<ControlWidget>;
 
-// A caption as Qt marks it: "&" is the same, "_" nothing.
-std::unique_ptr<ControlWidget> makeControlWidget(DialogOperator& owner, int control, QWidget* parent);
-std::unique_ptr<ControlWidget> makeTextWidget(DialogOperator& owner, int control, QWidget* parent);
-std::unique_ptr<ControlWidget> makeListWidget(DialogOperator& owner, int control, QWidget* parent);
-std::unique_ptr<ControlWidget> makeGridWidget(DialogOperator& owner, int control, QWidget* parent);
-std::unique_ptr<ControlWidget> makePictureWidget(DialogOperator& owner, int control, QWidget* parent);
+// The widget of a control, by its kind; null for a menu bar, which is no part of the layout. Each kind has one of the
+// functions below, so that none can be forgotten.
+MadeWidget makeControlWidget(DialogOperator& owner, int control, QWidget* parent);
 
-// Whether the caption stands before the widget, as a field's does, and not in it.
-bool hasLabelBefore(const dialog::State& state);
+MadeWidget makeWidget(const dialog::Label&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::StatusLine&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::ReadOnlyText&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::NumberEdit&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::TextEdit& text, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::CheckBox&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::RadioGroup&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::DropDown&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::PictureList&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::LineTypeList&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::ListBox&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::ColumnList&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::Tree&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::PenButton&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::Picture&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::PixelCanvas&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::Preview&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::Button&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::Grid&, const WidgetPlace& place);
+MadeWidget makeWidget(const dialog::Tabs&, const WidgetPlace& place);
+inline MadeWidget makeWidget(const dialog::MenuBar&, const WidgetPlace&) { return nullptr; }
 
 }  // namespace brevan

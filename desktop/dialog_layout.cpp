@@ -10,9 +10,8 @@
 #include <functional>
 #include <map>
 
-#include "desktop/recorder.h"
 #include "desktop/texts.h"
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
 
 namespace brevan {
 
@@ -29,12 +28,7 @@ void addTo(QGridLayout& grid, QWidget* widget, const Place& at, int firstColumn,
   if (at.rowSpan > 1) { grid.setRowStretch(2 * (at.row + at.rowSpan) - 1, 1); }
 }
 
-bool isField(const State& state) {
-  return std::holds_alternative<NumberEdit>(state) || std::holds_alternative<TextEdit>(state) ||
-         std::holds_alternative<DropDown>(state) || std::holds_alternative<ReadOnlyText>(state);
-}
-
-bool isLabelled(const Control& control) { return hasLabelBefore(control.state) && !control.caption.empty(); }
+bool isLabelled(const Control& control) { return has(control.state, kLabelBefore) && !control.caption.empty(); }
 
 // Whether captions stand at the left of the column in which this control is.
 bool standsUnderLabels(Dialog& description, const Control& control) {
@@ -101,12 +95,10 @@ void Builder::addControl(int index, QGridLayout& grid) {
     grid.addWidget(label, 2 * at.row, 2 * at.column);
     widgets_.labels[static_cast<size_t>(index)] = label;
   }
-  const bool indented = isLabelled(control) || isField(control.state) || !standsUnderLabels(description_, control);
+  const bool indented = isLabelled(control) || has(control.state, kField) || !standsUnderLabels(description_, control);
   // Stays at the left of a wide column.
-  const bool narrow =
-      std::holds_alternative<NumberEdit>(control.state) || std::holds_alternative<Button>(control.state);
   addTo(grid, widget, at, 2 * at.column + (indented ? 1 : 0), 2 * at.columnSpan - (indented ? 1 : 0),
-        narrow ? Qt::AlignLeft : Qt::Alignment());
+        has(control.state, kNarrow) ? Qt::AlignLeft : Qt::Alignment());
 }
 
 // A group that is given more room than it needs keeps its rows together, its buttons beside what they belong to, and
@@ -119,12 +111,8 @@ void Builder::gather(int group, QGridLayout& grid) {
     if (control.group != group) { continue; }
     const auto [column, isNew] = onlyButtons.try_emplace(control.place.column, true);
     column->second = column->second && std::holds_alternative<Button>(control.state);
-    onlyTicks = onlyTicks &&
-                (std::holds_alternative<CheckBox>(control.state) || std::holds_alternative<RadioGroup>(control.state));
-    const auto* text = std::get_if<TextEdit>(&control.state);
-    grows = grows || (text != nullptr && text->multiline) || std::holds_alternative<Grid>(control.state) ||
-            std::holds_alternative<ListBox>(control.state) || std::holds_alternative<ColumnList>(control.state) ||
-            std::holds_alternative<Tree>(control.state) || std::holds_alternative<Preview>(control.state);
+    onlyTicks = onlyTicks && has(control.state, kTick);
+    grows = grows || has(control.state, kGrows);
   }
   if (!grows && grid.rowCount() > 0) { grid.setRowStretch(grid.rowCount(), 1); }
   const bool mixed =
@@ -203,10 +191,8 @@ void Builder::addMenuBar(int index) {
           action->setEnabled(item.enabled);
           action->setCheckable(item.checked);
           action->setChecked(item.checked);
-          QObject::connect(action, &QAction::triggered, &window_, [&owner = owner_, index, here] {
-            owner.operate(
-                index, [here](DialogSession& session) { return session.chooseMenu(here); },
-                "menu " + scriptString(shown(here)));
+          QObject::connect(action, &QAction::triggered, &window_, [&owner = owner_, here] {
+            owner.operate({Verb::kMenu, -1, {}, {here}});
           });
         }
       };

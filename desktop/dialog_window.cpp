@@ -8,7 +8,7 @@
 
 #include "desktop/recorder.h"
 #include "desktop/texts.h"
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
 
 namespace brevan {
 
@@ -78,9 +78,7 @@ void DialogWindow::showPictures() {
   for (size_t other = 0; other < widgets_.controls.size(); ++other) {
     if (widgets_.controls[other] == nullptr) { continue; }
     const State& state = description_.control(static_cast<int>(other)).state;
-    if (std::holds_alternative<PixelCanvas>(state) || std::holds_alternative<Preview>(state)) {
-      widgets_.controls[other]->show();
-    }
+    if (has(state, kRepainted)) { widgets_.controls[other]->show(); }
   }
 }
 
@@ -114,14 +112,13 @@ void DialogWindow::refuse(const QString& what) {
   message_->show();
 }
 
-void DialogWindow::operate(int, const std::function<DialogSession::Refusal(DialogSession&)>& action,
-                           const QString& statement) {
-  recorder_.dialogStatement(statement);
+void DialogWindow::operate(const DialogOperation& operation) {
+  recorder_.operated(description_, operation);
   ++operating_;
   rulesMovedFocus_ = false;
   DialogSession::Refusal refusal;
   try {
-    refusal = action(*session_);
+    refusal = session_->perform(operation);
   } catch (...) {
     error_ = std::current_exception();
     description_.close(false);
@@ -143,9 +140,7 @@ void DialogWindow::operate(int, const std::function<DialogSession::Refusal(Dialo
 
 void DialogWindow::focusArrived(int control) {
   if (operating_ > 0 || control == description_.focus() || description_.closed()) { return; }
-  operate(
-      control, [control](DialogSession& session) { return session.focus(control); },
-      "focus " + scriptString(shown(addressOf(description_, control))));
+  operate({Verb::kFocus, control});
 }
 
 bool DialogWindow::eventFilter(QObject* object, QEvent* event) {
@@ -155,13 +150,7 @@ bool DialogWindow::eventFilter(QObject* object, QEvent* event) {
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) {
-    operate(
-        -1,
-        [this](DialogSession& session) -> DialogSession::Refusal {
-          session.help(description_.focus());
-          return std::nullopt;
-        },
-        "help");
+    operate({Verb::kHelp});
   } else if (event->key() == Qt::Key_Escape) {
     cancel();
   } else {
@@ -180,15 +169,7 @@ void DialogWindow::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
 }
 
-void DialogWindow::cancel() {
-  operate(
-      -1,
-      [](DialogSession& session) -> DialogSession::Refusal {
-        session.cancel();
-        return std::nullopt;
-      },
-      "close");
-}
+void DialogWindow::cancel() { operate({Verb::kClose}); }
 
 void DialogWindow::endIfClosed() {
   if (description_.closed() && loop_ != nullptr) { loop_->quit(); }

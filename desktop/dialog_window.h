@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "desktop/dialog_layout.h"
+#include "host/window/dialog_session.h"
 
 class QEventLoop;
 class QLabel;
@@ -34,8 +35,7 @@ class DialogWindow : public QDialog, private DialogOperator {
 
  private:
   class Session;
-  void operate(int control, const std::function<DialogSession::Refusal(DialogSession&)>& action,
-               const QString& statement) override;
+  void operate(const DialogOperation& operation) override;
   [[nodiscard]] QString pictureFolder() const override { return pictureFolder_; }
 
   void showControl(int control);

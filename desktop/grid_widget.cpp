@@ -97,10 +97,10 @@ class GridWidget : public ControlWidget {
         [this](const QModelIndex& index) { return cellAt(index.row(), index.column()); },
         [this](const QModelIndex& index, const QString& text) { edit(index.row(), index.column(), text); }, table_));
     QObject::connect(table_, &QTableWidget::currentCellChanged, table_, [this](int row, int column, int, int) {
-      click(row, column, DialogSession::Click::kSelect, state<Grid>().onCellClick ? "" : "click");
+      click(row, column, Verb::kSelectCell, !state<Grid>().onCellClick);
     });
     QObject::connect(table_, &QTableWidget::cellClicked, table_, [this](int row, int column) {
-      if (state<Grid>().onCellClick) { click(row, column, DialogSession::Click::kClick, "click"); }
+      if (state<Grid>().onCellClick) { click(row, column, Verb::kClick); }
     });
     QObject::connect(table_, &QTableWidget::cellDoubleClicked, table_,
                      [this](int row, int column) { press(row, column); });
@@ -110,12 +110,11 @@ class GridWidget : public ControlWidget {
       edit(item->row(), item->column(), item->checkState() == Qt::Checked ? "1" : "0");
     });
     QObject::connect(table_, &QTableWidget::customContextMenuRequested, table_, [this](const QPoint& at) {
-      click(table_->rowAt(at.y()), table_->columnAt(at.x()), DialogSession::Click::kRight, "rightclick");
+      click(table_->rowAt(at.y()), table_->columnAt(at.x()), Verb::kRightClick);
     });
     table_->verticalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
-    QObject::connect(table_->verticalHeader(), &QWidget::customContextMenuRequested, table_, [this](const QPoint& at) {
-      click(table_->rowAt(at.y()), -1, DialogSession::Click::kRight, "rightclick");
-    });
+    QObject::connect(table_->verticalHeader(), &QWidget::customContextMenuRequested, table_,
+                     [this](const QPoint& at) { click(table_->rowAt(at.y()), -1, Verb::kRightClick); });
   }
 
   void show() override {
@@ -227,16 +226,11 @@ class GridWidget : public ControlWidget {
   [[nodiscard]] std::string columnTitle(int column) const {
     return column < 0 ? "" : state<Grid>().columns.at(static_cast<size_t>(column)).title;
   }
-  [[nodiscard]] QString place(int row, int column) const {
-    return QString::number(row + 1) + (column < 0 ? "" : ' ' + scriptString(brevan::shown(columnTitle(column))));
-  }
-  void click(int row, int column, DialogSession::Click kind, const char* word) {
+  void click(int row, int column, Verb verb, bool recorded = true) {
     if (row < 0) { return; }
-    const std::string title = columnTitle(column);
-    owner_.operate(
-        control_,
-        [this, row, title, kind](DialogSession& session) { return session.clickCell(control_, row + 1, title, kind); },
-        *word == '\0' ? QString() : statement(word, place(row, column)));
+    DialogOperation operation{verb, control_, row + 1, {}, recorded};
+    if (column >= 0) { operation.texts.push_back(columnTitle(column)); }
+    owner_.operate(operation);
   }
   void press(int row, int column) {
     const Cell* cell = cellAt(row, column);
@@ -247,19 +241,13 @@ class GridWidget : public ControlWidget {
       }
       return;
     }
-    click(row, column, DialogSession::Click::kPress, "press");
+    click(row, column, Verb::kPress);
   }
   void edit(int row, int column, const QString& text) {
     const auto taken = hostText(text);
     const Cell* cell = cellAt(row, column);
     if (!taken || cell == nullptr || *taken == cell->text) { return; }
-    const std::string title = columnTitle(column);
-    owner_.operate(
-        control_,
-        [this, row, title, taken](DialogSession& session) {
-          return session.editCell(control_, row + 1, title, *taken);
-        },
-        statement("cell", place(row, column) + ' ' + scriptString(text)));
+    operate(Verb::kCell, {columnTitle(column), *taken}, row + 1);
     show();
   }
   static constexpr QSize kLineIcon{56, 12};
@@ -268,9 +256,8 @@ class GridWidget : public ControlWidget {
 
 }  // namespace
 
-std::unique_ptr<ControlWidget> makeGridWidget(DialogOperator& owner, int control, QWidget* parent) {
-  if (!std::holds_alternative<Grid>(owner.description().control(control).state)) { return nullptr; }
-  return std::make_unique<GridWidget>(owner, control, parent);
+MadeWidget makeWidget(const Grid&, const WidgetPlace& place) {
+  return std::make_unique<GridWidget>(place.owner, place.control, place.parent);
 }
 
 }  // namespace brevan

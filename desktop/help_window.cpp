@@ -8,7 +8,7 @@
 
 #include "desktop/dialog_window.h"
 #include "desktop/texts.h"
-#include "host/window/control_text.h"
+#include "host/window/dialog_fields.h"
 
 namespace brevan {
 
@@ -20,30 +20,13 @@ struct PageRow {
 };
 constexpr PageRow kPages[] = {
     {"desktop.md", QT_TRANSLATE_NOOP("HelpWindow", "The desktop")},
-    {"architectural.md", QT_TRANSLATE_NOOP("HelpWindow", "Architectural commands")},
-    {"survey-settings.md", QT_TRANSLATE_NOOP("HelpWindow", "Survey settings")},
-    {"survey-diagrams.md", QT_TRANSLATE_NOOP("HelpWindow", "Survey diagrams")},
     {"scripts.md", QT_TRANSLATE_NOOP("HelpWindow", "Scripts")},
     {"macros.md", QT_TRANSLATE_NOOP("HelpWindow", "Macro commands")},
     {"drawing-files.md", QT_TRANSLATE_NOOP("HelpWindow", "Drawing files")},
 };
 
-struct FamilyChapter {
-  const char* topic;  // how its topics begin
-  const char* file;
-};
-constexpr FamilyChapter kChapters[] = {{"Ardenix/Architectural", "architectural.md"},
-                                       {"Ardenix/Survey", "survey-settings.md"}};
-
-// A library's list is not its meaning.
-constexpr size_t kMostItems = 12;
-
-std::string takenBy(const dialog::State& state) {
-  const std::string kind(kindName(state));
-  const size_t items = itemTexts(state).size();
-  if (items > kMostItems) { return kind + ": one of " + std::to_string(items); }
-  const std::string range = rangeText(state);
-  return range.empty() ? kind : kind + ": " + range;
+std::string takenBy(const FieldLine& line) {
+  return std::string(line.kind) + (line.takes.empty() ? "" : ": ") + line.takes;
 }
 
 QString row(const std::string& name, const std::string& takes, const std::string& use) {
@@ -57,7 +40,7 @@ QString helpOn(dialog::Dialog& dialog) {
   QString rows;
   for (const FieldLine& line : fieldLines(dialog)) {
     if (!isShown(dialog, line.control)) { continue; }
-    rows += row(line.name, line.item ? "" : takenBy(dialog.control(line.control).state), line.toolTip);
+    rows += row(line.name, takenBy(line), line.toolTip);
   }
   return "<h2>" + shown(dialog.title()).toHtmlEscaped() +
          "</h2><table cellpadding=4 border=1 style=\"border-collapse: collapse\">" + "<tr><th>" +
@@ -78,11 +61,24 @@ HelpWindow::HelpWindow(const QString& folder, QWidget* parent)
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(pages_);
   layout->addWidget(page_, 1);
-  for (const PageRow& row : kPages) { pages_->addItem(tr(row.title)); }
+  for (const PageRow& row : kPages) {
+    pages_->addItem(tr(row.title));
+    files_.append(row.file);
+  }
   // Not when a row merely becomes the current one: the list's first does as the focus comes to it.
-  const auto choose = [this](QListWidgetItem* item) { showPage(kPages[pages_->row(item)].file); };
+  const auto choose = [this](QListWidgetItem* item) { showPage(files_.at(pages_->row(item))); };
   connect(pages_, &QListWidget::itemClicked, this, choose);
   connect(pages_, &QListWidget::itemActivated, this, choose);
+}
+
+void HelpWindow::addChapters(std::span<const CommandRow> commands) {
+  int place = 1;
+  for (const CommandRow& command : commands) {
+    const QString file = command.chapter.file;
+    if (file.isEmpty() || files_.contains(file)) { continue; }
+    files_.insert(place, file);
+    pages_->insertItem(place++, shown(command.chapter.title));
+  }
 }
 
 void HelpWindow::come() {
@@ -104,16 +100,14 @@ void HelpWindow::showPage(const QString& file) {
   come();
 }
 
-bool HelpWindow::showTopic(const std::string& topic) {
+bool HelpWindow::showTopic(const std::string& topic, const ManualChapter* chapter) {
   auto* asking = qobject_cast<DialogWindow*>(QApplication::activeModalWidget());
   if (asking == nullptr) { return false; }
   topic_ = topic;
   QString html = helpOn(asking->description());
-  for (const FamilyChapter& chapter : kChapters) {
-    if (topic.starts_with(chapter.topic)) {
-      html += "<p><a href=\"" + QUrl::fromLocalFile(folder_ + '/' + chapter.file).toString() + "\">" +
-              tr("More about these commands") + "</a></p>";
-    }
+  if (chapter != nullptr && *chapter->file != '\0') {
+    html += "<p><a href=\"" + QUrl::fromLocalFile(folder_ + '/' + chapter->file).toString() + "\">" +
+            tr("More about these commands") + "</a></p>";
   }
   pages_->setCurrentRow(-1);
   page_->setHtml(html);

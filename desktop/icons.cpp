@@ -4,6 +4,8 @@
 #include <QSvgRenderer>
 #include <map>
 
+#include "desktop/picture_files.h"
+
 namespace brevan {
 
 namespace {
@@ -37,21 +39,6 @@ const std::map<QString, const char*>& drawings() {
       {"mirror", "M12 3v3M12 8v3M12 13v3M12 18v3M9 6L3 18h6zM15 6l6 12h-6z"},
       {"group", "M3 3h7v7H3zM14 14h7v7h-7zM3 14a7 7 0 0 0 7 7M14 3a7 7 0 0 1 7 7"},
       {"ungroup", "M3 3h7v7H3zM14 14h7v7h-7zM5 19L19 5"},
-      {"DisplayMechSetup", "M12 8a4 4 0 1 0 .01 0M12 2v4M12 18v4M2 12h4M18 12h4M5 5l3 3M16 16l3 3M19 5l-3 3M8 16l-3 3"},
-      {"MechDrawBolts", "M4 7h5v10H4zM9 9.5h12v5H9M14 9.5v5M4 10.5h5M4 13.5h5"},
-      {"MechDrawScrews", "M4 6h5v12H4zM4 9h3v6H4M9 9h12v6H9M14 9v6"},
-      {"MechDrawNuts", "M7.5 4h9l4.5 8-4.5 8h-9L3 12zM12 8a4 4 0 1 0 .01 0"},
-      {"MechDrawHoles", "M3 4h18M8 4v12l4 4 4-4V4M8 16h8M12 2v20"},
-      {"MechDrawRivets", "M4 9a6 6 0 0 0 0 6zM4 10h14M4 14h14M18 6a7 7 0 0 1 0 12z"},
-      {"DisplayArchSetup", "M3 11l9-7 9 7M5 10v10h14V10M12 12a3 3 0 1 0 .01 0M12 11v-1M12 19v-1"},
-      {"ArchSetWalls", "M3 6h18M3 12h18M3 18h10M9 6v6M16 6v6M12 12v6M6 12v6M16 15h5M16 19h5"},
-      {"ArchDrawWalls", "M3 21V3h18v18M7 21V7h10v14"},
-      {"SG_DiagramEditor", "M5 2h14v20H5zM5 7h14M12 2v5M8 18l2-6 6 1 1 5z"},
-      {"SG_GenplanEditor", "M3 4h18v16H3zM3 12h18M9 4v16M15 4v16M3 8h6"},
-      {"SG_SectionEditor", "M3 4h18v16H3zM3 9h18M6 13h5v4H6zM13 13h5v4h-5z"},
-      {"SG_TracePolyArea",
-       "M5 18l2-11 11-2 2 12zM3.5 18a1.5 1.5 0 1 0 3 0 1.5 1.5 0 1 0-3 0M5.5 7a1.5 1.5 0 1 0 3 0 1.5 1.5 0 1 0-3 0"},
-      {"SG_AdjustDrawing", "M5 3h14v18H5zM9 12h6M12 9v6M9 12l1.5-1.5M9 12l1.5 1.5M15 12l-1.5-1.5M15 12l-1.5 1.5"},
       {"trim", "M3 12h6M15 12h6M9 4l6 16M15 4L9 20"}};
   return kDrawings;
 }
@@ -74,12 +61,15 @@ QPixmap letters(const QString& name, QSize size, const QColor& ink, double ratio
 
 }  // namespace
 
-QIcon toolIcon(const QString& name, const QWidget& beside) {
+QIcon toolIcon(const QString& name, const QString& folder, const QWidget& beside) {
   constexpr int kSize = 24;
   const double ratio = beside.devicePixelRatioF();
   const QColor ink = beside.palette().color(QPalette::WindowText);
   const auto drawing = drawings().find(name);
-  if (drawing == drawings().end()) { return letters(name, {kSize, kSize}, ink, ratio); }
+  if (drawing == drawings().end()) {
+    const QIcon art = pictureIcon(folder, name, {kSize, kSize}, beside);
+    return art.isNull() ? QIcon(letters(name, {kSize, kSize}, ink, ratio)) : art;
+  }
   const QString art =
       QString(
           "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 24 24'><path d='%1' fill='none' stroke='%2' "

@@ -5,8 +5,9 @@
 
 namespace brevan {
 
-// A tool's or command's icon, drawn in the widget's own ink; one of letters where there is no drawing of its own.
-QIcon toolIcon(const QString& name, const QWidget& beside);
+// The icon of a tool, or of a command, which names a file of the folder; drawn in the widget's own ink. One of letters
+// where there is no drawing of that name.
+QIcon toolIcon(const QString& name, const QString& folder, const QWidget& beside);
 // Of the program.
 QIcon programIcon();
 

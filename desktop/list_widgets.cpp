@@ -10,7 +10,7 @@
 #include "desktop/picture_files.h"
 #include "desktop/texts.h"
 #include "frame/host/limits.h"
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
 
 // Lists and trees.
 namespace brevan {
@@ -27,12 +27,8 @@ class ComboWidget : public ControlWidget {
     widget_ = target_ = combo_;
     combo_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     combo_->setMinimumContentsLength(8);
-    QObject::connect(combo_, &QComboBox::activated, combo_, [this](int item) {
-      const std::string entry = entries().at(static_cast<size_t>(item));
-      owner_.operate(
-          control_, [this, entry](DialogSession& session) { return session.choose(control_, entry); },
-          statement("pick", scriptString(brevan::shown(entry))));
-    });
+    QObject::connect(combo_, &QComboBox::activated, combo_,
+                     [this](int item) { operate(Verb::kPick, {entries().at(static_cast<size_t>(item))}); });
     const auto* list = std::get_if<DropDown>(&this->control().state);
     if (list == nullptr || !list->editable) { return; }
     combo_->setEditable(true);
@@ -40,10 +36,7 @@ class ComboWidget : public ControlWidget {
     combo_->setCompleter(nullptr);
     QObject::connect(combo_->lineEdit(), &QLineEdit::textEdited, combo_, [this](const QString& text) {
       const auto taken = hostText(text);
-      if (!taken) { return; }
-      owner_.operate(
-          control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
-          statement("type", scriptString(text)));
+      if (taken) { operate(Verb::kKeyed, {*taken}); }
     });
   }
 
@@ -114,16 +107,11 @@ class ListWidget : public ControlWidget {
  private:
   void choose() {
     std::vector<std::string> items;
-    QStringList words;
     for (int row = 0; row < list_->count(); ++row) {
       if (!list_->item(row)->isSelected()) { continue; }
       items.push_back(state<ListBox>().items.at(static_cast<size_t>(row)));
-      words.append(scriptString(list_->item(row)->text()));
     }
-    if (items.empty()) { return; }
-    owner_.operate(
-        control_, [this, items](DialogSession& session) { return session.chooseSeveral(control_, items); },
-        statement("select", words.join(' ')));
+    if (!items.empty()) { operate(Verb::kSelect, std::move(items)); }
   }
   QListWidget* list_;
 };
@@ -141,18 +129,11 @@ class ColumnsWidget : public ControlWidget {
     list_->setHeaderLabels(titles);
     QObject::connect(list_, &QTreeWidget::itemSelectionChanged, list_, [this] {
       if (list_->currentItem() == nullptr) { return; }
-      const std::string entry =
-          itemTexts(this->control().state).at(static_cast<size_t>(list_->indexOfTopLevelItem(list_->currentItem())));
-      owner_.operate(
-          control_, [this, entry](DialogSession& session) { return session.choose(control_, entry); },
-          statement("pick", scriptString(brevan::shown(entry))));
+      const int row = list_->indexOfTopLevelItem(list_->currentItem());
+      operate(Verb::kPick, {itemTexts(this->control().state).at(static_cast<size_t>(row))});
     });
     QObject::connect(list_->header(), &QHeaderView::sectionResized, list_, [this](int column, int, int size) {
-      const std::string title = state<ColumnList>().columns.at(static_cast<size_t>(column)).title;
-      owner_.operate(
-          control_,
-          [this, title, size](DialogSession& session) { return session.setColumnWidth(control_, title, size); },
-          statement("width", scriptString(brevan::shown(title)) + ' ' + QString::number(size)));
+      operate(Verb::kWidth, {state<ColumnList>().columns.at(static_cast<size_t>(column)).title}, size);
     });
   }
   void show() override {
@@ -187,11 +168,7 @@ class BranchesWidget : public ControlWidget {
       if (item == nullptr) { return; }
       QStringList path;
       for (; item != nullptr; item = item->parent()) { path.prepend(item->text(0)); }
-      const auto entry = hostText(path.join('/'));
-      if (!entry) { return; }
-      owner_.operate(
-          control_, [this, entry](DialogSession& session) { return session.choose(control_, *entry); },
-          statement("pick", scriptString(path.join('/'))));
+      if (const auto entry = hostText(path.join('/'))) { operate(Verb::kPick, {*entry}); }
     });
   }
   void show() override {
@@ -214,16 +191,23 @@ class BranchesWidget : public ControlWidget {
 
 }  // namespace
 
-std::unique_ptr<ControlWidget> makeListWidget(DialogOperator& owner, int control, QWidget* parent) {
-  const State& state = owner.description().control(control).state;
-  if (std::holds_alternative<DropDown>(state) || std::holds_alternative<PictureList>(state) ||
-      std::holds_alternative<LineTypeList>(state)) {
-    return std::make_unique<ComboWidget>(owner, control, parent);
-  }
-  if (std::holds_alternative<ListBox>(state)) { return std::make_unique<ListWidget>(owner, control, parent); }
-  if (std::holds_alternative<ColumnList>(state)) { return std::make_unique<ColumnsWidget>(owner, control, parent); }
-  if (std::holds_alternative<Tree>(state)) { return std::make_unique<BranchesWidget>(owner, control, parent); }
-  return nullptr;
+MadeWidget makeWidget(const DropDown&, const WidgetPlace& place) {
+  return std::make_unique<ComboWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const PictureList&, const WidgetPlace& place) {
+  return std::make_unique<ComboWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const LineTypeList&, const WidgetPlace& place) {
+  return std::make_unique<ComboWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const ListBox&, const WidgetPlace& place) {
+  return std::make_unique<ListWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const ColumnList&, const WidgetPlace& place) {
+  return std::make_unique<ColumnsWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const Tree&, const WidgetPlace& place) {
+  return std::make_unique<BranchesWidget>(place.owner, place.control, place.parent);
 }
 
 }  // namespace brevan

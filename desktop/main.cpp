@@ -7,21 +7,20 @@
 #include "desktop/application.h"
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
-#include "host/core/safe_file.h"
+#include "frame/host/ini.h"
 #include "host/core/standard_streams.h"
+#include "host/window/module.h"
 
 namespace {
 
 using namespace brevan;
 
 // What a first start finds: the libraries and settings that ship.
-void writeFirstSettings(const std::string& file) {
-  namespace fs = std::filesystem;
-  if (fs::exists(file)) { return; }
-  saveWhole(file,
-            "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n[ArchitecturalTools]\r\nSpecFile=ArchSpecs.ini\r\n"
-            "[SG_DEFAULTS]\r\nSG_DiaramFile=SG Diagram.ini\r\n"
-            "SG_GenPlanFile=General Plan.ini\r\nSG_SectionalFile=Sectional Plan.ini\r\n");
+void writeFirstSettings(const std::string& file, const std::string& module) {
+  if (std::filesystem::exists(file)) { return; }
+  INI_LIST settings(settingsPath(file));
+  addFirstSettings(Module(module).commands(), settings);
+  settings.Save();
 }
 
 DesktopParts partsOf(const QCommandLineParser& line) {
@@ -31,7 +30,7 @@ DesktopParts partsOf(const QCommandLineParser& line) {
       line.isSet("settings") ? QFileInfo(line.value("settings")).absoluteFilePath().toStdString() : userSettingsFile();
   const std::string beside = std::filesystem::path(parts.settingsFile).parent_path().string();
   std::filesystem::create_directories(beside);
-  writeFirstSettings(parts.settingsFile);
+  writeFirstSettings(parts.settingsFile, parts.places.module);
   parts.recoveryFolder = beside + "/recovery";
   parts.helpFolder = parts.places.dataFolder + "/Help";  // as it ships, not as it was when a copy was made
   if (!line.isSet("data")) {

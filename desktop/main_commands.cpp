@@ -1,6 +1,5 @@
 #include <QStatusBar>
 
-#include "desktop/control_widgets.h"
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
 #include "frame/host/number_text.h"

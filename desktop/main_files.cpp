@@ -7,7 +7,6 @@
 #include <QPrinter>
 #include <QStatusBar>
 
-#include "desktop/control_widgets.h"
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
 #include "host/core/safe_file.h"

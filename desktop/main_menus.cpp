@@ -10,7 +10,6 @@
 #include <QToolBar>
 #include <utility>
 
-#include "desktop/control_widgets.h"
 #include "desktop/help_window.h"
 #include "desktop/icons.h"
 #include "desktop/main_window.h"
@@ -19,6 +18,7 @@
 #include "desktop/prompt_bar.h"
 #include "desktop/shortcut_bar.h"
 #include "desktop/texts.h"
+#include "frame/host/dialog.h"
 #include "frame/host/limits.h"
 #include "frame/host/number_text.h"
 #include "host/tools/drawing_tools.h"
@@ -65,7 +65,8 @@ void MainWindow::refreshIcons() {
   const IconLook look{palette().color(QPalette::WindowText), palette().color(QPalette::Base), devicePixelRatioF(),
                       icons_.size(), penChoice_ != nullptr};
   if (std::exchange(iconLook_, look) == look) { return; }
-  for (const auto& [action, icon] : icons_) { action->setIcon(toolIcon(icon, *this)); }
+  const QString folder = QString::fromStdString(parts_.places.dataFolder) + "/icons";
+  for (const auto& [action, icon] : icons_) { action->setIcon(toolIcon(icon, folder, *this)); }
   if (penChoice_ == nullptr) { return; }
   for (int pen = 0; pen < penChoice_->count(); ++pen) { penChoice_->setItemIcon(pen, penIcon(pen + 1, *this)); }
   for (int type = 0; type < lineTypeChoice_->count(); ++type) {
@@ -207,7 +208,7 @@ void MainWindow::buildCommandMenus() {
       QAction* made = action(*menu, "", shown(command.caption), {}, [this, name] { runCommand(name); });
       made->setObjectName(name);
       made->setToolTip(shown(dialog::plainCaption(command.caption)));
-      icons_.emplace_back(made, name);
+      icons_.emplace_back(made, command.icon);
       bar->addAction(made);
     }
   }
@@ -251,7 +252,9 @@ void MainWindow::buildStyleBar() {
   add(tr("Layer"), layerChoice_);
   add(tr("Pen"), penChoice_);
   add(tr("Line type"), lineTypeChoice_);
+  layerChoice_->setCompleter(nullptr);  // a name is taken as it is typed
   connect(layerChoice_, &QComboBox::textActivated, this, &MainWindow::setStyle);
+  connect(layerChoice_->lineEdit(), &QLineEdit::returnPressed, this, &MainWindow::setStyle);
   connect(penChoice_, &QComboBox::activated, this, &MainWindow::setStyle);
   connect(lineTypeChoice_, &QComboBox::activated, this, &MainWindow::setStyle);
   refreshIcons();
@@ -339,7 +342,7 @@ void MainWindow::editSettings() {
     scale.SetValue(parameters.scale());
     unit.SetValue(parameters.unit());
     orientation.setChecked(parameters.orientation() == 1);
-    dialog.onHelp = [this](int) { help_->showTopic(""); };
+    dialog.onHelp = [this](int) { help_->showTopic("", nullptr); };
     if (!user_->runDialog(dialog)) { return; }
     const auto set = [this](const char* name, double before, double now) {
       if (before == now) { return; }

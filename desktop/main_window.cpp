@@ -1,5 +1,4 @@
 #include "desktop/main_window.h"
-#include "desktop/control_widgets.h"
 #include "desktop/help_window.h"
 
 #include <QApplication>
@@ -35,17 +34,17 @@ constexpr int kStartWidth = 1280;
 constexpr int kStartHeight = 820;
 constexpr std::string_view kSection = "Desktop";
 
-std::string windows1252(const std::string& utf8) {
-  const auto text = hostText(QString::fromStdString(utf8));
-  return text ? *text : utf8;
-}
-
 }  // namespace
+
+std::string settingsPath(const std::string& native) {
+  const auto text = hostText(QString::fromStdString(native));
+  return text ? *text : native;
+}
 
 MainWindow::MainWindow(const DesktopParts& parts)
     : parts_(parts),
       files_(".", parts.places.dataFolder),
-      settings_(windows1252(parts.settingsFile)),
+      settings_(settingsPath(parts.settingsFile)),
       recovery_(parts.recoveryFolder),
       runner_(this),
       promptBar_(new PromptBar(this)),
@@ -60,10 +59,10 @@ MainWindow::MainWindow(const DesktopParts& parts)
   setWindowIcon(programIcon());
   resize(kStartWidth, kStartHeight);
   host_ = std::make_unique<Host>(HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile, nullptr,
-                                           shortcutBar_,
-                                           [this](const std::string& topic) { return help_->showTopic(topic); }});
+                                           shortcutBar_, [this](const std::string& topic) { return showHelp(topic); }});
   first_ = host_->window().name();
   host_->loadModule(parts.places.module);
+  help_->addChapters(host_->module()->commands());
   build();
   connectUser();
   followHost();
@@ -73,6 +72,11 @@ MainWindow::MainWindow(const DesktopParts& parts)
 MainWindow::~MainWindow() {
   tabs_->disconnect(this);
   while (tabs_->count() > 0) { delete tabs_->widget(0); }  // the views before the windows that they show
+}
+
+bool MainWindow::showHelp(const std::string& topic) {
+  const CommandRow* const command = host_->runningCommand();
+  return help_->showTopic(topic, command == nullptr ? nullptr : &command->chapter);
 }
 
 void MainWindow::build() {

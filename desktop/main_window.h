@@ -36,6 +36,9 @@ struct DesktopParts {
   std::string helpFolder{};    // of the manual's pages, native path
 };
 
+// The settings file's path as the host takes it.
+std::string settingsPath(const std::string& native);
+
 // The program's window: drawings in tabs, menus and tool bars for tools and commands, panels and the prompt bar.
 class MainWindow : public QMainWindow {
   Q_OBJECT
@@ -72,6 +75,8 @@ class MainWindow : public QMainWindow {
     uint64_t savedRevision = 0;
   };
 
+  // The help of the running command's dialog; false where none is open.
+  bool showHelp(const std::string& topic);
   void build();
   void connectUser();
   void buildMenus();

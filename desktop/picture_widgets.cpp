@@ -6,7 +6,7 @@
 #include "frame/host/number_text.h"
 #include "host/drawing/pens.h"
 #include "host/macros/variables.h"
-#include "host/window/control_text.h"
+#include "host/window/dialog_fields.h"
 #include "host/window/drawing_window.h"
 #include "host/window/silent_user.h"
 #include "render/drawing_painter.h"
@@ -198,12 +198,14 @@ class PreviewWidget : public ControlWidget {
 
 }  // namespace
 
-std::unique_ptr<ControlWidget> makePictureWidget(DialogOperator& owner, int control, QWidget* parent) {
-  const State& state = owner.description().control(control).state;
-  if (std::holds_alternative<Picture>(state)) { return std::make_unique<PictureWidget>(owner, control, parent); }
-  if (std::holds_alternative<PixelCanvas>(state)) { return std::make_unique<CanvasWidget>(owner, control, parent); }
-  if (std::holds_alternative<Preview>(state)) { return std::make_unique<PreviewWidget>(owner, control, parent); }
-  return nullptr;
+MadeWidget makeWidget(const Picture&, const WidgetPlace& place) {
+  return std::make_unique<PictureWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const PixelCanvas&, const WidgetPlace& place) {
+  return std::make_unique<CanvasWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const Preview&, const WidgetPlace& place) {
+  return std::make_unique<PreviewWidget>(place.owner, place.control, place.parent);
 }
 
 }  // namespace brevan

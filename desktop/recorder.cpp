@@ -1,8 +1,8 @@
 #include "desktop/recorder.h"
 
-#include "desktop/control_widgets.h"
 #include "desktop/texts.h"
 #include "frame/host/number_text.h"
+#include "host/scripts/dialog_statements.h"
 
 namespace brevan {
 
@@ -10,23 +10,25 @@ void Recorder::statement(const QString& line) { lines_.append(line); }
 
 void Recorder::dialogOpened(const QString& title) { answer("dialog " + scriptString(title)); }
 
-void Recorder::dialogStatement(const QString& line) {
-  if (line.isEmpty()) { return; }
-  const QString indented = "      " + line;
-  // "type "Length" "6"" goes before "type "Length" "60"".
-  const qsizetype value = line.lastIndexOf(" \"");
+void Recorder::operated(dialog::Dialog& dialog, const DialogOperation& operation) {
+  if (!operation.recorded) { return; }
+  const QString line = "      " + QString::fromStdString(statementOf(operation, dialog));
+  const bool keyed = operation.verb == Verb::kKeyed || operation.verb == Verb::kKeyedLines;
   const bool typedOn =
-      line.startsWith("type ") && value > 0 && lines_.last().startsWith("      " + line.left(value + 2));
+      keyed && typedLine_ == lines_.size() && typed_.verb == operation.verb && typed_.control == operation.control;
   if (typedOn) {
-    lines_.last() = indented;
+    lines_.last() = line;
   } else {
-    lines_.append(indented);
+    lines_.append(line);
   }
+  typed_ = operation;
+  typedLine_ = lines_.size();
 }
 
 void Recorder::dropDialog() {
   while (lines_.size() > 1 && !lines_.last().startsWith("    dialog ")) { lines_.removeLast(); }
   if (lines_.size() > 1) { lines_.removeLast(); }
+  typedLine_ = 0;
 }
 
 void Recorder::pointPrompted(std::string_view, PromptEnd end, Point at) {

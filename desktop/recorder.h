@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "frame/host/dialog_description.h"
+#include "host/window/dialog_operations.h"
 #include "host/window/events.h"
 
 namespace brevan {
@@ -13,8 +15,8 @@ class Recorder : public EventSink {
   // A statement outside of any question: a command, a tool, an undo.
   void statement(const QString& line);
   void dialogOpened(const QString& title);
-  // Within a dialog. Keys typed into one field become one statement; an empty one is none.
-  void dialogStatement(const QString& line);
+  // Within a dialog. Keys typed into one field become one statement.
+  void operated(dialog::Dialog& dialog, const DialogOperation& operation);
   // Takes back what the dialog opened last noted: another statement stands for it.
   void dropDialog();
   [[nodiscard]] QString script() const { return lines_.join('\n') + '\n'; }
@@ -36,6 +38,8 @@ class Recorder : public EventSink {
  private:
   void answer(const QString& line) { lines_.append("    " + line); }
   QStringList lines_{"# Recorded by Brevan"};
+  DialogOperation typed_;    // the one last noted,
+  qsizetype typedLine_ = 0;  // and after which line
 };
 
 }  // namespace brevan

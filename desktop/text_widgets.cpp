@@ -71,11 +71,7 @@ class LineWidget : public ControlWidget {
       if (state<TextEdit>().limit > kLongestLine) { edit_->setMinimumWidth(kPathWidth); }
     }
     QObject::connect(edit_, &QLineEdit::textEdited, edit_, [this](const QString& text) {
-      const auto taken = takenText(edit_, text);
-      if (!taken) { return; }
-      owner_.operate(
-          control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
-          statement("type", scriptString(text)));
+      if (const auto taken = takenText(edit_, text)) { operate(Verb::kKeyed, {*taken}); }
     });
   }
   void show() override {
@@ -98,11 +94,7 @@ class LineWidget : public ControlWidget {
       arrow->setFocusPolicy(Qt::NoFocus);
       arrow->setAutoRepeat(true);
       row->addWidget(arrow);
-      QObject::connect(arrow, &QToolButton::clicked, arrow, [this, up] {
-        owner_.operate(
-            control_, [this, up](DialogSession& session) { return session.spin(control_, up); },
-            statement("spin", up ? "up" : "down"));
-      });
+      QObject::connect(arrow, &QToolButton::clicked, arrow, [this, up] { operate(Verb::kSpin, {up ? "up" : "down"}); });
     }
     row->addStretch();
   }
@@ -137,11 +129,9 @@ class LinesWidget : public ControlWidget {
     QObject::connect(edit_, &QPlainTextEdit::textChanged, edit_, [this] {
       const auto taken = hostText(edit_->toPlainText());
       if (!taken || *taken == state<TextEdit>().text) { return; }
-      QStringList words;
-      for (const QString& line : edit_->toPlainText().split('\n')) { words.append(scriptString(line)); }
-      owner_.operate(
-          control_, [this, taken](DialogSession& session) { return session.replaceText(control_, *taken); },
-          statement("set", words.join(' ')));
+      std::vector<std::string> lines;
+      for (const QString& line : edit_->toPlainText().split('\n')) { lines.push_back(hostText(line).value_or("")); }
+      operate(Verb::kKeyedLines, std::move(lines));
     });
   }
   void show() override {
@@ -156,19 +146,21 @@ class LinesWidget : public ControlWidget {
 
 }  // namespace
 
-std::unique_ptr<ControlWidget> makeTextWidget(DialogOperator& owner, int control, QWidget* parent) {
-  const State& state = owner.description().control(control).state;
-  if (std::holds_alternative<Label>(state) || std::holds_alternative<StatusLine>(state)) {
-    return std::make_unique<LabelWidget>(owner, control, parent);
-  }
-  if (std::holds_alternative<ReadOnlyText>(state)) { return std::make_unique<ReadOnlyWidget>(owner, control, parent); }
-  if (const auto* text = std::get_if<TextEdit>(&state); text != nullptr && text->multiline) {
-    return std::make_unique<LinesWidget>(owner, control, parent);
-  }
-  if (std::holds_alternative<TextEdit>(state) || std::holds_alternative<NumberEdit>(state)) {
-    return std::make_unique<LineWidget>(owner, control, parent);
-  }
-  return nullptr;
+MadeWidget makeWidget(const Label&, const WidgetPlace& place) {
+  return std::make_unique<LabelWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const StatusLine&, const WidgetPlace& place) {
+  return std::make_unique<LabelWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const ReadOnlyText&, const WidgetPlace& place) {
+  return std::make_unique<ReadOnlyWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const NumberEdit&, const WidgetPlace& place) {
+  return std::make_unique<LineWidget>(place.owner, place.control, place.parent);
+}
+MadeWidget makeWidget(const TextEdit& text, const WidgetPlace& place) {
+  if (text.multiline) { return std::make_unique<LinesWidget>(place.owner, place.control, place.parent); }
+  return std::make_unique<LineWidget>(place.owner, place.control, place.parent);
 }
 
 }  // namespace brevan

@@ -32,6 +32,10 @@ TypeAhead::TypeAhead(std::function<bool(const QKeyEvent&)> nobodyTakes, QObject*
 
 // Windows get a key first and hand it to the widget in focus.
 bool TypeAhead::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && object->isWindowType()) {
+    // A list chooses already here, and is closed when the press itself arrives.
+    begun_ = static_cast<const QWindow*>(object)->isVisible() ? object : nullptr;
+  }
   const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (!isKey || !object->isWindowType() || event == sent_) { return QObject::eventFilter(object, event); }
   auto* key = static_cast<QKeyEvent*>(event);
@@ -39,7 +43,7 @@ bool TypeAhead::eventFilter(QObject* object, QEvent* event) {
     if (held_.size() < kMostHeld) { held_.push_back({object, std::unique_ptr<QKeyEvent>(key->clone())}); }
     return true;
   }
-  QObject* const receiver = receiverOf(object);
+  QObject* const receiver = object == begun_ || key->isAutoRepeat() ? object : receiverOf(object);
   if (receiver == object) { return QObject::eventFilter(object, event); }
   send(*receiver, *key);
   return true;

@@ -11,7 +11,7 @@ namespace brevan {
 
 // Keys that are pressed while a command computes, or between two of its questions, wait here for the next
 // question: who types faster than the program asks loses nothing. Keys on their way to a list or a menu that has closed
-// go to the window behind it.
+// go to the window behind it; not the key that closed it.
 class TypeAhead : public QObject {
   Q_OBJECT
  public:
@@ -33,8 +33,9 @@ class TypeAhead : public QObject {
     std::unique_ptr<QKeyEvent> key;
   };
   std::deque<Held> held_;
-  const QEvent* sent_ = nullptr;  // by this, so not to be held again
-  bool releasing_ = false;        // what is pressed now comes after what is held
+  const QEvent* sent_ = nullptr;    // by this, so not to be held again
+  const QObject* begun_ = nullptr;  // the window that was shown as the last key went down; only compared
+  bool releasing_ = false;          // what is pressed now comes after what is held
 };
 
 }  // namespace brevan

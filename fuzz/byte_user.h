@@ -10,7 +10,7 @@
 #include "fuzz/byte_choices.h"
 #include "fuzz/laws.h"
 #include "host/macros/variables.h"
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
 #include "host/window/dialog_session.h"
 #include "host/window/drawing_window.h"
 #include "host/window/file_filters.h"

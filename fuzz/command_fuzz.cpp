@@ -21,9 +21,6 @@ namespace {
 
 using namespace fuzzing;
 
-constexpr const char* kLibraries[] = {"ISO Mechspecs.ini", "ArchSpecs.ini",      "SG Diagram.ini",
-                                      "General Plan.ini",  "Sectional Plan.ini", "Control Points.ini"};
-
 std::string fileText(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
@@ -49,7 +46,14 @@ class Shelf {
  public:
   Shelf() {
     const std::string data(SOURCE_DATA);
-    for (const char* name : kLibraries) { write(name, shortened(fileText(data + '/' + name))); }
+    const auto library = [this, &data](const std::string& name) {
+      if (std::filesystem::exists(path() + '/' + name)) { return; }
+      write(name, shortened(fileText(data + '/' + name)));
+    };
+    for (const CommandRow& command : brevan::Module("").commands()) {
+      for (const FirstSetting& setting : command.settings) { library(setting.value); }
+    }
+    library("Control Points.ini");
     brevan::Drawing title;
     title.add({.geometry = brevan::Line{{-95, -138.5}, {95, 138.5}}});
     title.add({.geometry = brevan::Text{{-90, 130}, "SIDES", "Arial", 25.0}});
@@ -66,14 +70,6 @@ class Shelf {
   ScratchFolder folder_;
   std::vector<std::string> names_;
 };
-
-void remember(INI_LIST& settings) {
-  settings.SetString("MechanicalTools", "SpecFile", "ISO Mechspecs.ini");
-  settings.SetString("ArchitecturalTools", "SpecFile", "ArchSpecs.ini");
-  settings.SetString("SG_DEFAULTS", "SG_DiaramFile", "SG Diagram.ini");
-  settings.SetString("SG_DEFAULTS", "SG_GenPlanFile", "General Plan.ini");
-  settings.SetString("SG_DEFAULTS", "SG_SectionalFile", "Sectional Plan.ini");
-}
 
 // A figure to trace and to draw walls along; of a survey, in metres at 1:500.
 void drawStart(brevan::Drawing& drawing, bool survey) {
@@ -106,11 +102,11 @@ void run(brevan::Host& host, const CommandRow& command) {
 void play(ByteChoices& choices, const Shelf& shelf, const std::string& output) {
   constexpr int kMostCommands = 3;
   INI_LIST settings("");
-  remember(settings);
   brevan::FileServices files(shelf.path(), shelf.path(), brevan::FileServices::Confinement{output, nullptr});
   ByteUser user(choices, shelf.names());
   brevan::Host host({user, files, settings, nullptr, ""});
   host.loadModule("");  // this program
+  brevan::addFirstSettings(host.module()->commands(), settings);
   const auto commands = host.module()->commands();
   const CommandRow* command = &commands[choices.below(commands.size())];
   drawStart(host.window().drawing(), command->family == CommandFamily::kSurvey);

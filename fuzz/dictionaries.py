@@ -8,7 +8,7 @@ ROOT = Path(__file__).resolve().parent.parent
 # Where a target's words stand: files, and an expression whose group is a word.
 TABLES = {
     "macro": [("host/macros/command_table.cpp", r'^ +\{"([A-Z]+)"'), ("host/macros/command_table.cpp", r"key:(\w+)")],
-    "script": [("host/scripts/script_player.cpp", r'^ +\{"(\w+)", \d'), ("host/scripts/dialog_answers.cpp", r'^ +\{"(\w+)", \d'),
+    "script": [("host/scripts/script_player.cpp", r'^ +\{"(\w+)", \d'), ("host/window/dialog_operations.cpp", r'^ +\{Verb::\w+, "(\w+)",'),
                ("host/scripts/plain_primitives.cpp", r'\{"(\w+)", \d'), ("host/macros/command_table.cpp", r'^ +\{"([A-Z]+)"'),
                ("host/tools/drawing_tools.cpp", r'^ +\{"(\w+)"'), ("tests/host/window/every_control.h", r'caption = "&?([^"]+)"')],
     "dxf": [("host/files/dxf/read/entity_reader.cpp", r'^ +\{"(\w+)", &Reader'), ("host/files/dxf/read/reader.cpp", r'"(\$?[A-Z]+)"'),

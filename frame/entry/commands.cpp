@@ -1,118 +1,149 @@
 #include "frame/host/commands.h"
 
-#include <iterator>
+#include <string_view>
+#include <vector>
 
 #include "arch/arch_commands.h"
 #include "frame/entry/module_state.h"
 #include "frame/entry/toolset_lifetime.h"
+#include "frame/help.h"
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
 #include "survey/setup_commands.h"
 #include "survey/trace_tool.h"
 
-// One row a command: export, menu caption, operation. The rows give the exports and the command list.
-#define MECHANICAL_COMMANDS(ROW)                                             \
-  ROW(DisplayMechSetup, "Mechanical &Setup...", ardenix::mech::displaySetup) \
-  ROW(MechDrawBolts, "Hex &Bolts...", ardenix::mech::drawBolts)              \
-  ROW(MechDrawScrews, "Socket S&crews...", ardenix::mech::drawScrews)        \
-  ROW(MechDrawNuts, "&Nuts...", ardenix::mech::drawNuts)                     \
-  ROW(MechDrawHoles, "&Drilled Holes...", ardenix::mech::drawHoles)          \
-  ROW(MechDrawRivets, "&Rivets...", ardenix::mech::drawRivets)
-
-#define ARCHITECTURAL_COMMANDS(ROW)                                                 \
-  ROW(DisplayArchSetup, "Architectural &Setup...", ardenix::arch::displayArchSetup) \
-  ROW(ArchSetWalls, "&Wall Setup...", ardenix::arch::setWalls)                      \
-  ROW(ArchDrawWalls, "&Draw Walls...", ardenix::arch::drawWalls)
-
-#define SURVEY_SETUP_COMMANDS(ROW)                                               \
-  ROW(SG_DiagramEditor, "SG &Diagram: Setup...", ardenix::survey::setUpDiagrams) \
-  ROW(SG_GenplanEditor, "&General Plan: Setup...", ardenix::survey::setUpGeneralPlans)
-
-#define SURVEY_TRACE_COMMANDS(ROW)                                                   \
-  ROW(SG_TracePolyArea, "SG Diagram: &Trace Figure", ardenix::survey::tracePolyArea) \
-  ROW(SG_AdjustDrawing, "SG Diagram: Ad&just Drawing", ardenix::survey::adjustDrawing)
-
-#define SECTIONAL_SETUP_COMMANDS(ROW) \
-  ROW(SG_SectionEditor, "&Sectional Plan: Setup...", ardenix::survey::setUpSectionalPlans)
+namespace arch = ardenix::arch;
+namespace mech = ardenix::mech;
+namespace survey = ardenix::survey;
 
 namespace {
 
-void runMechanical(void (*operation)(ardenix::mech::MechToolset&)) {
-  ardenix::ModuleState& state = ardenix::moduleState();
-  state.currentView = cadGetCurrentView();
-  const auto make = [&state](CCadWindow* view) { return ardenix::mech::makeMechToolset(view, state.services); };
-  operation(ardenix::toolsetOfView(state.mechanical, state.currentView, make));
-}
+// What commands have in common that work from one library or settings file.
+struct Trade {
+  CommandFamily family;
+  std::span<const FirstSetting> settings;
+  ManualChapter chapter;
+};
 
-void runArchitectural(void (*operation)(ardenix::arch::ArchToolset&)) {
-  ardenix::ModuleState& state = ardenix::moduleState();
-  state.currentView = cadGetCurrentView();
-  const auto make = [&state](CCadWindow* view) { return ardenix::arch::makeArchToolset(view, state.services); };
-  ardenix::withToolsetOfCommand(state.architectural, state.currentView, make, operation);
-}
+constexpr FirstSetting kFasteners[] = {{"MechanicalTools", "SpecFile", "ISO Mechspecs.ini"}};
+constexpr FirstSetting kWalls[] = {{"ArchitecturalTools", "SpecFile", "ArchSpecs.ini"}};
+constexpr FirstSetting kDiagramJob[] = {{"SG_DEFAULTS", "SG_DiaramFile", "SG Diagram.ini"}};
+constexpr FirstSetting kGeneralPlanJob[] = {{"SG_DEFAULTS", "SG_GenPlanFile", "General Plan.ini"}};
+constexpr FirstSetting kSectionalPlanJob[] = {{"SG_DEFAULTS", "SG_SectionalFile", "Sectional Plan.ini"}};
 
-void runSetup(void (*operation)(CCadWindow&, const ardenix::Services&), CCadWindow* view) {
-  operation(*view, ardenix::moduleState().services);
-}
+constexpr ManualChapter kNoChapter{"", ""};
+constexpr ManualChapter kArchitecture{"architectural.md", "Architectural commands"};
+constexpr ManualChapter kSurveySettings{"survey-settings.md", "Survey settings"};
+constexpr ManualChapter kSurveyDiagrams{"survey-diagrams.md", "Survey diagrams"};
 
-void runTracing(void (*operation)(ardenix::survey::TraceTool&), CCadWindow* view) {
-  ardenix::ModuleState& state = ardenix::moduleState();
-  const auto make = [&state](CCadWindow* first) { return ardenix::survey::makeTraceTool(first, state.services); };
-  ardenix::Toolset& tool = ardenix::toolsetUntilUnload(state.surveyTrace, view, make);
-  view->SetFocus();
-  operation(static_cast<ardenix::survey::TraceTool&>(tool));
-}
-
-void runSectionalSetup(void (*operation)(ardenix::survey::SectionalPlanJob&), CCadWindow* view) {
-  ardenix::ModuleState& state = ardenix::moduleState();
-  const auto make = [&state](CCadWindow* first) {
-    return std::make_unique<ardenix::survey::SectionalPlanJob>(first, state.services);
-  };
-  ardenix::Toolset& job = ardenix::toolsetUntilUnload(state.sectionalPlanJob, view, make);
-  operation(static_cast<ardenix::survey::SectionalPlanJob&>(job));
-}
-
-#define MECHANICAL_ROW(name, caption, operation) {#name, CommandFamily::kMechanical, caption, false},
-#define ARCHITECTURAL_ROW(name, caption, operation) {#name, CommandFamily::kArchitectural, caption, false},
-#define SURVEY_ROW(name, caption, operation) {#name, CommandFamily::kSurvey, caption, true},
-constexpr CommandRow kCommands[] = {MECHANICAL_COMMANDS(MECHANICAL_ROW) ARCHITECTURAL_COMMANDS(ARCHITECTURAL_ROW)
-                                        SURVEY_SETUP_COMMANDS(SURVEY_ROW) SURVEY_TRACE_COMMANDS(SURVEY_ROW)
-                                            SECTIONAL_SETUP_COMMANDS(SURVEY_ROW)};
-#undef SURVEY_ROW
-#undef ARCHITECTURAL_ROW
-#undef MECHANICAL_ROW
+constexpr Trade kMechanical{CommandFamily::kMechanical, kFasteners, kNoChapter};
+constexpr Trade kArchitectural{CommandFamily::kArchitectural, kWalls, kArchitecture};
+constexpr Trade kDiagramSettings{CommandFamily::kSurvey, kDiagramJob, kSurveySettings};
+constexpr Trade kGeneralPlanSettings{CommandFamily::kSurvey, kGeneralPlanJob, kSurveySettings};
+constexpr Trade kSectionalPlanSettings{CommandFamily::kSurvey, kSectionalPlanJob, kSurveySettings};
+constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
 
 }  // namespace
 
-#define MECHANICAL_EXPORT(name, caption, operation) \
-  ARDENIX_EXPORT void name() { runMechanical(operation); }
-MECHANICAL_COMMANDS(MECHANICAL_EXPORT)
-#undef MECHANICAL_EXPORT
+// One row a command: export, trade, menu caption, icon, the dialog whose page of help is its own, operation. The rows
+// give the exports and the command list; the operation's argument says which toolset it runs in.
+#define COMMANDS_OF_CURRENT_VIEW(ROW)                                                                            \
+  ROW(DisplayMechSetup, kMechanical, "Mechanical &Setup...", "mechanical_setup", "Mechanical Setup",             \
+      mech::displaySetup)                                                                                        \
+  ROW(MechDrawBolts, kMechanical, "Hex &Bolts...", "hex_bolt", "Hex Bolts", mech::drawBolts)                     \
+  ROW(MechDrawScrews, kMechanical, "Socket S&crews...", "socket_screw", "Socket Screws", mech::drawScrews)       \
+  ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts)                                      \
+  ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles)         \
+  ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets)                            \
+  ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
+      arch::displayArchSetup)                                                                                    \
+  ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls)     \
+  ROW(ArchDrawWalls, kArchitectural, "&Draw Walls...", "wall", "Wall Setup (internal)", arch::drawWalls)
 
-#define ARCHITECTURAL_EXPORT(name, caption, operation) \
-  ARDENIX_EXPORT void name() { runArchitectural(operation); }
-ARCHITECTURAL_COMMANDS(ARCHITECTURAL_EXPORT)
-#undef ARCHITECTURAL_EXPORT
+#define COMMANDS_OF_GIVEN_VIEW(ROW)                                                                            \
+  ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults",        \
+      survey::setUpDiagrams)                                                                                   \
+  ROW(SG_GenplanEditor, kGeneralPlanSettings, "&General Plan: Setup...", "general_plan_setup",                 \
+      "General Plan Defaults", survey::setUpGeneralPlans)                                                      \
+  ROW(SG_TracePolyArea, kDiagrams, "SG Diagram: &Trace Figure", "trace_figure", "", survey::tracePolyArea)     \
+  ROW(SG_AdjustDrawing, kDiagrams, "SG Diagram: Ad&just Drawing", "adjust_drawing", "", survey::adjustDrawing) \
+  ROW(SG_SectionEditor, kSectionalPlanSettings, "&Sectional Plan: Setup...", "sectional_plan_setup",           \
+      "Sectional Defaults", survey::setUpSectionalPlans)
 
-#define SETUP_EXPORT(name, caption, operation) \
-  ARDENIX_EXPORT void name(CCadWindow* view) { runSetup(operation, view); }
-SURVEY_SETUP_COMMANDS(SETUP_EXPORT)
-#undef SETUP_EXPORT
+namespace {
 
-#define TRACE_EXPORT(name, caption, operation) \
-  ARDENIX_EXPORT void name(CCadWindow* view) { runTracing(operation, view); }
-SURVEY_TRACE_COMMANDS(TRACE_EXPORT)
-#undef TRACE_EXPORT
+// ---- Toolsets: an operation runs in the one that it takes --------------------------------------------------------
 
-#define SECTIONAL_EXPORT(name, caption, operation) \
-  ARDENIX_EXPORT void name(CCadWindow* view) { runSectionalSetup(operation, view); }
-SECTIONAL_SETUP_COMMANDS(SECTIONAL_EXPORT)
-#undef SECTIONAL_EXPORT
+void run(void (*operation)(mech::MechToolset&)) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  state.currentView = cadGetCurrentView();
+  const auto make = [&state](CCadWindow* view) { return mech::makeMechToolset(view, state.services); };
+  operation(ardenix::toolsetOfView(state.mechanical, state.currentView, make));
+}
+
+void run(void (*operation)(arch::ArchToolset&)) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  state.currentView = cadGetCurrentView();
+  const auto make = [&state](CCadWindow* view) { return arch::makeArchToolset(view, state.services); };
+  ardenix::withToolsetOfCommand(state.architectural, state.currentView, make, operation);
+}
+
+void run(void (*operation)(CCadWindow&, const ardenix::Services&), CCadWindow* view) {
+  operation(*view, ardenix::moduleState().services);
+}
+
+void run(void (*operation)(survey::TraceTool&), CCadWindow* view) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  const auto make = [&state](CCadWindow* first) { return survey::makeTraceTool(first, state.services); };
+  ardenix::Toolset& tool = ardenix::toolsetUntilUnload(state.surveyTrace, view, make);
+  view->SetFocus();
+  operation(static_cast<survey::TraceTool&>(tool));
+}
+
+void run(void (*operation)(survey::SectionalPlanJob&), CCadWindow* view) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  const auto make = [&state](CCadWindow* first) {
+    return std::make_unique<survey::SectionalPlanJob>(first, state.services);
+  };
+  ardenix::Toolset& job = ardenix::toolsetUntilUnload(state.sectionalPlanJob, view, make);
+  operation(static_cast<survey::SectionalPlanJob&>(job));
+}
+
+// ---- The command list --------------------------------------------------------------------------------------------
+
+CommandRow rowOf(const char* name, const Trade& trade, const char* caption, const char* icon, std::string_view dialog,
+                 bool takesView) {
+  const char* help = dialog.empty() ? "" : ardenix::helpTopic(dialog).path.data();
+  return {name, trade.family, caption, takesView, icon, help, trade.chapter, trade.settings};
+}
+
+const std::vector<CommandRow>& commandRows() {
+#define CURRENT_VIEW_ROW(name, trade, caption, icon, dialog, operation) \
+  rowOf(#name, trade, caption, icon, dialog, false),
+#define GIVEN_VIEW_ROW(name, trade, caption, icon, dialog, operation) rowOf(#name, trade, caption, icon, dialog, true),
+  static const std::vector<CommandRow> kRows = {COMMANDS_OF_CURRENT_VIEW(CURRENT_VIEW_ROW)
+                                                    COMMANDS_OF_GIVEN_VIEW(GIVEN_VIEW_ROW)};
+#undef GIVEN_VIEW_ROW
+#undef CURRENT_VIEW_ROW
+  return kRows;
+}
+
+}  // namespace
+
+#define EXPORT(name, trade, caption, icon, dialog, operation) \
+  ARDENIX_EXPORT void name() { run(operation); }
+COMMANDS_OF_CURRENT_VIEW(EXPORT)
+#undef EXPORT
+
+#define EXPORT(name, trade, caption, icon, dialog, operation) \
+  ARDENIX_EXPORT void name(CCadWindow* view) { run(operation, view); }
+COMMANDS_OF_GIVEN_VIEW(EXPORT)
+#undef EXPORT
 
 ARDENIX_EXPORT const CommandRow* ardenixCommands(int* count) {
-  *count = static_cast<int>(std::size(kCommands));
-  return kCommands;
+  *count = static_cast<int>(commandRows().size());
+  return commandRows().data();
 }
 
 ARDENIX_EXPORT void InitArdenixAPI(CMDIFrameWnd* mainFrame, COXShortcutBar* shortcutBar) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,10 @@ struct LayerDef {
 // Names of layers and groups match exactly; names of macro variables without regard to case.
 class CCadWindow : public CWnd {
  public:
+  // Expires with the view. Whoever keeps a view's address from one command to the next keeps this beside it, since a
+  // later view may stand at the same address.
+  [[nodiscard]] std::weak_ptr<const void> Life() const { return life_; }
+
   // ---- Adding a primitive: header, one geometry call, gsAddPrim ------------------------------------
   virtual void gsSetPrimHeader(int type, int, int, int layer, int pen, int linetype, double width, int, int) = 0;
   virtual void gsSetLine(double x1, double y1, double x2, double y2) = 0;
@@ -182,4 +187,7 @@ class CCadWindow : public CWnd {
   // Finds the smallest closed boundary round the point and draws nothing; non-zero when found.
   virtual int gsAutoPerim(double x, double y) = 0;
   virtual void gsSetAutoperimPromptFlag(int on) = 0;
+
+ private:
+  std::shared_ptr<const void> life_ = std::make_shared<char>('\0');
 };

@@ -5,15 +5,16 @@
 #include <filesystem>
 
 #include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
 #include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
 #include "host/files/drawing_files.h"
 #include "host/files/drg_writer.h"
 #include "host/macros/lexer.h"
 #include "host/macros/macro_drawing.h"
-#include "host/scripts/dialog_answers.h"
 #include "host/scripts/plain_primitives.h"
 #include "host/tools/drawing_tools.h"
+#include "host/window/dialog_operations.h"
 
 namespace brevan {
 
@@ -60,7 +61,7 @@ constexpr std::array<std::string_view, 12> kPlainAnswers = {"point", "space", "e
                                                             "menu",  "reply", "file",   "cancel", "pen",  "dialog"};
 
 bool isAnswer(std::string_view name) {
-  return dialogAnswer(name) != nullptr ||
+  return operationNamed(name) != nullptr ||
          std::find(kPlainAnswers.begin(), kPlainAnswers.end(), name) != kPlainAnswers.end();
 }
 

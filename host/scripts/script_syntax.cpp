@@ -105,4 +105,13 @@ Script readScript(std::string file, std::string_view utf8) {
   return script;
 }
 
+std::string scriptString(std::string_view utf8) {
+  std::string quoted = "\"";
+  for (const char c : utf8) {
+    if (c == '"' || c == '\\') { quoted += '\\'; }
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
 }  // namespace brevan

@@ -45,4 +45,7 @@ struct Script {
 // \" and \\. The text after `macro` is taken as typed. Throws ScriptFailure.
 Script readScript(std::string file, std::string_view utf8);
 
+// A text as a script's string, in quotes; UTF-8 as the text.
+std::string scriptString(std::string_view utf8);
+
 }  // namespace brevan

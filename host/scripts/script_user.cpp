@@ -5,8 +5,7 @@
 
 #include "frame/host/limits.h"
 #include "host/core/text_encoding.h"
-#include "host/scripts/dialog_answers.h"
-#include "host/window/control_text.h"
+#include "host/scripts/dialog_statements.h"
 #include "host/window/file_filters.h"
 
 namespace brevan {
@@ -90,6 +89,12 @@ void ScriptUser::expectNow(const Statement& statement, DialogSession* session, d
     cursor_.expectWords(statement, 3, 3);
     if (cursor_.string(statement, 2) != "message") { cursor_.fail(statement, "expect no is followed by message"); }
     if (messagesSince_ > 0) { cursor_.fail(statement, "there was the message " + quotedUtf8(lastMessage_)); }
+  } else if (bare && what == "dialog" && dialog != nullptr) {
+    cursor_.expectWords(statement, 3, 3);
+    if (!isExpected(cursor_.string(statement, 2), what, dialog->title())) {
+      cursor_.fail(statement, "the dialog is " + quotedUtf8(dialog->title()) + ", the script expects " +
+                                  quotedUtf8(statement.words[2].text));
+    }
   } else if (bare && (what == "prompt" || what == "message" || what == "dialog" || what == "menu")) {
     cursor_.fail(statement, "the script expects a " + what + ", there is none");
   } else if (dialog != nullptr) {
@@ -246,7 +251,7 @@ bool ScriptUser::runDialog(dialog::Dialog& dialog) {
 void ScriptUser::operate(DialogSession& session, dialog::Dialog& dialog) {
   if (checkStop) { checkStop(); }
   const Statement* next = cursor_.peek();
-  const DialogAnswer* row = next == nullptr ? nullptr : dialogAnswer(next->name());
+  const OperationRow* row = next == nullptr ? nullptr : operationNamed(next->name());
   if (row == nullptr && (next == nullptr || next->name() != "expect")) {
     const std::string said = lastMessage_.empty() ? "" : " (it said " + quotedUtf8(lastMessage_) + ')';
     cursor_.failHere("the dialog " + quotedUtf8(dialog.title()) + " is open" + said);
@@ -258,7 +263,7 @@ void ScriptUser::operate(DialogSession& session, dialog::Dialog& dialog) {
   }
   noteProgress();
   lastMessage_.clear();
-  const DialogSession::Refusal refusal = row->operate(DialogStep{cursor_, statement, session, dialog});
+  const DialogSession::Refusal refusal = session.perform(readOperation(cursor_, statement, *row, dialog));
   if (!refusal) { return; }
   const bool awaited = cursor_.nextIs("expect") && cursor_.peek()->words.size() == 3 &&
                        cursor_.peek()->words[1].text == "message" && cursor_.peek()->words[2].text == *refusal;

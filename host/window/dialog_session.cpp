@@ -3,8 +3,11 @@
 #include <algorithm>
 
 #include "frame/host/limits.h"
+#include "frame/host/number_text.h"
 #include "host/core/text_encoding.h"
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
+#include "host/window/dialog_fields.h"
+#include "host/window/dialog_operations.h"
 
 namespace brevan {
 
@@ -12,47 +15,10 @@ using namespace dialog;
 
 namespace {
 
-using Refusal = DialogSession::Refusal;
-
 std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
-
-// The indexes at each level of "Windows/Casement/W1200"; nothing where there is no such branch.
-std::optional<std::vector<int>> branchOf(const Tree& tree, std::string_view path) {
-  std::vector<int> indexes;
-  const std::vector<TreeNode>* level = &tree.roots;
-  while (true) {
-    const std::string_view name = path.substr(0, path.find('/'));
-    const auto node = std::find_if(level->begin(), level->end(),
-                                   [name](const TreeNode& child) { return equalWithoutCase(child.caption, name); });
-    if (node == level->end()) { return std::nullopt; }
-    indexes.push_back(static_cast<int>(node - level->begin()));
-    if (name.size() == path.size()) { return indexes; }
-    level = &node->children;
-    path.remove_prefix(name.size() + 1);
-  }
-}
 
 void run(const std::function<void()>& rule) {
   if (rule) { rule(); }
-}
-
-int indexOf(const std::vector<std::string>& items, const std::string& item) {
-  const auto exact = std::find(items.begin(), items.end(), item);
-  const auto found =
-      exact != items.end() ? exact : std::find_if(items.begin(), items.end(), [&](const std::string& candidate) {
-        return equalWithoutCase(candidate, item);
-      });
-  return found == items.end() ? -1 : static_cast<int>(found - items.begin());
-}
-
-bool hasEntries(const State& state) {
-  return std::holds_alternative<RadioGroup>(state) || std::holds_alternative<DropDown>(state) ||
-         std::holds_alternative<PictureList>(state) || std::holds_alternative<ColumnList>(state) ||
-         std::holds_alternative<Tabs>(state) || std::holds_alternative<ListBox>(state);
-}
-
-Refusal notThisKind(const std::string& name, const State& state, std::string_view what) {
-  return name + " is a " + std::string(kindName(state)) + " and " + std::string(what);
 }
 
 }  // namespace
@@ -74,6 +40,10 @@ void DialogSession::open() {
 }
 
 std::string DialogSession::named(int control) { return inQuotes(addressOf(dialog_, control)); }
+
+Refusal DialogSession::perform(const DialogOperation& operation) {
+  return operationRow(operation.verb).perform(*this, operation);
+}
 
 void DialogSession::edited(int control) {
   dialog_.changed(control);
@@ -124,42 +94,23 @@ Refusal DialogSession::inoperable(int control) {
   const Control& wanted = dialog_.control(control);
   if (!shown(control)) { return named(control) + " is hidden"; }
   if (!wanted.enabled) { return named(control) + " is disabled"; }
-  if (!takesFocus(wanted.state)) { return notThisKind(named(control), wanted.state, "takes no input"); }
+  if (!has(wanted.state, kTakesFocus)) { return notThisKind(named(control), wanted.state, "takes no input"); }
   return std::nullopt;
 }
 
 // ---- Text ------------------------------------------------------------------------------------------------
 
 Refusal DialogSession::replaceText(int control, const std::string& text) {
-  State& state = dialog_.control(control).state;
-  if (auto* edit = std::get_if<NumberEdit>(&state)) {
-    edit->text = text;
-    edit->edited = true;
-  } else if (auto* field = std::get_if<TextEdit>(&state)) {
-    if (text.size() > static_cast<size_t>(field->limit)) {
-      return named(control) + " takes at most " + std::to_string(field->limit) + " characters";
-    }
-    if (!field->multiline && text.find('\n') != std::string::npos) { return named(control) + " takes one line"; }
-    field->text = text;
-  } else if (auto* list = std::get_if<DropDown>(&state); list != nullptr && list->editable) {
-    list->text = text;
-    list->selected = indexOf(list->items, text);
-    list->typed = true;
-  } else {
-    return notThisKind(named(control), state, "takes no typed text");
-  }
+  if (auto refusal = typeInto(dialog_.control(control).state, text, named(control))) { return refusal; }
   edited(control);
   return std::nullopt;
 }
 
 Refusal DialogSession::setText(int control, const std::string& text) {
   if (auto refusal = focus(control)) { return refusal; }
-  State& state = dialog_.control(control).state;
+  const State& state = dialog_.control(control).state;
   if (std::holds_alternative<CheckBox>(state) && (text == "0" || text == "1")) { return check(control, text == "1"); }
-  const auto* list = std::get_if<DropDown>(&state);
-  const bool chosen = (list != nullptr && !list->editable) || std::holds_alternative<RadioGroup>(state) ||
-                      std::holds_alternative<LineTypeList>(state) || std::holds_alternative<PictureList>(state);
-  if (chosen) { return chooseEntry(control, text); }
+  if (has(state, kSetChooses)) { return choose(control, text); }
   if (auto refusal = replaceText(control, text)) { return refusal; }
   return leave();
 }
@@ -198,65 +149,23 @@ Refusal DialogSession::check(int control, bool checked) {
 
 Refusal DialogSession::choose(int control, const std::string& item) {
   if (auto refusal = focus(control)) { return refusal; }
-  return chooseEntry(control, item);
-}
-
-Refusal DialogSession::chooseEntry(int control, const std::string& item) {
-  State& state = dialog_.control(control).state;
-  if (auto* types = std::get_if<LineTypeList>(&state)) {
-    const auto number = numberText::parseInteger(item);
-    if (!number || !limits::kListedLineTypes.contains(static_cast<double>(*number))) {
-      return named(control) + " takes a line type from " + limits::kListedLineTypes.text() + ", got \"" + item + '"';
-    }
-    types->selected = static_cast<int>(*number) - 1;
-    edited(control);
-    return std::nullopt;
-  }
-  if (auto* tree = std::get_if<Tree>(&state)) {
-    auto branch = branchOf(*tree, item);
-    if (!branch) { return named(control) + " has no branch " + inQuotes(item); }
-    tree->selected = *std::move(branch);
-    edited(control);
-    return std::nullopt;
-  }
-  if (!hasEntries(state)) { return notThisKind(named(control), state, "has no entries"); }
-  const int index = indexOf(itemTexts(state), item);
-  if (index < 0) { return named(control) + " has no entry " + inQuotes(item) + ", it has " + rangeText(state); }
-  if (auto* radio = std::get_if<RadioGroup>(&state)) {
-    if (!radio->items[static_cast<size_t>(index)].enabled) { return inQuotes(item) + " is disabled"; }
-    radio->chosen = index;
-  } else if (auto* list = std::get_if<DropDown>(&state)) {
-    list->selected = index;
-    list->text = list->items[static_cast<size_t>(index)];
-    list->typed = false;
-  } else if (auto* pictures = std::get_if<PictureList>(&state)) {
-    pictures->selected = index;
-  } else if (auto* columns = std::get_if<ColumnList>(&state)) {
-    columns->selected = index;
-  } else if (auto* tabs = std::get_if<Tabs>(&state)) {
-    tabs->current = index;
-  } else if (std::holds_alternative<ListBox>(state)) {
-    return chooseSeveral(control, {item});
-  }
+  if (auto refusal = chooseEntry(dialog_.control(control).state, item, named(control))) { return refusal; }
   edited(control);
   return std::nullopt;
 }
 
 Refusal DialogSession::chooseSeveral(int control, const std::vector<std::string>& items) {
   if (auto refusal = focus(control)) { return refusal; }
-  auto* list = std::get_if<ListBox>(&dialog_.control(control).state);
-  if (list == nullptr || (items.size() > 1 && !list->multiple)) {
-    return notThisKind(named(control), dialog_.control(control).state, "takes one entry at a time");
-  }
-  std::vector<bool> selected(list->items.size(), false);
-  for (const std::string& item : items) {
-    const int index = indexOf(list->items, item);
-    if (index < 0) { return named(control) + " has no entry " + inQuotes(item); }
-    selected[static_cast<size_t>(index)] = true;
-  }
-  list->selected = std::move(selected);
+  if (auto refusal = chooseEntries(dialog_.control(control).state, items, named(control))) { return refusal; }
   edited(control);
   return std::nullopt;
+}
+
+Refusal DialogSession::goToPage(const std::string& page) {
+  for (int control = 0; control < static_cast<int>(dialog_.controls().size()); ++control) {
+    if (std::holds_alternative<Tabs>(dialog_.control(control).state)) { return choose(control, page); }
+  }
+  return "the dialog has no tabs";
 }
 
 // ---- Buttons and menus -----------------------------------------------------------------------------------
@@ -301,7 +210,7 @@ void DialogSession::cancel() {
 }
 
 void DialogSession::help(int control) {
-  if (dialog_.onHelp) { dialog_.onHelp(control); }
+  if (dialog_.onHelp) { dialog_.onHelp(control >= 0 ? control : dialog_.focus()); }
 }
 
 Refusal DialogSession::chooseMenu(const std::string& path) {
@@ -364,7 +273,7 @@ Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& te
     }
     return std::nullopt;
   }
-  if (cell.kind == CellKind::kList && indexOf(cell.items, text) < 0) {
+  if (cell.kind == CellKind::kList && entryNamed(cell.items, text) < 0) {
     return inQuotes(column) + " has no entry " + inQuotes(text);
   }
   if (cell.kind == CellKind::kCheck && text != "0" && text != "1") { return inQuotes(column) + " takes 0 or 1"; }

@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "frame/host/dialog.h"
+#include "frame/host/dialog_description.h"
+#include "host/window/dialog_operations.h"
 #include "host/window/events.h"
 #include "host/window/user.h"
 
@@ -16,10 +17,13 @@ namespace brevan {
 // nothing; a refused field keeps the focus.
 class DialogSession : public dialog::Presenter {
  public:
-  using Refusal = std::optional<std::string>;
+  using Refusal = brevan::Refusal;
 
   DialogSession(dialog::Dialog& dialog, User& user, EventSink* events);
   ~DialogSession() override;
+
+  // Carries out any of the operations below by its row.
+  Refusal perform(const DialogOperation& operation);
 
   // Runs the opening rule and gives the first control the focus.
   void open();
@@ -39,6 +43,7 @@ class DialogSession : public dialog::Presenter {
   // A check box's mark; a radio group's, list's, tab's entry by its text; a line type by its number.
   Refusal check(int control, bool checked);
   Refusal choose(int control, const std::string& item);
+  Refusal goToPage(const std::string& page);
   Refusal chooseSeveral(int control, const std::vector<std::string>& items);
   // A button, or a pen button, which opens the pen chooser.
   Refusal press(int control);
@@ -55,6 +60,7 @@ class DialogSession : public dialog::Presenter {
   Refusal leave();
   Refusal accept();
   void cancel();
+  // Of a control, or of the one in focus for -1.
   void help(int control);
 
   // ---- dialog::Presenter, for those who show nothing ------------------------------------------------------
@@ -67,7 +73,6 @@ class DialogSession : public dialog::Presenter {
   // Why a control cannot be operated: hidden, disabled, or of a kind that takes no input.
   Refusal inoperable(int control);
   void edited(int control);
-  Refusal chooseEntry(int control, const std::string& item);
   [[nodiscard]] std::string named(int control);
 
   dialog::Dialog& dialog_;

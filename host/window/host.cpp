@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "frame/host/core_services.h"
-#include "frame/host/dialog.h"
+#include "frame/host/dialog_description.h"
 #include "host/macros/command.h"
 
 namespace brevan {
@@ -108,6 +108,7 @@ std::vector<std::string> Host::windowNames() const {
 // did not end well.
 void Host::endCommand(size_t windowsBefore, DrawingWindow& window, bool well) {
   running_ = nullptr;
+  command_ = nullptr;
   for (size_t opened = windowsBefore; opened < windows_.size(); ++opened) { windows_[opened]->endCommand(well); }
   window.endCommand(well);
   if (well) { return; }
@@ -134,10 +135,13 @@ class StyleOfUser {
 }  // namespace
 
 void Host::runCommand(std::string_view name) {
-  const CommandRow* command = module_ != nullptr ? module_->command(name) : nullptr;
+  const CommandRow* const command = module_ != nullptr ? module_->command(name) : nullptr;
   if (command == nullptr) { throw HostFailure("There is no command \"" + std::string(name) + "\"."); }
   const StyleOfUser style(window().style());
-  runStep(std::string(name), [&](DrawingWindow& window) { module_->call(*command, window); });
+  runStep(std::string(name), [&](DrawingWindow& window) {
+    command_ = command;
+    module_->call(*command, window);
+  });
   parts_.settings.Save();  // what the command set outlasts the session
 }
 

@@ -76,6 +76,8 @@ class Host {
   // Runs one of the module's commands on the current window as one undo step. A command that throws leaves
   // the drawing as it was; the exception goes on. Throws HostFailure for a name that is no command.
   void runCommand(std::string_view name);
+  // The one that runs; null where none does.
+  [[nodiscard]] const CommandRow* runningCommand() const { return command_; }
   // Runs a tool of the host's own likewise; what is selected stays so for it.
   void runTool(std::string_view name, void (*work)(DrawingWindow& window));
   // Runs one macro command as typed by the user. Throws MacroError.
@@ -117,6 +119,7 @@ class Host {
   std::vector<std::unique_ptr<DrawingWindow>> windows_;
   size_t current_ = 0;
   DrawingWindow* running_ = nullptr;  // where a command runs; the windows that it opens belong to its step
+  const CommandRow* command_ = nullptr;  // the one that runs
   std::unique_ptr<Module> module_;
 };
 

@@ -2,7 +2,10 @@
 
 #include <dlfcn.h>
 
+#include <array>
+
 #include "frame/host/core_services.h"
+#include "frame/host/ini.h"
 
 namespace brevan {
 
@@ -43,6 +46,16 @@ void Module::call(const CommandRow& command, CCadWindow& view) const {
     exported<void(CCadWindow*)>(command.name)(&view);
   } else {
     exported<void()>(command.name)();
+  }
+}
+
+void addFirstSettings(std::span<const CommandRow> commands, INI_LIST& settings) {
+  for (const CommandRow& command : commands) {
+    for (const FirstSetting& first : command.settings) {
+      std::array<char, 2> there{};
+      if (settings.GetString(first.section, first.key, "", there.data(), there.size()) > 0) { continue; }
+      settings.SetString(first.section, first.key, first.value);
+    }
   }
 }
 

@@ -9,6 +9,7 @@
 class CCadWindow;
 class CMDIFrameWnd;
 class COXShortcutBar;
+class INI_LIST;
 
 namespace brevan {
 
@@ -34,5 +35,8 @@ class Module {
 
   void* library_ = nullptr;
 };
+
+// Gives settings what the commands are to find at a first start; keys that are there stay.
+void addFirstSettings(std::span<const CommandRow> commands, INI_LIST& settings);
 
 }  // namespace brevan

@@ -2,6 +2,7 @@
 
 #include "arch/building_standard.h"
 #include "arch/symbol_folder.h"
+#include "frame/host/number_text.h"
 #include "tests/arch/arch_session.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "frame/host/number_text.h"
 #include "host/geometry/curve.h"
 #include "tests/arch/arch_session.h"
 

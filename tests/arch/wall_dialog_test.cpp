@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "frame/host/number_text.h"
 #include "frame/names.h"
 #include "tests/arch/arch_session.h"
 

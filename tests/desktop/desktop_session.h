@@ -18,6 +18,7 @@
 #include "desktop/prompt_bar.h"
 #include "host/files/json_writer.h"
 #include "host/scripts/script_player.h"
+#include "host/window/module.h"
 
 // The real main window, offscreen, and a person's hands: steps that each wait for their moment, taken from the
 // event loop, so that they go on while a command asks.
@@ -37,8 +38,10 @@ class DesktopSession : public ::testing::Test {
     parts.settingsFile = root + "/settings.ini";
     parts.helpFolder = data + "/Help";
     parts.recoveryFolder = root + "/recovery";
-    if (!std::filesystem::exists(parts.settingsFile)) {
-      std::ofstream(parts.settingsFile) << "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n";
+    {
+      INI_LIST settings(parts.settingsFile);
+      brevan::addFirstSettings(brevan::Module(ARDENIX_MODULE).commands(), settings);
+      settings.Save();
     }
     window_ = std::make_unique<brevan::MainWindow>(parts);
     window_->show();
@@ -103,7 +106,7 @@ class DesktopSession : public ::testing::Test {
     // The libraries are those that ship, without what the recorded session changed in its own.
     brevan::FileServices files(root, BREVAN_DATA, brevan::FileServices::Confinement{root + "/out", nullptr});
     INI_LIST settings("");
-    settings.SetString("MechanicalTools", "SpecFile", "ISO Mechspecs.ini");
+    brevan::addFirstSettings(window_->host().module()->commands(), settings);
     brevan::ScriptPlayer player(script, brevan::PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});
     try {
       player.play();

@@ -11,7 +11,7 @@
 
 #include "desktop/recorder.h"
 #include "host/scripts/script_user.h"
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
 #include "tests/desktop/desktop_session.h"
 #include "tests/host/window/every_control.h"
 

@@ -24,10 +24,7 @@ class EveryDialog : public DesktopSession {
  protected:
   void SetUp() override {
     std::ofstream(root_.toStdString() + "/settings.ini")
-        << "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n[ArchitecturalTools]\r\nSpecFile=Archspecs.ini\r\n"
-           "[SG_DEFAULTS]\r\nSG_DiaramFile=SG Diagram.ini\r\nSG_GenPlanFile=General Plan.ini\r\n"
-           "SG_SectionalFile=Sectional Plan.ini\r\n[Desktop]\r\nDarkTheme="
-        << (qEnvironmentVariableIsSet("BREVAN_DARK") ? "1" : "0")
+        << "[Desktop]\r\nDarkTheme=" << (qEnvironmentVariableIsSet("BREVAN_DARK") ? "1" : "0")
         << "\r\nDarkGround=" << (qEnvironmentVariableIsSet("BREVAN_DARK") ? "1" : "0") << "\r\n";
     DesktopSession::SetUp();
     const QString drawing = qEnvironmentVariable("BREVAN_PICTURED_DRAWING");

@@ -1,6 +1,8 @@
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QSvgRenderer>
 #include <QTextBrowser>
+#include <set>
 
 #include "desktop/help_window.h"
 #include "host/window/module.h"
@@ -10,66 +12,65 @@ namespace {
 
 using namespace brevan;
 
-// The dialog of a command, or one behind its buttons, and the page of help that is its own.
-struct HelpRow {
-  const char* command;
-  const char* press;  // in the command's dialog: a button or a choice; "" for none
-  const char* title;  // of the dialog that help is asked for in, its beginning
+// A dialog behind a button or a choice of another, and the page of help that is its own.
+struct InnerRow {
+  const char* press;
+  const char* title;  // its beginning
   const char* page;   // the end of the topic
 };
 
-constexpr HelpRow kHelpRows[] = {
-    {"DisplayMechSetup", "", "Mechanical Ardenix - Setup", "/Mechanical_Setup_Dialog.htm"},
-    {"MechDrawBolts", "", "Mechanical Ardenix - Hex Bolts", "/Bolt_Setup_Dialog.htm"},
-    {"MechDrawScrews", "", "Mechanical Ardenix - Socket Screws", "/Screw_Setup_Dialog.htm"},
-    {"MechDrawNuts", "", "Mechanical Ardenix - Nuts", "/Nut_Setup_Dialog.htm"},
-    {"MechDrawHoles", "", "Mechanical Ardenix - Drilled Holes", "/Hole_Setup_Dialog.htm"},
-    {"MechDrawRivets", "", "Mechanical Ardenix - Rivets", "/Rivet_Setup_Dialog.htm"},
-    {"DisplayArchSetup", "", "Architectural Setup", "/Architectural_Setup_Dialog.htm"},
-    {"DisplayArchSetup", "Set", "Building Standards Setup", "/Architectural_Setup_Dialog.htm#Building_Standards_Setup"},
-    {"ArchSetWalls", "Internal", "Wall Setup", "/Wall_Setup_Dialog.htm#Internal_Wall_Setup_Dialog"},
-    {"ArchSetWalls", "External", "Wall Setup", "/Wall_Setup_Dialog.htm#External_Wall_Setup_Dialog"},
-    {"ArchDrawWalls", "Internal", "Wall Setup", "/Wall_Setup_Dialog.htm#Internal_Wall_Setup_Dialog"},
-    {"ArchDrawWalls", "External", "Wall Setup", "/Wall_Setup_Dialog.htm#External_Wall_Setup_Dialog"},
-    {"SG_DiagramEditor", "", "SG Diagram setup", "/SG_DIaram_Generation.htm"},
-    {"SG_DiagramEditor", "Options", "Diagram options", "/SG_Diagram_Options.htm"},
-    {"SG_DiagramEditor", "Control coords", "Control Coordinates", "/National_coordinate_system_connections.htm"},
-    {"SG_GenplanEditor", "", "General Plan setup", "/General_Plan_Generation.htm"},
-    {"SG_GenplanEditor", "Options", "General Plan Options", "/GP_Options_Dialog.htm"},
-    {"SG_GenplanEditor", "Control coords", "Control Coordinates", "/National_coordinate_system_connections.htm"},
-    {"SG_SectionEditor", "", "Sectional Plan setup", "/Sectional_Plans/Default_Settings.htm"},
-    {"SG_SectionEditor", "Options", "Sectional Title Options", "/Sectional_Plans_Options_Dialog.htm"},
+constexpr InnerRow kInnerRows[] = {
+    {"Set", "Building Standards Setup", "/Architectural_Setup_Dialog.htm#Building_Standards_Setup"},
+    {"Internal", "Wall Setup", "/Wall_Setup_Dialog.htm#Internal_Wall_Setup_Dialog"},
+    {"External", "Wall Setup", "/Wall_Setup_Dialog.htm#External_Wall_Setup_Dialog"},
+    {"Options", "Diagram options", "/SG_Diagram_Options.htm"},
+    {"Options", "General Plan Options", "/GP_Options_Dialog.htm"},
+    {"Options", "Sectional Title Options", "/Sectional_Plans_Options_Dialog.htm"},
+    {"Control coords", "Control Coordinates", "/National_coordinate_system_connections.htm"},
 };
 
 class DialogHelp : public DesktopSession {
  protected:
-  void SetUp() override {
-    std::ofstream(root_.toStdString() + "/settings.ini")
-        << "[MechanicalTools]\r\nSpecFile=ISO Mechspecs.ini\r\n[ArchitecturalTools]\r\nSpecFile=ArchSpecs.ini\r\n"
-           "[SG_DEFAULTS]\r\nSG_DiaramFile=SG Diagram.ini\r\nSG_GenPlanFile=General Plan.ini\r\n"
-           "SG_SectionalFile=Sectional Plan.ini\r\n";
-    DesktopSession::SetUp();
-  }
   static HelpWindow* helpShown() { return qobject_cast<HelpWindow*>(QApplication::activeModalWidget()); }
-  // On its own, since a dialog that it opens waits in an event loop of its own.
-  static void choose(const DialogWindow& dialog, const QString& caption) {
+  static QAbstractButton* button(const DialogWindow& dialog, const QString& caption) {
     for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
-      if (!button->isVisible() || button->text().remove('&').remove('.') != caption) { continue; }
-      return QTimer::singleShot(0, button, [button] { button->click(); });
+      if (button->isVisible() && button->text().remove('&').remove('.') == caption) { return button; }
     }
-    ADD_FAILURE() << "no button " << caption.toStdString();
+    return nullptr;
   }
-  void askAndClose(const HelpRow& row) {
-    when([row] { return dialogShown() != nullptr && dialogShown()->windowTitle().startsWith(row.title); },
-         [] { QTest::keyClick(dialogShown(), Qt::Key_F1); });
+  // Asks for help in the dialog that is open, and leaves both.
+  void askAndClose() {
+    whenDialog([this](DialogWindow& dialog) {
+      title_ = dialog.windowTitle();
+      for (const InnerRow& row : kInnerRows) {
+        if (button(dialog, row.press) != nullptr) { offered_.insert(row.press); }
+      }
+      QTest::keyClick(&dialog, Qt::Key_F1);
+    });
     when([] { return helpShown() != nullptr; },
-         [this, row] {
+         [this] {
            topic_ = QString::fromStdString(helpShown()->topic());
            text_ = helpShown()->text();
            html_ = helpShown()->findChild<QTextBrowser*>()->toHtml();
            QTest::keyClick(helpShown(), Qt::Key_Escape);
          });
     whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  }
+  void askBehind(const std::string& press) {
+    whenDialog([this, press](DialogWindow& dialog) {
+      title_ = dialog.windowTitle();
+      // On its own, since a dialog that it opens waits in an event loop of its own.
+      QTimer::singleShot(0, button(dialog, press.c_str()),
+                         [pressed = button(dialog, press.c_str())] { pressed->click(); });
+    });
+    const bool choice = press == "Internal" || press == "External";
+    if (!choice) {
+      when([this] { return dialogShown() != nullptr && dialogShown()->windowTitle() != title_; }, [] {});
+    }
+    askAndClose();
+    if (!choice) {
+      whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    }
   }
   // The chapter that the page leads on to; "" where it leads to none.
   std::string chapter() {
@@ -79,34 +80,63 @@ class DialogHelp : public DesktopSession {
     EXPECT_TRUE(in) << link.captured(1).toStdString();
     return {std::istreambuf_iterator<char>(in), {}};
   }
+  QString title_;  // of the dialog in which help was asked for, what the page was and said
   QString topic_;
   QString text_;
   QString html_;
+  std::set<std::string> offered_;  // what there is to press for an inner dialog
 };
 
-TEST_F(DialogHelp, IsThatOfTheDialogAndLeadsToItsCommand) {
-  std::set<std::string> visited;
-  for (const HelpRow& row : kHelpRows) {
-    SCOPED_TRACE(std::string(row.command) + ' ' + row.press);
-    visited.insert(row.command);
-    const bool pressed = *row.press != '\0';
-    if (pressed) {
-      whenDialog([row](DialogWindow& dialog) { choose(dialog, row.press); });
-    }
-    askAndClose(row);
-    const bool inner = pressed && !QString(row.title).startsWith("Wall");
-    if (inner) {
-      whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-    }
-    topic_.clear();
-    act([&] { window_->runCommand(row.command); });
-    EXPECT_TRUE(topic_.endsWith(row.page)) << topic_.toStdString();
-    EXPECT_TRUE(text_.startsWith(row.title)) << text_.left(60).toStdString();
-    const bool hasChapter = !topic_.startsWith("Ardenix/Mechanical");
-    EXPECT_EQ(hasChapter, chapter().find(row.command) != std::string::npos);
-  }
+TEST_F(DialogHelp, OfACommandIsThatOfItsRowAndLeadsToItsChapter) {
   for (const CommandRow& command : window_->host().module()->commands()) {
-    if (std::string(command.caption).ends_with("...")) { EXPECT_TRUE(visited.contains(command.name)) << command.name; }
+    SCOPED_TRACE(command.name);
+    const bool asks = std::string(command.caption).ends_with("...");
+    EXPECT_EQ(asks, *command.help != '\0');
+    if (!asks) { continue; }
+    askAndClose();
+    topic_.clear();
+    act([&] { window_->runCommand(command.name); });
+    EXPECT_EQ(topic_.section('#', 0, 0), QString(command.help).section('#', 0, 0));
+    EXPECT_TRUE(text_.startsWith(title_)) << text_.left(60).toStdString();
+    EXPECT_EQ(*command.chapter.file != '\0', chapter().find(command.name) != std::string::npos);
+  }
+}
+
+TEST_F(DialogHelp, OfAnInnerDialogIsItsOwn) {
+  std::set<const InnerRow*> found;
+  for (const CommandRow& command : window_->host().module()->commands()) {
+    if (*command.help == '\0') { continue; }
+    offered_.clear();
+    askAndClose();
+    act([&] { window_->runCommand(command.name); });
+    for (const std::string& press : std::set(offered_)) {
+      SCOPED_TRACE(std::string(command.name) + ' ' + press);
+      askBehind(press);
+      act([&] { window_->runCommand(command.name); });
+      const auto* row = std::ranges::find_if(
+          kInnerRows, [&](const InnerRow& inner) { return press == inner.press && title_.startsWith(inner.title); });
+      ASSERT_NE(row, std::end(kInnerRows)) << title_.toStdString();
+      EXPECT_TRUE(topic_.endsWith(row->page)) << topic_.toStdString();
+      EXPECT_TRUE(text_.startsWith(title_)) << text_.left(60).toStdString();
+      found.insert(row);
+    }
+  }
+  EXPECT_EQ(found.size(), std::size(kInnerRows));
+}
+
+// What a command's row names is there.
+TEST_F(DialogHelp, EveryRowNamesFilesThatShip) {
+  const QString data = QString::fromStdString(BREVAN_DATA);
+  std::set<std::string> icons;
+  for (const CommandRow& command : window_->host().module()->commands()) {
+    SCOPED_TRACE(command.name);
+    EXPECT_TRUE(QSvgRenderer(data + "/icons/" + command.icon + ".svg").isValid());
+    EXPECT_TRUE(icons.insert(command.icon).second) << "two commands of one icon";
+    if (*command.chapter.file != '\0') { EXPECT_TRUE(QFile::exists(data + "/Help/" + command.chapter.file)); }
+    EXPECT_FALSE(command.settings.empty());
+    for (const FirstSetting& setting : command.settings) {
+      EXPECT_TRUE(QFile::exists(data + '/' + setting.value)) << setting.value;
+    }
   }
 }
 

@@ -174,6 +174,27 @@ TEST_F(Hand, WhatReachesAClosedListIsNotLost) {
   EXPECT_EQ(std::get<Line>(drawing().find(1)->geometry), (Line{{0, 0}, {9, 9}}));
 }
 
+// The list closes before the press of the key that chose in it has gone through all that looks at keys.
+TEST_F(Hand, EnterInAnOpenListChoosesAndDoesNoMore) {
+  int entry = -1;
+  whenDialog([&entry](DialogWindow& dialog) {
+    auto* list = dialog.findChild<QComboBox*>();
+    entry = list->currentIndex();
+    list->setFocus();
+    list->showPopup();
+    QWindow& popup = *list->view()->window()->windowHandle();
+    QTest::keyClick(&popup, Qt::Key_Down);
+    QTest::keyClick(&popup, Qt::Key_Return);
+    ASSERT_FALSE(list->view()->window()->isVisible());
+    entry = list->currentIndex() - entry;
+  });
+  when([] { return true; }, [] { ASSERT_NE(dialogShown(), nullptr) << "Enter went on to the dialog's OK"; });
+  when([] { return dialogShown() != nullptr; }, [] { keysTo(*dialogShown()->windowHandle(), "\n"); });
+  whenPrompted("", [this] { key(Qt::Key_Escape); });
+  act([this] { window_->runCommand("MechDrawBolts"); });
+  EXPECT_EQ(entry, 1);
+}
+
 TEST_F(Hand, EscapeStopsALongComputation) {
   constexpr int kSteps = 2000;
   int done = 0;
@@ -295,8 +316,10 @@ TEST_F(Hand, AGroupIsFoundByItsName) {
 
 TEST_F(Hand, LayersAndLooksAreChosenUndoneAndRecorded) {
   auto* choice = window_->findChild<QToolBar*>("styleBar")->findChild<QComboBox*>();
-  choice->setCurrentText("Walls \"outer\"");
-  emit choice->textActivated(choice->currentText());
+  choice->setFocus();
+  choice->lineEdit()->selectAll();
+  keysTo(*window_->windowHandle(), "Walls \"outer\"\n");
+  EXPECT_EQ(drawing().layer(drawing().currentLayer())->name, "Walls \"outer\"");
   const auto boxes = window_->findChild<QToolBar*>("styleBar")->findChildren<QComboBox*>();
   ASSERT_EQ(boxes.size(), 3);
   boxes[1]->setCurrentIndex(4);

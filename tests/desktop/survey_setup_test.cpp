@@ -13,11 +13,6 @@ using namespace brevan;
 // The survey setup dialog as a person meets it: grids with pens, fonts, buttons, and rows removed by a click.
 class SurveyWindow : public DesktopSession {
  protected:
-  void SetUp() override {
-    std::ofstream(folder_.path().toStdString() + "/settings.ini")
-        << "[SG_DEFAULTS]\r\nSG_DiaramFile=SG Diagram.ini\r\n";
-    DesktopSession::SetUp();
-  }
   static QTableWidget& grid(size_t index) {
     return *dialogShown()->findChildren<QTableWidget*>().at(static_cast<qsizetype>(index));
   }

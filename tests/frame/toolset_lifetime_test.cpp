@@ -2,20 +2,34 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "frame/entry/module_state.h"
+#include "host/macros/variables.h"
+#include "host/window/drawing_window.h"
+#include "host/window/silent_user.h"
 #include "tests/core_fixture.h"
 
 namespace ardenix {
 namespace {
 
-// Lifetimes only compare views.
-char views[2];
-CCadWindow* const kFirst = reinterpret_cast<CCadWindow*>(&views[0]);
-CCadWindow* const kSecond = reinterpret_cast<CCadWindow*>(&views[1]);
+class View : public brevan::DrawingWindow {
+ public:
+  View() : DrawingWindow("View", brevan::WindowServices{user(), variables(), nullptr}) {}
+
+ private:
+  static brevan::User& user() {
+    static brevan::SilentUser nobody;
+    return nobody;
+  }
+  static brevan::MacroVariables& variables() {
+    static brevan::MacroVariables none;
+    return none;
+  }
+};
 
 std::vector<std::string> events;
 
@@ -30,7 +44,7 @@ class StandIn : public Toolset {
 
 class ArchStandIn : public arch::ArchToolset {
  public:
-  explicit ArchStandIn(const Services& services) : arch::ArchToolset(kFirst, services) {}
+  ArchStandIn(CCadWindow* view, const Services& services) : arch::ArchToolset(view, services) {}
   ~ArchStandIn() override { events.emplace_back("-arch"); }
 };
 
@@ -41,42 +55,56 @@ auto maker(const std::string& name) {
 class ToolsetLifetime : public ::testing::Test {
  protected:
   ToolsetLifetime() { events.clear(); }
+  std::optional<View> first_{std::in_place};
+  std::optional<View> second_{std::in_place};
+  CCadWindow* const firstView_ = &*first_;
+  CCadWindow* const secondView_ = &*second_;
   std::unique_ptr<StandIn> slot_;
 };
 
 TEST_F(ToolsetLifetime, OfAViewLastsUntilACommandRunsInAnother) {
-  StandIn& first = toolsetOfView(slot_, kFirst, maker("a"));
-  EXPECT_EQ(&toolsetOfView(slot_, kFirst, maker("b")), &first);
-  toolsetOfView(slot_, kSecond, maker("c"));
+  StandIn& first = toolsetOfView(slot_, firstView_, maker("a"));
+  EXPECT_EQ(&toolsetOfView(slot_, firstView_, maker("b")), &first);
+  toolsetOfView(slot_, secondView_, maker("c"));
   EXPECT_EQ(events, (std::vector<std::string>{"+a", "-a", "+c"})) << "the old one goes before the new one loads";
-  EXPECT_TRUE(slot_->worksIn(kSecond));
-  EXPECT_THROW(toolsetOfView(slot_, kFirst, [](CCadWindow*) -> std::unique_ptr<StandIn> { throw std::bad_alloc(); }),
-               std::bad_alloc);
+  EXPECT_TRUE(slot_->worksIn(secondView_));
+  EXPECT_THROW(
+      toolsetOfView(slot_, firstView_, [](CCadWindow*) -> std::unique_ptr<StandIn> { throw std::bad_alloc(); }),
+      std::bad_alloc);
   EXPECT_EQ(slot_, nullptr) << "a toolset that failed is tried again by the next command";
+}
+
+TEST_F(ToolsetLifetime, OfAClosedViewIsNotThatOfTheNextOneAtItsAddress) {
+  toolsetOfView(slot_, firstView_, maker("a"));
+  first_.emplace();
+  ASSERT_EQ(&*first_, firstView_);
+  EXPECT_FALSE(slot_->worksIn(firstView_));
+  toolsetOfView(slot_, firstView_, maker("b"));
+  EXPECT_EQ(events, (std::vector<std::string>{"+a", "-a", "+b"}));
 }
 
 TEST_F(ToolsetLifetime, OfACommandEndsWithItHoweverItEnds) {
   const auto fail = [](StandIn&) { throw std::runtime_error("cancelled"); };
-  EXPECT_THROW(withToolsetOfCommand(slot_, kFirst, maker("a"), fail), std::runtime_error);
+  EXPECT_THROW(withToolsetOfCommand(slot_, firstView_, maker("a"), fail), std::runtime_error);
   EXPECT_EQ(slot_, nullptr);
-  withToolsetOfCommand(slot_, kFirst, maker("b"), [this](StandIn& tools) { EXPECT_EQ(&tools, slot_.get()); });
+  withToolsetOfCommand(slot_, firstView_, maker("b"), [this](StandIn& tools) { EXPECT_EQ(&tools, slot_.get()); });
   EXPECT_EQ(events, (std::vector<std::string>{"+a", "-a", "+b", "-b"}));
 }
 
 TEST_F(ToolsetLifetime, UntilUnloadIsOnlyPointedAtTheView) {
-  StandIn& tools = toolsetUntilUnload(slot_, kFirst, maker("a"));
-  EXPECT_EQ(&toolsetUntilUnload(slot_, kSecond, maker("b")), &tools);
-  EXPECT_TRUE(tools.worksIn(kSecond));
+  StandIn& tools = toolsetUntilUnload(slot_, firstView_, maker("a"));
+  EXPECT_EQ(&toolsetUntilUnload(slot_, secondView_, maker("b")), &tools);
+  EXPECT_TRUE(tools.worksIn(secondView_));
   EXPECT_EQ(events, std::vector<std::string>{"+a"});
 }
 
 TEST_F(ToolsetLifetime, UnloadingGoesInOrderWhateverWasMadeFirst) {
   {
     ModuleState state;
-    state.sectionalPlanJob = maker("job")(kFirst);
-    state.surveySheet = maker("sheet")(kFirst);
-    state.surveyTrace = maker("trace")(kFirst);
-    state.architectural = std::make_unique<ArchStandIn>(state.services);
+    state.sectionalPlanJob = maker("job")(firstView_);
+    state.surveySheet = maker("sheet")(firstView_);
+    state.surveyTrace = maker("trace")(firstView_);
+    state.architectural = std::make_unique<ArchStandIn>(firstView_, state.services);
     events.clear();
   }
   EXPECT_EQ(events, (std::vector<std::string>{"-arch", "-trace", "-sheet", "-job"}));

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/host/number_text.h"
 #include "tests/mech/command_session.h"
 
 // A session that draws fasteners from a library of the test's own, with what tests ask of the strokes.

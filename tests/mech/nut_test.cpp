@@ -1,3 +1,4 @@
+#include "frame/host/number_text.h"
 #include "mech/nut_drawer.h"
 
 #include "tests/mech/fastener_session.h"

@@ -63,6 +63,19 @@ class Desktop(DesktopTest):
         until("the menu's end", lambda: not screen.popup())
         screen.click(400, 400, 3)
 
+    def test_enter_in_an_open_list_chooses_and_no_more(self):
+        screen = self.screen
+        self.start()
+        self.run_typed("MechDrawBolts", BOLTS)
+        screen.key("alt+Down")  # the list of definitions has the focus
+        until("the list", lambda: len(screen.windows()) > 2)
+        screen.key("Down", "Return")
+        until("the list's end", lambda: len(screen.windows()) == 2)
+        time.sleep(0.5)
+        self.assertTrue(screen.window(BOLTS), "Enter went on to the dialog's OK")
+        screen.key("Return")
+        until("the dialog's end", lambda: not screen.window(BOLTS))
+
     def test_bolts_by_keys_and_by_mouse_outlive_a_kill(self):
         wanted = self.bolt_of_a_script()
         self.start()

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
 #include "survey/sectional_plan_job.h"
 #include "tests/failure.h"
 #include "tests/mech/command_session.h"

@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "frame/host/number_text.h"
 #include "host/drawing/boundary_map.h"
 #include "tests/host/macros/macro_session.h"
 

@@ -159,6 +159,7 @@ TEST_F(Answers, ControlsAreExpectedInEveryState) {
       {"expect \"Thread\" items \"Coarse\" \"Fine\"", "expect \"Thread\" items \"Coarse\""},
       {"expect \"Thread\" items \"Coarse\" \"Fine\"", "expect \"Thread\" items \"Fine\" \"Coarse\""},
       {"expect focus \"Length\"", "expect focus \"Name\""},
+      {"expect dialog \"Every Control\"", "expect dialog \"Other\""},
       {"expect \"Plan\" 0", "expect \"Plan\" 1"},
   };
   for (const auto& [holds, fails] : pairs) {

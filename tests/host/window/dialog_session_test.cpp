@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "host/window/control_text.h"
+#include "host/window/control_kinds.h"
+#include "host/window/dialog_fields.h"
 #include "tests/host/window/every_control.h"
 #include "tests/host/window/host_session.h"
 
