@@ -29,8 +29,6 @@ std::string lineType(int linetype, int pen) { return format("LINETYPE %d %d", li
 
 std::string width(double width) { return format("WIDTH %f", width); }
 
-std::string exactWidth(double width) { return format("WIDTH %.8f", width); }
-
 std::string editLine(Point at, const LineStyle& style) {
   return format("#EDITLP \"N\" [%.3f,%.3f] %d %d %.3f [#]", at.x, at.y, style.linetype, style.pen, style.width);
 }

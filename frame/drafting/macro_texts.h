@@ -34,8 +34,6 @@ inline constexpr std::string_view kHome = "#HOME";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
 inline constexpr std::string_view kPlainLine = "#LINETYPE 1 1";
 inline constexpr std::string_view kNoWidth = "#WIDTH 0";
-// Puts the current line type, pen and width into the macro variables L, P and W.
-inline constexpr std::string_view kLineDefinition = "ENQUIRE \"LINEDEF\" L P W C S F R G B";
 
 std::string parent(std::string_view name);
 std::string beginGroup(std::string_view name);
@@ -47,10 +45,9 @@ std::string copyToLayer(std::string_view layer);
 // Makes a layer current, a new one where there is none of the name.
 std::string newLayer(std::string_view layer);
 
-// The style of what is drawn next; the width in tenths of a millimetre on paper, with six decimals or with eight.
+// The style of what is drawn next; the width in tenths of a millimetre on paper.
 std::string lineType(int linetype, int pen);
 std::string width(double width);
-std::string exactWidth(double width);
 // Gives the line at a point another style; the width with three decimals, like the point.
 std::string editLine(Point at, const LineStyle& style);
 
