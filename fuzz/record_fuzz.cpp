@@ -21,6 +21,7 @@ namespace {
 
 using namespace fuzzing;
 using namespace ardenix;
+using namespace ardenix::arch;
 
 // The kinds that a command draws.
 std::vector<const mech::DefinitionKind*> drawnKinds() {

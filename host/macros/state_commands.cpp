@@ -56,12 +56,10 @@ void unlockAngle(MacroRun& run) { run.window.cursor().unlock(); }
 
 void lockAngle(MacroRun& run) { run.window.cursor().lockAtAngle(run.number(0)); }
 
-// A part in the making comes before what the drawing holds there.
 void lockOntoLineAt(MacroRun& run) {
   const Point p = run.point(0);
-  const PrimitiveId leading = lineContinuedThrough(run.window.drawing(), p);
   const PrimitiveId near = run.window.pick(p, kLinePrimitive);
-  lockOntoLineOf(run, near == 0 || run.window.drawnByThisCommand(leading) ? leading : near);
+  lockOntoLineOf(run, near != 0 ? near : lineContinuedThrough(run.window.drawing(), p));
 }
 
 void lockOntoLine(MacroRun& run) {

@@ -42,7 +42,6 @@ void DrawingWindow::beginCommand(std::string name) {
   setUndoBracket(false);
   resetForCommand();
   inCommand_ = true;
-  lastBeforeCommand_ = drawing_.lastId();
   drawing_.beginStep(std::move(name));
 }
 

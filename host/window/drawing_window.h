@@ -94,8 +94,6 @@ class DrawingWindow : public CCadWindow {
   // step of undo, but for what SETMACUNDO brackets; where it does not end well the drawing is as before.
   void beginCommand(std::string name);
   void endCommand(bool well);
-  // Whether the command that runs now drew it; nothing is drawn by none.
-  [[nodiscard]] bool drawnByThisCommand(PrimitiveId id) const { return inCommand_ && id > lastBeforeCommand_; }
   // Takes a primitive into the open group and, while new items are selected, into the selection.
   PrimitiveId addDrawn(Primitive primitive);
   // Draws as the desktop's own tools do: current layer and style, outside of any group, a step of undo.
@@ -226,7 +224,6 @@ class DrawingWindow : public CCadWindow {
   Cursor cursor_;
   DrawingStyle style_;
   OpenGroup openGroup_;
-  PrimitiveId lastBeforeCommand_ = 0;
   TextDefaults textDefaults_;
   MacroState macroState_;
   int dimensionStyle_ = 0;

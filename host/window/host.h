@@ -118,7 +118,7 @@ class Host {
   PlainShortcutBar shortcutBar_;
   std::vector<std::unique_ptr<DrawingWindow>> windows_;
   size_t current_ = 0;
-  DrawingWindow* running_ = nullptr;  // where a command runs; the windows that it opens belong to its step
+  DrawingWindow* running_ = nullptr;     // where a command runs; the windows that it opens belong to its step
   const CommandRow* command_ = nullptr;  // the one that runs
   std::unique_ptr<Module> module_;
 };
