@@ -104,7 +104,7 @@ class DesktopSession : public ::testing::Test {
     const brevan::Script script = brevan::readScript("recorded.scr", text);
     const std::string root = folder_.path().toStdString();
     // The libraries are those that ship, without what the recorded session changed in its own.
-    brevan::FileServices files(root, BREVAN_DATA, brevan::FileServices::Confinement{root + "/out", nullptr});
+    brevan::FileServices files(root, BREVAN_DATA, brevan::FileServices::Confinement{root + "/out", nullptr, {root}});
     INI_LIST settings("");
     brevan::addFirstSettings(window_->host().module()->commands(), settings);
     brevan::ScriptPlayer player(script, brevan::PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});
