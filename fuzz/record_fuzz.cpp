@@ -15,8 +15,10 @@
 #include "mech/definition_store.h"
 #include "mech/part_drawer.h"
 
-// The first byte chooses a kind of part, the rest is its record as a library may hold it: its values are finite, a
-// record that was written is written again alike, and the part is drawn in finite strokes or refused by the host.
+// The first byte chooses a kind of part, the rest is its record as a library may hold it: its values are finite, which
+// reading them makes sure of, a record that was written is written again alike, and the part is drawn in finite strokes
+// or refused by the host.
+// or refused by the host.
 namespace {
 
 using namespace fuzzing;
@@ -32,10 +34,6 @@ std::vector<const mech::DefinitionKind*> drawnKinds() {
   return kinds;
 }
 
-void requireFinite(std::string_view fields) {
-  for (const std::string_view word : {"inf", "nan"}) { require(fields.find(word) == std::string_view::npos); }
-}
-
 void part(const mech::DefinitionKind& kind, std::string_view record) {
   brevan::SilentUser user;
   brevan::FileServices files("/nonexistent", "/nonexistent");
@@ -45,7 +43,6 @@ void part(const mech::DefinitionKind& kind, std::string_view record) {
   const auto drawer = kind.drawer(host.window(), store);
   drawer->takeRecord(record);
   const std::string once = drawer->recordText("part");
-  requireFinite(once.substr(once.find(',')));
   drawer->takeRecord(once);
   require(drawer->recordText("part") == once);
   drawer->takeRecord(record);

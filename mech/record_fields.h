@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cmath>
 #include <span>
 #include <string>
 #include <string_view>
@@ -82,7 +83,11 @@ class FieldReader {
   FieldReader(std::string_view text, const Field<Record>& field, Record& record)
       : text_(text), field_(field), record_(record) {}
 
-  void operator()(double Record::*member) { record_.*member = coreGetFieldDouble(text_, fallback(), place(), ','); }
+  void operator()(double Record::*member) {
+    const double value = coreGetFieldDouble(text_, fallback(), place(), ',');
+    assert(std::isfinite(value));
+    record_.*member = value;
+  }
   void operator()(int Record::*member) { record_.*member = whole(); }
   void operator()(bool Record::*member) { record_.*member = whole() != 0; }
   void operator()(const Choice<Record>& member) { member.set(record_, whole()); }
