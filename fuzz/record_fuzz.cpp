@@ -18,7 +18,6 @@
 // The first byte chooses a kind of part, the rest is its record as a library may hold it: its values are finite, which
 // reading them makes sure of, a record that was written is written again alike, and the part is drawn in finite strokes
 // or refused by the host.
-// or refused by the host.
 namespace {
 
 using namespace fuzzing;
