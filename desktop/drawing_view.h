@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/snapping.h"
+#include "host/drawing/part_selection.h"
 #include "host/drawing/pens.h"
 #include "host/window/drawing_window.h"
 
@@ -53,7 +54,7 @@ class DrawingView : public QWidget {
   void keyTyped(QKeyEvent* event);
   void cursorMoved(brevan::Point at, const QString& snap);
   void picked(brevan::PrimitiveId id, bool more);  // without a command: 0 for none
-  void windowPicked(const brevan::Box& box, bool more);
+  void windowPicked(const brevan::Box& box, brevan::WindowTakes takes, bool more);
   void contextAsked(const QPoint& at);
 
  protected:

@@ -99,7 +99,7 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
     setCursor(Qt::CrossCursor);
     if (dragged) { zoomTo(box); }
   } else if (dragged) {
-    emit windowPicked(box, more);
+    emit windowPicked(box, windowTakes(window_.drawing(), toDrawing(from), toDrawing(event->position())), more);
   } else {
     const Drawing& drawing = window_.drawing();
     const Point at = toDrawing(event->position());

@@ -3,6 +3,7 @@
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
 #include "frame/host/number_text.h"
+#include "host/drawing/part_selection.h"
 #include "host/macros/macro_drawing.h"
 #include "host/tools/drawing_tools.h"
 #include "host/window/module.h"
@@ -83,17 +84,10 @@ void MainWindow::redo() {
 void MainWindow::select(PrimitiveId id, bool more) {
   if (runner_.busy()) { return; }
   Drawing& drawing = host_->window().drawing();
-  const bool wasSelected = drawing.isSelected(id);
   if (!more) { drawing.clearSelection(); }
   if (id != 0) {
+    togglePart(drawing, id);
     const GroupId group = drawing.find(id)->group;
-    for (const PrimitiveId member : group == 0 ? std::vector<PrimitiveId>{id} : drawing.membersOf(group)) {
-      if (more && wasSelected) {
-        drawing.deselect(member);
-      } else {
-        drawing.select(member);
-      }
-    }
     const Primitive& primitive = *drawing.find(id);
     statusBar()->showMessage(
         tr("%1 on layer %2").arg(shown(kindName(primitive.geometry)), shown(drawing.layer(primitive.layer)->name)) +
@@ -102,14 +96,11 @@ void MainWindow::select(PrimitiveId id, bool more) {
   view().update();
 }
 
-void MainWindow::selectWindow(const Box& box, bool more) {
+void MainWindow::selectWindow(const Box& box, WindowTakes takes, bool more) {
   if (runner_.busy()) { return; }
   Drawing& drawing = host_->window().drawing();
   if (!more) { drawing.clearSelection(); }
-  for (const PrimitiveId id : drawing.inBox(box)) {
-    const Primitive& primitive = *drawing.find(id);
-    if (drawing.layer(primitive.layer)->visible && box.holds(drawing.bounds(primitive))) { drawing.select(id); }
-  }
+  selectParts(drawing, box, takes);
   view().update();
 }
 
@@ -119,7 +110,7 @@ void MainWindow::selectGroup(GroupId group) {
   drawing.clearSelection();
   Box box;
   for (const PrimitiveId id : drawing.membersOf(group)) {
-    drawing.select(id);
+    if (isChangeable(drawing, id)) { drawing.select(id); }
     box.add(drawing.bounds(*drawing.find(id)));
   }
   const Point low = view().toDrawing(QPointF(0, view().height()));

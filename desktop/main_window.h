@@ -104,7 +104,7 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] bool isModified(const std::string& name) const;
   [[nodiscard]] bool isUntouched(const std::string& name) const;
   void select(PrimitiveId id, bool more);
-  void selectWindow(const Box& box, bool more);
+  void selectWindow(const Box& box, WindowTakes takes, bool more);
   void selectGroup(GroupId group);
   void editSettings();
   // The program's own settings.

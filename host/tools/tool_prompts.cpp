@@ -1,5 +1,6 @@
 #include "host/tools/tool_prompts.h"
 
+#include "host/drawing/part_selection.h"
 #include "host/window/drawing_window.h"
 
 namespace brevan {
@@ -31,34 +32,11 @@ std::vector<Geometry> boxOf(Point corner, Point opposite) {
 
 namespace {
 
-// An item that is seen and can be changed.
-bool isChangeable(const Drawing& drawing, const Primitive& primitive) {
-  const Layer* layer = drawing.layer(primitive.layer);
-  return layer != nullptr && layer->visible && !layer->locked;
-}
-
-// The item with the others of its group; a second pick takes it out again.
-void toggle(Drawing& drawing, PrimitiveId picked) {
-  const bool selected = drawing.isSelected(picked);
-  const GroupId group = drawing.find(picked)->group;
-  const std::vector<PrimitiveId> ids = group == 0 ? std::vector<PrimitiveId>{picked} : drawing.membersOf(group);
-  for (const PrimitiveId id : ids) {
-    if (selected) {
-      drawing.deselect(id);
-    } else if (isChangeable(drawing, *drawing.find(id))) {
-      drawing.select(id);
-    }
-  }
-}
-
-void selectInside(Drawing& drawing, Point corner, Point opposite) {
+void selectWindow(Drawing& drawing, Point corner, Point opposite) {
   Box box;
   box.add(corner);
   box.add(opposite);
-  for (const PrimitiveId id : drawing.inBox(box)) {
-    const Primitive& primitive = *drawing.find(id);
-    if (isChangeable(drawing, primitive) && box.holds(drawing.bounds(primitive))) { drawing.select(id); }
-  }
+  selectParts(drawing, box, windowTakes(drawing, corner, opposite));
 }
 
 }  // namespace
@@ -68,12 +46,12 @@ bool askSelection(DrawingWindow& window) {
   if (drawing.hasSelection()) { return true; }
   while (const auto at = askPoint(window, "Indicate the items (space bar to go on)")) {
     const PrimitiveId picked = drawing.nearest(
-        *at, aperture(drawing), [&drawing](PrimitiveId, const Primitive& item) { return isChangeable(drawing, item); });
+        *at, aperture(drawing), [&drawing](PrimitiveId id, const Primitive&) { return isChangeable(drawing, id); });
     if (picked != 0) {
-      toggle(drawing, picked);
+      togglePart(drawing, picked);  // a second pick takes it out again
     } else if (const auto opposite = askPointFrom(window, *at, "Indicate the window's opposite corner",
                                                   [&at](Point corner) { return boxOf(*at, corner); })) {
-      selectInside(drawing, *at, *opposite);
+      selectWindow(drawing, *at, *opposite);
     }
     window.gsRefresh();
   }

@@ -13,6 +13,8 @@ namespace brevan {
 
 using namespace dialog;
 
+std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
+
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -24,8 +26,6 @@ Texts captions(const Items& items, const Caption& caption) {
   for (const auto& item : items) { texts.push_back(caption(item)); }
   return texts;
 }
-
-std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 std::string joined(const Texts& texts) {
   std::string all;

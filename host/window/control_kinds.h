@@ -43,6 +43,8 @@ std::optional<DialogOperation> operationThatSets(int control, const dialog::Stat
 Refusal chooseEntry(dialog::State& state, const std::string& entry, const std::string& name);
 Refusal chooseEntries(dialog::State& state, const std::vector<std::string>& entries, const std::string& name);
 Refusal typeInto(dialog::State& state, const std::string& text, const std::string& name);
+// As messages show names and texts.
+std::string inQuotes(std::string_view text);
 // `"Name" is a check box and WHAT`.
 std::string notThisKind(const std::string& name, const dialog::State& state, std::string_view what);
 

@@ -15,8 +15,6 @@ using namespace dialog;
 
 namespace {
 
-std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
-
 void run(const std::function<void()>& rule) {
   if (rule) { rule(); }
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "frame/host/core_services.h"
+#include "host/drawing/part_selection.h"
 
 namespace brevan {
 
@@ -96,10 +97,7 @@ PrimitiveId DrawingWindow::addDrawn(Primitive primitive) {
 }
 
 bool DrawingWindow::isChangeable(PrimitiveId id) const {
-  const Primitive* primitive = drawing_.find(id);
-  if (primitive == nullptr) { return false; }
-  const Layer* layer = drawing_.layer(primitive->layer);
-  return layer->visible && !layer->locked;
+  return drawing_.find(id) != nullptr && brevan::isChangeable(drawing_, id);
 }
 
 PrimitiveId DrawingWindow::pick(Point p, int type) const {

@@ -300,6 +300,32 @@ TEST_F(Hand, ClicksAndWindowsSelect) {
   EXPECT_TRUE(drawing().find(hidden) != nullptr && drawing().find(locked) != nullptr);
 }
 
+TEST_F(Hand, WindowsSelectWholePartsAndDeletedOnesLeaveTheGroups) {
+  const GroupId group = drawing().addGroup("BOLTS", "B7");
+  const PrimitiveId shank = drawing().add({.group = group, .geometry = Line{{0, 0}, {100, 0}}});
+  const PrimitiveId axis = drawing().add({.group = group, .geometry = Line{{0, 50}, {100, 50}}});
+  const PrimitiveId other = line({0, 100}, {100, 100});
+  show({-20, -20}, {120, 120});
+  window_->runner().run("Shown", [] {});
+  drag({-10, -10}, {110, 40});
+  EXPECT_TRUE(selected().empty()) << "holds half of the part";
+  drag({-10, -10}, {110, 60});
+  EXPECT_EQ(selected(), (std::set{shank, axis}));
+  drag({40, 95}, {60, 105});
+  EXPECT_TRUE(selected().empty());
+  drag({60, 105}, {40, 45});
+  EXPECT_EQ(selected(), (std::set{shank, axis, other})) << "from right to left";
+  drag({60, 20}, {40, -20});
+  EXPECT_EQ(selected(), (std::set{shank, axis}));
+  auto* panel = window_->findChild<GroupsPanel*>("groupsPanel");
+  EXPECT_EQ(panel->topLevelItemCount(), 1);
+  action("Delete")->trigger();
+  EXPECT_EQ(drawing().count(), 1U);
+  EXPECT_EQ(panel->topLevelItemCount(), 0);
+  window_->undo();
+  EXPECT_EQ(panel->topLevelItemCount(), 1);
+}
+
 TEST_F(Hand, AGroupIsFoundByItsName) {
   const GroupId group = drawing().addGroup("BOLTS", "B7");
   const PrimitiveId far = drawing().add({.group = group, .geometry = Line{{5000, 5000}, {5010, 5000}}});

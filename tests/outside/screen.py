@@ -96,6 +96,11 @@ class Display:
     def click(self, x, y, button=1):
         self.xdotool("mousemove", x, y, "click", button)
 
+    def drag(self, start, end):
+        self.xdotool("mousemove", *start, "mousedown", 1)
+        self.xdotool("mousemove", *[(a + b) // 2 for a, b in zip(start, end)], "mousemove", *end)
+        self.xdotool("mouseup", 1)
+
 
 class DesktopTest(unittest.TestCase):
     """With settings, libraries and recovery files of its own."""

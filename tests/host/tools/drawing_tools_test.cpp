@@ -87,6 +87,8 @@ TEST_F(Tools, ItemsArePickedByPointAndWindowAndLockedOnesNever) {
   lockLayer("0", true, false);
   use("erase", "point 5 0\npoint 40 40\npoint 70 70\nspace\n");
   EXPECT_EQ(lines(), (std::vector<Line>{{{50, 50}, {60, 500}}}));
+  use("erase", "point 70 70\npoint 40 40\nspace\n");  // from right to left: what it touches, too
+  EXPECT_TRUE(lines().empty());
 }
 
 TEST_F(Tools, TrimCutsBetweenNeighbours) {
