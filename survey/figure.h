@@ -63,8 +63,8 @@ double areaOf(const Figure& figure);
 // The sum of the lengths of all sides, along their arcs.
 double perimeterOf(const Figure& figure);
 
-// Two sides of the figure given that meet elsewhere than in a corner that they share; nothing where the boundary
-// crosses itself nowhere.
+// Two sides of the figure that meet elsewhere than in a corner that they share; nothing where the boundary crosses
+// itself nowhere. They live as long as the figure.
 std::optional<std::pair<const Side*, const Side*>> crossingSides(const Figure& figure);
 
 // A blank, and each corner's label followed by a blank: " A B C D ".
