@@ -52,11 +52,11 @@ def record(name, *fields):
     return ",".join((name, *texts))
 
 
-def sized(table, shortest="from"):
+def sized(table):
     """Every size of a table in every length in which it is made."""
     for size in table.rows:
         for length in table.lengths:
-            if getattr(size, shortest) <= length <= size.to:
+            if getattr(size, "from") <= length <= size.to:
                 yield size, length
 
 
@@ -66,18 +66,25 @@ def screw_minor(size):
 
 # ---- Bolts and screws ------------------------------------------------------------------------------------------------
 
-def bolt_thread_length(size, length):
-    """The reference length of thread of ISO 4014; ISO 4017 is threaded up to the head."""
-    if length < getattr(size, "from"):
-        return length
+def partial_thread_length(size, length):
+    """The reference length of thread of ISO 4014."""
     allowance = 6 if length <= 125 else 12 if length <= 200 else 25
     return 2 * size.d + allowance
 
 
+def bolt(name, size, length, thread_length):
+    return record(name, size.s, size.k, size.d, length, thread_length, screw_minor(size))
+
+
 def bolts(tables):
-    for size, length in sized(tables[""], shortest="full"):
-        name = f"M{size.d}x{length}" + ("F" if length < getattr(size, "from") else "")
-        yield record(name, size.s, size.k, size.d, length, bolt_thread_length(size, length), screw_minor(size))
+    table = tables[""]
+    for size in table.rows:
+        for length in table.lengths:
+            name = f"M{size.d}x{length}"
+            if getattr(size, "from") <= length <= size.to:
+                yield bolt(name, size, length, partial_thread_length(size, length))
+            if size.full <= length <= size.whole:
+                yield bolt(name + "F", size, length, length)
 
 
 def screws(tables):
@@ -141,8 +148,8 @@ def holes(tables):
     for size in sizes:
         for word, diameter in (("CLR", size.medium), ("CLRF", size.fine), ("CLRC", size.coarse)):
             yield hole(f"M{size.d}{word}", diameter, size.d * 2, DRILLED, THROUGH)
-    for size in sizes:
-        yield hole(f"M{size.d}CB", size.medium, size.depth + size.d, DRILLED, THROUGH, sink=size.depth, bore=size.bore)
+    for size in tables["counterbores"].rows:
+        yield hole(f"M{size.d}CB", medium[size.d], size.depth + size.d, DRILLED, THROUGH, sink=size.depth, bore=size.bore)
     for size in tables["countersinks"].rows:
         clearance = medium[size.d]
         yield hole(f"M{size.d}CSK", clearance, size.d * 2, DRILLED, THROUGH, sink=(size.sink - clearance) / 2)

@@ -8,6 +8,18 @@ from pathlib import Path
 CATALOGUE = Path(__file__).resolve().parents[2] / "data" / "ISO Mechspecs.ini"
 SECTIONS = ("BOLTS CAPSCREWS NUTS HOLES WELDS RIVETS SHAFTS GEARS LINKS FLANGES SURFACE_FINISH").split()
 SIZES = (3, 4, 5, 6, 8, 10, 12, 16, 20, 24)
+HOLE_SIZES = (*SIZES, 30, 36)
+
+# The lengths of ISO 888 in which fasteners up to 360 are made, and the first and last of each size.
+LENGTHS = (3, 4, 5, 6, 8, 10, 12, 16, 20, *range(25, 71, 5), *range(80, 161, 10), *range(180, 361, 20))
+MADE = {
+    "F": {3: (6, 30), 4: (8, 40), 5: (10, 50), 6: (12, 60), 8: (16, 80), 10: (20, 100), 12: (25, 120), 16: (30, 200),
+          20: (40, 200), 24: (50, 200), 30: (60, 200), 36: (70, 200)},
+    "CSK": {3: (8, 30), 4: (8, 40), 5: (8, 50), 6: (8, 60), 8: (10, 80), 10: (12, 100), 12: (20, 100), 16: (30, 100),
+            20: (35, 100)},
+    "SET": {3: (3, 16), 4: (4, 20), 5: (5, 25), 6: (6, 30), 8: (8, 40), 10: (10, 50), 12: (12, 60), 16: (16, 60),
+            20: (20, 60), 24: (25, 60)},
+}
 
 LENGTH, INDEX = r",\d+\.\d{3}", r",\d"
 FORMATS = {
@@ -20,6 +32,10 @@ FORMATS = {
 
 # As printed in tables of fasteners, one part of each size: M10 unless the name says otherwise.
 PUBLISHED = {
+    "BOLTS": {
+        "M8x40": "13.000,5.300,8.000,40.000,22.000,6.466",
+        "M8x40F": "13.000,5.300,8.000,40.000,40.000,6.466",
+    },
     "CAPSCREWS": {
         "M10x60": "16.000,10.000,10.000,60.000,28.000,8.160,10.000,8.000,0,0",
         "M24x200": "36.000,24.000,24.000,200.000,140.000,20.319,24.000,19.000,0,0",
@@ -36,6 +52,10 @@ PUBLISHED = {
         "M10x15TAP": "8.500,10.000,22.300,0.000,1,1,0.000,15.000",
         "M8CB": "9.000,0.000,16.600,8.600,0,0,15.000,0.000",
         "M16CLRC": "18.500,0.000,32.000,0.000,0,0,0.000,0.000",
+        "M10CSK": "11.000,0.000,20.000,5.865,0,0,0.000,0.000",
+        "M30CLR": "33.000,0.000,60.000,0.000,0,0,0.000,0.000",
+        "M30x45TAP": "26.500,30.000,60.200,0.000,1,1,0.000,45.000",
+        "M36TAPTHRU": "32.000,36.000,72.000,0.000,1,0,0.000,72.000",
     },
     "RIVETS": {
         "4x12SNAP": "4.000,2.400,7.000,0,6.000,2.400,7.000,0",
@@ -110,10 +130,24 @@ class Mechspecs(unittest.TestCase):
         def sizes(section, word):
             return {float(m[1]) for name in self.parts[section] if (m := re.fullmatch(rf"M(\d+)(?:x[\d.]+)?{word}", name))}
 
-        for section, words in {"CAPSCREWS": ("", "SET"), "NUTS": ("", "WF", "THIN", "THINWF"),
-                               "HOLES": ("TAP", "TAPTHRU", "CLR", "CB")}.items():
+        for section, words in {"CAPSCREWS": ("", "SET"), "NUTS": ("", "WF", "THIN", "THINWF"), "HOLES": ("CB",)}.items():
             for word in words:
                 self.assertLessEqual(set(SIZES), sizes(section, word), f"{section} {word}")
+        for word in ("TAP", "TAPTHRU", "CLR", "CLRF", "CLRC"):
+            self.assertEqual(set(HOLE_SIZES), sizes("HOLES", word), word)
+
+    def test_no_length_is_missing_between_the_shortest_and_the_longest_of_a_size(self):
+        made = {}
+        for section in ("BOLTS", "CAPSCREWS"):
+            for name in self.parts[section]:
+                size, length, word = re.fullmatch(r"M(\d+)x(\d+)(\w*)", name).groups()
+                made.setdefault((section, word, int(size)), []).append(int(length))
+        for kind, lengths in made.items():
+            first, last = LENGTHS.index(lengths[0]), LENGTHS.index(lengths[-1])
+            self.assertEqual(lengths, list(LENGTHS[first:last + 1]), kind)
+        for word, sizes in MADE.items():
+            found = {size: (lengths[0], lengths[-1]) for (_, its, size), lengths in made.items() if its == word}
+            self.assertEqual(found, sizes, word)
 
     def test_bolts_are_sound_named_for_their_sizes_and_in_their_order(self):
         bolts = self.numbers("BOLTS")
@@ -126,9 +160,9 @@ class Mechspecs(unittest.TestCase):
                 self.assertEqual(minor, published_minor)
                 if not name.endswith("F"):
                     self.assertEqual(thread, thread_lengths[(length > 125) + (length > 200)])
-        order = [(bolt[2], bolt[3]) for bolt in bolts.values()]
+        order = [(diameter, length, thread == length) for _, _, diameter, length, thread, _ in bolts.values()]
         self.assertEqual(order, sorted(set(order)))
-        self.assertEqual({diameter for diameter, _ in order}, set(THREADS))
+        self.assertEqual({diameter for diameter, *_ in order}, set(THREADS))
         spacing = float(self.file["Defaults"]["BoltRepeat"].split(",")[0])
         self.assertGreaterEqual(spacing, max(bolt[0] for bolt in bolts.values()), "repeats leave no room for a head")
 
