@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "frame/host/number_text.h"
+#include "frame/drafting/macro_texts.h"
 
 namespace ardenix::arch {
 
@@ -58,15 +58,15 @@ std::vector<WallLine> wallLines(const WallType& wall, const WallSettings& settin
 }
 
 std::string parallelDefinition(const WallType& wall, const WallSettings& settings) {
-  std::string list;
-  const std::vector<WallLine> lines = wallLines(wall, settings);
-  for (const WallLine& line : lines) {
-    const LayerStyle& style = wall.rows[line.row];
-    list += numberText::format("%d %d %f %f ", style.linetype, style.pen, style.width, line.offset);
+  macroText::ParallelLines definition{.traces = settings.tracks,
+                                      .startAngle = wall.startAngle,
+                                      .endAngle = wall.endAngle,
+                                      .closesEnds = wall.closesEnds,
+                                      .roundsCorners = wall.filletsCorners};
+  for (const WallLine& line : wallLines(wall, settings)) {
+    definition.lines.push_back({wall.rows[line.row], line.offset});
   }
-  return numberText::format("PARLLDEF %d %.2f %.2f 1 %d %d %d %s", settings.tracks ? 0 : 1, wall.startAngle,
-                            wall.endAngle, wall.closesEnds ? 1 : 0, wall.filletsCorners ? 1 : 0,
-                            static_cast<int>(lines.size()), list);
+  return macroText::parallelLines(definition);
 }
 
 }  // namespace ardenix::arch

@@ -20,10 +20,11 @@ class ControlMaker {
       : box_(box), field_(field), setting_(std::move(setting)) {}
 
   FieldControl operator()(double Record::*) {
-    return addFloat(box_, setting_, field_.minimum, field_.maximum, numberText::format("%%.%df", field_.decimals));
+    return withUnit(
+        addFloat(box_, setting_, field_.minimum, field_.maximum, numberText::format("%%.%df", field_.decimals)));
   }
   FieldControl operator()(int Record::*) {
-    return addInteger(box_, setting_, static_cast<int>(field_.minimum), static_cast<int>(field_.maximum));
+    return withUnit(addInteger(box_, setting_, static_cast<int>(field_.minimum), static_cast<int>(field_.maximum)));
   }
   FieldControl operator()(bool Record::*) { return addCheck(box_, setting_); }
   FieldControl operator()(std::string Record::*) { return addText(box_, setting_, field_.limit, field_.multiline); }
@@ -32,6 +33,12 @@ class ControlMaker {
   }
 
  private:
+  template <class Edit>
+  FieldControl withUnit(const Edit& edit) {
+    box_.state<dialog::NumberEdit>(edit.index()).unit = field_.unit;
+    return edit;
+  }
+
   dialog::Dialog& box_;
   const Field<Record>& field_;
   dialog::Setting setting_;

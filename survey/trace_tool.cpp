@@ -22,7 +22,7 @@ void TraceTool::makeDiagram() {
   figure_.clear();
   if (!beginJob(job_, SurveyMode::kDiagram, view())) { return; }
   view().gsClearWorkSpace();
-  view().gsStartPat("#POLY");
+  view().gsStartPat(macroText::kPolyline);
   view().gsExecuteMacro(macroText::kPlainLine);
   view().gsExecuteMacro(macroText::kNoWidth);
   std::optional<TracedFigure> traced = traceFigure(view());

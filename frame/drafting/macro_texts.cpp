@@ -86,6 +86,16 @@ std::string load(std::string_view path, Point at) {
 
 std::string newScale(Point middle) { return format("#NEWSCALE 14 S [%.3f,%.3f]", middle.x, middle.y); }
 
+std::string parallelLines(const ParallelLines& definition) {
+  std::string text = format("PARLLDEF %d %.2f %.2f 1 %d %d %d ", definition.traces ? 0 : 1, definition.startAngle,
+                            definition.endAngle, definition.closesEnds ? 1 : 0, definition.roundsCorners ? 1 : 0,
+                            static_cast<int>(definition.lines.size()));
+  for (const auto& [style, offset] : definition.lines) {
+    text += format("%d %d %f %f ", style.linetype, style.pen, style.width, offset);
+  }
+  return text;
+}
+
 std::string parallelLine(Point first) { return format("PARLLINE [%.5f,%.5f]", first.x, first.y); }
 
 std::string enter(std::string_view prompt, std::string_view variable, char gap) {

@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "frame/drafting/line_style.h"
 #include "frame/drafting/point.h"
@@ -32,6 +33,7 @@ inline constexpr std::string_view kSnapFree = "#curmode \"F\"";
 // Brings the cursor to the middle of the paper.
 inline constexpr std::string_view kHome = "#HOME";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
+inline constexpr std::string_view kPolyline = "#POLY";
 inline constexpr std::string_view kPlainLine = "#LINETYPE 1 1";
 inline constexpr std::string_view kNoWidth = "#WIDTH 0";
 
@@ -81,6 +83,21 @@ std::string load(std::string_view path, Point at);
 // Sets the paper to the scale in macro variable S, its middle at a point; three decimals.
 std::string newScale(Point middle);
 
+// Lines drawn beside a path: how its ends and corners are made, and the lines with their offsets in drawing units,
+// above 0 to the right of travel.
+struct ParallelLines {
+  struct Line {
+    LineStyle style;
+    double offset;
+  };
+  bool traces = false;      // follows the outline at a point, else the points given
+  double startAngle = 0.0;  // degrees between the path and the end of the lines
+  double endAngle = 0.0;
+  bool closesEnds = false;
+  bool roundsCorners = false;
+  std::vector<Line> lines{};
+};
+std::string parallelLines(const ParallelLines& definition);
 // Starts parallel lines by the definition given before; the point with five decimals.
 std::string parallelLine(Point first);
 

@@ -34,6 +34,7 @@ struct NumberEdit {
   std::string text;
   double value = 0.0;   // of the text as last accepted
   bool edited = false;  // the user changed the text and has not left the field since
+  std::string unit{};   // stands behind the range where the dialog is described; empty for drawing units and counts
   bool spin = false;    // with arrows that step by one
 };
 

@@ -188,7 +188,9 @@ constexpr auto kKinds = std::tuple{
                         .value = [](const NumberEdit& edit) { return edit.text; },
                         .range =
                             [](const NumberEdit& edit) {
-                              return numberText::shortest(edit.minimum) + " to " + numberText::shortest(edit.maximum);
+                              const std::string unit = edit.unit.empty() ? "" : " " + edit.unit;
+                              return numberText::shortest(edit.minimum) + " to " + numberText::shortest(edit.maximum) +
+                                     unit;
                             },
                         .type = typeNumber},
     KindRow<TextEdit>{
