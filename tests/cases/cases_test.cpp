@@ -109,7 +109,8 @@ class Case : public ::testing::TestWithParam<fs::path> {
     for (const Statement& statement : expected.statements) { compareLine(cursor, statement); }
     if (!groups_.empty()) { EXPECT_EQ(groupsDrawn(), groups_); }
     const auto asks = [](const Statement& statement) { return statement.name() == "expect"; };
-    EXPECT_TRUE(!lines.empty() || std::ranges::any_of(script_.statements, asks)) << "nothing is expected";
+    const bool refusals = fs::exists(fs::path(GetParam()).replace_extension(".refused"));
+    EXPECT_TRUE(!lines.empty() || refusals || std::ranges::any_of(script_.statements, asks)) << "nothing is expected";
   }
 
  private:
@@ -233,7 +234,7 @@ TEST(ExpectedFile, TellsWhatIsThereFromWhatIsNot) {
 TEST(CaseFolders, HoldScriptsAndWhatIsExpectedOfThem) {
   ASSERT_FALSE(entries(kCases, "").empty());
   for (const fs::path& folder : entries(kCases, "")) {
-    EXPECT_FALSE(entries(folder, ".scr").empty()) << folder << " holds no script";
+    EXPECT_FALSE(entries(folder, ".scr").empty() && entries(folder, ".refused").empty()) << folder << " holds no case";
     for (const fs::path& expected : entries(folder, ".expected")) {
       EXPECT_TRUE(fs::exists(fs::path(expected).replace_extension(".scr"))) << expected << " has no script";
     }
