@@ -8,9 +8,9 @@
 #include "batch/script_runs.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
-#include "host/core/file_system_calls.h"
 #include "host/core/installation.h"
 #include "host/core/standard_streams.h"
+#include "host/core/system_reason.h"
 #include "host/scripts/script_syntax.h"
 
 namespace {

@@ -11,6 +11,7 @@
 #include "host/core/fields.h"
 #include "host/core/help_viewer.h"
 #include "host/core/safe_file.h"
+#include "host/core/system_reason.h"
 #include "host/core/text_encoding.h"
 
 namespace {

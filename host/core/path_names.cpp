@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "frame/host/core_services.h"
-#include "host/core/file_system_calls.h"
+#include "host/core/system_reason.h"
 #include "host/core/text_encoding.h"
 
 namespace brevan {

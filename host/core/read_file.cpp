@@ -9,6 +9,7 @@
 
 #include "host/core/safe_file.h"
 #include "host/core/stamps.h"
+#include "host/core/system_reason.h"
 #include "host/core/text_encoding.h"
 
 namespace brevan {

@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "frame/host/core_services.h"
-#include "host/core/file_system_calls.h"
 
 namespace brevan {
 
@@ -44,7 +43,6 @@ struct SaveOptions {
   std::optional<FileStamp> expectedStamp;
   std::optional<ContentHash> expectedContent;
   std::chrono::milliseconds lockWait{5000};
-  const FileSystemCalls* calls = &FileSystemCalls::posix();
 };
 
 // Makes the file hold these bytes, durably, or leaves it as it was: a temporary file beside it is written,

@@ -13,6 +13,7 @@
 
 #include "host/core/safe_file.h"
 #include "host/core/stamps.h"
+#include "host/core/system_reason.h"
 #include "host/core/text_encoding.h"
 
 namespace brevan {
@@ -48,13 +49,13 @@ class SignalHold {
 // One save, step by step. Every failure leaves through fail(); the destructor removes what was begun.
 class Saver {
  public:
-  Saver(const std::string& path, const SaveOptions& options) : path_(path), options_(options), calls_(*options.calls) {}
+  Saver(const std::string& path, const SaveOptions& options) : path_(path), options_(options) {}
   Saver(const Saver&) = delete;
   Saver& operator=(const Saver&) = delete;
   ~Saver() {
-    if (temporary_ >= 0) { calls_.close(temporary_); }
-    if (temporaryMade_) { calls_.unlinkAt(folder_, temporaryName_.c_str()); }
-    if (folder_ >= 0) { calls_.close(folder_); }
+    if (temporary_ >= 0) { ::close(temporary_); }
+    if (temporaryMade_) { ::unlinkat(folder_, temporaryName_.c_str(), 0); }
+    if (folder_ >= 0) { ::close(folder_); }
   }
 
   FileStamp save(std::string_view bytes) {
@@ -91,7 +92,6 @@ class Saver {
   std::optional<SignalHold> hold_;  // the first member, so that signals wait until what was begun is removed
   const std::string& path_;
   const SaveOptions& options_;
-  const FileSystemCalls& calls_;
   std::string folderPath_;
   std::string name_;
   std::string temporaryName_;
@@ -132,7 +132,7 @@ void Saver::findTarget() {
 
 void Saver::openFolder() {
   do {
-    folder_ = calls_.openAt(AT_FDCWD, folderPath_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
+    folder_ = ::open(folderPath_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   } while (folder_ < 0 && errno == EINTR);
   if (folder_ < 0) { failSystem("opening its folder"); }
 }
@@ -141,7 +141,7 @@ void Saver::openFolder() {
 void Saver::lockFolder() {
   constexpr std::chrono::milliseconds kPause{5};
   const auto end = std::chrono::steady_clock::now() + options_.lockWait;
-  while (calls_.lock(folder_, LOCK_EX | LOCK_NB) != 0) {
+  while (::flock(folder_, LOCK_EX | LOCK_NB) != 0) {
     if (errno == EBADF || errno == ENOLCK || errno == EOPNOTSUPP || errno == ENOSYS) { return; }
     if (errno != EWOULDBLOCK && errno != EINTR) { failSystem("locking its folder"); }
     if (std::chrono::steady_clock::now() >= end) { fail("another program keeps its folder locked"); }
@@ -152,12 +152,12 @@ void Saver::lockFolder() {
 
 void Saver::lookAtTarget() {
   struct stat status {};
-  if (calls_.statAt(folder_, name_.c_str(), status, AT_SYMLINK_NOFOLLOW) != 0) {
+  if (::fstatat(folder_, name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
     if (errno != ENOENT) { failSystem("looking at it"); }
     return;
   }
   if (!S_ISREG(status.st_mode)) { fail(irregularReason(status)); }
-  if (calls_.accessAt(folder_, name_.c_str(), W_OK) != 0) { failSystem("it may not be written"); }
+  if (::faccessat(folder_, name_.c_str(), W_OK, AT_EACCESS) != 0) { failSystem("it may not be written"); }
   current_ = stampFrom(status);
   mode_ = status.st_mode & 07777;
   owner_ = status.st_uid;
@@ -185,15 +185,13 @@ void Saver::makeTemporary() {
   constexpr size_t kLongestStem = 200;
   temporaryName_ = "." + name_.substr(0, kLongestStem) + ".saving";
   if (locked_) {
-    if (calls_.unlinkAt(folder_, temporaryName_.c_str()) != 0 && errno != ENOENT) {
-      failSystem("removing an old copy");
-    }
+    if (::unlinkat(folder_, temporaryName_.c_str(), 0) != 0 && errno != ENOENT) { failSystem("removing an old copy"); }
   } else {
     temporaryName_ += std::to_string(std::random_device{}());
   }
   constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
   do {
-    temporary_ = calls_.openAt(folder_, temporaryName_.c_str(), kFlags, current_.exists ? 0600 : 0666);
+    temporary_ = ::openat(folder_, temporaryName_.c_str(), kFlags, current_.exists ? 0600 : 0666);
   } while (temporary_ < 0 && errno == EINTR);
   if (temporary_ < 0) { failSystem("making a file beside it"); }
   temporaryMade_ = true;
@@ -202,12 +200,12 @@ void Saver::makeTemporary() {
   if (owner_ != ::geteuid() || group_ != ::getegid()) {
     [[maybe_unused]] const int kept = ::fchown(temporary_, owner_, group_);
   }
-  if (calls_.changeMode(temporary_, mode_) != 0) { failSystem("keeping its mode"); }
+  if (::fchmod(temporary_, mode_) != 0) { failSystem("keeping its mode"); }
 }
 
 void Saver::writeAll(std::string_view bytes) const {
   while (!bytes.empty()) {
-    const ssize_t count = calls_.write(temporary_, bytes.data(), bytes.size());
+    const ssize_t count = ::write(temporary_, bytes.data(), bytes.size());
     if (count < 0 && errno == EINTR) { continue; }
     if (count < 0) { failSystem("writing"); }
     if (count == 0) { fail("the disk takes no more bytes"); }
@@ -216,22 +214,22 @@ void Saver::writeAll(std::string_view bytes) const {
 }
 
 void Saver::finishTemporary() {
-  if (calls_.sync(temporary_) != 0) { failSystem("bringing it to the disk"); }
+  if (::fsync(temporary_) != 0) { failSystem("bringing it to the disk"); }
   struct stat status {};
   if (::fstat(temporary_, &status) != 0) { failSystem("looking at the new file"); }
   written_ = stampFrom(status);
-  const int closed = calls_.close(std::exchange(temporary_, -1));
+  const int closed = ::close(std::exchange(temporary_, -1));
   if (closed != 0 && errno != EINTR) { failSystem("closing"); }
 }
 
 // Renaming changes the new file's times, so its stamp is taken afterwards; when another file has come in
 // its place already, the older stamp makes sure that this is noticed.
 FileStamp Saver::putInPlace() {
-  if (calls_.renameAt(folder_, temporaryName_.c_str(), name_.c_str()) != 0) { failSystem("putting it in place"); }
+  if (::renameat(folder_, temporaryName_.c_str(), folder_, name_.c_str()) != 0) { failSystem("putting it in place"); }
   temporaryMade_ = false;
   struct stat status {};
-  const bool seen = calls_.statAt(folder_, name_.c_str(), status, AT_SYMLINK_NOFOLLOW) == 0;
-  if (calls_.sync(folder_) != 0) { failSystem("bringing its folder to the disk"); }
+  const bool seen = ::fstatat(folder_, name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+  if (::fsync(folder_) != 0) { failSystem("bringing its folder to the disk"); }
   return seen && status.st_ino == written_.inode ? stampFrom(status) : written_;
 }
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <functional>
 
+#include "host/core/system_reason.h"
 #include "host/core/text_encoding.h"
 
 namespace brevan {

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
+#include <regex>
 #include <sstream>
 
 #include "host/core/ini_file.h"
@@ -39,6 +41,22 @@ std::vector<fs::path> allScripts() {
 
 fs::path expectedOf(const fs::path& script) { return fs::path(script).replace_extension(".expected"); }
 std::string textOf(const fs::path& path) { return TemporaryFolder::readFile(path.string()); }
+
+// A script whose first line is "#for WORD WORD..." is played for each of the words: the word stands for EACH, and AT is
+// 0 for the first, 100 for the second and so on.
+std::string unrolled(const std::string& text) {
+  constexpr std::string_view kFor = "#for ";
+  if (!text.starts_with(kFor)) { return text; }
+  std::istringstream words(text.substr(kFor.size(), text.find('\n') - kFor.size()));
+  std::string all;
+  int at = 0;
+  for (std::string word; words >> word; at += 100) {
+    const std::string once = std::regex_replace(text.substr(text.find('\n')), std::regex("\\bEACH\\b"), word);
+    all += std::regex_replace(once, std::regex("\\bAT\\b"), std::to_string(at));
+  }
+  return all;
+}
+
 bool isMessage(const Statement& statement) {
   return statement.name() == "expect" && statement.words.size() == 3 && !statement.words[1].quoted &&
          statement.words[1].text == "message";
@@ -84,13 +102,15 @@ class Case : public ::testing::TestWithParam<fs::path> {
     std::string fails;
     for (const Statement& statement : expected.statements) {
       if (statement.name() == "fails") { fails = brevan::toUtf8(cursor.string(statement, 1)); }
-      compareLine(cursor, statement);
     }
-    if (!groups_.empty()) { EXPECT_EQ(groupsDrawn(), groups_); }
     const bool asExpected = fails.empty() ? failure.empty() : failure.find(fails) != std::string::npos;
-    EXPECT_TRUE(asExpected) << "it ends with: " << (failure.empty() ? "no failure" : failure);
+    ASSERT_TRUE(asExpected) << "it ends with: " << (failure.empty() ? "no failure" : failure);
+    drawn_ = drawnThings(drawing());
+    for (const Statement& statement : expected.statements) { compareLine(cursor, statement); }
+    if (!groups_.empty()) { EXPECT_EQ(groupsDrawn(), groups_); }
     const auto asks = [](const Statement& statement) { return statement.name() == "expect"; };
-    EXPECT_TRUE(!lines.empty() || std::ranges::any_of(script_.statements, asks)) << "nothing is expected";
+    const bool refusals = fs::exists(fs::path(GetParam()).replace_extension(".refused"));
+    EXPECT_TRUE(!lines.empty() || refusals || std::ranges::any_of(script_.statements, asks)) << "nothing is expected";
   }
 
  private:
@@ -122,12 +142,31 @@ class Case : public ::testing::TestWithParam<fs::path> {
       std::array<char, 1000> buffer{};
       settings_.GetString(word(1), word(2), "(missing)", buffer.data(), buffer.size());
       EXPECT_EQ(buffer.data(), word(3)) << where;
+    } else if (name == "variable") {
+      compareVariable(cursor, statement, where);
     } else if (name == "unchanged") {
       EXPECT_EQ(textOf(files_.resolveForReading(word(1))), textOf(folder_ / word(1))) << where;
     } else {
       const WantedThing wanted(cursor, statement);
-      const std::string difference = wanted.difference(drawnThings(drawing()));
-      EXPECT_EQ(difference, "") << where << ": " << statement.shown();
+      const auto found = wanted.count(drawn_);
+      EXPECT_TRUE(wanted.holds(found)) << where << ": " << statement.shown() << "\nthere are " << found << listOnce();
+    }
+  }
+
+  // What is drawn, as lines of an expected file.
+  std::string listOnce() {
+    std::string list = listed_ ? "" : "\nThe drawing holds:";
+    for (size_t n = 0; n < drawn_.size() && !listed_; ++n) { list += "\n  " + drawn_[n].shown(); }
+    listed_ = true;
+    return list;
+  }
+  void compareVariable(const ScriptCursor& cursor, const Statement& statement, const std::string& where) {
+    const std::string& name = cursor.string(statement, 1);
+    if (name.ends_with('$')) {
+      const std::string* text = player_.host().variables().text(name);
+      EXPECT_EQ(text == nullptr ? "(unset)" : *text, cursor.string(statement, 2)) << where;
+    } else {
+      EXPECT_NEAR(player_.host().variables().number(name).value_or(NAN), cursor.number(statement, 2), 1e-4) << where;
     }
   }
 
@@ -147,12 +186,14 @@ class Case : public ::testing::TestWithParam<fs::path> {
 
   TemporaryFolder out_;
   fs::path folder_ = GetParam().parent_path();
-  brevan::Script script_ = brevan::readScript(GetParam().string(), textOf(GetParam()));
+  brevan::Script script_ = brevan::readScript(GetParam().string(), unrolled(textOf(GetParam())));
   brevan::FileServices files_{folder_.string(), BREVAN_DATA, brevan::FileServices::Confinement{out_.path(), nullptr}};
   INI_LIST settings_{settingsFile()};
   Record record_;
   brevan::ScriptPlayer player_{script_, {files_, settings_, {}, ARDENIX_MODULE, "", &record_, {}, {}}};
   std::vector<std::string> groups_;
+  std::vector<DrawnThing> drawn_;
+  bool listed_ = false;
 };
 
 TEST_P(Case, IsPlayedAsExpected) {
@@ -181,7 +222,7 @@ TEST(ExpectedFile, TellsWhatIsThereFromWhatIsNot) {
     const brevan::Script lines = brevan::readScript("x.expected", isThere ? there : missing);
     for (const Statement& line : lines.statements) {
       const WantedThing wanted(ScriptCursor(lines), line);
-      EXPECT_EQ(wanted.difference(drawnThings(drawing)).empty(), isThere) << line.shown();
+      EXPECT_EQ(wanted.holds(wanted.count(drawnThings(drawing))), isThere) << line.shown();
     }
   }
   for (const char* wrong : {"lines 0 0 1 1", "no lin", "line 0 0 1 1 pens 3", "3"}) {
@@ -193,7 +234,7 @@ TEST(ExpectedFile, TellsWhatIsThereFromWhatIsNot) {
 TEST(CaseFolders, HoldScriptsAndWhatIsExpectedOfThem) {
   ASSERT_FALSE(entries(kCases, "").empty());
   for (const fs::path& folder : entries(kCases, "")) {
-    EXPECT_FALSE(entries(folder, ".scr").empty()) << folder << " holds no script";
+    EXPECT_FALSE(entries(folder, ".scr").empty() && entries(folder, ".refused").empty()) << folder << " holds no case";
     for (const fs::path& expected : entries(folder, ".expected")) {
       EXPECT_TRUE(fs::exists(fs::path(expected).replace_extension(".scr"))) << expected << " has no script";
     }

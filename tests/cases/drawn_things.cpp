@@ -103,7 +103,7 @@ std::string DrawnThing::shown() const {
   std::string line = kind;
   for (const ThingMember& member : members) {
     line += (member.name.empty() ? "" : ' ' + member.name) + (member.numbers.empty() ? " \"" + member.text + '"' : "");
-    for (const double number : member.numbers) { line += numberText::format(" %.4f", number); }
+    for (const double number : member.numbers) { line += ' ' + numberText::shortest(std::round(number * 1e4) / 1e4); }
   }
   return line;
 }
@@ -118,7 +118,7 @@ std::vector<DrawnThing> drawnThings(const brevan::Drawing& drawing) {
 WantedThing::WantedThing(const brevan::ScriptCursor& cursor, const brevan::Statement& statement) {
   size_t word = 0;
   const auto count = numberText::parseInteger(statement.name());
-  if (statement.name() == "no" || count) { count_ = static_cast<int>(count.value_or(0)), word = 1; }
+  if (statement.name() == "no" || count) { wanted_ = static_cast<long>(count.value_or(0)), word = 1; }
   kind_ = cursor.string(statement, word);
   if (std::ranges::find(kKinds, kind_) == std::end(kKinds)) { cursor.fail(statement, "nothing is a \"" + kind_ + '"'); }
   for (++word; word < statement.words.size(); ++word) {
@@ -139,12 +139,6 @@ bool WantedThing::matches(const DrawnThing& thing) const {
          std::ranges::all_of(members_, [&](const ThingMember& wanted) { return hasMember(thing, wanted); });
 }
 
-std::string WantedThing::difference(const std::vector<DrawnThing>& things) const {
-  const auto found = std::ranges::count_if(things, [this](const DrawnThing& thing) { return matches(thing); });
-  if (count_ < 0 ? found > 0 : found == count_) { return ""; }
-  std::string told = std::to_string(found) + " of this; there are:";
-  for (const DrawnThing& thing : things) {
-    if (kind_ == "thing" || kind_ == "curve" || kind_ == thing.kind) { told += "\n    " + thing.shown(); }
-  }
-  return told;
+long WantedThing::count(const std::vector<DrawnThing>& things) const {
+  return std::ranges::count_if(things, [this](const DrawnThing& thing) { return matches(thing); });
 }

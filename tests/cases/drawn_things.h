@@ -31,13 +31,13 @@ class WantedThing {
   // Fails for a line that no primitive could match.
   WantedThing(const brevan::ScriptCursor& cursor, const brevan::Statement& statement);
 
-  // "" where as many are there as wanted, else what is there instead.
-  [[nodiscard]] std::string difference(const std::vector<DrawnThing>& things) const;
+  [[nodiscard]] long count(const std::vector<DrawnThing>& things) const;
+  [[nodiscard]] bool holds(long count) const { return wanted_ < 0 ? count > 0 : count == wanted_; }
 
  private:
   [[nodiscard]] bool matches(const DrawnThing& thing) const;
 
   std::string kind_;
-  int count_ = -1;  // below 0: one or more
+  long wanted_ = -1;  // below 0: one or more
   std::vector<ThingMember> members_;
 };

@@ -80,6 +80,7 @@ class DesktopSession : public ::testing::Test {
       if (steps_.empty() || !steps_.front().moment()) { return; }
       const auto action = steps_.front().action;
       steps_.pop_front();
+      clock.restart();
       action();
     });
     hands.start(10);
@@ -98,15 +99,16 @@ class DesktopSession : public ::testing::Test {
   brevan::DesktopUser& user() { return *window_->findChild<brevan::DesktopUser*>(); }
   brevan::Drawing& drawing() { return window_->host().window().drawing(); }
   std::string json() { return drawingJson(drawing()); }
-  // What these statements and the recorded ones after them draw in a host without a window, or why they do not.
-  std::string replayed(const std::string& before = "") {
-    const std::string text = before + window_->recorder().script().toStdString();
+  // What the recorded session draws in a host without a window, or why it does not.
+  std::string replayed() { return replay(window_->recorder().script().toStdString()); }
+  std::string replay(const std::string& text) {
     const brevan::Script script = brevan::readScript("recorded.scr", text);
     const std::string root = folder_.path().toStdString();
     // The libraries are those that ship, without what the recorded session changed in its own.
-    brevan::FileServices files(root, BREVAN_DATA, brevan::FileServices::Confinement{root + "/out", nullptr, {root}});
+    const std::string out = root + "/out" + std::to_string(++replays_);
+    brevan::FileServices files(root, BREVAN_DATA, brevan::FileServices::Confinement{out, nullptr, {root}});
     INI_LIST settings("");
-    brevan::addFirstSettings(window_->host().module()->commands(), settings);
+    if (window_) { brevan::addFirstSettings(window_->host().module()->commands(), settings); }
     brevan::ScriptPlayer player(script, brevan::PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});
     try {
       player.play();
@@ -137,4 +139,5 @@ class DesktopSession : public ::testing::Test {
     std::function<void()> action;
   };
   std::deque<Step> steps_;
+  int replays_ = 0;
 };

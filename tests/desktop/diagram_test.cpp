@@ -58,32 +58,6 @@ class DiagramWindow : public DesktopSession {
   }
 };
 
-// With Return at nearly every question, as far as the settings offer an answer.
-TEST_F(DiagramWindow, AnErfIsTracedIntoADiagramOfItsOwn) {
-  drawErf();
-  const std::string traced = json();
-  traceErf();
-  for (const char* question :
-       {"Property", "Situation clause 1", "Situation clause 2", "Administrative", "Province", "Survey date", "PLS",
-        "Parent diagram", "Parent transfer", "SG. File", "Compilation", "Gen. Plan", "Bottom right", "Central meridian",
-        "Y Constant", "X Constant", "Beacon description"}) {
-    whenAsked(question, false);
-  }
-  for (const char* question : {"Beacon description", "Servitude note", "Additional note"}) {
-    whenAsked(question, true);
-  }
-  act([this] { window_->runCommand("SG_TracePolyArea"); });
-  EXPECT_EQ(window_->host().windowNames().size(), 2U);
-  ASSERT_TRUE(drawing().sheet());
-  EXPECT_EQ(drawing().sheet()->name, "A4");
-  EXPECT_GT(drawing().count(), 60U);
-  EXPECT_EQ(replayedDiagram(), json());
-  window_->undo();
-  EXPECT_EQ(drawing().count(), 0U);
-  window_->host().goToWindow("Drawing1");
-  EXPECT_EQ(json(), traced) << "the drawing that was traced stays as it was";
-}
-
 // Backspace on an empty line goes back to what was typed before; Escape asks whether to give up, and the sheet goes.
 TEST_F(DiagramWindow, QuestionsAreLeftBackwardsAndADiagramGivenUp) {
   drawErf();

@@ -163,18 +163,6 @@ TEST_F(Files, ExportsInEveryFormatAndRefusesOthers) {
   EXPECT_EQ(drawing().count(), 0U);
 }
 
-TEST_F(Files, ABrokenDrawingOpensNothing) {
-  drawLine("10,10", "@50<90");
-  const std::string drawn = json();
-  const int before = tabs().count();
-  std::ofstream(path("bad.dxf").toStdString()) << "0\nSECTION\nx";
-  chooses(path("bad.dxf"));
-  answers(QMessageBox::Ok);
-  act([this] { trigger("Open or Import..."); });
-  EXPECT_EQ(tabs().count(), before);
-  EXPECT_EQ(json(), drawn);
-}
-
 TEST_F(Files, PrintsTheSheet) {
   drawLine("10,10", "@50<90");
   when([] { return qobject_cast<QPrintDialog*>(QApplication::activeModalWidget()) != nullptr; },

@@ -1,7 +1,6 @@
 #include "desktop/recovery.h"
 
 #include <QMessageBox>
-#include <QProcess>
 #include <csignal>
 
 #include "host/files/drawing_files.h"
@@ -13,12 +12,6 @@ namespace {
 using namespace brevan;
 
 constexpr const char* kRootVariable = "BREVAN_TEST_ROOT";
-
-#ifdef __SANITIZE_ADDRESS__
-constexpr int kKills = 12;
-#else
-constexpr int kKills = 50;
-#endif
 
 class RecoveryTest : public DesktopSession {
  protected:
@@ -58,7 +51,7 @@ class RecoveryTest : public DesktopSession {
   }
 };
 
-// Run by the test below in a process of its own.
+// Run by the fault suite, in a process of its own each.
 class KilledSession : public RecoveryTest {
  protected:
   void SetUp() override {
@@ -96,25 +89,6 @@ TEST_F(KilledSession, DISABLED_lacksMemoryForABolt) {
   act([this] { window_->runCommand("MechDrawBolts"); });
   EXPECT_EQ(said, said.isEmpty() ? "" : "There is not enough memory.");
   EXPECT_EQ(json() == before, !said.isEmpty());
-}
-
-TEST_F(RecoveryTest, everyFinishedCommandOutlivesItsKill) {
-  for (int command = 1; command <= kKills; ++command) {
-    QProcess session;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(kRootVariable, root_);
-    session.setProcessEnvironment(environment);
-    session.setProcessChannelMode(QProcess::MergedChannels);
-    session.start(QApplication::applicationFilePath(),
-                  {"--gtest_also_run_disabled_tests", "--gtest_filter=KilledSession.*Line"});
-    ASSERT_TRUE(session.waitForFinished(30'000));
-    ASSERT_EQ(session.exitStatus(), QProcess::CrashExit) << session.readAll().toStdString();
-    ASSERT_EQ(kept().size(), 1U) << "after command " << command;
-    const Drawing drawing = Recovery::read(kept().front());
-    ASSERT_EQ(drawing.count(), static_cast<size_t>(command));
-    const Line line = std::get<Line>(drawing.find(command)->geometry);
-    EXPECT_EQ(line.a, (Point{static_cast<double>(command), 0.0}));
-  }
 }
 
 TEST_F(RecoveryTest, whatAnOpenedFileLacksIsAllThatIsWritten) {

@@ -94,7 +94,7 @@ class Recovery(FaultTest):
         return most
 
     def test_power_cut_after_a_command_keeps_it(self):
-        for command in range(1, amount(12, 2) + 1):
+        for command in range(1, amount(12, 4) + 1):
             log = self.folder / "log"
             log.unlink(missing_ok=True)
             disk = power_cut.Disk(self.recovery)

@@ -3,18 +3,23 @@
 //
 //   FAULTS_BELOW   the folder; calls that concern anything else pass
 //   FAULTS_AT      the number of the call, from 1
-//   FAULTS_DO      "kill", or the number of the error that the call fails with
+//   FAULTS_DO      "kill"; "term", which ends a program that does not hold that signal; "short", which cuts and
+//   interrupts
+//                  every write in turn; or the number of the error that the call fails with
 //   FAULTS_LOG     a file for what was done: see noteDone()
 //   FAULTS_COUNT   a file for the number of calls made
-//   FAULTS_LOOKING with any value: it is calls that open, close and look at files, wherever they lie, that count and
-//   fail FAULTS_NEW_AT  the number of the operator new that fails, counted from the first call of the kind above
+//   FAULTS_LOOKING calls that open, close, lock and look at files count and fail, too: "below" those that concern the
+//                  folder, any other value all of them, wherever the file lies
+//   FAULTS_NEW_AT  the number of the operator new that fails, counted from the first call of the kind above
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <climits>
@@ -96,6 +101,10 @@ bool failsNow() {
   if (kCount != nullptr) { appendTo(kCount, std::to_string(call) + "\n", O_TRUNC); }
   if (call != kAt || kDo == nullptr) { return false; }
   if (std::strcmp(kDo, "kill") == 0) { ::raise(SIGKILL); }
+  if (std::strcmp(kDo, "term") == 0) {
+    std::signal(SIGTERM, SIG_DFL);
+    return ::raise(SIGTERM) != 0;
+  }
   errno = static_cast<int>(numberOf("FAULTS_DO"));
   return true;
 }
@@ -105,10 +114,24 @@ std::string inodeOf(int descriptor) {
   return NEXT(fstat)(descriptor, &status) == 0 ? std::to_string(status.st_ino) : "0";
 }
 
-// The same for a call that changes nothing.
-bool looksInVain() {
-  static const bool kLooking = ::getenv("FAULTS_LOOKING") != nullptr;
-  if (!kLooking || inside) { return false; }
+bool concerns(int descriptor) {
+  if (inside) { return false; }
+  const Inside own;
+  return isWatched(linkOf(descriptor));
+}
+
+bool concernsName(int folder, const char* name) {
+  if (inside) { return false; }
+  const Inside own;
+  return isWatched(pathOf(folder, name));
+}
+
+// The same for a call that changes nothing; `concernsFolder` tells whether it is about the folder below.
+template <class Concerns>
+bool looksInVain(const Concerns& concernsFolder) {
+  static const char* const kLooking = ::getenv("FAULTS_LOOKING");
+  if (kLooking == nullptr || inside) { return false; }
+  if (std::strcmp(kLooking, "below") == 0 && !concernsFolder()) { return false; }
   const Inside own;
   return failsNow();
 }
@@ -130,7 +153,7 @@ void noteDone(const Words& words, const void* bytes = nullptr, size_t size = 0) 
 
 template <class Call>
 int opened(int folder, const char* name, int flags, const Call& call) {
-  if (looksInVain()) { return -1; }
+  if (looksInVain([&] { return concernsName(folder, name); })) { return -1; }
   if (inside || (flags & (O_CREAT | O_TRUNC | O_WRONLY | O_RDWR)) == 0) { return call(); }
   const Inside own;
   const std::string path = pathOf(folder, name);
@@ -147,12 +170,6 @@ int opened(int folder, const char* name, int flags, const Call& call) {
 
 mode_t modeOf(int flags, va_list arguments) { return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0; }
 
-bool concerns(int descriptor) {
-  if (inside) { return false; }
-  const Inside own;
-  return isWatched(linkOf(descriptor));
-}
-
 template <class Call>
 ssize_t written(int descriptor, const void* bytes, off_t at, const Call& call) {
   const Inside own;
@@ -160,12 +177,6 @@ ssize_t written(int descriptor, const void* bytes, off_t at, const Call& call) {
   const ssize_t count = call();
   if (count > 0) { noteDone({"write", inodeOf(descriptor), std::to_string(at)}, bytes, static_cast<size_t>(count)); }
   return count;
-}
-
-bool concernsName(int folder, const char* name) {
-  if (inside) { return false; }
-  const Inside own;
-  return isWatched(pathOf(folder, name));
 }
 
 // A call that is watched, or not; the words tell what was done when it went well.
@@ -240,9 +251,21 @@ std::FILE* fopen64(const char* name, const char* mode) {
   return openedFile(name, mode, next<decltype(::fopen64)>("fopen64"));
 }
 
+// Whether this write, to be cut already, is interrupted before it has written anything.
+bool cutsShort(size_t& size) {
+  static const char* const kDo = ::getenv("FAULTS_DO");
+  static std::atomic<int> writes{0};
+  if (kDo == nullptr || std::strcmp(kDo, "short") != 0) { return false; }
+  constexpr size_t kMost = 1000;
+  size = std::min(size, kMost);
+  errno = EINTR;
+  return ++writes % 2 == 0;
+}
+
 ssize_t write(int descriptor, const void* bytes, size_t size) {
   const auto call = [&] { return NEXT(write)(descriptor, bytes, size); };
   if (!concerns(descriptor)) { return call(); }
+  if (cutsShort(size)) { return -1; }
   return written(descriptor, bytes, ::lseek(descriptor, 0, SEEK_CUR), call);
 }
 ssize_t pwrite(int descriptor, const void* bytes, size_t size, off_t at) {
@@ -310,25 +333,31 @@ int fchmod(int descriptor, mode_t mode) noexcept {
 
 // A descriptor that the system could not close well is closed all the same.
 int close(int descriptor) {
-  if (!looksInVain()) { return NEXT(close)(descriptor); }
+  if (!looksInVain([&] { return concerns(descriptor); })) { return NEXT(close)(descriptor); }
   const int error = errno;
   NEXT(close)(descriptor);
   errno = error;
   return -1;
 }
-#define LOOKING(call, declared, passed) \
-  int call declared noexcept { return looksInVain() ? -1 : NEXT(call) passed; }
+#define LOOKING(call, declared, passed, concerned)                          \
+  int call declared noexcept {                                              \
+    return looksInVain([&] { return concerned; }) ? -1 : NEXT(call) passed; \
+  }
 // NOLINTBEGIN(bugprone-macro-parentheses)
-LOOKING(stat, (const char* name, struct stat* status), (name, status))
-LOOKING(stat64, (const char* name, struct stat64* status), (name, status))
-LOOKING(lstat, (const char* name, struct stat* status), (name, status))
-LOOKING(lstat64, (const char* name, struct stat64* status), (name, status))
-LOOKING(fstat, (int descriptor, struct stat* status), (descriptor, status))
-LOOKING(fstat64, (int descriptor, struct stat64* status), (descriptor, status))
-LOOKING(fstatat, (int folder, const char* name, struct stat* status, int flags), (folder, name, status, flags))
+LOOKING(stat, (const char* name, struct stat* status), (name, status), concernsName(AT_FDCWD, name))
+LOOKING(stat64, (const char* name, struct stat64* status), (name, status), concernsName(AT_FDCWD, name))
+LOOKING(lstat, (const char* name, struct stat* status), (name, status), concernsName(AT_FDCWD, name))
+LOOKING(lstat64, (const char* name, struct stat64* status), (name, status), concernsName(AT_FDCWD, name))
+LOOKING(fstat, (int descriptor, struct stat* status), (descriptor, status), concerns(descriptor))
+LOOKING(fstat64, (int descriptor, struct stat64* status), (descriptor, status), concerns(descriptor))
+LOOKING(fstatat, (int folder, const char* name, struct stat* status, int flags), (folder, name, status, flags),
+        concernsName(folder, name))
 LOOKING(statx, (int folder, const char* name, int flags, unsigned mask, struct statx* status),
-        (folder, name, flags, mask, status))
-LOOKING(access, (const char* name, int mode), (name, mode))
+        (folder, name, flags, mask, status), concernsName(folder, name))
+LOOKING(access, (const char* name, int mode), (name, mode), concernsName(AT_FDCWD, name))
+LOOKING(faccessat, (int folder, const char* name, int mode, int flags), (folder, name, mode, flags),
+        concernsName(folder, name))
+LOOKING(flock, (int descriptor, int operation), (descriptor, operation), concerns(descriptor))
 // NOLINTEND(bugprone-macro-parentheses)
 
 }  // extern "C"

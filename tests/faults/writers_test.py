@@ -50,13 +50,13 @@ class Writers(FaultTest):
         path = self.out / writer.target
         return path.read_bytes() if path.exists() else None
 
-    def undisturbed(self, writer):
+    def undisturbed(self, writer, **more):
         """What the writer does when nothing goes wrong."""
         writer.prepare(self)
         log, counted = self.folder / "log", self.folder / "count"
         log.unlink(missing_ok=True)
         run = Undisturbed(writer.before(), power_cut.Disk(self.out))
-        self.assertDone(writer.run(self, self.faulty(log=log, count=counted)))
+        self.assertDone(writer.run(self, self.faulty(log=log, count=counted, **more)))
         run.operations, run.names = power_cut.read_log(log), self.names()
         run.calls = int(counted.read_text(encoding="ascii"))
         run.versions = list(run.disk.versions(run.operations, str(self.out / writer.target)))
@@ -87,12 +87,12 @@ class Writers(FaultTest):
     def test_every_call_failing(self):
         self.each(self.fail_every_call)
 
-    def fail_every_call(self, writer, run):
+    def fail_every_call(self, writer, run, errors=ERRORS, **more):
         for call in range(1, run.calls + 1):
-            for error in ERRORS if WHOLE else ERRORS[call % 2:][:1]:
+            for error in errors if WHOLE or more else errors[call % 2:][:1]:
                 at = f"call {call}, {os.strerror(error)}"
                 writer.prepare(self)
-                done = writer.run(self, self.faulty(at=call, do=error))
+                done = writer.run(self, self.faulty(at=call, do=error, **more))
                 left = run.state(self.content(writer))
                 self.assertIn(left, WHOLE_STATES, at)
                 self.assertLessEqual(self.names(), run.names, "litter after " + at)
@@ -118,6 +118,20 @@ class Writers(FaultTest):
             self.assertIn(run.state(self.content(writer)), ("old", "new"), f"call {call}")
             if done.returncode != 0:
                 self.assertTrue(done.stderr.strip(), f"call {call}: no message")
+
+    def test_calls_that_change_nothing_failing(self):
+        """Looking, locking and closing; ended by another signal; written in pieces."""
+        writer = next(writer for writer in ALL if writer.name == "save of a script")
+        run = self.undisturbed(writer)
+        self.fail_every_call(writer, self.undisturbed(writer, looking="below"), ERRORS + (errno.EINTR,), looking="below")
+        for call in range(1, run.calls + 1):
+            writer.prepare(self)
+            self.assertEqual(writer.run(self, self.faulty(at=call, do="term")).returncode, -signal.SIGTERM)
+            self.assertIn(run.state(self.content(writer)), WHOLE_STATES, call)
+            self.assertLessEqual(self.names(), run.names, f"litter after call {call}")
+        writer.prepare(self)
+        self.assertDone(writer.run(self, self.faulty(do="short")))
+        self.assertEqual(run.state(self.content(writer)), "new")
 
     def test_power_cut_at_every_call(self):
         self.each(self.cut_power_at_every_call)

@@ -147,21 +147,6 @@ TEST_F(DefinitionDialogTest, AnEmptySectionTakesItsFirstRecord) {
 
 // ---- OK -----------------------------------------------------------------------------------------------------
 
-TEST_F(DefinitionDialogTest, EveryRuleThatIsBrokenIsTold) {
-  visit(
-      "set \"Head size\" 5\nset \"Head height\" 0\nset \"Length\" 10\nset \"Minor Dia\" 11\n"
-      "set \"Number =\" 2\nset \"Repeat value\" 2\npress \"OK\"\nexpect focus \"Repeat value\"\n");
-  EXPECT_EQ(log_.of("message"), (Texts{"The head diameter must be larger than the thread (nominal) diameter!",
-                                       "The head height must be greater than 0 (zero)!",
-                                       "The thread length may not be greater than the shaft length!",
-                                       "The minor diameter may not be greater than the thread (nominal) diameter!",
-                                       "The repeat spacing must be greater than the bolt head diameter!"}));
-  visit(
-      "uncheck \"Side View (elevation)\"\nset \"Head size\" 5\npress \"OK\"\n"
-      "expect focus \"Side View (elevation)\"\n");
-  EXPECT_EQ(log_.of("message"), Texts{"Please select which view to draw, or both."});
-}
-
 TEST_F(DefinitionDialogTest, ValuesThatAreNotSavedAreStillDrawn) {
   play("run MechDrawBolts\n" + kOpen + "set \"Length\" 50\npress \"OK\"\n" + kDiscard +
        "point 0 0\nmenu \"No Rotation\"\nspace\n");

@@ -60,8 +60,6 @@ TEST_F(ParallelLines, FollowAFigureFromOutside) {
   macro("PARLLINE");
   window().gsSetAutoperimPromptFlag(0);
   expectBox(6, 9, {{-550, -550}, {650, 650}});
-  EXPECT_EQ(macroError("PARLLDEF 0 90 90 1 0 0 1 2 1 0"),
-            "24: PARLLDEF expects line type, pen, width and offset for each of its lines");
 }
 
 TEST_F(ParallelLines, FollowAnOpenLineOnTheSideOfThePoint) {

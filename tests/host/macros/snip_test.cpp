@@ -105,9 +105,6 @@ TEST_F(Snip, APolygonKeepsWhatIsInside) {
   line(-10, 15, 30, 15);
   macro("#POLYSNIP \"N\" \"N\"  [0.0,0.0] [20.0,0.0] [20.0,20.0] [10.0,8.0] [0.0,20.0] [#] ");
   EXPECT_NEAR(inkLength(), 20.0 + 2.0 * 25.0 / 6.0, 1e-9);
-  EXPECT_EQ(macroError("#POLYSNIP \"N\" \"N\" [0,0] [1,1] [#]"), "19: POLYSNIP expects a polygon of 3 corners or more");
-  EXPECT_EQ(macroError("#SNIP \"Y\" \"Y\" \"N\" [5,0] [5,10] [#]"),
-            "25: SNIP expects the opposite corners of a window");
 }
 
 class Corners : public MacroSession {};
@@ -124,7 +121,6 @@ TEST_F(Corners, TwoPointsNameTwoSidesAndOneTheNearestCorner) {
   macro("FILLET 2 \"N\" 4 [38,2] [#]");
   EXPECT_EQ(shape<Line>(level).b, (Point{36, 0}));
   const std::string before = json();
-  EXPECT_EQ(macroError("FILLET 2 \"N\" 4 [300,300] [#]"), "16: no two lines or arcs meet near this point");
   EXPECT_EQ(macroError("FILLET 2 \"Y\" 400 [20,0] [0,20] [#]"), "14: no arc of this radius fits between the two sides");
   EXPECT_EQ(json(), before);
 }

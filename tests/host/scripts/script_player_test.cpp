@@ -37,62 +37,6 @@ class Player : public CoreFixture {
   std::optional<ScriptPlayer> player_;
 };
 
-TEST_F(Player, EveryStatementRefusesBadInputWithItsLineAndRule) {
-  const std::vector<std::pair<std::string, std::string>> cases = {
-      {"fly", "there is no statement \"fly\""},
-      {"point 1 2", "no command waits for an answer, the script gave: point 1 2"},
-      {"press \"OK\"", "no command waits for an answer, the script gave: press \"OK\""},
-      {"pen 3", "no command waits for an answer, the script gave: pen 3"},
-      {"setting \"A\" \"B\"", "setting expects 3 words after it, got 2"},
-      {"parameter scale 0", "scale takes a number above 0"},
-      {"parameter unit -1", "unit takes a number above 0"},
-      {"parameter scale \"5\"", "parameter expects a number, got \"5\""},
-      {"parameter orientation 2", "orientation does not take 2"},
-      {"parameter coordinateSystem 0.5", "coordinateSystem does not take 0.5"},
-      {"parameter colour 1", "there is no parameter \"colour\""},
-      {"textstyle \"Arial\" 0 1 1 1", "a text's height is above 0, got 0"},
-      {"textstyle \"Arial\" 35 1 10 1", "a justification is 1 to 9 or 11 to 19"},
-      {"textstyle \"Arial\" 35 1 20 1", "a justification is 1 to 9 or 11 to 19"},
-      {"textstyle \"Arial\" 35 -1 1 1", "a text's width factor is 0 (for 1) or more"},
-      {"textstyle \"Arial\" 35 1 1 0", "a pen is 1 to 256, got 0"},
-      {"dimstyle one", "dimstyle expects a number, got \"one\""},
-      {"new \"Drawing1\"", "there is a window \"Drawing1\" already"},
-      {"window \"None\"", "there is no window \"None\""},
-      {"closewindow \"None\"", "there is no window \"None\""},
-      {"sheet \"A5\" portrait", "sheet expects A0 to A4, got \"A5\""},
-      {"sheet \"A4\" upright", "sheet expects portrait or landscape, got \"upright\""},
-      {"sheet \"A4\" portrait 1", "sheet expects both coordinates of its corner"},
-      {"style 1 0 1", "a line type is 1 or more"},
-      {"style 257 1 1", "a pen is 1 to 256, got 257"},
-      {"style 1 1 -1", "a line width is 0 or more"},
-      {"style 1 1e10 1", "style expects a whole number, got \"1e10\""},
-      {"draw", "draw expects 1 to 11 words after it, got 0"},
-      {"draw ellipse 1 2 3", "draw expects line, circle, arc, text or symbol, got \"ellipse\""},
-      {"draw line 1 2 3", "draw expects 5 words after it, got 4"},
-      {"draw line 1 2 3 1e400", "draw expects a number, got \"1e400\""},
-      {"draw circle 0 0 0", "a radius is above 0, got 0"},
-      {"draw arc 0 0 1 1 2 2 2", "an arc's direction is 0 or 1"},
-      {"draw text 0 0 -1 \"x\"", "a text's height is above 0, got -1"},
-      {"draw symbol \"NONE\" 0 0 1 0", "there is no symbol \"NONE\""},
-      {"macro NEWLAYER", "column 9: NEWLAYER expects a text in quotes here"},
-      {"macro", "column 1: a macro command starts with a word"},
-      {"read", "read expects 1 words after it, got 0"},
-      {"run NoSuchCommand", "There is no command \"NoSuchCommand\"."},
-      {"undo", "there is nothing to undo"},
-      {"redo", "there is nothing to redo"},
-      {"export \"a.json\" dpi 9", "export expects dpi and a number from 10 to 2400 after the file"},
-      {"layerstate \"NONE\" shown locked", "there is no layer \"NONE\""},
-      {"layerstate \"0\" seen locked", "layerstate takes shown or hidden, got \"seen\""},
-      {"expect \"Length\" 1", "no dialog is open in which a control could be looked at"},
-      {"expect prompt \"P\"", "the script expects a prompt, there is none"},
-      {"expect status \"S\"", "the status is \"\", the script expects \"S\""},
-  };
-  for (const auto& [statement, rule] : cases) { EXPECT_EQ(play("\n" + statement + "\n"), "a.scr:2: " + rule); }
-  EXPECT_NE(play("parameter unit 1e308\n"), "") << "a unit that overflows";
-  EXPECT_NE(play("expect no prompt\n"), "") << "a check that cannot fail";
-  EXPECT_NE(play("layer \"L\"\nmacro NEWLAYER \"M\"\nmacro FLY\n").find("a.scr:3: column 1"), std::string::npos);
-}
-
 TEST_F(Player, WhatDrawsWithoutEndIsStoppedByName) {
   mostDrawn_ = 100;
   const std::string grow = "macro SELECTLAYER \"0\"\nmacro REPEAT 40 \"Y\" [0,0] [1,1]\n";

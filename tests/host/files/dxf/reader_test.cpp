@@ -166,19 +166,6 @@ TEST(DxfReader, SymbolsKeepTheirPartsAndKind) {
   EXPECT_EQ(read.drawing.symbol("INNER")->parts[1].pen, 256);
 }
 
-TEST(DxfReader, PolylinesBecomeLinesAndTangentArcs) {
-  // A slot: two sides and two half circles, the bulges on the ends.
-  const std::string slot =
-      "0\nLWPOLYLINE\n8\n0\n90\n4294967297\n70\n1\n10\n0\n20\n0\n10\n10\n20\n0\n42\n1\n10\n10\n20\n4\n10\n0\n20\n4\n42"
-      "\n1\n";
-  const ReadDrawing read = readText(entities(slot));
-  ASSERT_EQ(read.drawing.count(), 4U);
-  const Arc& end = std::get<Arc>(read.drawing.find(2)->geometry);
-  expectNear(end.centre, {10, 2}, "centre");
-  EXPECT_NEAR(arcSweep(end), kPi, 1e-12);
-  EXPECT_TRUE(arcCovers(end, 0.0)) << "it bulges outwards";
-}
-
 TEST(DxfReader, SectionsInAnyOrderAreRead) {
   const std::string blocks = section("BLOCKS", block("B", kLine));
   const std::string layers = section("TABLES", "0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nA\n70\n4\n62\n-1\n0\nENDTAB\n");
