@@ -6,19 +6,19 @@ namespace {
 
 constexpr double kLargestLimit = 999.0;
 
-constexpr RecordWords kWords = {.section = kBuildingStandards,
-                                .caption = "Building standard",
-                                .word = "building standard",
-                                .namePrompt = "Building standard name",
-                                .listTip = "The building standard against which stairs are checked",
-                                .addTip = "Add the values shown as a new building standard",
-                                .deleteTip = "Delete the building standard shown"};
+constexpr RecordWords kStandardWords = {.section = kBuildingStandards,
+                                        .caption = "Building standard",
+                                        .word = "building standard",
+                                        .namePrompt = "Building standard name",
+                                        .listTip = "The building standard against which stairs are checked",
+                                        .addTip = "Add the values shown as a new building standard",
+                                        .deleteTip = "Delete the building standard shown"};
 
 }  // namespace
 
 BuildingStandardDialog::BuildingStandardDialog(const Services& services, ArchSpecStore& store,
                                                BuildingStandard& standard)
-    : services_(services), store_(store), standard_(standard), chooser_(services, store, dialog_, kWords) {
+    : services_(services), store_(store), standard_(standard), chooser_(services, store, dialog_, kStandardWords) {
   equip(dialog_, services_, helpTopic("Building Standards Setup"));
   describe();
   dialog_.onOpen = [this] { chooser_.open(standard_.number()); };

@@ -12,13 +12,13 @@ namespace {
 constexpr double kLargestWidth = 999999999.0;
 constexpr double kLargestAngle = 360.0;
 
-constexpr RecordWords kWords = {.section = kWallTypes,
-                                .caption = "Wall",
-                                .word = "wall type",
-                                .namePrompt = "Name for new wall",
-                                .listTip = "The wall type to draw or to edit",
-                                .addTip = "Add what is shown as a new wall type",
-                                .deleteTip = "Delete the wall type shown"};
+constexpr RecordWords kWallWords = {.section = kWallTypes,
+                                    .caption = "Wall",
+                                    .word = "wall type",
+                                    .namePrompt = "Name for new wall",
+                                    .listTip = "The wall type to draw or to edit",
+                                    .addTip = "Add what is shown as a new wall type",
+                                    .deleteTip = "Delete the wall type shown"};
 
 // The first entry of each radio group stands for true.
 enum Choice { kFirst, kSecond };
@@ -40,7 +40,7 @@ constexpr LayerGridRow kInternalRows[] = {{kWallRowNames[kExtFoundation], kExtFo
 // ---- Description --------------------------------------------------------------------------------------------
 
 WallDialog::WallDialog(const Services& services, ArchSpecStore& store, WallDrawer& drawer)
-    : services_(services), store_(store), drawer_(drawer), chooser_(services, store, dialog_, kWords) {
+    : services_(services), store_(store), drawer_(drawer), chooser_(services, store, dialog_, kWallWords) {
   constexpr WidthRow kExternalWidths[] = {
       {kExtFoundationWidth, "External foundation width", "How far the foundation stands out from the outside face"},
       {kExtWallWidth, "External wall width", "The thickness of the outer leaf"},

@@ -13,11 +13,11 @@ namespace brevan {
 namespace {
 
 // A pattern's first dash is its longest, and what follows it runs up to the next of them.
-struct Run {
+struct PatternRun {
   std::span<const double> pattern;
   double length = 0.0;
 
-  explicit Run(int linetype)
+  explicit PatternRun(int linetype)
       : pattern(lineType(linetype).pattern), length(std::accumulate(pattern.begin(), pattern.end(), 0.0)) {}
 
   [[nodiscard]] double dash() const { return pattern.front(); }
@@ -44,13 +44,13 @@ struct Fit {
 // pattern themselves look for more than half of one.
 constexpr double kShortestEnds = 1.0 / 3.0;  // both, less one whole dash
 
-Fit fitOf(const Run& run, double stroke, double runs) {
+Fit fitOf(const PatternRun& run, double stroke, double runs) {
   const double shortest = runs * run.length + kShortestEnds * run.dash();
   const double longest = runs * run.length + run.dash();
   return {runs, std::clamp(1.0, stroke / longest, stroke / shortest)};
 }
 
-Fit bestFit(const Run& run, double stroke) {
+Fit bestFit(const PatternRun& run, double stroke) {
   const double pairs = std::floor((stroke - kShortestEnds * run.dash()) / (2.0 * run.length));
   const Fit more = fitOf(run, stroke, 2.0 * (pairs + 1.0));
   if (pairs < 1.0) { return more; }
@@ -65,7 +65,7 @@ std::vector<double> stretched(std::span<const double> pattern, double scale) {
 }
 
 // A pattern that reads otherwise backwards is mirrored about the middle, one length after the other.
-std::vector<double> mirrored(const Run& run, double runs, double scale, double end) {
+std::vector<double> mirrored(const PatternRun& run, double runs, double scale, double end) {
   std::vector<double> lengths = {end};
   const std::vector<double> onwards = stretched(run.between(), scale);
   const std::vector<double> back(onwards.rbegin(), onwards.rend());
@@ -82,7 +82,7 @@ std::vector<double> mirrored(const Run& run, double runs, double scale, double e
 }  // namespace
 
 DashPattern dashesAlong(int linetype, double length) {
-  const Run run(linetype);
+  const PatternRun run(linetype);
   if (!run.fits(length, 1.0)) { return {}; }
   const Fit fit = bestFit(run, length);
   const double whole = run.dash() * fit.scale;
@@ -95,7 +95,7 @@ DashPattern dashesAlong(int linetype, double length) {
 }
 
 DashPattern dashesAround(int linetype, double circumference) {
-  const Run run(linetype);
+  const PatternRun run(linetype);
   if (!run.fits(circumference, 2.0)) { return {}; }
   constexpr double kQuarters = 4.0;
   constexpr double kLittle = 1.25;
@@ -114,7 +114,7 @@ DashPattern dashesOf(int linetype, const Curve& curve, double millimetres) {
 }
 
 double dashScale(int linetype, const Curve& curve, double millimetres) {
-  const Run run(linetype);
+  const PatternRun run(linetype);
   if (run.pattern.empty()) { return 1.0; }
   const DashPattern dashes = dashesOf(linetype, curve, millimetres);
   const double length = lengthOf(curve) * millimetres;

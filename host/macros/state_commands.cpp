@@ -14,14 +14,17 @@ namespace {
 constexpr double kMostLineTypes = 32767.0;
 
 // The line of the part drawn last that would run through the point if it were longer: the middle of a part's axis can
-// lie beyond what is drawn of it. 0: none.
-PrimitiveId lineContinuedThrough(const Drawing& drawing, Point p) {
+// lie beyond what is drawn of it. Of several the newest, since axes are drawn last; copies of the part count for nothing,
+// as their other lines may lead to its axis. 0: none.
+PrimitiveId lineContinuedThrough(const DrawingWindow& window, Point p) {
   constexpr double kOnLine = 0.001;  // points come printed
-  const Primitive* last = drawing.find(drawing.lastId());
+  const Drawing& drawing = window.drawing();
+  const PrimitiveId lastId = window.lastDrawn();
+  const Primitive* last = drawing.find(lastId);
   if (last == nullptr || last->group == 0) { return 0; }
   const std::vector<PrimitiveId> part = drawing.membersOf(last->group);
   const auto found = std::find_if(part.rbegin(), part.rend(), [&](PrimitiveId id) {
-    const Line* line = std::get_if<Line>(&drawing.find(id)->geometry);
+    const Line* line = id > lastId ? nullptr : std::get_if<Line>(&drawing.find(id)->geometry);
     const auto foot = line == nullptr ? std::nullopt : footOnLine(*line, p);
     return foot && distance(*foot, p) <= kOnLine;
   });
@@ -56,10 +59,11 @@ void unlockAngle(MacroRun& run) { run.window.cursor().unlock(); }
 
 void lockAngle(MacroRun& run) { run.window.cursor().lockAtAngle(run.number(0)); }
 
+// A part's own line comes before what else the drawing holds there.
 void lockOntoLineAt(MacroRun& run) {
   const Point p = run.point(0);
-  const PrimitiveId near = run.window.pick(p, kLinePrimitive);
-  lockOntoLineOf(run, near != 0 ? near : lineContinuedThrough(run.window.drawing(), p));
+  const PrimitiveId leading = lineContinuedThrough(run.window, p);
+  lockOntoLineOf(run, leading != 0 ? leading : run.window.pick(p, kLinePrimitive));
 }
 
 void lockOntoLine(MacroRun& run) {

@@ -43,6 +43,7 @@ void DrawingWindow::beginCommand(std::string name) {
   setUndoBracket(false);
   resetForCommand();
   inCommand_ = true;
+  lastDrawn_ = 0;
   drawing_.beginStep(std::move(name));
 }
 
@@ -90,7 +91,7 @@ PrimitiveId DrawingWindow::addPlain(Geometry geometry, GroupId group) {
 PrimitiveId DrawingWindow::addDrawn(Primitive primitive) {
   refuseLocked(drawing_, primitive.layer);
   primitive.group = openGroup_.forNewPrimitive(drawing_);
-  const PrimitiveId id = drawing_.add(std::move(primitive));
+  const PrimitiveId id = lastDrawn_ = drawing_.add(std::move(primitive));
   if (selectsNew_) { drawing_.select(id); }
   if (services_.events != nullptr) { services_.events->primitiveAdded(drawing_, id); }
   return id;

@@ -140,6 +140,13 @@ TEST_F(CursorMacros, ALineLockAndItsSquare) {
   line(100, 0, 150, 0);
   macro("LOCKANG L [200,202]");
   EXPECT_EQ(window().cursor().lockedAngle().value_or(0), 90.0) << "the part's line that leads to the point";
+  window().beginCommand("repeat");
+  macros({"PARENT \"A\"", "BEGINGROUP \"REPEATED\""});
+  line(295, 50, 305, 50);
+  line(300, 0, 300, 100);
+  macros({"SELECTNAME \"A REPEATED\"", "REPEAT 1 \"Y\" [300,0] [303,0] [#]", "LOCKANG L [300,50]"});
+  EXPECT_EQ(window().cursor().lockedAngle().value_or(0), 90.0) << "the copy's line leads there, too";
+  window().endCommand(true);
 }
 
 TEST_F(CursorMacros, SnappingComesBeforeTheLock) {

@@ -9,7 +9,7 @@ namespace brevan {
 
 namespace {
 
-constexpr size_t kMostLayers = 1 << 18;
+constexpr size_t kMostLayersNamed = 1 << 18;
 
 int squaredDistance(Colour a, Colour b) {
   int sum = 0;
@@ -193,8 +193,8 @@ int DxfStyles::layerOf(std::string_view name) {
   if (read.empty()) { read = "0"; }
   const auto [entry, isNew] = layerIndex_.emplace(read, static_cast<int>(layers_.size()));
   if (isNew) {
-    if (layers_.size() >= kMostLayers) {
-      throw DxfRefusal("the file names more than " + std::to_string(kMostLayers) + " layers");
+    if (layers_.size() >= kMostLayersNamed) {
+      throw DxfRefusal("the file names more than " + std::to_string(kMostLayersNamed) + " layers");
     }
     layers_.push_back({Layer{std::move(read)}, 1, 0.0});
   }
