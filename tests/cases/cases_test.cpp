@@ -62,12 +62,12 @@ bool isMessage(const Statement& statement) {
          statement.words[1].text == "message";
 }
 
-// The transcript, and the messages by themselves.
+// The transcript, and the messages by themselves; a question needs its reply anyway.
 class Record : public brevan::Transcript {
  public:
   std::vector<std::string> messages;
   void messageShown(const brevan::MessageBox& box, BoxAnswer answer) override {
-    messages.push_back(box.text);
+    if (box.buttons == BoxButtons::kOk) { messages.push_back(box.text); }
     Transcript::messageShown(box, answer);
   }
 };
