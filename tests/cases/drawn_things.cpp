@@ -14,9 +14,9 @@ constexpr double kSame = 1e-4;
 constexpr const char* kThrough = "through";
 constexpr std::string_view kKinds[] = {"thing", "line",  "circle", "arc",      "curve",
                                        "text",  "arrow", "symbol", "dimension"};
-constexpr std::string_view kNames[] = {"pen",    "linetype", "width",    "layer",  "group",         "at",
-                                       "height", "angle",    "style",    "font",   "justification", "head",
-                                       "scale",  "turn",     "mirrored", kThrough, "from",          "to"};
+constexpr std::string_view kNames[] = {"pen",      "linetype", "width",  "layer",         "group", "at",    "height",
+                                       "angle",    "style",    "font",   "justification", "head",  "scale", "turn",
+                                       "mirrored", "visible",  "locked", kThrough,        "from",  "to"};
 
 bool isSame(double a, double b) { return std::fabs(a - b) <= kSame; }
 bool areSame(const Numbers& a, const Numbers& b) { return std::equal(a.begin(), a.end(), b.begin(), b.end(), isSame); }
@@ -76,7 +76,10 @@ DrawnThing thingOf(const brevan::Drawing& drawing, const brevan::Primitive& prim
   own.numbers("pen", text == nullptr ? primitive.pen : text->pen);
   own.numbers("linetype", primitive.linetype);
   own.numbers("width", primitive.width);
-  own.word("layer", drawing.layer(primitive.layer)->name);
+  const brevan::Layer& layer = *drawing.layer(primitive.layer);
+  own.word("layer", layer.name);
+  own.numbers("visible", layer.visible ? 1.0 : 0.0);
+  own.numbers("locked", layer.locked ? 1.0 : 0.0);
   own.word("group", primitive.group == 0 ? "" : drawing.group(primitive.group).name);
   return thing;
 }

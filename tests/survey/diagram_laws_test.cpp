@@ -21,7 +21,7 @@ class DiagramLaws : public CommandSession {
   void trace(const std::vector<Point>& corners, int orientation = 1, const std::string& answers = "") {
     settings().SetString("SG_DEFAULTS", "SG_DiaramFile", write("job.ini", job_));
     orientation_ = orientation;
-    std::string steps = "test survey\nline 1020 2000 1400 2000\nrun SG_TracePolyArea\n";
+    std::string steps = "test survey\nrun SG_TracePolyArea\n";
     for (const Point& at : corners) { steps += numberText::format("point %.6f %.6f\naccept\n", at.x, at.y); }
     play(steps + numberText::format("point %.6f %.6f\n", corners[0].x, corners[0].y) + answers);
   }

@@ -100,10 +100,8 @@ TEST(NumberFormats, EveryWholeSecondIsWrittenAsItIs) {
 
 TEST(NumberFormats, WritesAreasAndScales) {
   EXPECT_EQ(formattedArea(1234.5678) + formattedArea(0.4), "12350");
-  const std::pair<double, const char*> areas[] = {{10000.0, "1,0000 hectares"},
-                                                  {9999.0, "9 999 sq m"},
-                                                  {9999.6, "1,0000 hectares"},
-                                                  {12345.6, "1,2346 hectares"}};
+  const std::pair<double, const char*> areas[] = {
+      {10000.0, "1,0000 hectares"}, {9999.0, "9 999 sq m"}, {9999.6, "1,0000 hectares"}, {12345.6, "1,2346 hectares"}};
   const NumberStyle style{.decimal = ",", .thousands = " "};
   for (const auto& [area, text] : areas) { EXPECT_EQ(areaWithUnit(area, "sq m", style), text); }
   const std::pair<const char*, const char*> rows[] = {

@@ -18,12 +18,6 @@ class SurveyTableTest : public CommandSession {
   SurveyTable table(int rows, int columns) {
     return {rows, columns, 10.0, 20.0, {100.0, 500.0}, &host().window(), host().window().gsAddLayer("TABLES")};
   }
-  void turn(int orientation, int system) {
-    brevan::Parameters parameters;
-    parameters.setCoordinateSystem(system);
-    parameters.setOrientation(orientation);
-    drawing().setParameters(parameters);
-  }
 };
 
 TEST_F(SurveyTableTest, CutsToFourRowsAndTwentyColumns) {
@@ -66,31 +60,6 @@ TEST_F(SurveyTableTest, IsOneGroupOfItsKind) {
   grid.draw();
   EXPECT_EQ(log_.of("macro"), (std::vector<std::string>{"#BEGINGROUP \"BLOCK\"", "#STARTPAT \"_\""}));
   EXPECT_EQ(groups(), std::vector<std::string>{" BLOCK 2"});
-}
-
-// On a sheet that is turned the same table lies the other way round its origin; the paper shows it alike.
-TEST_F(SurveyTableTest, FollowsTheOrientation) {
-  const struct {
-    int orientation, system;
-    double sign;
-  } rows[] = {{0, 0, 1.0}, {0, 1, 1.0}, {1, 1, 1.0}, {1, 0, -1.0}};
-  for (const auto& row : rows) {
-    play("");
-    turn(row.orientation, row.system);
-    SurveyTable grid = table(1, 2);
-    grid.setBorders(0, 1, {.left = true});
-    grid.draw();
-    grid.placeText(7.0, 3.0, "note", {});
-    grid.placeText(7.0, 3.0, "", {});
-    grid.placeSymbol(7.0, 3.0, "TRIG");
-    EXPECT_EQ(shapes<Line>().at(0), (Line{{100 + row.sign * 20, 500}, {100 + row.sign * 20, 500 - row.sign * 10}}));
-    ASSERT_EQ(shapes<Text>().size(), 1U);
-    EXPECT_EQ(shapes<Text>()[0].at, (brevan::Point{100 + row.sign * 7, 500 - row.sign * 3}));
-    const std::string point = row.sign > 0 ? "[107.000,497.000]" : "[93.000,503.000]";
-    const std::vector<std::string> macros = log_.of("macro");
-    ASSERT_GE(macros.size(), 2U);
-    EXPECT_EQ(macros[macros.size() - 2] + macros.back(), "#ADDSYM TRIG " + point + " 1 0#STARTPAT \"_\"");
-  }
 }
 
 }  // namespace
