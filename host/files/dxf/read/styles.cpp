@@ -150,12 +150,12 @@ void DxfStyles::addLineType(const DxfRecord& record) {
 void DxfStyles::addLayer(const DxfRecord& record) {
   constexpr int kFrozen = 1;
   constexpr int kLocked = 4;
-  LayerRead& read = layers_[static_cast<size_t>(layerOf(record.name(2)))];
+  Layer& read = layers_[static_cast<size_t>(layerOf(record.name(2)))];
   const int flags = record.integer(70);
   const int colour = record.integer(62, 7);
-  read.layer.visible = colour >= 0 && (flags & kFrozen) == 0;
-  read.layer.locked = (flags & kLocked) != 0;
-  read.layer.pen = penOfColour(std::abs(colour), record.has(420) ? record.integer(420) : -1);
+  read.visible = colour >= 0 && (flags & kFrozen) == 0;
+  read.locked = (flags & kLocked) != 0;
+  read.pen = penOfColour(std::abs(colour), record.has(420) ? record.integer(420) : -1);
   read.linetype = record.has(6) ? lineTypeOf(record.name(6)) : 1;
   if (read.linetype == DxfLook::kByLayer || read.linetype == DxfLook::kByBlock) { read.linetype = 1; }
   read.width = widthOf(record.integer(370, -3));
@@ -211,7 +211,7 @@ int DxfStyles::layerOf(std::string_view name) {
     if (layers_.size() >= kMostLayersNamed) {
       throw DxfRefusal("the file names more than " + std::to_string(kMostLayersNamed) + " layers");
     }
-    layers_.push_back({Layer{std::move(read)}, 1, 0.0});
+    layers_.push_back(Layer{std::move(read)});
   }
   lastLayerName_ = name;
   lastLayer_ = entry->second;
@@ -254,7 +254,7 @@ DxfLook DxfStyles::lookRead(const DxfRecord& record) {
 }
 
 Primitive DxfStyles::styled(const DxfLook& look) const {
-  const LayerRead& layer = layers_[static_cast<size_t>(look.layer)];
+  const Layer& layer = layers_[static_cast<size_t>(look.layer)];
   Primitive primitive;
   primitive.layer = look.layer;
   primitive.pen = look.pen == DxfLook::kByBlock ? penOfColour(7, -1) : look.pen;
@@ -264,8 +264,8 @@ Primitive DxfStyles::styled(const DxfLook& look) const {
 }
 
 bool DxfStyles::looksAlikeAsSymbol(const DxfOpenLook& open, const DxfLook& placement) const {
-  const LayerRead& own = layers_.front();
-  const LayerRead& layer = layers_[static_cast<size_t>(placement.layer)];
+  const Layer& own = layers_.front();
+  const Layer& layer = layers_[static_cast<size_t>(placement.layer)];
   const Primitive placed = styled(placement);
   const bool penDiffers = open.penToLayer && placement.pen != DxfLook::kByLayer;
   const bool lineTypeDiffers =

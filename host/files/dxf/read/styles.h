@@ -83,14 +83,9 @@ class DxfStyles {
   // pens are that of the symbol.
   [[nodiscard]] bool looksAlikeAsSymbol(const DxfOpenLook& open, const DxfLook& placement) const;
   [[nodiscard]] int layerCount() const { return static_cast<int>(layers_.size()); }
-  [[nodiscard]] const Layer& layer(int index) const { return layers_[static_cast<size_t>(index)].layer; }
+  [[nodiscard]] const Layer& layer(int index) const { return layers_[static_cast<size_t>(index)]; }
 
  private:
-  struct LayerRead {
-    Layer layer;
-    int linetype = 1;
-    double width = 0.0;
-  };
   template <class Value>
   using ByName = std::unordered_map<std::string, Value, HashWithoutCase, EqualWithoutCase>;
 
@@ -99,7 +94,7 @@ class DxfStyles {
   std::string nameRead(std::string_view bytes) const { return dxfNameRead(bytes, encoding_).text; }
 
   DxfEncoding encoding_ = DxfEncoding::kWindows1252;
-  std::vector<LayerRead> layers_;
+  std::vector<Layer> layers_;
   ByName<int> layerIndex_;
   ByName<int> lineTypes_;
   ByName<DxfFont> fonts_;

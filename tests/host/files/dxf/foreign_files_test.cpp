@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "host/core/text_encoding.h"
+#include "host/files/drg_reader.h"
+#include "host/files/drg_writer.h"
 #include "host/files/dxf/read/styles.h"
+#include "host/files/dxf/write/writer.h"
 #include "tests/host/files/dxf/small_files.h"
 
 namespace brevan {
@@ -101,6 +104,21 @@ TEST(DxfReader, PartsOfAPlacedBlockLookAsLayerAndPlacementSay) {
     EXPECT_EQ(open == kPenByLayer ? drawing.layer(shown.layer)->pen : open, row.pen) << row.part << row.placed;
     EXPECT_EQ(drawn.linetype, row.linetype) << row.part << row.placed;
     EXPECT_EQ(drawn.width, row.width) << row.part << row.placed;
+  }
+}
+
+TEST(DxfReader, LayersKeepLineTypeAndWeightOnTheWayThrough) {
+  const std::string layers = section("TABLES",
+                                     "0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nPIPES\n70\n0\n62\n5\n6\nHIDDEN\n370\n50\n"
+                                     "0\nLAYER\n2\nPLAIN\n70\n0\n62\n5\n0\nENDTAB\n");
+  const Drawing read = readText(layers + entities(kLine)).drawing;
+  const Drawing saved = drawingFromDrg(drawingDrg(read), "x.drg");
+  const Drawing again = readText(drawingDxf(saved)).drawing;
+  for (const Drawing* drawing : {&read, &saved, &again}) {
+    const Layer& pipes = *drawing->layer(drawing->layerNamed("PIPES"));
+    EXPECT_TRUE(pipes.linetype == 21 && pipes.width == 5.0);
+    const Layer& plain = *drawing->layer(drawing->layerNamed("PLAIN"));
+    EXPECT_TRUE(plain.linetype == 1 && plain.width == 0.0);
   }
 }
 
