@@ -18,11 +18,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kPictureDpi = 150;
-
 std::map<std::string, Exporter, std::less<>> converters(const std::string& title) {
   auto all = exporters(title);
-  all.emplace("drg", [](const Drawing& drawing, int) { return drawingDrg(drawing); });
+  all.emplace("drg", [](const Drawing& drawing, const ExportOptions&) { return drawingDrg(drawing); });
   return all;
 }
 
@@ -46,15 +44,16 @@ std::string checkConvertibleTo(const std::string& path) {
              : "convert writes .drg, .dxf, .svg, .pdf, .png and .json files, got \"" + path + "\"";
 }
 
-void convertDrawing(const std::string& from, const std::string& to) {
+void convertDrawing(const std::string& from, const std::string& to, ExportOptions options) {
   const ReadDrawing drawing = read(from);
   if (!drawing.notRead.empty()) { std::cerr << from << ": not read: " << toUtf8(drawing.notRead) << '\n'; }
   stopIfInterrupted();
   std::error_code ignored;
   if (fs::equivalent(from, to, ignored)) { throw OutputUnwritten("\"" + to + "\" is the file that is converted"); }
+  options.tell = [&from](const std::string& text) { std::cerr << from << ": " << toUtf8(text) << '\n'; };
   try {
     const Exporter convert = converters(fs::path(from).stem().string()).find(fileEnding(to))->second;
-    saveWhole(to, convert(drawing.drawing, kPictureDpi));
+    saveWhole(to, convert(drawing.drawing, options));
   } catch (const HostFailure& failure) {
     throw OutputUnwritten(toUtf8(failure.what()));
   } catch (const std::bad_alloc&) { throw OutputUnwritten("\"" + to + "\": there is not enough memory"); }

@@ -2,14 +2,16 @@
 
 #include <string>
 
+#include "host/files/export_options.h"
+
 namespace brevan {
 
 // Whether an ending can be read or written: empty where it can, else what to tell the user.
 std::string checkConvertibleFrom(const std::string& path);
 std::string checkConvertibleTo(const std::string& path);
 
-// Reads a drawing and writes it in the format of the other file's ending. What could not be read is named on
-// standard error. Throws InputUnread and OutputUnwritten.
-void convertDrawing(const std::string& from, const std::string& to);
+// Reads a drawing and writes it in the format of the other file's ending. What could not be read, and what the user
+// should know of the page, is named on standard error. Throws InputUnread and OutputUnwritten.
+void convertDrawing(const std::string& from, const std::string& to, ExportOptions options);
 
 }  // namespace brevan

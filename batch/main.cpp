@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <array>
 #include <cerrno>
 #include <iostream>
 
@@ -11,6 +12,7 @@
 #include "host/core/installation.h"
 #include "host/core/standard_streams.h"
 #include "host/core/system_reason.h"
+#include "host/core/text_encoding.h"
 #include "host/scripts/script_syntax.h"
 
 namespace {
@@ -27,6 +29,31 @@ struct CommandLine {
   std::string dataFolder;
   std::string command;
   bool userSettings = false;
+
+  brevan::ExportOptions exportOptions;
+
+  void addExportOptions() {
+    struct Row {
+      const char* name;
+      const char* value;
+      const char* help;
+    };
+    constexpr std::array<Row, 7> kRows = {{{"scale", "1:N|fit", "The picture's scale"},
+                                           {"paper", "NAME", "Its paper, A0 to A4"},
+                                           {"margin", "MM", "The paper's margin that stays empty"},
+                                           {"window", "X1,Y1,X2,Y2", "The part of the drawing to show"},
+                                           {"layers", "NAME,...", "The layers to show"},
+                                           {"dpi", "N", "The dots an inch of a PNG picture"},
+                                           {"dxf-version", "R2000|R2010", "The version of a DXF file"}}};
+    for (const Row& row : kRows) {
+      const auto set = [this, row](const std::string& value) {
+        try {
+          brevan::setExportOption(exportOptions, row.name, value);
+        } catch (const HostFailure& failure) { throw CLI::ValidationError(brevan::toUtf8(failure.what())); }
+      };
+      convert->add_option_function<std::string>(std::string("--") + row.name, set, row.help)->option_text(row.value);
+    }
+  }
 
   CommandLine() {
     app.set_version_flag("--version", "brevan-batch " BREVAN_VERSION);
@@ -52,6 +79,7 @@ struct CommandLine {
     convert->add_option("OUT", to, "A .drg, .dxf, .svg, .pdf, .png or .json file")
         ->required()
         ->check(brevan::checkConvertibleTo);
+    addExportOptions();
     commands = app.add_subcommand("commands", "Lists every command of the module");
     describe = app.add_subcommand("describe", "Describes the dialogs of a command");
     describe->add_option("COMMAND", command, "The command's name")->required();
@@ -84,7 +112,7 @@ void execute(const CommandLine& line) {
     brevan::endSoonAtSignals();
   }
   if (line.convert->parsed()) {
-    brevan::convertDrawing(line.from, line.to);
+    brevan::convertDrawing(line.from, line.to, line.exportOptions);
     return;
   }
   const brevan::Places places = inputs([&line] { return brevan::findPlaces(line.dataFolder); });

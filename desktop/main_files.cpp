@@ -22,7 +22,6 @@ namespace brevan {
 namespace {
 
 constexpr int kMostRecent = 9;
-constexpr int kPictureDpi = 150;
 
 QString plain(const QString& path) { return path.section('/', -1).section('.', 0, -2); }
 
@@ -99,16 +98,28 @@ void MainWindow::exportAs() {
     const auto all = exporters(plain(path).toStdString());
     const auto exporter = all.find(fileEnding(path.toStdString()));
     if (exporter == all.end()) { throw HostFailure("exports end in .pdf, .dxf, .svg, .png or .json"); }
-    saveWhole(path.toStdString(), exporter->second(host_->window().drawing(), kPictureDpi));
+    ExportOptions options;
+    QString told;
+    options.tell = [&told](const std::string& text) { told = ": " + shown(text); };
+    saveWhole(path.toStdString(), exporter->second(host_->window().drawing(), options));
     recorder_.statement("export " + scriptString(path.section('/', -1)));
-    statusBar()->showMessage(tr("Exported %1").arg(path));
+    statusBar()->showMessage(tr("Exported %1").arg(path) + told);
   });
 }
 
 void MainWindow::print() {
   QPrinter printer(QPrinter::HighResolution);
   const Drawing& drawing = host_->window().drawing();
-  const Sheet sheet = drawing.sheet().value_or(sheetFor(drawing.extents(), drawing.parameters()));
+  const ExportOptions options;
+  Page page;
+  try {
+    page = pageOf(drawing, options.page);
+  } catch (const HostFailure& failure) {
+    QMessageBox::critical(this, tr("Print"), shown(failure.what()));
+    return;
+  }
+  const Sheet& sheet = page.sheet;
+  if (!page.told.empty()) { statusBar()->showMessage(shown(page.told)); }
   printer.setPageSize(QPageSize(QSizeF(std::min(sheet.width, sheet.height), std::max(sheet.width, sheet.height)),
                                 QPageSize::Millimeter));
   printer.setPageOrientation(sheet.width > sheet.height ? QPageLayout::Landscape : QPageLayout::Portrait);
@@ -124,7 +135,7 @@ void MainWindow::print() {
   }
   constexpr double kMillimetresAnInch = 25.4;
   const double scale = printer.resolution() / kMillimetresAnInch;
-  paint(painter, drawing, sheetToDevice(sheet, drawing.parameters(), scale), {});
+  paint(painter, drawing, pageToDevice(page, drawing.parameters(), scale), pageOptions(page, options));
 }
 
 void MainWindow::saveRecording() {

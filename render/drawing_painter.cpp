@@ -8,6 +8,7 @@
 
 #include "frame/host/core_services.h"
 #include "host/core/text_encoding.h"
+#include "host/drawing/shown_layers.h"
 #include "host/drawing/strokes.h"
 
 namespace brevan {
@@ -132,9 +133,9 @@ class PainterSink : public StrokeSink {
 // Drawing order where only a part is wanted, too.
 template <class Function>
 void forEachShown(const Drawing& drawing, const PaintOptions& options, const Function& function) {
+  const ShownLayers layers(drawing, options.layers);
   const auto show = [&](const Primitive& primitive) {
-    const Layer* layer = drawing.layer(primitive.layer);
-    if (layer != nullptr && layer->visible) { function(primitive); }
+    if (layers.shows(primitive.layer)) { function(primitive); }
   };
   if (!options.only.empty()) {
     for (const PrimitiveId id : options.only) { show(*drawing.find(id)); }
@@ -158,19 +159,26 @@ QString fontFamily(FontFace face) {
 // theirs the drawing lies.
 size_t paint(QPainter& painter, const Drawing& drawing, const Transform& toDevice, const PaintOptions& options) {
   const double deviceUnit = length(toDevice.direction({1.0, 0.0}));
-  const double millimetre = deviceUnit * drawing.parameters().paperMillimetre();
+  const double millimetre = deviceUnit * drawing.parameters().paperMillimetre() / options.zoom;
   const Transform toPaper = Transform::scaling({}, 1.0 / millimetre, -1.0 / millimetre) * toDevice;
   painter.save();
   painter.scale(millimetre, -millimetre);
   PainterSink sink(painter, options, millimetre);
-  StrokeWalk walk(drawing, toPaper, sink);
+  StrokeWalk walk(drawing, toPaper, sink, options.zoom);
   forEachShown(drawing, options, [&walk](const Primitive& primitive) { walk.primitive(primitive); });
   painter.restore();
   return sink.strokes();
 }
 
-Transform sheetToDevice(const Sheet& sheet, const Parameters& parameters, double scale) {
-  return Transform{scale, 0.0, 0.0, 0.0, -scale, sheet.height * scale} * toSheet(sheet, parameters);
+Transform pageToDevice(const Page& page, const Parameters& parameters, double scale) {
+  return Transform{scale, 0.0, 0.0, 0.0, -scale, page.sheet.height * scale} * toPage(page, parameters);
+}
+
+PaintOptions pageOptions(const Page& page, const ExportOptions& options) {
+  PaintOptions painted;
+  painted.zoom = page.zoom;
+  painted.layers = options.page.layers;
+  return painted;
 }
 
 }  // namespace brevan

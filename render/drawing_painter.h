@@ -5,9 +5,9 @@
 #include <optional>
 #include <span>
 
-#include "host/drawing/drawing.h"
 #include "host/drawing/font_metrics.h"
 #include "host/drawing/pens.h"
+#include "host/files/export_options.h"
 
 class QPainter;
 
@@ -21,7 +21,9 @@ struct PaintOptions {
   // These alone, in one colour and as wide, in device units, where they are given.
   std::span<const PrimitiveId> only = {};
   std::optional<Colour> colour = {};
-  double hairline = 1.0;  // device units; what a line is wide without its own width
+  double hairline = 1.0;                     // device units; what a line is wide without its own width
+  double zoom = 1.0;                         // of lengths on paper, see StrokeWalk
+  std::span<const std::string> layers = {};  // shown alone; none: all that are visible
 };
 
 // The family that stands for a face.
@@ -33,8 +35,9 @@ QString fontFamily(FontFace face);
 // requirePainting() before the first painting.
 size_t paint(QPainter& painter, const Drawing& drawing, const Transform& toDevice, const PaintOptions& options);
 
-// The transform that shows a sheet in a device whose millimetre is `scale` units long, its upper left
-// corner at the origin.
-Transform sheetToDevice(const Sheet& sheet, const Parameters& parameters, double scale);
+// The transform that shows a page in a device whose millimetre is `scale` units long, its upper left
+// corner at the origin, and how to paint it. The export options must outlive the painting.
+Transform pageToDevice(const Page& page, const Parameters& parameters, double scale);
+PaintOptions pageOptions(const Page& page, const ExportOptions& options);
 
 }  // namespace brevan

@@ -10,11 +10,13 @@ namespace brevan {
 
 std::map<std::string, Exporter, std::less<>> exporters(const std::string& title) {
   return {
-      {"dxf", [](const Drawing& drawing, int) { return drawingDxf(drawing); }},
-      {"svg", [](const Drawing& drawing, int) { return drawingSvg(drawing); }},
-      {"json", [](const Drawing& drawing, int) { return drawingJson(drawing); }},
-      {"pdf", [title](const Drawing& drawing, int) { return pdfBytes(drawing, title); }},
-      {"png", [](const Drawing& drawing, int dpi) { return pngBytes(drawing, dpi); }},
+      {"dxf",
+       [](const Drawing& drawing, const ExportOptions& options) { return drawingDxf(drawing, options.dxfVersion); }},
+      {"svg", drawingSvg},
+      {"json", [](const Drawing& drawing, const ExportOptions&) { return drawingJson(drawing); }},
+      {"pdf",
+       [title](const Drawing& drawing, const ExportOptions& options) { return pdfBytes(drawing, title, options); }},
+      {"png", pngBytes},
   };
 }
 

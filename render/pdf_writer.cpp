@@ -11,7 +11,6 @@
 #include "host/core/text_encoding.h"
 #include "host/drawing/strokes.h"
 #include "render/drawing_painter.h"
-#include "render/painting_checks.h"
 #include "render/pdf_details.h"
 #include "render/render_session.h"
 
@@ -40,28 +39,27 @@ void setPage(QPdfWriter& writer, const Sheet& sheet) {
 
 }  // namespace
 
-std::string pdfBytes(const Drawing& drawing, std::string_view title) {
+std::string pdfBytes(const Drawing& drawing, std::string_view title, const ExportOptions& options) {
   requirePainting();
   const SteadyHashes steady;
-  const Sheet sheet = sheetOf(drawing);
+  const Page page = options.tellPage(drawing);
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
   {
     QPdfWriter writer(&buffer);
-    setPage(writer, sheet);
+    setPage(writer, page.sheet);
     writer.setTitle(QString::fromStdString(toUtf8(title)));
     writer.setCreator(QStringLiteral("Brevan"));
     QPainter painter;
     if (!painter.begin(&writer)) { throw HostFailure("The PDF writer did not start."); }
     const double scale = kDotsAnInch / kMillimetresAnInch;
-    const size_t strokes = paint(painter, drawing, sheetToDevice(sheet, drawing.parameters(), scale), PaintOptions());
-    requirePainted(strokes, drawing);
+    paint(painter, drawing, pageToDevice(page, drawing.parameters(), scale), pageOptions(page, options));
     painter.end();
   }
   std::string file = bytes.toStdString();
   fixCreationDate(file);
-  fixPageSize(file, sheet);
+  fixPageSize(file, page.sheet);
   return file;
 }
 

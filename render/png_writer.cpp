@@ -9,7 +9,6 @@
 #include "frame/host/number_text.h"
 #include "host/drawing/strokes.h"
 #include "render/drawing_painter.h"
-#include "render/painting_checks.h"
 #include "render/render_session.h"
 
 namespace brevan {
@@ -34,20 +33,20 @@ QImage blankSheet(const Sheet& sheet, double dotsAMillimetre) {
 
 }  // namespace
 
-std::string pngBytes(const Drawing& drawing, int dotsAnInch) {
+std::string pngBytes(const Drawing& drawing, const ExportOptions& options) {
   constexpr int kMostDotsAnInch = 4800;
+  const int dotsAnInch = options.dotsAnInch;
   if (dotsAnInch < 1 || dotsAnInch > kMostDotsAnInch) {
     throw HostFailure(numberText::format("A picture takes 1 to %d dots an inch, got %d.", kMostDotsAnInch, dotsAnInch));
   }
   requirePainting();
-  const Sheet sheet = sheetOf(drawing);
+  const Page page = options.tellPage(drawing);
   const double scale = dotsAnInch / 25.4;
-  QImage image = blankSheet(sheet, scale);
+  QImage image = blankSheet(page.sheet, scale);
   QPainter painter(&image);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-  const size_t strokes = paint(painter, drawing, sheetToDevice(sheet, drawing.parameters(), scale), PaintOptions());
+  paint(painter, drawing, pageToDevice(page, drawing.parameters(), scale), pageOptions(page, options));
   painter.end();
-  requirePainted(strokes, drawing);
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);

@@ -2,15 +2,13 @@
 
 #include <string>
 
-#include "host/drawing/drawing.h"
+#include "host/files/export_options.h"
 
 namespace brevan {
 
-inline constexpr int kDefaultDotsAnInch = 150;
-
-// The drawing's sheet as a PNG picture on white. Throws HostFailure as pdfBytes does, and for a picture of
+// The drawing's page as a PNG picture on white. Throws HostFailure as pdfBytes does, and for a picture of
 // more than kMostPixels.
 inline constexpr double kMostPixels = 4e8;
-std::string pngBytes(const Drawing& drawing, int dotsAnInch = kDefaultDotsAnInch);
+std::string pngBytes(const Drawing& drawing, const ExportOptions& options = {});
 
 }  // namespace brevan

@@ -39,7 +39,7 @@ ROOMS = (
     Room(("host/files/dxf",), ("frame/host", "host/drawing", "host/core"), STANDARD_ONLY),
     Room(("host/files/dxf/read", "host/files/dxf/write"), ("frame/host", "host/drawing", "host/core", "host/files/dxf"),
          SYSTEM, shared=False),  # the scanner looks at sixteen bytes at a time
-    Room(("host/files", "host/core"), ("frame/host", "host/drawing", "host/files/dxf/read"), SYSTEM + ("sqlite",)),
+    Room(("host/files", "host/core"), ("frame/host", "host/drawing", "host/files/dxf/read", "host/files/dxf/write"), SYSTEM + ("sqlite",)),
     Room(("host/window", "host/macros"), ("frame/host",) + HOST_BELOW_WINDOW, SYSTEM),
     Room(("host/tools",), ("frame/host", "host/window") + HOST_BELOW_WINDOW, STANDARD_ONLY),
     Room(("host/scripts",), ("frame/host", "host/window", "host/tools") + HOST_BELOW_WINDOW, SYSTEM),

@@ -99,6 +99,55 @@ std::string toUtf8(std::string_view windows1252) {
   return out;
 }
 
+namespace {
+
+struct NearRow {
+  char32_t first;
+  char32_t last;
+  std::string_view near;  // Windows-1252
+};
+// What drawings hold: signs of measures and mathematics, blanks, dashes, quotation marks.
+constexpr std::array<NearRow, 36> kNear = {
+    {{0x2B9, 0x2B9, "'"},      {0x2BA, 0x2BA, "\""},     {0x2BC, 0x2BC, "'"},      {0x300, 0x36F, ""},
+     {0x3A6, 0x3A6, "\xD8"},   {0x3B2, 0x3B2, "\xDF"},   {0x3BC, 0x3BC, "\xB5"},   {0x3C6, 0x3C6, "\xF8"},
+     {0x3D5, 0x3D5, "\xF8"},   {0x2000, 0x200A, " "},    {0x200B, 0x200D, ""},     {0x2010, 0x2012, "-"},
+     {0x2015, 0x2015, "\x97"}, {0x201B, 0x201B, "'"},    {0x201F, 0x201F, "\""},   {0x2023, 0x2024, "\x95"},
+     {0x202F, 0x202F, " "},    {0x2032, 0x2032, "'"},    {0x2033, 0x2033, "\""},   {0x2035, 0x2035, "'"},
+     {0x2044, 0x2044, "/"},    {0x205F, 0x205F, " "},    {0x212B, 0x212B, "\xC5"}, {0x2190, 0x2190, "<-"},
+     {0x2192, 0x2192, "->"},   {0x2205, 0x2205, "\xD8"}, {0x2212, 0x2212, "-"},    {0x2215, 0x2215, "/"},
+     {0x2219, 0x2219, "\xB7"}, {0x2248, 0x2248, "~"},    {0x2260, 0x2260, "<>"},   {0x2264, 0x2264, "<="},
+     {0x2265, 0x2265, ">="},   {0x2300, 0x2300, "\xD8"}, {0x3000, 0x3000, " "},    {0xFEFF, 0xFEFF, ""}}};
+
+std::string_view nearestTo(char32_t character) {
+  constexpr char32_t kFirstAccented = 0x100;
+  constexpr std::string_view kWithoutAccent =
+      "AaAaAaCcCcCcCcDdDdEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIiIiJjKkkLlLlLlL"
+      "lLlNnNnNnnNnOoOoOoOoRrRrRrSsSsSsSsTtTtTtUuUuUuUuUuUuWwYyYZzZzZzs";
+  if (character >= kFirstAccented && character - kFirstAccented < kWithoutAccent.size()) {
+    return kWithoutAccent.substr(character - kFirstAccented, 1);
+  }
+  const auto* const row = std::find_if(kNear.begin(), kNear.end(), [character](const NearRow& candidate) {
+    return candidate.first <= character && character <= candidate.last;
+  });
+  return row == kNear.end() ? "?" : row->near;
+}
+
+}  // namespace
+
+NearestText nearestWindows1252(std::string_view utf8) {
+  NearestText nearest;
+  for (size_t at = 0; at < utf8.size();) {
+    const char32_t character = nextCharacter(utf8, at);
+    if (const std::optional<char> known = byteOf(character)) {
+      nearest.text += *known;
+    } else {
+      nearest.text += nearestTo(character);
+      ++nearest.replaced;
+    }
+  }
+  return nearest;
+}
+
 std::string messageText(std::string_view utf8) {
   std::string out;
   for (size_t at = 0; at < utf8.size();) {

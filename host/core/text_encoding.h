@@ -16,6 +16,14 @@ namespace brevan {
 std::optional<std::string> toWindows1252(std::string_view utf8);
 std::string toUtf8(std::string_view windows1252);
 
+// Each character that Windows-1252 lacks as the nearest that it has, a diameter sign as the letter that drawings use
+// for it, accented letters without their accent; "?" where none is near, and for malformed bytes.
+struct NearestText {
+  std::string text;
+  size_t replaced = 0;  // characters, those dropped that have no width among them
+};
+NearestText nearestWindows1252(std::string_view utf8);
+
 // For messages only, where a text must be shown whatever it holds: what Windows-1252 lacks appears as
 // "<U+4E2D>", a malformed byte as "<FF>".
 std::string messageText(std::string_view utf8);

@@ -14,6 +14,9 @@ struct Layer {
   bool visible = true;
   bool locked = false;
   int pen = 1;  // of primitives whose pen is by layer
+  // What other programs give to what they draw on the layer; primitives here have their own.
+  int linetype = 1;
+  double width = 0.0;  // tenths of a millimetre
   friend bool operator==(const Layer&, const Layer&) = default;
 };
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace brevan {
 
@@ -84,26 +83,28 @@ int squaredDistance(Colour first, Colour second) {
   return square(a.red - b.red) + square(a.green - b.green) + square(a.blue - b.blue);
 }
 
-int nearestIndex(Colour colour) {
-  int nearest = 0;
-  int least = std::numeric_limits<int>::max();
-  for (int index = 1; index <= 255; ++index) {
-    const int away = squaredDistance(colour, indexedColour(index));
-    if (index != 7 && away < least) {
+// Pens 1 to 9 by the plain entries of their hues; brown stands for yellow, which does not read on paper.
+constexpr std::array<int, 9> kIndexOfPlainPens = {7, 1, 3, 5, 4, 6, 2, 8, 9};
+constexpr int kFirstOwnHue = 10;  // the first entry of the systematic ones, and the first pen without an entry
+constexpr int kFirstGrey = 250;
+
+int nearestSystematicIndex(Colour colour) {
+  int nearest = kFirstOwnHue;
+  for (int index = kFirstOwnHue; index < kFirstGrey; ++index) {
+    if (squaredDistance(colour, indexedColour(index)) < squaredDistance(colour, indexedColour(nearest))) {
       nearest = index;
-      least = away;
     }
   }
   return nearest;
 }
 
-std::array<int, kPens + 1> nearestIndexes() {
-  std::array<int, kPens + 1> indexes{};
-  for (int pen = 2; pen <= kPens; ++pen) {
-    indexes[static_cast<size_t>(pen)] = nearestIndex(penColour(pen, Ground::kPaper));
+int nearestGreyPen(Colour colour) {
+  int nearest = 1;
+  for (const int pen : {8, 9}) {
+    const auto away = [colour](int of) { return squaredDistance(colour, penColour(of, Ground::kPaper)); };
+    if (away(pen) < away(nearest)) { nearest = pen; }
   }
-  indexes[0] = indexes[1] = 7;
-  return indexes;
+  return nearest;
 }
 
 }  // namespace
@@ -125,13 +126,19 @@ Colour indexedColour(int index) {
 }
 
 int colourIndex(int pen) {
-  static const std::array<int, kPens + 1> kNearest = nearestIndexes();
-  return kNearest[pen < 1 || pen > kPens ? 1 : static_cast<size_t>(pen)];
+  if (pen < 1 || pen > kPens) { pen = 1; }
+  if (pen >= kFirstShade) { return pen - kFirstShade + kFirstOwnHue; }
+  return hasOwnIndex(pen) ? kIndexOfPlainPens[static_cast<size_t>(pen) - 1]
+                          : nearestSystematicIndex(penColour(pen, Ground::kPaper));
 }
 
-bool isIndexedExactly(int pen) {
-  const int index = colourIndex(pen);
-  return index == 7 || (index < 10 && indexedColour(index) == penColour(pen, Ground::kPaper));
+int penOfIndex(int index) {
+  if (index >= kFirstGrey) { return nearestGreyPen(indexedColour(index)); }
+  if (index >= kFirstOwnHue) { return index - kFirstOwnHue + kFirstShade; }
+  const auto* const plain = std::find(kIndexOfPlainPens.begin(), kIndexOfPlainPens.end(), index);
+  return plain == kIndexOfPlainPens.end() ? 1 : static_cast<int>(plain - kIndexOfPlainPens.begin()) + 1;
 }
+
+bool hasOwnIndex(int pen) { return pen < kFirstOwnHue || pen >= kFirstShade; }
 
 }  // namespace brevan

@@ -9,8 +9,8 @@
 
 namespace brevan {
 
-StrokeWalk::StrokeWalk(const Drawing& drawing, const Transform& toPaper, StrokeSink& sink)
-    : drawing_(drawing), toPaper_(toPaper), turned_(drawing.parameters().turnedOnPaper()), sink_(sink) {}
+StrokeWalk::StrokeWalk(const Drawing& drawing, const Transform& toPaper, StrokeSink& sink, double zoom)
+    : drawing_(drawing), toPaper_(toPaper), turned_(drawing.parameters().turnedOnPaper()), sink_(sink), zoom_(zoom) {}
 
 int StrokeWalk::resolvedPen(int pen, int layer) const {
   if (pen != kPenByLayer) { return pen; }
@@ -30,11 +30,14 @@ void StrokeWalk::primitive(const Primitive& primitive) {
     }
     void operator()(Text text) const {
       text.at = walk.toPaper_(text.at);
+      text.height *= walk.zoom_;
       walk.text(style, text);
     }
     void operator()(Arrow arrow) const {
       arrow.p1 = walk.toPaper_(arrow.p1);
       arrow.p2 = walk.toPaper_(arrow.p2);
+      arrow.length *= walk.zoom_;
+      arrow.width *= walk.zoom_;
       walk.arrow(style, arrow);
     }
     void operator()(const Symbol& symbol) const { walk.placeSymbol(style, symbol); }
@@ -116,7 +119,7 @@ void StrokeWalk::placeSymbol(const StrokeStyle& style, Symbol symbol) {
   const double size = realSize ? symbol.scale / drawing_.parameters().scale() : symbol.scale;
   symbol.at = toPaper_(symbol.at);
   if (turns) { symbol.rotation += 180.0; }
-  symbolParts(style, symbol.name, {symbolPlacement(symbol, size), symbol.scale, turns});
+  symbolParts(style, symbol.name, {symbolPlacement(symbol, size * zoom_), symbol.scale * zoom_, turns});
 }
 
 void StrokeWalk::symbolParts(const StrokeStyle& style, std::string_view name, const Placement& placement) {
@@ -162,10 +165,6 @@ void StrokeWalk::part(const StrokeStyle& style, const Geometry& geometry, const 
   } else {
     std::visit(Visitor{*this, style, placement}, transformed(geometry, placement.toPaper));
   }
-}
-
-Sheet sheetOf(const Drawing& drawing) {
-  return drawing.sheet() ? *drawing.sheet() : sheetFor(drawing.extents(), drawing.parameters());
 }
 
 }  // namespace brevan

@@ -43,8 +43,9 @@ class StrokeSink {
 // dimensions. Every picture of a drawing is made of what this gives.
 class StrokeWalk {
  public:
-  // toPaper: from drawing units to millimetres on paper, without mirroring (see toSheet).
-  StrokeWalk(const Drawing& drawing, const Transform& toPaper, StrokeSink& sink);
+  // toPaper: from drawing units to millimetres on paper, without mirroring (see toPage). zoom: what lengths on paper,
+  // those of texts, heads and symbols, are multiplied with; widths of lines and patterns stay.
+  StrokeWalk(const Drawing& drawing, const Transform& toPaper, StrokeSink& sink, double zoom = 1.0);
 
   // Throws HostFailure where the symbols shown so far come to more than SymbolCounts::kMostPlacedParts.
   void primitive(const Primitive& primitive);
@@ -71,14 +72,12 @@ class StrokeWalk {
   Transform toPaper_;
   bool turned_;
   StrokeSink& sink_;
+  double zoom_;
   size_t placedParts_ = 0;
 };
 
 // The width a stroke is drawn with on paper, millimetres.
 inline constexpr double kHairline = 0.13;
 inline double strokeWidth(const StrokeStyle& style) { return style.width > 0.0 ? style.width : kHairline; }
-
-// The sheet of a drawing: its own, else the smallest that holds it.
-Sheet sheetOf(const Drawing& drawing);
 
 }  // namespace brevan

@@ -128,6 +128,7 @@ class DrgReader {
   void checkSchema() {
     std::map<std::string, std::string> expected;
     forEachDrgTable([&]<class Record>() { expected.emplace(DrgTable<Record>::kName, drgDefinition<Record>()); });
+    expected.emplace(DrgTable<DrgLayerLook>::kName, drgDefinition<DrgLayerLook>());
     DrgStatement schema(database_, "SELECT name, sql FROM sqlite_schema WHERE sql IS NOT NULL");
     const auto column = [&schema](int place) {
       const unsigned char* const text = sqlite3_column_text(schema.handle(), place);
@@ -136,12 +137,14 @@ class DrgReader {
     while (schema.step()) {
       const std::string name = column(0);
       if (name.starts_with("sqlite_")) { continue; }
+      hasLayerLooks_ = hasLayerLooks_ || name == DrgTable<DrgLayerLook>::kName;
       const auto table = expected.find(name);
       if (table == expected.end() || table->second != column(1)) {
         database_.fail("\"" + messageText(name) + "\" in its database is not as a drawing has it");
       }
       expected.erase(table);
     }
+    expected.erase(std::string(DrgTable<DrgLayerLook>::kName));  // which a file may lack
     if (!expected.empty()) { database_.fail("its table \"" + expected.begin()->first + "\" is missing"); }
   }
 
@@ -190,7 +193,18 @@ class DrgReader {
     } catch (const RefusedChange& refused) { database_.fail("table parameters: " + std::string(refused.what())); }
   }
 
+  std::map<int, DrgLayerLook> layerLooks() {
+    std::map<int, DrgLayerLook> looks;
+    if (!hasLayerLooks_) { return looks; }
+    readTable<DrgLayerLook>(database_, [&](const DrgLayerLook& look, const ReadingRow& row) {
+      if (look.linetype < 1 || look.width < 0.0) { row.fail("a line type is above 0, a width not below"); }
+      looks.emplace(look.layer, look);
+    });
+    return looks;
+  }
+
   void readLayers() {
+    std::map<int, DrgLayerLook> looks = layerLooks();
     std::set<std::string> names;
     int current = -1;
     readTable<DrgLayer>(database_, [&](DrgLayer& record, const ReadingRow& row) {
@@ -198,8 +212,15 @@ class DrgReader {
       if (!names.insert(record.layer.name).second) { row.fail("the layer's name occurs twice"); }
       if (record.current && current >= 0) { row.fail("one layer is the current one"); }
       if (record.current) { current = record.index; }
+      if (const auto look = looks.extract(record.index)) {
+        record.layer.linetype = look.mapped().linetype;
+        record.layer.width = look.mapped().width;
+      }
       drawing_.loadLayer(record.index, std::move(record.layer));
     });
+    if (!looks.empty()) {
+      database_.fail("table layer_looks: there is no layer " + std::to_string(looks.begin()->first));
+    }
     if (current < 0) { database_.fail("table layers: one layer is the current one"); }
     drawing_.setCurrentLayer(current);
   }
@@ -244,6 +265,7 @@ class DrgReader {
 
   DrgDatabase& database_;
   Drawing& drawing_;
+  bool hasLayerLooks_ = false;
   std::vector<SymbolRead> symbols_;
   std::set<std::string> symbolNames_;
 };

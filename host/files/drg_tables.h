@@ -49,6 +49,12 @@ struct DrgPrimitive {
   Kind geometry;
 };
 
+struct DrgLayerLook {
+  int layer = 0;
+  int linetype = 1;
+  double width = 0.0;
+};
+
 template <class Record>
 struct DrgTable;
 
@@ -88,6 +94,19 @@ struct DrgTable<DrgLayer> {
     row.flag("locked", record.layer.locked);
     row.integer("pen", record.layer.pen);
     row.flag("current", record.current);
+  }
+};
+
+// Where layers have one besides their pen; a file without such layers lacks the table.
+template <>
+struct DrgTable<DrgLayerLook> {
+  static constexpr std::string_view kName = "layer_looks";
+  static constexpr std::string_view kKey = "layer";
+  template <class Row, class Record>
+  static void columns(Row& row, Record& record) {
+    row.integer("layer", record.layer);
+    row.integer("line_type", record.linetype);
+    row.real("line_width", record.width);
   }
 };
 

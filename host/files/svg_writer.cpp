@@ -8,6 +8,7 @@
 #include "host/core/text_encoding.h"
 #include "host/drawing/font_metrics.h"
 #include "host/drawing/pens.h"
+#include "host/drawing/shown_layers.h"
 #include "host/drawing/strokes.h"
 
 namespace brevan {
@@ -179,19 +180,16 @@ void appendLayer(std::string& out, int index, const Layer& layer, const std::str
 
 }  // namespace
 
-std::string drawingSvg(const Drawing& drawing) {
-  const Sheet sheet = sheetOf(drawing);
-  SvgSink sink(sheet.height, drawing.layerCount());
-  StrokeWalk walk(drawing, toSheet(sheet, drawing.parameters()), sink);
-  drawing.forEach([&](PrimitiveId, const Primitive& primitive) {
-    const Layer* layer = drawing.layer(primitive.layer);
-    if (layer != nullptr && layer->visible) { walk.primitive(primitive); }
-  });
+std::string drawingSvg(const Drawing& drawing, const ExportOptions& options) {
+  const Page page = options.tellPage(drawing);
+  SvgSink sink(page.sheet.height, drawing.layerCount());
+  StrokeWalk walk(drawing, toPage(page, drawing.parameters()), sink, page.zoom);
+  const ShownLayers layers(drawing, options.page.layers);
+  layers.forEachPrimitive(drawing, [&walk](const Primitive& primitive) { walk.primitive(primitive); });
   std::string out;
-  appendStart(out, sheet);
+  appendStart(out, page.sheet);
   for (int index = 0; index < drawing.layerCount(); ++index) {
-    const Layer* layer = drawing.layer(index);
-    if (layer != nullptr && layer->visible) { appendLayer(out, index, *layer, sink.ofLayer(index)); }
+    if (layers.shows(index)) { appendLayer(out, index, *drawing.layer(index), sink.ofLayer(index)); }
   }
   out += "</svg>\n";
   return out;

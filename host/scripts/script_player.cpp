@@ -50,7 +50,7 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
       {"undo", 1, 1, &ScriptPlayer::undo},
       {"redo", 1, 1, &ScriptPlayer::redo},
       {"save", 2, 2, &ScriptPlayer::save},
-      {"export", 2, 4, &ScriptPlayer::exportDrawing},
+      {"export", 2, 16, &ScriptPlayer::exportDrawing},
   };
   return kRows;
 }
@@ -337,17 +337,17 @@ void ScriptPlayer::exportDrawing(const Statement& statement) {
   if (exporter == parts_.exporters.end()) {
     cursor_.fail(statement, "export writes files ending in .dxf, .svg, .pdf, .png or .json, got \"" + path + '"');
   }
-  int dpi = 150;
-  if (statement.words.size() > 2) {
-    constexpr int kLeast = 10;
-    constexpr int kMost = 2400;
-    cursor_.expectWords(statement, 4, 4);
-    dpi = cursor_.integer(statement, 3);
-    if (cursor_.string(statement, 2) != "dpi" || dpi < kLeast || dpi > kMost) {
-      cursor_.fail(statement, "export expects dpi and a number from 10 to 2400 after the file");
-    }
+  ExportOptions options;
+  options.tell = [&](const std::string& text) {
+    if (parts_.report) { parts_.report("\"" + path + "\": " + toUtf8(text)); }
+  };
+  if (statement.words.size() % 2 != 0) {
+    cursor_.fail(statement, "export takes options as pairs of a name and a value");
   }
-  write(statement, path, exporter->second(host_.window().drawing(), dpi));
+  for (size_t word = 2; word < statement.words.size(); word += 2) {
+    setExportOption(options, toUtf8(statement.words[word].text), toUtf8(statement.words[word + 1].text));
+  }
+  write(statement, path, exporter->second(host_.window().drawing(), options));
 }
 
 }  // namespace brevan

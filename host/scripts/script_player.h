@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/core/file_services.h"
+#include "host/files/export_options.h"
 #include "host/scripts/script_user.h"
 #include "host/scripts/transcript.h"
 #include "host/window/host.h"
@@ -14,7 +15,7 @@
 namespace brevan {
 
 // Writes a drawing in one format; `dpi` counts for pictures only.
-using Exporter = std::function<std::string(const Drawing& drawing, int dpi)>;
+using Exporter = std::function<std::string(const Drawing& drawing, const ExportOptions& options)>;
 
 // What a script is played with.
 struct PlayerParts {

@@ -7,6 +7,7 @@
 import json
 import math
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -94,6 +95,39 @@ def unlike_accepted(script, drawing):
     return list(differences("drawing", drawing, unpacked(path.read_text(encoding="utf-8"))))[:5]
 
 
+def ends(line, origin=0, turn=1):
+    """Both ends as complex numbers, seen from an origin and turned."""
+    return [(complex(*line[key]) - origin) * turn for key in ("p1", "p2")]
+
+
+def is_edge(primitive):
+    return primitive["type"] == "line" and primitive["linetype"] == 1 and primitive["width"] >= 5
+
+
+def shafts(drawing):
+    """The shaft of every bolt and screw in side view: its group, one end of its axis, the turn that lays the axis along
+    x, its half width and its reach along the axis, by the longest edge that has its like on the other side."""
+    for axis in drawing["primitives"]:
+        if axis["type"] != "line" or axis["linetype"] != 4 or not re.fullmatch(r"(M\d+X\d+F?_|S)S\d+", axis["group"]):
+            continue
+        origin, along = ends(axis)
+        turn = abs(along - origin) / (along - origin)
+        edges = [ends(p, origin, turn) for p in drawing["primitives"] if is_edge(p) and p["groupId"] == axis["groupId"]]
+        beside = [e for e in edges if abs(e[0].imag - e[1].imag) < 1e-6 < e[0].imag and e[0].imag < abs(along - origin) / 2]
+        alike = [e for e in beside if any(abs(e[0].conjugate() - end) < 1e-6 for other in edges for end in other)]
+        if not alike:
+            continue  # what stands out of a nut
+        first, last = sorted(max(alike, key=lambda e: abs(e[0] - e[1])), key=lambda end: end.real)
+        yield axis, origin, turn, first.imag, first.real, last.real
+
+
+def runs_through(line, half, first, last):
+    """Whether a line passes within a shaft by more than it touches its sides."""
+    start, end = line
+    inside = [start + (end - start) * step / 200 for step in range(201)]
+    return any(abs(p.imag) < 0.9 * half and first + 0.1 < p.real < last - 0.1 for p in inside)
+
+
 class Examples(unittest.TestCase):
     def test_every_example_draws_what_was_accepted(self):
         self.assertTrue(scripts())
@@ -102,6 +136,17 @@ class Examples(unittest.TestCase):
             with self.subTest(script.stem), tempfile.TemporaryDirectory() as folder:
                 self.assertEqual(unlike_accepted(script, play(script, pathlib.Path(folder))), [])
 
+    def test_no_edge_of_another_part_runs_through_a_bolt(self):
+        seen = 0
+        for script in scripts():
+            drawing = unpacked((ACCEPTED / f"{script.stem}.json").read_text(encoding="utf-8"))
+            for axis, origin, turn, half, first, last in shafts(drawing):
+                seen += 1
+                for edge in filter(is_edge, drawing["primitives"]):
+                    if edge["groupId"] != axis["groupId"]:
+                        line = ends(edge, origin, turn)
+                        self.assertFalse(runs_through(line, half, first, last), f"{script.stem}: {axis}, {edge}")
+        self.assertGreaterEqual(seen, 14)
 
 
 def accept():

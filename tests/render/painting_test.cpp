@@ -124,7 +124,7 @@ TEST(Painting, VisibleBoxPaintsTheSamePartFaster) {
       drawing.add(primitiveOf(Line{at, at + Point{5.0, 3.0}}));
     }
   }
-  const Transform toDevice = sheetToDevice(*drawing.sheet(), drawing.parameters(), 4.0);
+  const Transform toDevice = pageToDevice({*drawing.sheet(), 1.0, {}}, drawing.parameters(), 4.0);
   const auto painted = [&](const PaintOptions& options, size_t& strokes) {
     QImage image(1188, 840, QImage::Format_RGB32);
     image.fill(Qt::white);
@@ -147,11 +147,15 @@ TEST(Painting, VisibleBoxPaintsTheSamePartFaster) {
 TEST(Painting, NothingToSeeOfSomethingAndTooManyDotsAreErrors) {
   Drawing drawing;
   lieOnA4(drawing, false);
-  EXPECT_THROW(pngBytes(drawing, 0), HostFailure);
-  EXPECT_THROW(pngBytes(drawing, 4800), HostFailure) << "more pixels than memory should hold";
+  EXPECT_THROW(pngBytes(drawing), HostFailure) << "an empty page";
+  const PrimitiveId seen = drawing.add({.geometry = Line{{20.0, 200.0}, {180.0, 200.0}}});
+  EXPECT_THROW(pngBytes(drawing, {.dotsAnInch = 0}), HostFailure);
+  EXPECT_THROW(pngBytes(drawing, {.dotsAnInch = 4800}), HostFailure) << "more pixels than memory should hold";
   const int hidden = drawing.addLayer({"Hidden", false, false, 1});
   drawing.add({.layer = hidden, .geometry = Line{{20.0, 100.0}, {180.0, 100.0}}});
-  EXPECT_TRUE(Picture(drawing, 72).inkBox().empty()) << "hidden layers stay hidden";
+  EXPECT_GT(Picture(drawing, 72).inkBox().low.y, 190.0) << "hidden layers stay hidden";
+  drawing.remove(seen);
+  EXPECT_THROW(pngBytes(drawing), HostFailure) << "what is there is hidden";
   drawing.add(primitiveOf(Arrow{{20.0, 100.0}, {20.0, 100.0}}));
   EXPECT_THROW(pngBytes(drawing), HostFailure);
 }

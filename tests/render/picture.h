@@ -13,7 +13,7 @@ namespace brevan {
 class Picture {
  public:
   explicit Picture(const Drawing& drawing, int dotsAnInch = 254) : dotsAMillimetre_(dotsAnInch / 25.4) {
-    const std::string bytes = pngBytes(drawing, dotsAnInch);
+    const std::string bytes = pngBytes(drawing, {.dotsAnInch = dotsAnInch});
     image_ = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()), "PNG")
                  .convertToFormat(QImage::Format_RGB32);
   }

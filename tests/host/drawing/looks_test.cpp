@@ -48,18 +48,34 @@ TEST(Pens, EveryPenIsDistinctAndStandsOffItsGround) {
   }
 }
 
-TEST(Pens, ColourIndexIsTheNearestOne) {
+TEST(Pens, EveryColourIndexIsThatOfItsPen) {
+  std::set<int> pens;
+  for (int index = 1; index < 250; ++index) {
+    EXPECT_EQ(colourIndex(penOfIndex(index)), index);
+    pens.insert(penOfIndex(index));
+  }
+  EXPECT_EQ(pens.size(), 249U) << "two entries of one pen";
+  for (int index = 250; index <= 255; ++index) {
+    const Colour grey = penColour(penOfIndex(index), Ground::kPaper);
+    EXPECT_TRUE((grey & 0xFFU) == (grey >> 8 & 0xFFU) && (grey & 0xFFU) == grey >> 16) << index;
+  }
+}
+
+// Degrees round the colour wheel, and how far from grey.
+std::pair<double, double> hueOf(Colour colour) {
+  const auto channel = [colour](unsigned shift) { return static_cast<double>(colour >> shift & 0xFFU); };
+  const double x = channel(16) - 0.5 * (channel(8) + channel(0));
+  const double y = std::sqrt(0.75) * (channel(8) - channel(0));
+  return {std::atan2(y, x) * 180.0 / 3.141592653589793, std::hypot(x, y)};
+}
+
+TEST(Pens, AColourIndexHasTheHueOfItsPen) {
   EXPECT_EQ(colourIndex(1), 7);
-  EXPECT_EQ(colourIndex(2), 1);
-  EXPECT_EQ(colourIndex(4), 5);
-  const auto away = [](Colour a, Colour b) {
-    const auto channel = [](Colour colour, unsigned shift) { return static_cast<int>(colour >> shift & 0xFFU); };
-    return std::hypot(channel(a, 16) - channel(b, 16), channel(a, 8) - channel(b, 8), channel(a, 0) - channel(b, 0));
-  };
   for (int pen = 2; pen <= kPens; ++pen) {
-    const Colour wanted = penColour(pen, Ground::kPaper);
-    EXPECT_LT(away(indexedColour(colourIndex(pen)), wanted), 100.0) << pen;
-    if (isIndexedExactly(pen)) { EXPECT_EQ(indexedColour(colourIndex(pen)), wanted) << pen; }
+    const auto [hue, strength] = hueOf(penColour(pen, Ground::kPaper));
+    const auto [indexed, indexedStrength] = hueOf(indexedColour(colourIndex(pen)));
+    EXPECT_EQ(strength < 1.0, indexedStrength < 1.0) << "grey for a colour: " << pen;
+    if (strength > 1.0) { EXPECT_LT(std::abs(std::remainder(hue - indexed, 360.0)), 30.0) << pen; }
   }
 }
 

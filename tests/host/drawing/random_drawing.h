@@ -89,6 +89,8 @@ class RandomDrawing {
     const int index = anyLayer();
     brevan::Layer layer = *drawing.layer(index);
     layer.visible = !layer.visible;
+    layer.linetype = layer.visible ? 1 : 4;
+    layer.width = layer.visible ? 0.0 : 5.0;
     drawing.changeLayer(index, std::move(layer));
   }
   void dropLayer() { drawing.removeLayer(anyLayer()); }

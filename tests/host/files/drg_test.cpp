@@ -31,7 +31,7 @@ std::string editedBy(const std::string& bytes, const std::string& sql) {
 
 std::string smallFile() {
   Drawing drawing;
-  drawing.addLayer({"Walls", true, false, 3});
+  drawing.addLayer({"Walls", true, false, 3, 2, 5.0});
   Primitive line{.group = drawing.addGroup("BOLTS", "M10"), .geometry = Line{{1, 2}, {3, 4}}};
   drawing.add(line);
   drawing.add({.geometry = Text{{1, 2}, "L\xE4nge"}});
@@ -96,6 +96,9 @@ TEST(DrawingFile, ValuesOutOfPlaceAreNamedWithTableAndRow) {
       {"UPDATE layers SET visible=2", "table layers, row 1: \"visible\" is 0 or 1"},
       {"UPDATE layers SET name='0'", "table layers, row 2: the layer's name occurs twice"},
       {"UPDATE layers SET layer=2000000000 WHERE layer=1", "table layers, row 2: layers are numbered"},
+      {"UPDATE layer_looks SET layer=9", "table layer_looks: there is no layer 9"},
+      {"UPDATE layer_looks SET line_type=0", "table layer_looks, row 1: a line type is above 0"},
+      {"ALTER TABLE layer_looks ADD COLUMN more INTEGER", "\"layer_looks\" in its database is not as a drawing has it"},
       {"DELETE FROM layers WHERE layer=0", "one layer is the current one"},
       {"UPDATE parameters SET value=0 WHERE number=1", "scale (1) and unit (3) are above 0"},
       {"DELETE FROM parameters WHERE number=7", "table parameters, row 7: parameters are numbered 1 to 12"},

@@ -16,15 +16,17 @@ class Player : public CoreFixture {
   std::string play(const std::string& text) {
     script_ = readScript("a.scr", text);
     player_.reset();
-    player_.emplace(script_, PlayerParts{confined_,
-                                         settings(),
-                                         {{"json", [](const Drawing& drawing, int) { return drawingJson(drawing); }}},
-                                         ARDENIX_MODULE,
-                                         "",
-                                         &transcript_,
-                                         {},
-                                         {},
-                                         mostDrawn_});
+    player_.emplace(
+        script_,
+        PlayerParts{confined_,
+                    settings(),
+                    {{"json", [](const Drawing& drawing, const ExportOptions&) { return drawingJson(drawing); }}},
+                    ARDENIX_MODULE,
+                    "",
+                    &transcript_,
+                    {},
+                    {},
+                    mostDrawn_});
     return failureOf([this] { player_->play(); });
   }
   Drawing& drawing() { return player_->host().window().drawing(); }

@@ -72,21 +72,36 @@ size_t DxfBlocks::partsOf(const DxfInsert& insert) {
   return parts * static_cast<size_t>(insert.columns * insert.rows);
 }
 
-bool DxfBlocks::isSymbolLike(const DxfBlockRead& block) {
-  if (block.origin.kind != DxfBlockOrigin::Kind::kForeign) { return true; }
+// What one part leaves open; false for one that no symbol can hold.
+bool DxfBlocks::leaveOpen(const DxfPiece& piece, DxfOpenLook& open) {
+  if (piece.look.layer != 0) { return false; }
+  open.add(piece.look);
+  const DxfInsert* insert = std::get_if<DxfInsert>(&piece.what);
+  if (insert == nullptr) { return true; }
+  const DxfBlockRead* inner = find(insert->block);
+  const bool single = hasOneScale(*insert) && insert->columns == 1 && insert->rows == 1 && !insert->isPicture;
+  if (inner == nullptr || !single) { return false; }
+  const DxfOpenLook* within = asSymbol(*inner);
+  // A symbol within a symbol hands on its pen alone, and that to all that is open.
+  const bool plain = piece.look.pen == DxfLook::kByLayer && piece.look.linetype == DxfLook::kByLayer &&
+                     piece.look.width == DxfLook::kByLayer;
+  return within != nullptr && (plain || !within->any());
+}
+
+std::optional<DxfOpenLook> DxfBlocks::judge(const DxfBlockRead& block) {
+  DxfOpenLook open;
+  if (block.origin.kind != DxfBlockOrigin::Kind::kForeign) { return open; }
+  if (block.name.starts_with('*')) { return std::nullopt; }
+  const bool fits = std::all_of(block.pieces.begin(), block.pieces.end(),
+                                [&](const DxfPiece& piece) { return leaveOpen(piece, open); });
+  return fits ? std::optional(open) : std::nullopt;
+}
+
+const DxfOpenLook* DxfBlocks::asSymbol(const DxfBlockRead& block) {
   Entry& entry = blocks_.find(block.name)->second;
-  if (entry.kind != Entry::Kind::kUnknown) { return entry.kind == Entry::Kind::kSymbolLike; }
-  const auto fits = [this](const DxfPiece& piece) {
-    const DxfInsert* insert = std::get_if<DxfInsert>(&piece.what);
-    if (piece.look.layer != 0) { return false; }
-    if (insert == nullptr) { return true; }
-    const DxfBlockRead* inner = find(insert->block);
-    return inner != nullptr && hasOneScale(*insert) && insert->columns == 1 && insert->rows == 1 &&
-           !insert->isPicture && isSymbolLike(*inner);
-  };
-  const bool symbolLike = !block.name.starts_with('*') && std::all_of(block.pieces.begin(), block.pieces.end(), fits);
-  entry.kind = symbolLike ? Entry::Kind::kSymbolLike : Entry::Kind::kOther;
-  return symbolLike;
+  if (!entry.judged) { entry.asSymbol = judge(block); }
+  entry.judged = true;
+  return entry.asSymbol ? &*entry.asSymbol : nullptr;
 }
 
 }  // namespace brevan

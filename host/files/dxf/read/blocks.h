@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -31,9 +32,9 @@ class DxfBlocks {
   // Primitives that all the placements of an insert come to; throws DxfRefusal for more than kMostParts, for a
   // block that contains itself and for blocks nested deeper than kDeepest.
   size_t partsOf(const DxfInsert& insert);
-  // Whether a symbol can stand for the block: all of it on layer 0, what it holds placed in one scale. Ask for its
-  // parts first.
-  bool isSymbolLike(const DxfBlockRead& block);
+  // Null where no symbol can stand for the block: for one it must lie on layer 0, what it holds be placed in one scale
+  // and look as its own parts or the whole say. Ask for its parts first.
+  const DxfOpenLook* asSymbol(const DxfBlockRead& block);
 
  private:
   class Collector : public DxfSink {
@@ -46,8 +47,11 @@ class DxfBlocks {
   struct Entry {
     DxfBlockRead block;
     size_t parts = 0;  // counted already, where above 0
-    enum class Kind { kUnknown, kSymbolLike, kOther } kind = Kind::kUnknown;
+    bool judged = false;
+    std::optional<DxfOpenLook> asSymbol;
   };
+  std::optional<DxfOpenLook> judge(const DxfBlockRead& block);
+  bool leaveOpen(const DxfPiece& piece, DxfOpenLook& open);
   size_t blockParts(Entry& entry);
 
   std::unordered_map<std::string, Entry, HashWithoutCase, EqualWithoutCase> blocks_;

@@ -118,7 +118,8 @@ void DxfBuilder::insert(const DxfLook& look, DxfInsert insert) {
     return;
   }
   const size_t parts = blocks_.partsOf(insert);
-  const bool symbol = !insert.isPicture && hasOneScale(insert) && blocks_.isSymbolLike(*block);
+  const DxfOpenLook* open = insert.isPicture || !hasOneScale(insert) ? nullptr : blocks_.asSymbol(*block);
+  const bool symbol = open != nullptr && styles_.looksAlikeAsSymbol(*open, look);
   expanded_ += symbol ? static_cast<size_t>(insert.columns * insert.rows) : parts;
   if (expanded_ > DxfBlocks::kMostParts) {
     throw DxfRefusal("the blocks placed up to \"" + insert.block + "\" come to more than " +

@@ -55,7 +55,7 @@ class DxfEntityReader {
   void singleLine(const DxfRecord& record, int verticalCode);
   bool becomesArrow(const std::array<Point, 4>& corners);
   bool liesInPlane(const DxfRecord& record);
-  bool isRepresentable(const DxfRecord& record, const DxfTextRead& read);
+  void noteReplaced(const DxfTextRead& read);
 
   DxfStyles& styles_;
   DxfReport& report_;

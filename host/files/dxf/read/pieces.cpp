@@ -27,6 +27,15 @@ Text placedText(Text text, const Transform& transform) {
   return text;
 }
 
+Arrow placedArrow(Arrow arrow, const Transform& transform) {
+  const double scale = std::sqrt(std::abs(transform.xx * transform.yy - transform.xy * transform.yx));
+  arrow.p1 = transform(arrow.p1);
+  arrow.p2 = transform(arrow.p2);
+  arrow.length *= scale;
+  arrow.width *= scale;
+  return arrow;
+}
+
 std::vector<Point> arcChain(const Arc& arc, const Transform& transform) {
   const Point radius = arc.start - arc.centre;
   const double sweep = arcSweep(arc);

@@ -45,14 +45,15 @@ class DxfSink {
   virtual void replaceLast(const DxfLook& look, Geometry geometry) = 0;
 };
 
-// Counts what of a file is not read.
+// Counts what of a file is not read, or not as it stands.
 class DxfReport {
  public:
-  void note(std::string_view what) {
+  void note(std::string_view what, size_t count = 1) {
+    if (count == 0) { return; }
     constexpr size_t kMostKinds = 100;
     constexpr size_t kLongest = 64;
     const std::string_view shown = what.substr(0, kLongest);
-    ++counts_[counts_.size() < kMostKinds || counts_.contains(shown) ? std::string(shown) : "others"];
+    counts_[counts_.size() < kMostKinds || counts_.contains(shown) ? std::string(shown) : "others"] += count;
   }
   [[nodiscard]] std::string text() const {
     std::string all;
@@ -69,16 +70,18 @@ class DxfReport {
 // A text where the transform puts it, its height and width as the transform stretches them. A mirror image moves the
 // text but never its letters, so its justification changes sides. A transform that flattens it gives the height 0.
 Text placedText(Text text, const Transform& transform);
+Arrow placedArrow(Arrow arrow, const Transform& transform);
 // An arc that the transform makes part of an ellipse, as a chain of points.
 std::vector<Point> arcChain(const Arc& arc, const Transform& transform);
 
 // Calls `use` with the geometry under any affine transform: with one piece, or with a line for each side of the chain
-// where an arc is none any more. Heads of arrows keep their size, which the transform of a block's placement does not
-// reach.
+// where an arc is none any more. Heads of arrows grow with the area.
 template <class Use>
 void forEachPlaced(const Geometry& geometry, const Transform& transform, const Use& use) {
   if (const Text* text = std::get_if<Text>(&geometry)) {
     use(Geometry(placedText(*text, transform)));
+  } else if (const Arrow* arrow = std::get_if<Arrow>(&geometry)) {
+    use(Geometry(placedArrow(*arrow, transform)));
   } else if (canTransform(geometry, transform)) {
     use(transformed(geometry, transform));
   } else {

@@ -1,5 +1,6 @@
 #include "host/files/dxf/read/reader.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -68,17 +69,24 @@ class DxfReader {
     if (!hasTag_ || tag_.code != 0) { scanner_.fail(1, "the file does not begin as a DXF file"); }
     std::vector<Bookmark> deferred;
     std::array<bool, kSections> seen{};
-    while (takeRecord()) {
-      if (record_.kind() == "EOF") {
-        readDeferred(deferred);
-        return;
-      }
+    while (hasTag_ && trimmed(tag_.value) != "EOF" && takeRecord()) {
       if (record_.kind() != "SECTION") {
         record_.fail("SECTION or EOF is expected, got \"" + messageText(record_.kind().substr(0, 40)) + "\"");
       }
       readSection(seen, deferred);
     }
-    scanner_.fail(record_.line(), "the file ends without EOF");
+    noteEnd(seen, deferred);
+    readDeferred(deferred);
+    report_.note("blank line", scanner_.blankLines());
+  }
+
+  // What does not end as it should is read all the same where its entities were whole.
+  void noteEnd(const std::array<bool, kSections>& seen, const std::vector<Bookmark>& deferred) {
+    const bool drawn = seen[kEntities] || std::any_of(deferred.begin(), deferred.end(),
+                                                      [](const Bookmark& mark) { return mark.section == kEntities; });
+    if (!hasTag_ && !drawn) { scanner_.fail(record_.line(), "the file ends without EOF"); }
+    if (!hasTag_) { report_.note("end of the file (EOF) that is missing"); }
+    if (hasTag_ && !scanner_.restIsBlank()) { report_.note("passage after the end of the file (EOF)"); }
   }
 
   // A section that comes before one that it needs waits for the end of the file.
@@ -118,6 +126,7 @@ class DxfReader {
     int version = 0;
     bool otherPage = false;
     int unit = 0;
+    DxfHeadSize heads;
     for (const DxfTag& tag : record_.tags()) {
       if (tag.code == 9) { name = trimmed(tag.value); }
       if (tag.code == 999) { readNote(tag); }
@@ -128,7 +137,10 @@ class DxfReader {
       }
       if (name == "$INSUNITS" && tag.code == 70) { unit = record_.integerOf(tag); }
       if (name == "$CLAYER" && tag.code == 8) { currentLayer_ = trimmed(tag.value); }
+      if (name == "$DIMSCALE" && tag.code == 40) { heads.scale = record_.realOf(tag); }
+      if (name == "$DIMASZ" && tag.code == 40) { heads.size = record_.realOf(tag); }
     }
+    styles_.setHeadSize(heads);
     constexpr int kFirstInUtf8 = 1021;
     styles_.setEncoding(version >= kFirstInUtf8 ? DxfEncoding::kUtf8
                         : otherPage             ? DxfEncoding::kOther
@@ -160,6 +172,7 @@ class DxfReader {
       if (record_.kind() == "LAYER") { styles_.addLayer(record_); }
       if (record_.kind() == "LTYPE") { styles_.addLineType(record_); }
       if (record_.kind() == "STYLE") { styles_.addFont(record_); }
+      if (record_.kind() == "DIMSTYLE") { styles_.addHeadSize(record_); }
     }
   }
 
@@ -186,6 +199,7 @@ class DxfReader {
   void readEntities() {
     while (takeInSection()) {
       const bool continues = record_.kind() == "VERTEX" || record_.kind() == "SEQEND";
+      if (record_.has(5) && record_.name(5).empty()) { report_.note("empty handle"); }
       if (!continues) { builder_.beginEntity(record_.handle()); }
       entities_.read(record_, builder_);
     }

@@ -95,7 +95,8 @@ class DxfRecord {
     if (error != std::errc() || end != text.data() + text.size()) { refuse(tag, "a handle"); }
     return value;
   }
-  [[nodiscard]] uint64_t handle() const { return has(5) ? handleOf(tagOf(5)) : 0; }
+  // 0 where there is none, or an empty one.
+  [[nodiscard]] uint64_t handle() const { return name(5).empty() ? 0 : handleOf(tagOf(5)); }
 
   [[noreturn]] void fail(const std::string& rule) const { scanner_.fail(line_, rule); }
   [[noreturn]] void refuse(const DxfTag& tag, const std::string& expected) const {
@@ -236,7 +237,8 @@ class DxfRecord {
   [[nodiscard]] bool endsHead(int code, bool inSubclass) const {
     const bool isReal = code >= 10 && code < 60;
     const bool isList = code == tags_[count_ - 1].code;
-    return code == 0 || isReal || isList || (code == kSubclass && inSubclass) || code == tags_.front().code;
+    return code == 0 || isReal || isList || code == kEmbedded || (code == kSubclass && inSubclass) ||
+           code == tags_.front().code;
   }
   void startHead() {
     round_ = ++lastRound_;
@@ -270,24 +272,29 @@ class DxfRecord {
     return true;
   }
 
-  // Takes the groups after the head whatever they are, and notes their codes.
+  // Takes the groups after the head whatever they are, and notes their codes. What is embedded after them speaks of
+  // another object, whose codes mean other things.
   bool takeTail(Codes& codes, DxfTag& next) {
     indexFirst();
     indexed_ = nullptr;
     codes.clear();
+    bool embedded = false;
     do {
       const DxfScanner::Place begin = scanner_.place();
       if (!scanner_.next(next)) {
         codes.comparable = false;
         return false;
       }
+      embedded = embedded || next.code == kEmbedded;
       codes.add(scanner_.codeText(begin, next));
-      if (next.code != 0) { add(next, round_); }
+      codes.comparable = codes.comparable && !embedded;
+      if (next.code != 0 && !embedded) { add(next, round_); }
     } while (next.code != 0);
     return true;
   }
 
   static constexpr int kSubclass = 100;
+  static constexpr int kEmbedded = 101;
   static constexpr size_t kFewTags = 128;
   static_assert(2 * kMostCodes < kFewTags);
 

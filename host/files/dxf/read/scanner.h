@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -162,6 +163,12 @@ class DxfScanner {
     return true;
   }
 
+  // Blank lines where a group should begin, which are passed over.
+  [[nodiscard]] size_t blankLines() const { return blankLines_; }
+  [[nodiscard]] bool restIsBlank() const {
+    return std::string_view(at_, left()).find_first_not_of(" \t\r\n\x1A") == std::string_view::npos;
+  }
+
   [[noreturn]] void fail(size_t line, const std::string& rule) const {
     throw HostFailure("\"" + file_ + "\", line " + std::to_string(line) + ": " + rule);
   }
@@ -179,12 +186,20 @@ class DxfScanner {
   static unsigned digitOf(char character) { return static_cast<unsigned>(character) - '0'; }
   [[nodiscard]] size_t left() const { return static_cast<size_t>(end_ - at_); }
 
+  // Once, however often the reader comes by.
+  void noteBlankLine() {
+    if (line_ > lastBlank_) { ++blankLines_; }
+    lastBlank_ = std::max(lastBlank_, line_);
+  }
+
   [[gnu::noinline]] bool nextOdd(DxfTag& tag) {
     std::string_view code;
     do {
       if (at_ == end_) { return false; }
       code = takeLine();
-    } while (code.empty() && at_ == end_);
+      if (code.find_first_not_of(" \t") != std::string_view::npos) { break; }
+      if (at_ != end_) { noteBlankLine(); }
+    } while (true);
     tag.line = line_;
     tag.code = codeOf(code);
     if (at_ == end_ && !endsInLine_) { fail(line_, "a group's value is missing"); }
@@ -237,6 +252,8 @@ class DxfScanner {
   const char* at_;
   std::string file_;
   uint32_t line_ = 0;
+  uint32_t lastBlank_ = 0;
+  size_t blankLines_ = 0;
   char lineEnd_ = '\n';
   bool endsInLine_ = true;
 };

@@ -29,16 +29,6 @@ int nearestPen(Colour colour) {
   return nearest;
 }
 
-// For each entry of the colour index the first pen that is written as it, else the nearest.
-std::array<int, 256> pensOfIndexes() {
-  std::array<int, 256> pens{};
-  for (int pen = kPens; pen >= 1; --pen) { pens[static_cast<size_t>(colourIndex(pen))] = pen; }
-  for (size_t index = 1; index < pens.size(); ++index) {
-    if (pens[index] == 0) { pens[index] = nearestPen(indexedColour(static_cast<int>(index))); }
-  }
-  return pens;
-}
-
 // By layer, by block, or tenths of a millimetre.
 double widthOf(int lineweight) {
   constexpr int kByLayerWeight = -1;
@@ -120,12 +110,10 @@ std::string fontOfFile(std::string_view file) {
 }  // namespace
 
 int penOfColour(int index, long trueColour) {
-  static const std::array<int, 256> kPensOfIndexes = pensOfIndexes();
-  if (index < 1 || index > 255) { index = 7; }
-  const int pen = kPensOfIndexes[static_cast<size_t>(index)];
+  const int pen = penOfIndex(index);
   if (trueColour < 0) { return pen; }
   const auto colour = static_cast<Colour>(trueColour & 0xFFFFFF);
-  return penColour(pen, Ground::kPaper) == colour ? pen : nearestPen(colour);
+  return penColour(pen, Ground::kPaper) == colour || indexedColour(index) == colour ? pen : nearestPen(colour);
 }
 
 double millimetresOfUnit(int code) {
@@ -162,12 +150,12 @@ void DxfStyles::addLineType(const DxfRecord& record) {
 void DxfStyles::addLayer(const DxfRecord& record) {
   constexpr int kFrozen = 1;
   constexpr int kLocked = 4;
-  LayerRead& read = layers_[static_cast<size_t>(layerOf(record.name(2)))];
+  Layer& read = layers_[static_cast<size_t>(layerOf(record.name(2)))];
   const int flags = record.integer(70);
   const int colour = record.integer(62, 7);
-  read.layer.visible = colour >= 0 && (flags & kFrozen) == 0;
-  read.layer.locked = (flags & kLocked) != 0;
-  read.layer.pen = penOfColour(std::abs(colour), record.has(420) ? record.integer(420) : -1);
+  read.visible = colour >= 0 && (flags & kFrozen) == 0;
+  read.locked = (flags & kLocked) != 0;
+  read.pen = penOfColour(std::abs(colour), record.has(420) ? record.integer(420) : -1);
   read.linetype = record.has(6) ? lineTypeOf(record.name(6)) : 1;
   if (read.linetype == DxfLook::kByLayer || read.linetype == DxfLook::kByBlock) { read.linetype = 1; }
   read.width = widthOf(record.integer(370, -3));
@@ -187,6 +175,33 @@ void DxfStyles::addFont(const DxfRecord& record) {
   fonts_.insert_or_assign(nameRead(record.name(2)), std::move(font));
 }
 
+namespace {
+// The variables of a dimension style that measure heads.
+constexpr int kDimensionScale = 40;
+constexpr int kArrowSize = 41;
+}  // namespace
+
+void DxfStyles::addHeadSize(const DxfRecord& record) {
+  const DxfHeadSize heads = {record.real(kDimensionScale, heads_.scale), record.real(kArrowSize, heads_.size)};
+  headSizes_.insert_or_assign(nameRead(record.name(2)), heads);
+}
+
+// A leader that differs from its style lists variable (1070) and value (1040) after "DSTYLE".
+DxfHeadSize DxfStyles::headSizeOf(const DxfRecord& leader) const {
+  const auto style = headSizes_.find(nameRead(leader.name(3)));
+  DxfHeadSize heads = style == headSizes_.end() ? heads_ : style->second;
+  bool differs = false;
+  int variable = 0;
+  for (const DxfTag& tag : leader.tags()) {
+    if (tag.code == 1000) { differs = trimmed(tag.value) == "DSTYLE"; }
+    if (tag.code == 1070) { variable = leader.integerOf(tag); }
+    if (tag.code != 1040 || !differs) { continue; }
+    if (variable == kDimensionScale) { heads.scale = leader.realOf(tag); }
+    if (variable == kArrowSize) { heads.size = leader.realOf(tag); }
+  }
+  return heads;
+}
+
 int DxfStyles::layerOf(std::string_view name) {
   if (lastLayer_ >= 0 && name == lastLayerName_) { return lastLayer_; }
   std::string read = nameRead(trimmed(name));
@@ -196,7 +211,7 @@ int DxfStyles::layerOf(std::string_view name) {
     if (layers_.size() >= kMostLayersNamed) {
       throw DxfRefusal("the file names more than " + std::to_string(kMostLayersNamed) + " layers");
     }
-    layers_.push_back({Layer{std::move(read)}, 1, 0.0});
+    layers_.push_back(Layer{std::move(read)});
   }
   lastLayerName_ = name;
   lastLayer_ = entry->second;
@@ -239,13 +254,25 @@ DxfLook DxfStyles::lookRead(const DxfRecord& record) {
 }
 
 Primitive DxfStyles::styled(const DxfLook& look) const {
-  const LayerRead& layer = layers_[static_cast<size_t>(look.layer)];
+  const Layer& layer = layers_[static_cast<size_t>(look.layer)];
   Primitive primitive;
   primitive.layer = look.layer;
   primitive.pen = look.pen == DxfLook::kByBlock ? penOfColour(7, -1) : look.pen;
   primitive.linetype = look.linetype == DxfLook::kByLayer ? layer.linetype : std::max(look.linetype, 1);
   primitive.width = look.width == DxfLook::kByLayer ? layer.width : std::max(look.width, 0.0);
   return primitive;
+}
+
+bool DxfStyles::looksAlikeAsSymbol(const DxfOpenLook& open, const DxfLook& placement) const {
+  const Layer& own = layers_.front();
+  const Layer& layer = layers_[static_cast<size_t>(placement.layer)];
+  const Primitive placed = styled(placement);
+  const bool penDiffers = open.penToLayer && placement.pen != DxfLook::kByLayer;
+  const bool lineTypeDiffers =
+      (open.lineTypeToLayer && layer.linetype != own.linetype) || (open.lineTypeToBlock && placed.linetype != 1);
+  const bool widthDiffers =
+      (open.widthToLayer && layer.width != own.width) || (open.widthToBlock && placed.width != 0.0);
+  return !penDiffers && !lineTypeDiffers && !widthDiffers;
 }
 
 }  // namespace brevan

@@ -50,13 +50,16 @@ class TextReading {
     } else if (encoding_ == DxfEncoding::kWindows1252) {
       out_ += toUtf8({&byte, 1});
     } else {
-      out_ += byte;  // malformed as UTF-8, so shown by its number
-      read.representable = false;
+      out_ += byte;  // malformed as UTF-8, so replaced
     }
   }
   void character(uint32_t code) { appendUtf8(out_, code); }
   void lineBreak() { out_ += "\\N"; }
   [[nodiscard]] bool nothingYet() const { return out_.empty(); }
+  // Parts what follows from the word before it.
+  void blankBetween() {
+    if (!out_.empty() && !out_.ends_with(' ') && !out_.ends_with("\\N")) { out_ += ' '; }
+  }
 
   // "\U+20AC"
   bool unicodeEscape() {
@@ -104,12 +107,18 @@ class TextReading {
     return true;
   }
 
-  DxfTextRead finish() {
+  DxfTextRead finishName() {
+    auto text = toWindows1252(out_);
+    read.text = text ? std::move(*text) : messageText(out_);
+    return std::move(read);
+  }
+  DxfTextRead finishText() {
     if (auto text = toWindows1252(out_)) {
       read.text = std::move(*text);
     } else {
-      read.text = messageText(out_);
-      read.representable = false;
+      NearestText nearest = nearestWindows1252(out_);
+      read.text = std::move(nearest.text);
+      read.replaced = nearest.replaced;
     }
     return std::move(read);
   }
@@ -141,6 +150,7 @@ bool isPlain(std::string_view bytes, DxfEncoding encoding) {
 
 // A fraction that stands one above the other.
 void takeStack(TextReading& reading) {
+  reading.blankBetween();
   while (!reading.atEnd() && reading.peek() != ';') {
     const char character = reading.peek();
     if (character == '^' || character == '#') {
@@ -155,6 +165,9 @@ void takeStack(TextReading& reading) {
     }
   }
   reading.skip(1);
+  const char next = lowered(reading.peek());
+  const bool wordFollows = (next >= '0' && next <= '9') || (next >= 'a' && next <= 'z');
+  if (wordFollows) { reading.blankBetween(); }
 }
 
 // What follows a backslash in an MTEXT.
@@ -205,7 +218,7 @@ DxfTextRead dxfNameRead(std::string_view bytes, DxfEncoding encoding) {
   while (!reading.atEnd()) {
     if (!reading.unicodeEscape()) { reading.plain(); }
   }
-  return reading.finish();
+  return reading.finishName();
 }
 
 DxfTextRead dxfTextRead(std::string_view bytes, DxfEncoding encoding) {
@@ -215,7 +228,7 @@ DxfTextRead dxfTextRead(std::string_view bytes, DxfEncoding encoding) {
     if (reading.percentCode() || reading.caret() || reading.unicodeEscape()) { continue; }
     reading.plain();
   }
-  return reading.finish();
+  return reading.finishText();
 }
 
 DxfTextRead dxfMTextRead(std::string_view bytes, DxfEncoding encoding) {
@@ -236,7 +249,7 @@ DxfTextRead dxfMTextRead(std::string_view bytes, DxfEncoding encoding) {
       reading.plain();
     }
   }
-  return reading.finish();
+  return reading.finishText();
 }
 
 }  // namespace brevan

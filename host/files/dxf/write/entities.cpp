@@ -14,8 +14,14 @@ namespace brevan {
 
 namespace {
 
-// The widths that DXF knows, in hundredths of a millimetre; 0 asks for the reader's default.
-int lineweight(double tenths) {
+double positiveDegrees(double angle) {
+  const double turned = std::fmod(angle, 360.0);
+  return turned < 0.0 ? turned + 360.0 : turned;
+}
+
+}  // namespace
+
+int dxfLineweight(double tenths) {
   constexpr std::array<int, 23> kAllowed = {5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50, 53,
                                             60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
   if (tenths <= 0.0) { return -3; }
@@ -23,13 +29,6 @@ int lineweight(double tenths) {
   return *std::min_element(kAllowed.begin(), kAllowed.end(),
                            [wanted](int a, int b) { return std::abs(a - wanted) < std::abs(b - wanted); });
 }
-
-double positiveDegrees(double angle) {
-  const double turned = std::fmod(angle, 360.0);
-  return turned < 0.0 ? turned + 360.0 : turned;
-}
-
-}  // namespace
 
 // How the lines of a text lie on paper, in the lengths of the space.
 struct DxfTextFrame {
@@ -82,10 +81,10 @@ void DxfEntityWriter::setStyle(const Primitive& primitive, int pen) {
     if (inSymbol) { style.integer(62, 0); }  // by block: the pen of the symbol where it is placed
   } else {
     style.integer(62, colourIndex(pen));
-    const bool trueColour = model_.version() != DxfVersion::kR2000 && !isIndexedExactly(pen);
+    const bool trueColour = model_.version() != DxfVersion::kR2000 && !hasOwnIndex(pen);
     if (trueColour) { style.integer(420, penColour(pen, Ground::kPaper)); }
   }
-  style.integer(370, lineweight(primitive.width));
+  style.integer(370, dxfLineweight(primitive.width));
   style_ = style.take();
 }
 

@@ -23,6 +23,9 @@ struct DxfEntities {
   DxfHandle count = 0;
 };
 
+// The nearest of the widths that DXF knows, in hundredths of a millimetre; -3, the reader's default, for none.
+int dxfLineweight(double tenths);
+
 struct DxfTextFrame;
 
 // Writes primitives as the entities nearest to them.

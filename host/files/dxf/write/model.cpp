@@ -65,6 +65,7 @@ void DxfModel::nameLayers() {
   DxfNames names;
   for (int index = 0; index < drawing_.layerCount(); ++index) {
     const Layer* layer = drawing_.layer(index);
+    if (layer != nullptr) { lineTypes_.insert(layer->linetype); }
     layerNames_.push_back(layer == nullptr ? std::string() : dxfPlain(names.unique(layer->name), version_));
   }
 }

@@ -1,35 +1,17 @@
-#include "host/files/dxf/read/reader.h"
-
 #include <gtest/gtest.h>
 
 #include "frame/host/core_services.h"
+#include "host/core/text_encoding.h"
 #include "host/drawing/dimension_strokes.h"
 #include "host/files/dxf/read/styles.h"
 #include "host/files/dxf/write/writer.h"
 #include "tests/failure.h"
 #include "tests/host/core/line_ends.h"
 #include "tests/host/drawing/random_drawing.h"
+#include "tests/host/files/dxf/small_files.h"
 
 namespace brevan {
 namespace {
-
-ReadDrawing readText(const std::string& text) { return drawingFromDxf(text, "x.dxf"); }
-
-std::string dxfReason(const std::string& text) {
-  return failureOf([&] { readText(text); });
-}
-
-std::string section(const std::string& name, const std::string& content) {
-  return "0\nSECTION\n2\n" + name + "\n" + content + "0\nENDSEC\n";
-}
-std::string entities(const std::string& content) { return section("ENTITIES", content) + "0\nEOF\n"; }
-std::string block(const std::string& name, const std::string& content) {
-  return "0\nBLOCK\n2\n" + name + "\n10\n0\n20\n0\n" + content + "0\nENDBLK\n";
-}
-std::string insertOf(const std::string& name, const std::string& more = "") {
-  return "0\nINSERT\n8\n0\n2\n" + name + "\n10\n0\n20\n0\n" + more;
-}
-const std::string kLine = "0\nLINE\n8\n0\n10\n1\n20\n2\n11\n3\n21\n4\n";
 
 void expectNear(Point a, Point b, const std::string& what) {
   const double reach = 1e-9 * (1.0 + length(a));
@@ -193,7 +175,7 @@ TEST(DxfReader, BadInputIsRefusedWithItsLine) {
       {"", "line 1: the file does not begin as a DXF file"},
       {"hello\n", "line 1: a group code is expected"},
       {"0\nSECTION\n2\nENTITIES\n" + kLine, "the file ends within a section"},
-      {section("ENTITIES", kLine), "the file ends without EOF"},
+      {section("HEADER", ""), "the file ends without EOF"},
       {radius("nan"), "line 12: CIRCLE, group 40: a finite number is expected, got \"nan\""},
       {radius("inf"), "got \"inf\""},
       {radius("1e400"), "got \"1e400\""},
@@ -266,7 +248,10 @@ TEST(DxfReader, CutAnywhereItIsRefused) {
   for (int change = 0; change < 20; ++change) { random.change(); }
   const std::string whole = drawingDxf(random.drawing);
   for (size_t length = 0; length + 4 < whole.size(); length += 37) {
-    ASSERT_NE(dxfReason(whole.substr(0, length)), "") << length;
+    const std::string part = whole.substr(0, length);
+    // Cut right after the entities it is read, and that its end is missing is told.
+    const std::string reason = dxfReason(part);
+    ASSERT_NE(reason.empty() ? readText(part).notRead : reason, "") << length;
   }
 }
 
