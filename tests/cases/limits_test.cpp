@@ -4,7 +4,7 @@
 #include <regex>
 
 #include "host/scripts/script_cursor.h"
-#include "host/window/control_text.h"
+#include "host/window/dialog_fields.h"
 #include "host/window/dialog_session.h"
 #include "host/window/host.h"
 #include "host/window/silent_user.h"
