@@ -94,6 +94,9 @@ class MainWindow : public QMainWindow {
   void recordSelection();
   void followHost();
   void showChanges();
+  void keepAll();
+  void restoreLayout();
+  void keepLayout();
   void showStyle();
   void setStyle();
   void addView(DrawingWindow& window);

@@ -1,15 +1,18 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "desktop/session_lock.h"
 #include "host/files/drg_upkeep.h"
 
 namespace brevan {
 
-// Keeps every drawing with unsaved work in a file of its own, so that a crash or a kill loses no finished
-// command. Files of a session are named after its process; those whose process is gone are offered back.
+// Keeps every drawing with unsaved work in a file of its own, so that a crash or a kill loses nothing that was drawn
+// before the last question. Files of a session bear the name of its lock; those whose lock nobody holds are offered
+// back.
 class Recovery {
  public:
   struct Kept {
@@ -28,12 +31,15 @@ class Recovery {
   [[nodiscard]] std::vector<Kept> left() const;
   // Such a file's drawing. Throws HostFailure.
   [[nodiscard]] static Drawing read(const std::string& file);
-  static void remove(const std::string& file) { DrgUpkeep::remove(file); }
+  // Takes the lock that its session left with it when it is the last.
+  static void remove(const std::string& file);
 
  private:
   [[nodiscard]] DrgUpkeep& started(const std::string& name, Drawing& drawing, const std::string& base);
   [[nodiscard]] std::string newPath(const std::string& name);
   std::string folder_;
+  [[nodiscard]] bool keepsAny() const;
+  std::unique_ptr<SessionLock> lock_;  // held while anything is kept
   int files_ = 0;
   std::map<std::string, DrgUpkeep> kept_;  // by the drawing's name
 };
