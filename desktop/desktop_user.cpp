@@ -137,6 +137,7 @@ PointAnswer DesktopUser::askPoint(const std::string& prompt) {
   }
   promptBar_.askPoint(shown(prompt));
   wait(Wants::kPoint);
+  if (point_.end == PromptEnd::kGiven) { emit pointGiven(point_.at); }
   return point_;
 }
 

@@ -142,6 +142,7 @@ void MainWindow::connectUser() {
                                                           : host_->window().cursor().lastGiven());
     if (wanted) { view().setFocus(); }
   });
+  connect(user_, &DesktopUser::pointGiven, this, [this](Point at) { document().given.push_back(at); });
   connect(user_, &DesktopUser::statusChanged, this, [this](const QString& text) { statusBar()->showMessage(text); });
   connect(user_, &DesktopUser::progressed, this, [this](int done, int total, const QString& text) {
     progress_->setVisible(done < total);
@@ -164,16 +165,23 @@ void MainWindow::connectUser() {
     promptBar_->askCommand();
     followHost();
     showChanges();
+    for (auto& [name, document] : documents_) { document.given.clear(); }
     keepAll();
     view().setFocus();
   });
 }
 
-// Costs what changed since the last time.
+// Costs what changed since the last time. Points from which the running command has drawn nothing yet make a drawing
+// worth keeping, too.
 void MainWindow::keepAll() {
   for (auto& [name, document] : documents_) {
-    if (!isModified(name)) { continue; }
-    const std::string why = recovery_.keep(name, document.view->window().drawing());
+    Drawing& drawing = document.view->window().drawing();
+    if (std::exchange(document.taken, drawing.taken()) != drawing.taken()) { document.given.clear(); }
+    if (!isModified(name) && document.given.empty()) {
+      if (recovery_.keeps(name)) { recovery_.drop(name); }
+      continue;
+    }
+    const std::string why = recovery_.keep(name, drawing, document.given);
     if (!why.empty()) {
       statusBar()->showMessage(tr("The drawing could not be kept for recovery: %1").arg(shown(why)));
     }

@@ -173,8 +173,40 @@ TEST_F(RecoveryTest, aBaseThatOthersChangedIsNotTrusted) {
   EXPECT_EQ(drawingJson(readDrawing(kept().front()).drawing), json());
 }
 
+// Walls are drawn when all of their corners are given; until then the corners themselves are kept.
+TEST_F(RecoveryTest, AKillWithinWallsLosesNoCorner) {
+  ASSERT_NO_FATAL_FAILURE(runKilled("diesWithinWalls"));
+  start();
+  acceptOffer();
+  const auto drawn = [this](Line way) {
+    bool found = false;
+    drawing().forEach([&](PrimitiveId, const Primitive& primitive) {
+      const auto* line = std::get_if<Line>(&primitive.geometry);
+      found = found || (line != nullptr && line->a == way.a && line->b == way.b);
+    });
+    return found;
+  };
+  for (const Line& way : {Line{{0, 0}, {0, 3000}}, {{0, 3000}, {4000, 3000}}, {{4000, 3000}, {4000, 500}}}) {
+    EXPECT_TRUE(drawn(way)) << way.a.x << ", " << way.a.y;
+  }
+  EXPECT_EQ(drawing().count(), 4 * 2 + 3U);
+}
+
+TEST_F(RecoveryTest, ACommandThatEndsLeavesNoPoints) {
+  whenDialog([](DialogWindow& dialog) { press(dialog, "OK"); });
+  whenPrompted("Indicate starting position", [this] { type("0,0"); });
+  whenPrompted("Indicate the next point", [this] {
+    EXPECT_EQ(kept().size(), 1U);
+    key(Qt::Key_Escape);
+  });
+  act([this] { type("ArchDrawWalls"); });
+  for (const auto& entry : std::filesystem::directory_iterator(root_.toStdString() + "/recovery")) {
+    EXPECT_NE(entry.path().extension(), ".points");
+  }
+}
+
 TEST_F(RecoveryTest, AKillWithinACommandLosesNothingThatWasPlaced) {
-  for (const char* session : {"diesWithinWalls", "diesWithinBolts", "diesWithinAPolyline"}) {
+  for (const char* session : {"diesWithinBolts", "diesWithinAPolyline"}) {
     std::filesystem::remove_all(root_.toStdString() + "/recovery");
     std::filesystem::remove(witness());
     ASSERT_NO_FATAL_FAILURE(runKilled(session));
