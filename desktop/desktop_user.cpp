@@ -137,6 +137,7 @@ PointAnswer DesktopUser::askPoint(const std::string& prompt) {
   }
   promptBar_.askPoint(shown(prompt));
   wait(Wants::kPoint);
+  if (point_.end == PromptEnd::kGiven) { emit pointGiven(point_.at); }
   return point_;
 }
 
@@ -201,6 +202,7 @@ std::optional<size_t> DesktopUser::chooseFromMenu(const std::vector<std::string>
 
 std::optional<ChosenFile> DesktopUser::chooseFile(const FileRequest& request) {
   if (cancelled_) { return std::nullopt; }
+  emit asking();
   QFileDialog chooser(topWindow(), shown(request.title));
   chooser.setFileMode(request.folder ? QFileDialog::Directory
                       : request.open ? QFileDialog::ExistingFile
@@ -228,7 +230,9 @@ std::optional<ChosenFile> DesktopUser::chooseFile(const FileRequest& request) {
 }
 
 std::optional<int> DesktopUser::choosePen(const std::string& title, int pen) {
-  return cancelled_ ? std::nullopt : choosePenFrom(topWindow(), shown(title), pen);
+  if (cancelled_) { return std::nullopt; }
+  emit asking();
+  return choosePenFrom(topWindow(), shown(title), pen);
 }
 
 bool DesktopUser::runDialog(dialog::Dialog& dialog) {

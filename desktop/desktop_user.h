@@ -53,6 +53,7 @@ class DesktopUser : public QObject, public User {
   // Something is about to be asked: what was drawn so far should be seen.
   void asking();
   void pointWanted(bool wanted);
+  void pointGiven(Point at);
   void statusChanged(const QString& text);
   void progressed(int done, int total, const QString& text);
 

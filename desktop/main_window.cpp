@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <array>
@@ -29,9 +30,12 @@ namespace brevan {
 
 namespace {
 
-// Numbers in a list of recent files and the size of the first window.
+// The window at the first start, and what its title bar and edges take of the screen.
 constexpr int kStartWidth = 1280;
 constexpr int kStartHeight = 820;
+constexpr QSize kFrame(16, 40);
+constexpr const char* kGeometryKey = "Window";
+constexpr const char* kPanelsKey = "Panels";
 constexpr std::string_view kSection = "Desktop";
 
 }  // namespace
@@ -57,7 +61,6 @@ MainWindow::MainWindow(const DesktopParts& parts)
       progress_(new QProgressBar(this)),
       help_(new HelpWindow(QString::fromStdString(parts.helpFolder), this)) {
   setWindowIcon(programIcon());
-  resize(kStartWidth, kStartHeight);
   host_ = std::make_unique<Host>(HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile, nullptr,
                                            shortcutBar_, [this](const std::string& topic) { return showHelp(topic); }});
   first_ = host_->window().name();
@@ -67,6 +70,7 @@ MainWindow::MainWindow(const DesktopParts& parts)
   connectUser();
   followHost();
   showChanges();
+  restoreLayout();
 }
 
 MainWindow::~MainWindow() {
@@ -130,6 +134,7 @@ void MainWindow::connectUser() {
     followHost();
     for (auto& [name, document] : documents_) { document.view->refreshIfChanged(); }
     view().update();
+    keepAll();
   });
   connect(user_, &DesktopUser::pointWanted, this, [this](bool wanted) {
     for (auto& [name, document] : documents_) { document.view->setPicking(wanted); }
@@ -137,6 +142,7 @@ void MainWindow::connectUser() {
                                                           : host_->window().cursor().lastGiven());
     if (wanted) { view().setFocus(); }
   });
+  connect(user_, &DesktopUser::pointGiven, this, [this](Point at) { document().given.push_back(at); });
   connect(user_, &DesktopUser::statusChanged, this, [this](const QString& text) { statusBar()->showMessage(text); });
   connect(user_, &DesktopUser::progressed, this, [this](int done, int total, const QString& text) {
     progress_->setVisible(done < total);
@@ -159,16 +165,27 @@ void MainWindow::connectUser() {
     promptBar_->askCommand();
     followHost();
     showChanges();
-    for (auto& [name, document] : documents_) {
-      DrawingWindow& window = document.view->window();
-      if (!isModified(name)) { continue; }
-      const std::string why = recovery_.keep(name, window.drawing());
-      if (!why.empty()) {
-        statusBar()->showMessage(tr("The drawing could not be kept for recovery: %1").arg(shown(why)));
-      }
-    }
+    for (auto& [name, document] : documents_) { document.given.clear(); }
+    keepAll();
     view().setFocus();
   });
+}
+
+// Costs what changed since the last time. Points from which the running command has drawn nothing yet make a drawing
+// worth keeping, too.
+void MainWindow::keepAll() {
+  for (auto& [name, document] : documents_) {
+    Drawing& drawing = document.view->window().drawing();
+    if (std::exchange(document.taken, drawing.taken()) != drawing.taken()) { document.given.clear(); }
+    if (!isModified(name) && document.given.empty()) {
+      if (recovery_.keeps(name)) { recovery_.drop(name); }
+      continue;
+    }
+    const std::string why = recovery_.keep(name, drawing, document.given);
+    if (!why.empty()) {
+      statusBar()->showMessage(tr("The drawing could not be kept for recovery: %1").arg(shown(why)));
+    }
+  }
 }
 
 // ---- Drawings and their tabs -------------------------------------------------------------------------------------
@@ -193,7 +210,7 @@ void MainWindow::addView(DrawingWindow& window) {
   auto* view = new DrawingView(window, style_, this);
   Document& document = documents_[window.name()];
   document.view = view;
-  document.savedRevision = window.drawing().revision();
+  document.savedRevision = Drawing().revision();  // what the command that opened it has drawn is not saved
   connect(view, &DrawingView::pointPicked, user_, &DesktopUser::givePoint);
   connect(view, &DrawingView::spaceAsked, user_, &DesktopUser::giveSpace);
   connect(view, &DrawingView::keyTyped, this, [this](QKeyEvent* event) { promptBar_->takeKey(event); });
@@ -222,6 +239,7 @@ void MainWindow::followHost() {
       ++document;
       continue;
     }
+    recovery_.drop(document->first);
     delete document->second.view;
     document = documents_.erase(document);
   }
@@ -304,6 +322,22 @@ void MainWindow::setSetting(const std::string& key, const std::string& value) {
   settings_.SetString(kSection, key, value);
 }
 
+// ---- Size, place, panels ----------------------------------------------------------------------------------------
+
+// As the last session left them; at the first start as large as the screen lets it be.
+void MainWindow::restoreLayout() {
+  const QSize room = screen()->availableSize() - kFrame;
+  resize(QSize(kStartWidth, kStartHeight).boundedTo(room));
+  const auto kept = [this](const char* key) { return QByteArray::fromBase64(setting(key).c_str()); };
+  restoreGeometry(kept(kGeometryKey));
+  restoreState(kept(kPanelsKey));
+}
+
+void MainWindow::keepLayout() {
+  setSetting(kGeometryKey, saveGeometry().toBase64().toStdString());
+  setSetting(kPanelsKey, saveState().toBase64().toStdString());
+}
+
 // ---- The program's end ---------------------------------------------------------------------------------------------
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -321,6 +355,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
   }
   for (const std::string& name : names) { recovery_.drop(name); }
+  keepLayout();
   settings_.Save();
   event->accept();
 }

@@ -73,6 +73,8 @@ class MainWindow : public QMainWindow {
     DrawingView* view = nullptr;
     QString path;  // "" before the first save
     uint64_t savedRevision = 0;
+    uint64_t taken = 0;        // into the drawing when it was kept last
+    std::vector<Point> given;  // to the running command since it drew last
   };
 
   // The help of the running command's dialog; false where none is open.
@@ -94,6 +96,9 @@ class MainWindow : public QMainWindow {
   void recordSelection();
   void followHost();
   void showChanges();
+  void keepAll();
+  void restoreLayout();
+  void keepLayout();
   void showStyle();
   void setStyle();
   void addView(DrawingWindow& window);

@@ -1,13 +1,11 @@
 #include "desktop/recovery.h"
 
-#include <unistd.h>
-
-#include <cerrno>
-#include <csignal>
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
 
-#include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
 #include "host/files/drawing_files.h"
 
@@ -17,11 +15,65 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool isAlive(long long process) { return kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM; }
+// "5f0c33a19be21d04-2-Drawing1.drg"
+std::string sessionOf(const fs::path& file) {
+  const std::string name = file.filename().string();
+  return name.substr(0, name.find('-'));
+}
 
-// "4711-2-Drawing1.drg"
-std::optional<long long> processOf(const std::string& fileName) {
-  return numberText::parseInteger(fileName.substr(0, fileName.find('-')));
+std::vector<fs::path> drawingsIn(const fs::path& folder) {
+  std::vector<fs::path> files;
+  std::error_code ignored;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder, ignored)) {
+    if (entry.path().extension() == ".drg") { files.push_back(entry.path()); }
+  }
+  std::ranges::sort(files);
+  return files;
+}
+
+std::string nameOf(const fs::path& file) {
+  const std::string stem = file.stem().string();
+  const size_t number = stem.find('-');
+  const size_t name = number == std::string::npos ? number : stem.find('-', number + 1);
+  return toWindows1252(name == std::string::npos ? stem : stem.substr(name + 1)).value_or("Drawing");
+}
+
+// ---- Points given ------------------------------------------------------------------------------------------------
+
+std::string pointsOf(const std::string& drawing) { return drawing + ".points"; }
+
+void removeDrawing(const std::string& file) {
+  std::error_code ignored;
+  fs::remove(pointsOf(file), ignored);
+  DrgUpkeep::remove(file);
+}
+
+std::vector<Point> pointsIn(const std::string& file) {
+  std::vector<Point> points;
+  std::ifstream in(file);
+  for (std::string x, y; in >> x >> y;) {
+    const auto across = numberText::parseDouble(x);
+    const auto up = numberText::parseDouble(y);
+    if (across && up) { points.push_back({*across, *up}); }
+  }
+  return points;
+}
+
+// A cross at each, two millimetres wide on paper, and the way from one to the next.
+void drawGiven(Drawing& drawing, std::span<const Point> given) {
+  Primitive line;
+  line.layer = drawing.addLayer(Layer{"Points given"});
+  const auto draw = [&](Point from, Point to) {
+    line.geometry = Line{from, to};
+    drawing.add(line);
+  };
+  const double arm = drawing.parameters().paperMillimetre();
+  for (size_t at = 0; at < given.size(); ++at) {
+    const Point here = given[at];
+    draw({here.x - arm, here.y}, {here.x + arm, here.y});
+    draw({here.x, here.y - arm}, {here.x, here.y + arm});
+    if (at > 0 && !(given[at - 1] == here)) { draw(given[at - 1], here); }
+  }
 }
 
 }  // namespace
@@ -33,7 +85,8 @@ std::string Recovery::newPath(const std::string& name) {
   for (char& c : plain) {
     if (c == '/' || c == '\\') { c = '_'; }
   }
-  return folder_ + '/' + std::to_string(getpid()) + '-' + std::to_string(++files_) + '-' + plain + ".drg";
+  if (lock_ == nullptr) { lock_ = std::make_unique<SessionLock>(folder_); }
+  return folder_ + '/' + lock_->session() + '-' + std::to_string(++files_) + '-' + plain + ".drg";
 }
 
 DrgUpkeep& Recovery::started(const std::string& name, Drawing& drawing, const std::string& base) {
@@ -48,12 +101,28 @@ void Recovery::begin(const std::string& name, Drawing& drawing, const std::strin
   static_cast<void>(started(name, drawing, file));
 }
 
-std::string Recovery::keep(const std::string& name, Drawing& drawing) {
+std::string Recovery::keep(const std::string& name, Drawing& drawing, std::span<const Point> given) {
   try {
     fs::create_directories(folder_);
     started(name, drawing, "").keep(drawing);
+    keepPoints(name, given);
     return "";
   } catch (const std::exception& failure) { return failure.what(); }
+}
+
+// Beside the drawing, which they are no part of.
+void Recovery::keepPoints(const std::string& name, std::span<const Point> given) {
+  const auto last = points_.find(name);
+  if (last != points_.end()) {
+    fs::remove(last->second);
+    points_.erase(last);
+  }
+  if (given.empty()) { return; }
+  const std::string path = pointsOf(kept_.at(name).path());
+  points_.emplace(name, path);
+  std::string text;
+  for (const Point at : given) { text += numberText::shortest(at.x) + ' ' + numberText::shortest(at.y) + '\n'; }
+  saveWhole(path, text);
 }
 
 void Recovery::drop(const std::string& name) {
@@ -61,28 +130,43 @@ void Recovery::drop(const std::string& name) {
   if (entry == kept_.end()) { return; }
   const std::string path = entry->second.path();
   kept_.erase(entry);  // closes the file
-  if (!path.empty()) { remove(path); }
+  if (!path.empty()) { removeDrawing(path); }
+  points_.erase(name);
+  if (!keepsAny()) { lock_.reset(); }
+}
+
+bool Recovery::keeps(const std::string& name) const {
+  const auto entry = kept_.find(name);
+  return entry != kept_.end() && !entry->second.path().empty();
+}
+
+bool Recovery::keepsAny() const {
+  return std::ranges::any_of(kept_, [](const auto& kept) { return !kept.second.path().empty(); });
 }
 
 std::vector<Recovery::Kept> Recovery::left() const {
   std::vector<Kept> kept;
-  std::error_code ignored;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder_, ignored)) {
-    const std::string fileName = entry.path().filename().string();
-    const auto process = processOf(fileName);
-    if (!process || isAlive(*process) || entry.path().extension() != ".drg") { continue; }
-    const std::string stem = entry.path().stem().string();
-    const size_t number = stem.find('-');
-    const size_t name = number == std::string::npos ? number : stem.find('-', number + 1);
-    kept.push_back({entry.path().string(),
-                    toWindows1252(name == std::string::npos ? stem : stem.substr(name + 1)).value_or("Drawing")});
+  for (const fs::path& file : drawingsIn(folder_)) {
+    if (!SessionLock::isHeld(folder_, sessionOf(file))) { kept.push_back({file.string(), nameOf(file)}); }
   }
   return kept;
 }
 
+void Recovery::remove(const std::string& file) {
+  removeDrawing(file);
+  const fs::path folder = fs::path(file).parent_path();
+  const std::string session = sessionOf(file);
+  const std::vector<fs::path> others = drawingsIn(folder);
+  if (std::ranges::any_of(others, [&](const fs::path& other) { return sessionOf(other) == session; })) { return; }
+  SessionLock::removeLeft(folder.string(), session);
+}
+
 Drawing Recovery::read(const std::string& file) {
   DrgUpkeep::settle(file);
-  return readDrawing(file).drawing;
+  Drawing drawing = readDrawing(file).drawing;
+  const std::vector<Point> given = pointsIn(pointsOf(file));
+  if (!given.empty()) { drawGiven(drawing, given); }
+  return drawing;
 }
 
 }  // namespace brevan

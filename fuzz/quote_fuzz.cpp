@@ -12,6 +12,7 @@
 #include "frame/host/number_text.h"
 #include "frame/names.h"
 #include "fuzz/byte_choices.h"
+#include "fuzz/json_check.h"
 #include "fuzz/laws.h"
 #include "host/core/fields.h"
 #include "host/core/ini_file.h"
@@ -26,7 +27,6 @@
 #include "survey/label_sequences.h"
 #include "survey/number_formats.h"
 #include "survey/text_row.h"
-#include "tests/host/scripts/json_check.h"
 
 // The first byte chooses a pair of a writer and a reader, the rest is what goes through it: a text must come back
 // as it was, or be refused on the way in.

@@ -5,11 +5,11 @@
 #include <string_view>
 
 #include "frame/host/core_services.h"
+#include "fuzz/every_control.h"
+#include "fuzz/json_check.h"
 #include "fuzz/laws.h"
 #include "host/core/file_services.h"
 #include "host/scripts/script_player.h"
-#include "tests/host/scripts/json_check.h"
-#include "tests/host/window/every_control.h"
 
 // The first byte chooses: a whole script is played, or the rest answers a command's prompts and a dialog with every
 // kind of control. Whatever the script says, it ends well or with a failure that names file and line, and every

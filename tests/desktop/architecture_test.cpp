@@ -33,6 +33,10 @@ class Architecture : public DesktopSession {
     QTest::keyClick(editor, Qt::Key_Return);
     QTest::qWait(1);  // the editor gives its text when the keys are done
   }
+  [[nodiscard]] std::string record(int number) const {
+    return TINIFile(root_.toStdString() + "/data/ArchSpecs.ini")
+        .ReadString("WALL_TYPES", "Wall" + std::to_string(number), "");
+  }
 };
 
 TEST_F(Architecture, AWallTypeIsEditedInItsGridAndDrawn) {

@@ -5,7 +5,7 @@
 #include <QTableWidget>
 
 #include "host/scripts/plain_primitives.h"
-#include "host/window/control_text.h"
+#include "host/window/dialog_fields.h"
 #include "tests/desktop/desktop_session.h"
 
 namespace {

@@ -10,10 +10,10 @@
 #include <QTreeWidget>
 
 #include "desktop/recorder.h"
+#include "fuzz/every_control.h"
 #include "host/scripts/script_user.h"
 #include "host/window/control_kinds.h"
 #include "tests/desktop/desktop_session.h"
-#include "tests/host/window/every_control.h"
 
 namespace {
 

@@ -198,7 +198,8 @@ TEST(Snap, TheBestPointWithinReachWins) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QByteArray screen = qgetenv("BREVAN_TEST_SCREEN");  // a file that describes it
+  qputenv("QT_QPA_PLATFORM", screen.isEmpty() ? "offscreen" : "offscreen:configfile=" + screen);
   Application application(argc, argv);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

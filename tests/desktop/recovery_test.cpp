@@ -23,12 +23,6 @@ class RecoveryTest : public DesktopSession {
     }
     return files;
   }
-  // What this session has kept by now, as that of a process that is gone.
-  void abandon() {
-    for (const std::filesystem::path file : kept()) {
-      std::filesystem::copy_file(file, file.parent_path() / "999999999-1-Drawing1.drg");
-    }
-  }
   // Opens a drawing file of so many lines.
   std::string openPlan(int lines) {
     std::string file = root_.toStdString() + "/plan.drg";
@@ -49,6 +43,20 @@ class RecoveryTest : public DesktopSession {
     whenPrompted("", [this] { key(Qt::Key_Escape); });
     act([this] { window_->runTool("line"); });
   }
+  // Runs one of the killed sessions to its end.
+  void runKilled(const QString& name) {
+    QProcess session;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(kRootVariable, root_);
+    session.setProcessEnvironment(environment);
+    session.setProcessChannelMode(QProcess::MergedChannels);
+    session.start(QApplication::applicationFilePath(),
+                  {"--gtest_also_run_disabled_tests", "--gtest_filter=KilledSession.DISABLED_" + name});
+    ASSERT_TRUE(session.waitForFinished(30'000));
+    ASSERT_EQ(session.exitStatus(), QProcess::CrashExit) << session.readAll().toStdString();
+  }
+  // Where a killed session writes down what it had drawn.
+  [[nodiscard]] std::string witness() const { return root_.toStdString() + "/drawn.json"; }
 };
 
 // Run by the fault suite, in a process of its own each.
@@ -59,7 +67,45 @@ class KilledSession : public RecoveryTest {
     if (root_.isEmpty()) { GTEST_SKIP() << "another test runs it with " << kRootVariable; }
     start();
   }
+  // Where the command asks for a point the next time.
+  void dieAt(const QString& prompt) {
+    whenPrompted(prompt, [this] {
+      std::ofstream(witness()) << json() << std::flush;
+      kill(getpid(), SIGKILL);
+    });
+  }
 };
+
+TEST_F(KilledSession, DISABLED_diesWithinWalls) {
+  whenDialog([](DialogWindow& dialog) { press(dialog, "OK"); });
+  whenPrompted("Indicate starting position", [this] { type("0,0"); });
+  for (const char* corner : {"0,3000", "4000,3000", "4000,500"}) {
+    whenPrompted("Indicate the next point", [this, corner] { type(corner); });
+  }
+  dieAt("Indicate the next point");
+  act([this] { type("ArchDrawWalls"); });
+}
+
+TEST_F(KilledSession, DISABLED_diesWithinBolts) {
+  drawLine(1);
+  whenDialog([](DialogWindow& dialog) { press(dialog, "OK"); });
+  for (const char* place : {"60,60", "100,60", "140,60"}) {
+    whenPrompted("Indicate the position of the Bolt", [this, place] { type(place); });
+    when([] { return QApplication::activePopupWidget() != nullptr; },
+         [] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_1); });
+  }
+  dieAt("Indicate the position of the Bolt");
+  act([this] { type("MechDrawBolts"); });
+}
+
+TEST_F(KilledSession, DISABLED_diesWithinAPolyline) {
+  whenPrompted("", [this] { type("0,0"); });
+  for (const char* corner : {"10,0", "10,10", "0,10"}) {
+    whenPrompted("", [this, corner] { type(corner); });
+  }
+  dieAt("");
+  act([this] { window_->runTool("polyline"); });
+}
 
 TEST_F(KilledSession, DISABLED_drawsOneMoreLine) {
   if (!kept().empty()) { acceptOffer(); }
@@ -97,7 +143,6 @@ TEST_F(RecoveryTest, whatAnOpenedFileLacksIsAllThatIsWritten) {
   drawLine(5000);
   const std::string drawn = json();
   EXPECT_TRUE(Recovery(root_.toStdString() + "/recovery").left().empty()) << "what a living program keeps is its own";
-  abandon();
   start();
   acceptOffer();
   EXPECT_EQ(json(), drawn);
@@ -108,6 +153,68 @@ TEST_F(RecoveryTest, aBaseThatOthersChangedIsNotTrusted) {
   drawLine(7);
   ASSERT_EQ(kept().size(), 1U);
   EXPECT_EQ(drawingJson(readDrawing(kept().front()).drawing), json());
+}
+
+// Walls are drawn when all of their corners are given; until then the corners themselves are kept.
+TEST_F(RecoveryTest, AKillWithinWallsLosesNoCorner) {
+  ASSERT_NO_FATAL_FAILURE(runKilled("diesWithinWalls"));
+  start();
+  acceptOffer();
+  const auto drawn = [this](Line way) {
+    bool found = false;
+    drawing().forEach([&](PrimitiveId, const Primitive& primitive) {
+      const auto* line = std::get_if<Line>(&primitive.geometry);
+      found = found || (line != nullptr && line->a == way.a && line->b == way.b);
+    });
+    return found;
+  };
+  for (const Line& way : {Line{{0, 0}, {0, 3000}}, {{0, 3000}, {4000, 3000}}, {{4000, 3000}, {4000, 500}}}) {
+    EXPECT_TRUE(drawn(way)) << way.a.x << ", " << way.a.y;
+  }
+  EXPECT_EQ(drawing().count(), 4 * 2 + 3U);
+}
+
+TEST_F(RecoveryTest, ACommandThatEndsLeavesNoPoints) {
+  whenDialog([](DialogWindow& dialog) { press(dialog, "OK"); });
+  whenPrompted("Indicate starting position", [this] { type("0,0"); });
+  whenPrompted("Indicate the next point", [this] {
+    EXPECT_EQ(kept().size(), 1U);
+    key(Qt::Key_Escape);
+  });
+  act([this] { type("ArchDrawWalls"); });
+  for (const auto& entry : std::filesystem::directory_iterator(root_.toStdString() + "/recovery")) {
+    EXPECT_NE(entry.path().extension(), ".points");
+  }
+}
+
+TEST_F(RecoveryTest, AKillWithinACommandLosesNothingThatWasPlaced) {
+  for (const char* session : {"diesWithinBolts", "diesWithinAPolyline"}) {
+    std::filesystem::remove_all(root_.toStdString() + "/recovery");
+    std::filesystem::remove(witness());
+    ASSERT_NO_FATAL_FAILURE(runKilled(session));
+    std::ifstream drawn(witness());
+    const std::string wanted(std::istreambuf_iterator<char>(drawn), {});
+    ASSERT_EQ(kept().size(), 1U) << session;
+    start();
+    acceptOffer();
+    EXPECT_GE(drawing().count(), 3U) << session;
+    EXPECT_EQ(json(), wanted) << session;
+    EXPECT_TRUE(window_->windowTitle().contains('*')) << "it is not saved until the user does";
+  }
+}
+
+// A process number is used again; files of earlier versions bear nothing else.
+TEST_F(RecoveryTest, AnotherProcessOfTheSameNumberHidesNothing) {
+  drawLine(3);
+  const std::string drawn = json();
+  const std::filesystem::path file = kept().front();
+  std::filesystem::copy_file(file, file.parent_path() / "1-1-Drawing1.drg");
+  start();
+  EXPECT_EQ(Recovery(file.parent_path().string()).left().size(), 2U);
+  acceptOffer();
+  EXPECT_EQ(json(), drawn);
+  EXPECT_EQ(kept().size(), 2U) << "what was taken back is this session's now";
+  EXPECT_TRUE(Recovery(file.parent_path().string()).left().empty());
 }
 
 }  // namespace

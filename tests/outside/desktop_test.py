@@ -1,4 +1,4 @@
-"""The desktop as a person meets it: the real program on a display of its own, real keys, a real mouse, and a kill."""
+"""The desktop as a person meets it: the real program on a display of its own, real keys, a real mouse."""
 
 import itertools
 import subprocess

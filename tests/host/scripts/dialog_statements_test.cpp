@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "fuzz/every_control.h"
 #include "host/window/control_kinds.h"
 #include "host/window/silent_user.h"
-#include "tests/host/window/every_control.h"
 
 namespace {
 

@@ -5,10 +5,10 @@
 #include <functional>
 
 #include "frame/host/core_services.h"
+#include "fuzz/every_control.h"
+#include "fuzz/json_check.h"
 #include "host/scripts/transcript.h"
 #include "tests/failure.h"
-#include "tests/host/scripts/json_check.h"
-#include "tests/host/window/every_control.h"
 #include "tests/host/window/host_session.h"
 
 namespace {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "fuzz/every_control.h"
 #include "host/window/control_kinds.h"
 #include "host/window/dialog_fields.h"
-#include "tests/host/window/every_control.h"
 #include "tests/host/window/host_session.h"
 
 namespace {
