@@ -42,6 +42,18 @@ std::vector<fs::path> allScripts() {
 fs::path expectedOf(const fs::path& script) { return fs::path(script).replace_extension(".expected"); }
 std::string textOf(const fs::path& path) { return TemporaryFolder::readFile(path.string()); }
 
+// A line "#play NAME" stands for the lines of NAME.part in the script's folder.
+std::string withParts(const fs::path& script) {
+  std::istringstream lines(textOf(script));
+  std::string all;
+  for (std::string line; std::getline(lines, line);) {
+    constexpr std::string_view kPlay = "#play ";
+    const bool part = line.starts_with(kPlay);
+    all += part ? textOf(script.parent_path() / (line.substr(kPlay.size()) + ".part")) : line + '\n';
+  }
+  return all;
+}
+
 // A script whose first line is "#for WORD WORD..." is played for each of the words: the word stands for EACH, and AT is
 // 0 for the first, 100 for the second and so on.
 std::string unrolled(const std::string& text) {
@@ -186,7 +198,7 @@ class Case : public ::testing::TestWithParam<fs::path> {
 
   TemporaryFolder out_;
   fs::path folder_ = GetParam().parent_path();
-  brevan::Script script_ = brevan::readScript(GetParam().string(), unrolled(textOf(GetParam())));
+  brevan::Script script_ = brevan::readScript(GetParam().string(), unrolled(withParts(GetParam())));
   brevan::FileServices files_{folder_.string(), BREVAN_DATA, brevan::FileServices::Confinement{out_.path(), nullptr}};
   INI_LIST settings_{settingsFile()};
   Record record_;
