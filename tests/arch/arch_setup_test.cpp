@@ -84,7 +84,7 @@ TEST_F(ArchSetup, AFileThatIsNoTextCanBeReplacedByAnother) {
   EXPECT_EQ(log_.of("message").size(), 1U);
 }
 
-// ---- Building standards -------------------------------------------------------------------------------------
+// ---- Building standards, whose list of records is the same as that of the walls ---------------------------------
 
 TEST_F(ArchSetup, ShowsTheCurrentStandardWithTheUsualLimitsForMissingFields) {
   const std::string path = useSpecs(kThreeStandards);
@@ -112,43 +112,6 @@ TEST_F(ArchSetup, AddedStandardsTakeTheValuesShownAndNamesWithoutCommas) {
        kCancel);
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd4"), "Type A  heavy,175.00,250.00,750.00,25.00,100.00");
   EXPECT_EQ(value(path, "BLDG_STD", "Current"), "2");
-}
-
-TEST_F(ArchSetup, DeletingTheFirstStandardMovesTheOthersDown) {
-  const std::string path = useSpecs(kThreeStandards);
-  play(kArchSetup + kStandards + "pick \"Building standard\" \"One\"\npress \"Delete\"\n" +
-       "expect \"Building standard\" \"Two\"\nexpect \"Maximum rise\" 180\nexpect \"Building standard\" items \"Two\" "
-       "\"Three\"\n" +
-       kOk + kCancel);
-  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "Two,180.00,250.00,750.00,25.00,100.00");
-  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd3"), "missing");
-  EXPECT_EQ(value(path, "BLDG_STD", "Current"), "1");
-  play(kArchSetup + kStandards +
-       "press \"Delete\"\npress \"Delete\"\npress \"Delete\"\nexpect \"Building standard\" items\n" + kCancel +
-       kCancel);
-  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd1"), "missing");
-}
-
-TEST_F(ArchSetup, TheFirstStandardIsShownWhereTheFileNamesNoneThatIsThere) {
-  for (const std::string current : {"", "Current=0\n", "Current=4\n"}) {
-    const std::string path =
-        useSpecs("[BLDG_STD]\n" + current + kThreeStandards.substr(kThreeStandards.find("[BLDG_STD_TYPES]")));
-    play(kArchSetup + kStandards + "expect \"Building standard\" \"One\"\nexpect \"Maximum rise\" \"190.00\"\n" + kOk +
-         kCancel);
-    EXPECT_EQ(value(path, "BLDG_STD", "Current"), "1") << current;
-    EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd0"), "missing") << current;
-  }
-}
-
-TEST_F(ArchSetup, WithoutAStandardOkAsksForOneAndNamesCanBeEdited) {
-  const std::string path = useSpecs("");
-  play(kArchSetup + kStandards + "expect \"Maximum rise\" \"200.00\"\n" + kOk +
-       "expect message \"There is no building standard yet. Press Add to save what is shown as the first one.\"\n" +
-       kCancel + kCancel);
-  EXPECT_EQ(read(path), "");
-  useSpecs(kThreeStandards);
-  play(kArchSetup + kStandards + "set \"Building standard\" \"Second\"\n" + kOk + kCancel);
-  EXPECT_TRUE(value(path, "BLDG_STD_TYPES", "BldgStd2").starts_with("Second,180.00,"));
 }
 
 TEST_F(ArchSetup, NamesAreSavedWithoutTheBlanksAroundThem) {

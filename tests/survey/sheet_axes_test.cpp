@@ -29,8 +29,8 @@ TEST_F(SheetAxes, RightAndUpAreSeenSoInEverySystemAndOrientation) {
       const brevan::Point origin = onPaper({0, 0});
       const brevan::Point upRight = onPaper({paperSign(parms) * 10.0, paperSign(parms) * 10.0});
       EXPECT_TRUE(upRight.x > origin.x && upRight.y > origin.y);
-      SurveyTable table(1, 1, 10.0, 10.0, {}, &host().window(), 0);
-      table.setBorders(0, 0, {.top = true});
+      SurveyTable table(1, 2, 10.0, 10.0, {}, &host().window(), 0);
+      table.setBorders(0, 1, {.left = true});
       table.draw();
       table.placeText(10.0, 10.0, "right and down", {});
       table.placeSymbol(10.0, 10.0, "TRIG");
@@ -39,7 +39,8 @@ TEST_F(SheetAxes, RightAndUpAreSeenSoInEverySystemAndOrientation) {
       EXPECT_EQ(shapes<brevan::Text>().size(), 1U);
       EXPECT_EQ(log_.of("macro").end()[-2],
                 paperSign(parms) > 0 ? "#ADDSYM TRIG [10.000,-10.000] 1 0" : "#ADDSYM TRIG [-10.000,10.000] 1 0");
-      EXPECT_GT(onPaper(shapes<brevan::Line>().at(0).b).x, origin.x);
+      const brevan::Line left = shapes<brevan::Line>().at(0);  // of the second cell
+      EXPECT_TRUE(onPaper(left.a).x > origin.x && onPaper(left.b).y < origin.y);
       EXPECT_TRUE(text.x > origin.x && text.y < origin.y) << "a table runs the same way";
     }
   }
