@@ -14,8 +14,8 @@ namespace {
 constexpr double kMostLineTypes = 32767.0;
 
 // The line of the part drawn last that would run through the point if it were longer: the middle of a part's axis can
-// lie beyond what is drawn of it. Of several the newest, since axes are drawn last; copies of the part count for nothing,
-// as their other lines may lead to its axis. 0: none.
+// lie beyond what is drawn of it. Of several the newest, since axes are drawn last; copies of the part count for
+// nothing, as their other lines may lead to its axis. 0: none.
 PrimitiveId lineContinuedThrough(const DrawingWindow& window, Point p) {
   constexpr double kOnLine = 0.001;  // points come printed
   const Drawing& drawing = window.drawing();

@@ -96,7 +96,8 @@ class DrawingWindow : public CCadWindow {
   void endCommand(bool well);
   // Takes a primitive into the open group and, while new items are selected, into the selection.
   PrimitiveId addDrawn(Primitive primitive);
-  // What was taken in last, by the command that runs now where one runs; copies that it makes of that are none. 0: nothing.
+  // What was taken in last, by the command that runs now where one runs; copies that it makes of that are none. 0:
+  // nothing.
   [[nodiscard]] PrimitiveId lastDrawn() const { return lastDrawn_; }
   // Draws as the desktop's own tools do: current layer and style, outside of any group, a step of undo.
   PrimitiveId addPlain(Geometry geometry, GroupId group = 0);

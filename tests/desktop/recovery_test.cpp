@@ -1,6 +1,7 @@
 #include "desktop/recovery.h"
 
 #include <QMessageBox>
+#include <QProcess>
 #include <csignal>
 
 #include "host/files/drawing_files.h"

@@ -14,7 +14,7 @@ using brevan::Line;
 using brevan::Primitive;
 
 constexpr int kAxisPen = 3;
-constexpr double kThin = 2.5;  // threads
+constexpr double kThin = 2.5;      // threads
 constexpr double kApart = 1000.0;  // from part to part
 constexpr double kPlanBelow = -600.0;
 
