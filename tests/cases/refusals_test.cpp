@@ -22,7 +22,7 @@ std::vector<fs::path> refusedFiles() {
   return files;
 }
 
-std::string toJson(const brevan::Drawing& drawing, int) { return drawingJson(drawing); }
+std::string toJson(const brevan::Drawing& drawing, const brevan::ExportOptions&) { return drawingJson(drawing); }
 
 class Refusals : public ::testing::TestWithParam<fs::path> {
  protected:
