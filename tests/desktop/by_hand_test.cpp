@@ -158,7 +158,7 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
   }
   static void pick(DialogWindow& dialog, QWidget& widget, const QString& item) {
     if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
-      combo->setCurrentText(item);
+      combo->setCurrentIndex(combo->findText(item));  // the text of an editable list would be a new name
       emit combo->activated(combo->currentIndex());
       return;
     }
