@@ -103,10 +103,7 @@ class DesktopSession : public ::testing::Test {
   // played when its settings have been set; the host starts from those that ship or from a file's.
   std::string replayed(const std::string& before = "", const std::string& otherSettings = "") {
     std::string text = window_->recorder().script().toStdString();
-    text.insert(text.find('
-', std::max(text.rfind("
-setting ") + 1, text.find("
-settings none") + 1)) + 1, before);
+    text.insert(text.find('\n', std::max(text.rfind("\nsetting ") + 1, text.find("\nsettings none") + 1)) + 1, before);
     return replay(text, otherSettings);
   }
   std::string replay(const std::string& text, const std::string& otherSettings = "") {
