@@ -113,6 +113,8 @@ void DialogWindow::refuse(const QString& what) {
 }
 
 void DialogWindow::operate(const DialogOperation& operation) {
+  const qsizetype place = recorder_.lines().size();
+  const QStringList values = operation.verb == Verb::kPress ? Recorder::values(description_) : QStringList();
   recorder_.operated(description_, operation);
   ++operating_;
   rulesMovedFocus_ = false;
@@ -124,6 +126,7 @@ void DialogWindow::operate(const DialogOperation& operation) {
     description_.close(false);
   }
   --operating_;
+  if (description_.closed() && description_.accepted()) { recorder_.insert(place, values); }
   if (refusal) {
     if (!rulesMovedFocus_) { refuse(shown(*refusal)); }
     // After the event that brought the focus elsewhere.

@@ -47,7 +47,7 @@ void MainWindow::openFile(const QString& path) {
     const std::vector<std::string> taken = host_->windowNames();
     if (std::find(taken.begin(), taken.end(), name) != taken.end()) { name = host_->freeWindowName(); }
     host_->openWindow(name).setDrawing(std::move(read.drawing));
-    recorder_.statement("open " + scriptString(path) + ' ' + scriptString(shown(name)));
+    recorder_.opened(path, shown(name));
     followHost();
     if (isUntouched(first_)) { closeDrawing(first_); }
     const bool own = path.endsWith(".drg", Qt::CaseInsensitive);
@@ -143,7 +143,7 @@ void MainWindow::saveRecording() {
       QFileDialog::getSaveFileName(this, tr("Save Recorded Script"), "recorded.scr", tr("Scripts (*.scr)"));
   if (path.isEmpty()) { return; }
   try {
-    saveWhole(path.toStdString(), recorder_.script().toStdString());
+    saveWhole(path.toStdString(), recorder_.script(QFileInfo(path).absolutePath()).toStdString());
     statusBar()->showMessage(tr("Saved %1").arg(path));
   } catch (const std::exception& failure) {
     QMessageBox::critical(this, tr("Save Recorded Script"), shown(failure.what()));

@@ -61,6 +61,7 @@ MainWindow::MainWindow(const DesktopParts& parts)
       progress_(new QProgressBar(this)),
       help_(new HelpWindow(QString::fromStdString(parts.helpFolder), this)) {
   setWindowIcon(programIcon());
+  recorder_.startFrom(settings_);
   host_ = std::make_unique<Host>(HostParts{*user_, files_, settings_, &recorder_, parts.places.helpFile, nullptr,
                                            shortcutBar_, [this](const std::string& topic) { return showHelp(topic); }});
   first_ = host_->window().name();

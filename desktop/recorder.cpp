@@ -1,10 +1,87 @@
 #include "desktop/recorder.h"
 
+#include <QFileInfo>
+
 #include "desktop/texts.h"
 #include "frame/host/number_text.h"
+#include "host/core/settings_entries.h"
 #include "host/scripts/dialog_statements.h"
+#include "host/window/control_kinds.h"
 
 namespace brevan {
+
+namespace {
+
+constexpr std::string_view kOwnSection = "Desktop";
+
+QString openStatement(const QString& path, const QString& name) {
+  return "open " + scriptString(path) + ' ' + scriptString(name);
+}
+
+// From the folder, where the file lies in it or below.
+std::optional<QString> pathBelow(const QString& folder, const QString& path) {
+  if (folder.isEmpty()) { return std::nullopt; }
+  const QString inside = QFileInfo(folder).canonicalFilePath() + '/';
+  const QString whole = QFileInfo(path).canonicalFilePath();
+  return whole.startsWith(inside) ? std::optional(whole.mid(inside.size())) : std::nullopt;
+}
+
+// Hidden and disabled ones hold nothing that counts; those on another page do.
+bool counts(dialog::Dialog& dialog, const dialog::Control& control) {
+  bool visible = control.visible && control.enabled;
+  for (int group = control.group; group > 0;) {
+    const dialog::Group& around = dialog.groups()[static_cast<size_t>(group)];
+    visible = visible && around.visible;
+    group = around.parent;
+  }
+  return visible;
+}
+
+}  // namespace
+
+void Recorder::startFrom(const INI_LIST& settings) {
+  lines_.append("settings none");
+  for (const SettingEntry& entry : entriesOf(settings)) {
+    if (entry.section == kOwnSection) { continue; }
+    lines_.append("setting " + scriptString(shown(entry.section)) + ' ' + scriptString(shown(entry.key)) + ' ' +
+                  scriptString(shown(entry.value)));
+  }
+}
+
+QStringList Recorder::values(dialog::Dialog& dialog) {
+  QStringList lines;
+  for (int control = 0; control < static_cast<int>(dialog.controls().size()); ++control) {
+    const dialog::Control& described = dialog.control(control);
+    auto operation = operationThatSets(control, described.state);
+    if (!operation || operation->control < 0 || !counts(dialog, described)) { continue; }
+    operation->verb = Verb::kHave;
+    lines.append("      " + QString::fromStdString(statementOf(*operation, dialog)));
+  }
+  return lines;
+}
+
+void Recorder::insert(qsizetype place, const QStringList& values) {
+  for (const QString& line : values) { lines_.insert(place++, line); }
+}
+
+void Recorder::opened(const QString& path, const QString& name) {
+  lines_.append(openStatement(path, name));
+  opened_.insert(lines_.last(), {path, name});
+}
+
+QString Recorder::script(const QString& folder) const {
+  QString text;
+  QStringList elsewhere;
+  for (const QString& line : lines_) {
+    const auto file = opened_.find(line);
+    const auto below = file == opened_.end() ? std::nullopt : pathBelow(folder, file->path);
+    text += (below ? openStatement(*below, file->name) : line) + '\n';
+    if (file != opened_.end() && !below) { elsewhere.append(QFileInfo(file->path).absolutePath()); }
+  }
+  elsewhere.removeDuplicates();
+  for (const QString& other : elsewhere) { text += "# It opens files of " + other + ": play it with --allow-read\n"; }
+  return text;
+}
 
 void Recorder::statement(const QString& line) { lines_.append(line); }
 

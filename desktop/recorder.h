@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
 #include "frame/host/dialog_description.h"
+#include "frame/host/ini.h"
 #include "host/window/dialog_operations.h"
 #include "host/window/events.h"
 
@@ -12,14 +14,24 @@ namespace brevan {
 // Writes down what the user does as the statements of a script that does it again.
 class Recorder : public EventSink {
  public:
+  // The settings that the session starts from; only the program's own section is left out, which no command reads.
+  void startFrom(const INI_LIST& settings);
   // A statement outside of any question: a command, a tool, an undo.
   void statement(const QString& line);
   void dialogOpened(const QString& title);
   // Within a dialog. Keys typed into one field become one statement.
   void operated(dialog::Dialog& dialog, const DialogOperation& operation);
+  // What every control of the dialog that can be operated holds, as statements that see to it. They are taken before OK
+  // is pressed and noted there when it has closed the dialog.
+  [[nodiscard]] static QStringList values(dialog::Dialog& dialog);
+  void insert(qsizetype place, const QStringList& values);
+  // A drawing file was opened in a window of this name.
+  void opened(const QString& path, const QString& name);
   // Takes back what the dialog opened last noted: another statement stands for it.
   void dropDialog();
-  [[nodiscard]] QString script() const { return lines_.join('\n') + '\n'; }
+  // As it plays from a folder: files that were opened below it are named from there. Without a folder, and for files
+  // that lie elsewhere, their whole paths stand, and the script says which folders it has to be allowed to read.
+  [[nodiscard]] QString script(const QString& folder = {}) const;
   [[nodiscard]] const QStringList& lines() const { return lines_; }
 
   void macroSent(std::string_view) override {}
@@ -37,6 +49,11 @@ class Recorder : public EventSink {
 
  private:
   void answer(const QString& line) { lines_.append("    " + line); }
+  struct OpenedFile {
+    QString path;
+    QString name;
+  };
+  QMap<QString, OpenedFile> opened_;  // by the line that opens it
   QStringList lines_{"# Recorded by Brevan"};
   DialogOperation typed_;    // the one last noted,
   qsizetype typedLine_ = 0;  // and after which line

@@ -74,6 +74,7 @@ class BREVAN_API INI_LIST {
   int GetString(std::string_view section, std::string_view key, std::string_view fallback, char* buffer,
                 int size) const;
   void SetString(std::string_view section, std::string_view key, std::string_view value);
+  void EraseSection(std::string_view section);
   void Save();
 
   // The first and last line of a section's body (null, null where it is missing or empty).

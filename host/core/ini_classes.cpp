@@ -118,6 +118,11 @@ void INI_LIST::SetString(std::string_view section, std::string_view key, std::st
   content_->linesValid = false;
 }
 
+void INI_LIST::EraseSection(std::string_view section) {
+  content_->storage.document().eraseSection(section);
+  content_->linesValid = false;
+}
+
 void INI_LIST::Save() {
   if (content_->storage.save()) { content_->linesValid = false; }
 }

@@ -6,6 +6,7 @@
 
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "host/core/ini_file.h"
 #include "host/core/safe_file.h"
 #include "host/core/text_encoding.h"
 #include "host/files/drawing_files.h"
@@ -30,6 +31,7 @@ struct ScriptPlayer::StatementRow {
 const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
   static const std::vector<StatementRow> kRows = {
       {"setting", 4, 4, &ScriptPlayer::setSetting},
+      {"settings", 2, 2, &ScriptPlayer::forgetSettings},
       {"parameter", 3, 3, &ScriptPlayer::setParameter},
       {"textstyle", 6, 6, &ScriptPlayer::setTextStyle},
       {"dimstyle", 2, 2, &ScriptPlayer::setDimensionStyle},
@@ -128,6 +130,16 @@ void ScriptPlayer::playOne(const Statement& statement) {
 
 void ScriptPlayer::setSetting(const Statement& statement) {
   parts_.settings.SetString(cursor_.string(statement, 1), cursor_.string(statement, 2), cursor_.string(statement, 3));
+}
+
+void ScriptPlayer::forgetSettings(const Statement& statement) {
+  const std::string& which = cursor_.string(statement, 1);
+  if (which != "none") { cursor_.fail(statement, "settings expects none, got \"" + toUtf8(which) + '"'); }
+  std::vector<std::string> sections;
+  for (const INI_LINE* line = parts_.settings.First(); line != nullptr; line = line->Next()) {
+    if (const auto heading = headingName(line->Text())) { sections.emplace_back(*heading); }
+  }
+  for (const std::string& section : sections) { parts_.settings.EraseSection(section); }
 }
 
 void ScriptPlayer::setParameter(const Statement& statement) {

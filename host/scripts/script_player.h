@@ -49,6 +49,7 @@ class ScriptPlayer {
   void checkBudget();
 
   void setSetting(const Statement& statement);
+  void forgetSettings(const Statement& statement);
   void setParameter(const Statement& statement);
   void setTextStyle(const Statement& statement);
   void setDimensionStyle(const Statement& statement);

@@ -373,8 +373,11 @@ Refusal typeInto(State& state, const std::string& text, const std::string& name)
 }
 
 std::optional<DialogOperation> operationThatSets(int control, const State& state) {
+  return operationThatSets(control, state, valueText(state));
+}
+
+std::optional<DialogOperation> operationThatSets(int control, const State& state, const std::string& value) {
   const Verb verb = std::visit([](const auto& kind) { return rowOf(kind).written; }, state);
-  const std::string value = valueText(state);
   const bool typed = has(state, kField) && !has(state, kSetChooses);
   if (verb == Verb::kLeave || (value.empty() && !typed)) { return std::nullopt; }
   DialogOperation operation{verb, verb == Verb::kTab ? -1 : control, std::nullopt, {""}};

@@ -38,6 +38,8 @@ std::vector<std::string> itemTexts(const dialog::State& state);
 
 // The operation that gives a control the value it has; nothing where it holds none, as a list without a choice.
 std::optional<DialogOperation> operationThatSets(int control, const dialog::State& state);
+// Likewise of another value, as valueText would give it.
+std::optional<DialogOperation> operationThatSets(int control, const dialog::State& state, const std::string& value);
 
 // Changes of the contents of a control of this name, as messages quote it; why one is refused, which changes nothing.
 Refusal chooseEntry(dialog::State& state, const std::string& entry, const std::string& name);

@@ -57,6 +57,22 @@ bool isShown(Dialog& dialog, int control) {
   return shown;
 }
 
+std::string pageOf(Dialog& dialog, int control) {
+  int page = -1;
+  for (int group = dialog.control(control).group; group > 0 && page < 0;) {
+    const dialog::Group& around = dialog.groups()[static_cast<size_t>(group)];
+    page = around.page;
+    group = around.parent;
+  }
+  for (const Control& other : dialog.controls()) {
+    const auto* tabs = std::get_if<Tabs>(&other.state);
+    if (tabs != nullptr && page >= 0 && static_cast<size_t>(page) < tabs->pages.size()) {
+      return tabs->pages[static_cast<size_t>(page)];
+    }
+  }
+  return "";
+}
+
 std::string addressOf(Dialog& dialog, int control) {
   const Control& wanted = dialog.control(control);
   const std::string name = ownName(wanted);

@@ -11,6 +11,8 @@ namespace brevan {
 
 // Neither the control nor a group around it is hidden, nor on another page.
 bool isShown(dialog::Dialog& dialog, int control);
+// The page of the tabs that the control stands on; "" for one that stands on none.
+std::string pageOf(dialog::Dialog& dialog, int control);
 
 // A control's address: its fixed name, else its caption, with its group before it where the caption
 // occurs twice.

@@ -23,6 +23,9 @@ std::string lines(const DialogOperation& operation) {
 Refusal set(DialogSession& session, const DialogOperation& operation) {
   return session.setText(operation.control, lines(operation));
 }
+Refusal have(DialogSession& session, const DialogOperation& operation) {
+  return session.ensureText(operation.control, lines(operation));
+}
 Refusal type(DialogSession& session, const DialogOperation& operation) {
   return session.typeText(operation.control, textAt(operation, 0));
 }
@@ -87,6 +90,7 @@ constexpr OperationRow::Arguments kCellText{Argument::kControl, Argument::kNumbe
 
 constexpr auto kRows = std::to_array<OperationRow>({
     {Verb::kSet, "set", kControlText, 2, kAny, set},  // of a text of several lines: a word a line
+    {Verb::kHave, "have", kControlText, 2, kAny, have},
     {Verb::kType, "type", kControlText, 2, 2, type},
     {Verb::kSpin, "spin", kControlText, 2, 2, spin},
     {Verb::kPick, "pick", kControlText, 2, 2, pick},

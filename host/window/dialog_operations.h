@@ -18,6 +18,7 @@ using Refusal = std::optional<std::string>;
 
 enum class Verb {
   kSet,
+  kHave,
   kType,
   kSpin,
   kPick,

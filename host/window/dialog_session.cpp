@@ -113,6 +113,16 @@ Refusal DialogSession::setText(int control, const std::string& text) {
   return leave();
 }
 
+Refusal DialogSession::ensureText(int control, const std::string& text) {
+  if (valueText(dialog_.control(control).state) == text) { return std::nullopt; }
+  const auto operation = operationThatSets(control, dialog_.control(control).state, text);
+  if (!operation) { return notThisKind(named(control), dialog_.control(control).state, "holds no value"); }
+  if (const std::string page = pageOf(dialog_, control); !page.empty()) {
+    if (auto refusal = goToPage(page)) { return refusal; }
+  }
+  return perform(*operation);
+}
+
 Refusal DialogSession::typeText(int control, const std::string& text) {
   if (auto refusal = focus(control)) { return refusal; }
   for (size_t keys = text.empty() ? 0 : 1; keys <= text.size(); ++keys) {

@@ -35,6 +35,8 @@ class DialogSession : public dialog::Presenter {
   // Text fields, number fields, editable lists. `setText` replaces the contents at once and leaves the field;
   // `typeText` replaces them key by key and stays in it.
   Refusal setText(int control, const std::string& text);
+  // Gives a control of any kind that has a value this one, on whatever page it is; one that has it is left alone.
+  Refusal ensureText(int control, const std::string& text);
   Refusal typeText(int control, const std::string& text);
   // What the field holds after a key, as the desktop tells it; the focus stays.
   Refusal replaceText(int control, const std::string& text);

@@ -34,7 +34,7 @@ class DiagramWindow : public DesktopSession {
       const Point to = kCorners[(n + 1) % std::size(kCorners)];
       text += numberText::format("draw line %.2f %.2f %.2f %.2f\n", kCorners[n].x, kCorners[n].y, to.x, to.y);
     }
-    return replay(text + window_->recorder().script().toStdString());
+    return replayed(text);
   }
   void whenAsked(const QString& start, const std::function<void()>& action) {
     when([this, start] { return !user().wantsPoint() && prompt().startsWith(start); }, action);

@@ -1,0 +1,123 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QMenu>
+#include <QMessageBox>
+#include <QRadioButton>
+#include <random>
+
+#include "tests/desktop/desktop_session.h"
+
+namespace {
+
+using namespace brevan;
+
+// Draws at random, and every recording replays to the same drawing, whatever settings the replay starts from.
+class RandomSessions : public DesktopSession {
+ protected:
+  // As after a first start, but with the settings of the sessions before.
+  void beginAnew() {
+    window_.reset();
+    std::filesystem::remove_all(root_.toStdString() + "/recovery");
+    std::filesystem::remove_all(root_.toStdString() + "/data");
+    start();
+  }
+  void run(const QString& command) {
+    questions_ = 0;
+    operated_ = nullptr;
+    QTimer hands;
+    // On its own, since a timer rests while what it began waits in an event loop.
+    QObject::connect(&hands, &QTimer::timeout, [this] { QTimer::singleShot(0, window_.get(), [this] { answer(); }); });
+    hands.start(5);
+    QElapsedTimer clock;
+    clock.start();
+    window_->runCommand(command);
+    constexpr int kPatience = 10'000;
+    while (window_->runner().busy() && clock.elapsed() < kPatience) { QTest::qWait(5); }
+    ASSERT_FALSE(window_->runner().busy()) << command.toStdString() << " does not end at " << prompt().toStdString();
+  }
+  int below(int most) { return std::uniform_int_distribution<int>(0, most - 1)(random_); }
+
+  std::mt19937 random_{20261123};
+
+ private:
+  void answer() {
+    QWidget* const popup = QApplication::activePopupWidget();
+    QWidget* const top = popup != nullptr ? popup : QApplication::activeModalWidget();
+    if (top != nullptr && top == answered_) { return; }  // what it does waits in an event loop of its own
+    QWidget* const outer = std::exchange(answered_, top);
+    answerOne();
+    answered_ = outer;
+  }
+  void answerOne() {
+    if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+      return QTest::keyClick(menu, static_cast<Qt::Key>(Qt::Key_1 + below(static_cast<int>(menu->actions().size()))));
+    }
+    QWidget* top = QApplication::activeModalWidget();
+    if (auto* message = qobject_cast<QMessageBox*>(top)) { return message->buttons().front()->click(); }
+    if (dialogShown() != nullptr) { return operate(*dialogShown()); }
+    if (top != nullptr) { return QTest::keyClick(top, Qt::Key_Escape); }
+    if (!user().wantsAnything()) { return; }
+    constexpr int kMostQuestions = 6;
+    if (++questions_ > kMostQuestions) { return key(below(2) == 0 ? Qt::Key_Escape : Qt::Key_Space); }
+    if (user().wantsPoint()) { return type(QString("%1,%2").arg(100 * below(90)).arg(100 * below(90))); }
+    key(Qt::Key_Return);
+  }
+  // Changes a few of its controls, then OK; Escape where that is refused.
+  void operate(DialogWindow& dialog) {
+    if (operated_ == &dialog) { return QTest::keyClick(&dialog, Qt::Key_Escape); }
+    operated_ = &dialog;
+    constexpr int kChanges = 5;
+    for (int change = 0; change < kChanges && dialogShown() == &dialog; ++change) { changeOne(dialog); }
+    if (dialogShown() == &dialog) { press(dialog, "OK"); }
+  }
+  void changeOne(DialogWindow& dialog) {
+    QList<QWidget*> widgets;
+    for (QWidget* widget : dialog.findChildren<QWidget*>()) {
+      const bool known = qobject_cast<QCheckBox*>(widget) != nullptr ||
+                         qobject_cast<QRadioButton*>(widget) != nullptr ||
+                         qobject_cast<QComboBox*>(widget) != nullptr || qobject_cast<QLineEdit*>(widget) != nullptr;
+      if (known && widget->isVisible() && widget->isEnabled()) { widgets.append(widget); }
+    }
+    if (widgets.isEmpty()) { return; }
+    QWidget* widget = widgets[below(static_cast<int>(widgets.size()))];
+    widget->setFocus();
+    if (auto* combo = qobject_cast<QComboBox*>(widget); combo != nullptr && !combo->isEditable()) {
+      for (int steps = below(4); steps >= 0; --steps) { QTest::keyClick(combo, Qt::Key_Down); }
+    } else if (auto* edit = qobject_cast<QLineEdit*>(widget); edit != nullptr && !edit->isReadOnly()) {
+      edit->selectAll();
+      QTest::keyClicks(edit, QString::number(1 + below(60)));
+    } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+      button->click();
+    }
+  }
+
+  int questions_ = 0;
+  QWidget* answered_ = nullptr;
+  QWidget* operated_ = nullptr;
+};
+
+TEST_F(RandomSessions, ReplayToTheSameDrawing) {
+  constexpr int kSessions = 12;
+  constexpr const char* kCommands[] = {"MechDrawBolts",  "MechDrawScrews", "MechDrawNuts",  "MechDrawHoles",
+                                       "MechDrawRivets", "ArchDrawWalls",  "MechDrawBolts", "ArchDrawWalls"};
+  const std::string other = root_.toStdString() + "/other.ini";
+  size_t drawn = 0;
+  for (int session = 0; session < kSessions; ++session) {
+    beginAnew();
+    for (int command = 1 + below(3); command > 0; --command) {
+      const char* name = kCommands[below(static_cast<int>(std::size(kCommands)))];
+      if (window_->host().module()->command(name) == nullptr) { continue; }
+      ASSERT_NO_FATAL_FAILURE(run(name));
+      if (below(5) == 0) { window_->undo(); }
+    }
+    drawn += drawing().count();
+    const std::string wanted = json();
+    ASSERT_EQ(replayed(), wanted) << "session " << session << '\n' << window_->recorder().script().toStdString();
+    ASSERT_EQ(replayed("", other), wanted) << "session " << session << " from other settings";
+    std::filesystem::copy_file(root_.toStdString() + "/settings.ini", other,
+                               std::filesystem::copy_options::overwrite_existing);
+  }
+  EXPECT_GT(drawn, 500U);
+}
+
+}  // namespace
