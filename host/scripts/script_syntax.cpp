@@ -82,7 +82,10 @@ class LineReader {
 ScriptFailure::ScriptFailure(const std::string& file, int line, const std::string& what)
     : std::runtime_error(file + ':' + std::to_string(line) + ": " + readable(what)) {}
 
-std::string Statement::shown() const { return toUtf8(name()) + (rest.empty() ? "" : " " + rest); }
+std::string Statement::shown() const {
+  if (rest.empty()) { return toUtf8(name()); }
+  return toUtf8(name()) + ' ' + (name() == "macro" ? toUtf8(rest) : rest);
+}
 
 Script readScript(std::string file, std::string_view utf8) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

@@ -28,7 +28,9 @@ struct ScriptWord {
 struct Statement {
   int line = 0;
   std::vector<ScriptWord> words;  // never empty; the first is the statement's name
-  std::string rest;  // what follows the first word as typed, without outer blanks; a macro keeps those at its end
+  // What follows the first word as typed, in UTF-8, without outer blanks; of a macro as the host takes it, in
+  // Windows-1252 and with the blanks at its end.
+  std::string rest;
 
   [[nodiscard]] const std::string& name() const { return words.front().text; }
   // As it stands in the script, for messages; UTF-8.

@@ -25,7 +25,7 @@ SELDOM = [
     ("TEXT", (*TEXT, (1, "\\U+00D8 \\U+20AC \\U+12")), ["\u00d8 \u20ac \\U+12"], ""),
     ("MTEXT", (*TEXT, (1, "\\LA\\l \\W0.5;B^JC^ID\\~E")), ["A B\\NC D E"], ""),
     ("MTEXT", (*TEXT, (1, "\\S1^ 2; \\S3#4; \\S\\/5/6;")), ["1/2 3/4 /5/6"], ""),
-    ("TEXT", (*TEXT, (1, "\\U+4E2D")), [], "1 TEXT with a character that Windows-1252 lacks"),
+    ("TEXT", (*TEXT, (1, "\\U+4E2D")), ["?"], "1 character that Windows-1252 lacks, shown as the nearest or \"?\""),
     ("HATCH", ((8, "0"), (0, "HATCH"), (8, "0")), [], "2 HATCH"),
     ("POINT", ((8, "0"), (10, 1), (20, 2)), [], "1 POINT"),
     ("LINE", ((8, "0"), (10, 1), (20, 2), (11, 3), (21, 4), (60, 1)), [], "1 LINE that is invisible"),
