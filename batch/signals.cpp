@@ -33,7 +33,7 @@ bool passedOn(int signal) {
 
 extern "C" void noteSignal(int signal) {
   if (passedOn(signal)) { return; }
-  constexpr suseconds_t kPatience = 80'000;
+  constexpr suseconds_t kPatience = 50'000;
   notedSignal = signal;
   if (endsSoon != 0) { setAlarm(kPatience); }
 }

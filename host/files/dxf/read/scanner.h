@@ -106,7 +106,7 @@ class DxfScanner {
   // A code's line with its end, as it stood somewhere in the file.
   struct CodeText {
     uint64_t bytes = 0;
-    uint64_t mask = 0;  // set where there are bytes; 0: they are more than can be compared
+    uint64_t mask = 0;  // set where there are bytes; 0: they are more than a line, or than can be compared
     uint32_t length = 0;
     int code = 0;
   };
@@ -115,7 +115,7 @@ class DxfScanner {
     CodeText text;
     text.code = taken.code;
     text.length = static_cast<uint32_t>(taken.value.data() - before.at);
-    if (text.length > sizeof text.bytes) { return text; }
+    if (text.length > sizeof text.bytes || !isOneLine({before.at, text.length})) { return text; }
     std::memcpy(&text.bytes, before.at, text.length);
     std::memset(&text.mask, 0xFF, text.length);
     return text;
@@ -178,6 +178,11 @@ class DxfScanner {
   static constexpr std::ptrdiff_t kMostBlanks = 4;
   static constexpr std::ptrdiff_t kLongestCode = 16;  // more than blanks, digits and line end take
 
+  // False where a blank line stands before it.
+  static bool isOneLine(std::string_view text) {
+    const size_t end = std::min(text.find_first_of("\r\n"), text.size() - 1);
+    return end + (text[end] == '\r' && end + 1 < text.size() ? 2 : 1) == text.size();
+  }
   static bool beginsWith(const char* at, const CodeText& code) {
     uint64_t bytes = 0;
     std::memcpy(&bytes, at, sizeof bytes);

@@ -150,6 +150,13 @@ TEST(DxfReader, OddEndsBlankLinesAndEmptyHandlesAreReadAndTold) {
     EXPECT_EQ(read.drawing.count(), 1U);
     EXPECT_EQ(read.notRead, told);
   }
+  // Entities that are alike but for the blank lines between them, read at once and after the sections they need.
+  const std::string blanks = kLine + "\n" + kLine + "\n" + kLine + "\n" + kLine + kLine + " \n" + kLine;
+  for (const std::string& before : {std::string(), section("TABLES", "") + section("BLOCKS", "")}) {
+    const ReadDrawing read = readText(before + entities(blanks));
+    EXPECT_EQ(read.drawing.count(), 6U);
+    EXPECT_EQ(read.notRead, "4 blank line");
+  }
 }
 
 }  // namespace
