@@ -4,6 +4,7 @@
 #include <cmath>
 #include <filesystem>
 #include <regex>
+#include <span>
 #include <sstream>
 
 #include "host/core/ini_file.h"
@@ -106,23 +107,20 @@ class Case : public ::testing::TestWithParam<fs::path> {
     }
   }
 
-  // Compares with the lines of an expected file; gives the failure that it expects.
+  // Compares with the expected file, once the script has ended as it says.
   void compare(const std::string& failure) {
     const std::string lines = fs::exists(expectedOf(GetParam())) ? textOf(expectedOf(GetParam())) : "";
     const brevan::Script expected = brevan::readScript(expectedOf(GetParam()).string(), withoutEvents(lines));
     const ScriptCursor cursor(expected);
-    std::string fails;
-    for (const Statement& statement : expected.statements) {
-      if (statement.name() == "fails") { fails = brevan::toUtf8(cursor.string(statement, 1)); }
-    }
-    const bool asExpected = fails.empty() ? failure.empty() : failure.find(fails) != std::string::npos;
+    const auto fails = std::ranges::find(expected.statements, "fails", &Statement::name);
+    const bool asExpected = fails == expected.statements.end()
+                                ? failure.empty()
+                                : failure.find(brevan::toUtf8(cursor.string(*fails, 1))) != std::string::npos;
     ASSERT_TRUE(asExpected) << "it ends with: " << (failure.empty() ? "no failure" : failure);
     drawn_ = drawnThings(drawing());
-    for (const Statement& statement : expected.statements) { compareLine(cursor, statement); }
+    for (const Statement& line : expected.statements) { compareLine(cursor, line); }
     if (!groups_.empty()) { EXPECT_EQ(groupsDrawn(), groups_); }
-    const auto asks = [](const Statement& statement) { return statement.name() == "expect"; };
-    const bool refusals = fs::exists(fs::path(GetParam()).replace_extension(".refused"));
-    EXPECT_TRUE(!lines.empty() || refusals || std::ranges::any_of(script_.statements, asks)) << "nothing is expected";
+    EXPECT_TRUE(!lines.empty() || asksSomething()) << "nothing is expected";
   }
 
  private:
@@ -141,28 +139,56 @@ class Case : public ::testing::TestWithParam<fs::path> {
     return others;
   }
 
-  void compareLine(const ScriptCursor& cursor, const Statement& statement) {
-    const std::string& name = statement.name();
-    const auto word = [&](size_t index) { return cursor.string(statement, index); };
-    if (name == "fails") { return; }
-    if (name == "group") { return groups_.push_back(word(1) + ' ' + word(2) + ' ' + word(3)); }
-    const std::string where = cursor.script().file + ':' + std::to_string(statement.line);
-    if (name == "value") {
-      const std::string path = files_.resolveForReading(word(1));
-      EXPECT_EQ(brevan::IniFile::parse(textOf(path)).lookup(word(2), word(3)).value_or("(missing)"), word(4)) << where;
-    } else if (name == "setting") {
-      std::array<char, 1000> buffer{};
-      settings_.GetString(word(1), word(2), "(missing)", buffer.data(), buffer.size());
-      EXPECT_EQ(buffer.data(), word(3)) << where;
-    } else if (name == "variable") {
-      compareVariable(cursor, statement, where);
-    } else if (name == "unchanged") {
-      EXPECT_EQ(textOf(files_.resolveForReading(word(1))), textOf(folder_ / word(1))) << where;
+  // Lines of an expected file that look for no primitive.
+  struct LineRow {
+    std::string_view name;
+    size_t words;
+    void (Case::*check)(const ScriptCursor& cursor, const Statement& line);
+  };
+  static std::span<const LineRow> lineRows() {
+    static constexpr LineRow kRows[] = {{"fails", 2, &Case::noteFailure},      {"group", 4, &Case::noteGroup},
+                                        {"value", 5, &Case::checkValue},       {"setting", 4, &Case::checkSetting},
+                                        {"variable", 3, &Case::checkVariable}, {"unchanged", 2, &Case::checkUnchanged}};
+    return kRows;
+  }
+  void compareLine(const ScriptCursor& cursor, const Statement& line) {
+    SCOPED_TRACE(cursor.script().file + ':' + std::to_string(line.line) + ": " + line.shown());
+    const auto row = std::ranges::find(lineRows(), line.name(), &LineRow::name);
+    if (row == lineRows().end()) { return checkThing(cursor, line); }
+    cursor.expectWords(line, row->words, row->words);
+    (this->*row->check)(cursor, line);
+  }
+
+  void noteFailure(const ScriptCursor&, const Statement&) {}  // compared before all others
+  void noteGroup(const ScriptCursor& cursor, const Statement& line) {
+    groups_.push_back(cursor.string(line, 1) + ' ' + cursor.string(line, 2) + ' ' + cursor.string(line, 3));
+  }
+  void checkValue(const ScriptCursor& cursor, const Statement& line) {
+    const auto file = brevan::IniFile::parse(textOf(files_.resolveForReading(cursor.string(line, 1))));
+    EXPECT_EQ(file.lookup(cursor.string(line, 2), cursor.string(line, 3)).value_or("(missing)"),
+              cursor.string(line, 4));
+  }
+  void checkSetting(const ScriptCursor& cursor, const Statement& line) {
+    std::array<char, 1000> buffer{};
+    settings_.GetString(cursor.string(line, 1), cursor.string(line, 2), "(missing)", buffer.data(), buffer.size());
+    EXPECT_EQ(buffer.data(), cursor.string(line, 3));
+  }
+  void checkVariable(const ScriptCursor& cursor, const Statement& line) {
+    const std::string& name = cursor.string(line, 1);
+    if (name.ends_with('$')) {
+      const std::string* text = player_.host().variables().text(name);
+      EXPECT_EQ(text == nullptr ? "(unset)" : *text, cursor.string(line, 2));
     } else {
-      const WantedThing wanted(cursor, statement);
-      const auto found = wanted.count(drawn_);
-      EXPECT_TRUE(wanted.holds(found)) << where << ": " << statement.shown() << "\nthere are " << found << listOnce();
+      EXPECT_NEAR(player_.host().variables().number(name).value_or(NAN), cursor.number(line, 2), 1e-4);
     }
+  }
+  void checkUnchanged(const ScriptCursor& cursor, const Statement& line) {
+    EXPECT_EQ(textOf(files_.resolveForReading(cursor.string(line, 1))), textOf(folder_ / cursor.string(line, 1)));
+  }
+  void checkThing(const ScriptCursor& cursor, const Statement& line) {
+    const WantedThing wanted(cursor, line);
+    const auto found = wanted.count(drawn_);
+    EXPECT_TRUE(wanted.holds(found)) << "there are " << found << listOnce();
   }
 
   // What is drawn, as lines of an expected file.
@@ -172,16 +198,10 @@ class Case : public ::testing::TestWithParam<fs::path> {
     listed_ = true;
     return list;
   }
-  void compareVariable(const ScriptCursor& cursor, const Statement& statement, const std::string& where) {
-    const std::string& name = cursor.string(statement, 1);
-    if (name.ends_with('$')) {
-      const std::string* text = player_.host().variables().text(name);
-      EXPECT_EQ(text == nullptr ? "(unset)" : *text, cursor.string(statement, 2)) << where;
-    } else {
-      EXPECT_NEAR(player_.host().variables().number(name).value_or(NAN), cursor.number(statement, 2), 1e-4) << where;
-    }
+  [[nodiscard]] bool asksSomething() const {
+    return fs::exists(fs::path(GetParam()).replace_extension(".refused")) ||
+           std::ranges::find(script_.statements, "expect", &Statement::name) != script_.statements.end();
   }
-
   brevan::Drawing& drawing() { return player_.host().window().drawing(); }
   std::vector<std::string> groupsDrawn() {
     std::vector<std::string> all;
