@@ -1,5 +1,6 @@
 """The real desktop on a display of its own, with real keys and a real mouse."""
 
+import fcntl
 import json
 import os
 import pathlib
@@ -145,10 +146,21 @@ class DesktopTest(unittest.TestCase):
             self.program.send_signal(signal.SIGKILL)
             self.program.wait(PATIENCE)
 
+    def session(self):
+        """The name under which the running program keeps its work: that of the file it holds locked. None before."""
+        for lock in self.kept_folder.glob("*.lock"):
+            with open(lock, "rb") as file:
+                try:
+                    fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
+                except BlockingIOError:
+                    return lock.stem
+        return None
+
     def kept_files(self):
         """With the times of their last change."""
         try:
-            return {file: file.stat().st_mtime_ns for file in self.kept_folder.glob(f"{self.program.pid}-*")}
+            name = self.session()
+            return {file: file.stat().st_mtime_ns for file in self.kept_folder.glob(f"{name}-*")} if name else {}
         except FileNotFoundError:
             return {}
 
