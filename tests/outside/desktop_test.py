@@ -75,24 +75,6 @@ class Desktop(DesktopTest):
         again = self.until_kept("undo", lambda kept: kept["primitives"])
         self.assertEqual(again["primitives"], bolt)
 
-    def test_windows_select_whole_parts(self):
-        self.start()
-        self.bolt_by_mouse()
-        bolt = self.until_kept("the bolt", lambda kept: kept["primitives"])["primitives"]
-        self.assertEqual({primitive["groupId"] for primitive in bolt}, {bolt[0]["groupId"]})
-        for _ in range(8):
-            self.screen.click(640, 300, 4)  # the wheel: the bolt is larger than the windows
-        left, right = (620, 285), (660, 315)
-        self.screen.drag(left, right)
-        self.screen.key("Delete")  # no part is selected, so that items are asked for
-        self.screen.key("Escape")
-        self.screen.drag(right, left)
-        self.screen.key("Delete")
-        self.until_kept("an empty drawing", lambda kept: not kept["primitives"])
-        self.screen.key("ctrl+z")
-        again = self.until_kept("undo", lambda kept: kept["primitives"])
-        self.assertEqual(again["primitives"], bolt)
-
 
 if __name__ == "__main__":
     if missing():

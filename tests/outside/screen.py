@@ -148,7 +148,7 @@ class DesktopTest(unittest.TestCase):
     def kept_files(self):
         """With the times of their last change."""
         try:
-            return {file: file.stat().st_mtime_ns for file in self.kept_folder.glob(f"{self.program.pid}-*")}
+            return {file: file.stat().st_mtime_ns for file in self.kept_folder.glob("*-*")}
         except FileNotFoundError:
             return {}
 
