@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "frame/drafting/group_numbering.h"
+#include "frame/drafting/group_counter.h"
 #include "frame/host/core_services.h"
 #include "frame/host/macro_quote.h"
 #include "frame/host/number_text.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/drafting/group_numbering.h"
+#include "frame/drafting/group_counter.h"
 #include "frame/drafting/macro_texts.h"
 #include "host/macros/lexer.h"
 

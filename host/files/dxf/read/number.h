@@ -111,7 +111,8 @@ inline constexpr std::array<uint8_t, 256> kHexDigits = [] {
 
 // The number that a plain decimal such as "-1234.5678" is, the same as the general reading gives; nothing for a text of
 // another form or of more than 19 digits, which may be a number all the same. Nearly all numbers of a DXF file are
-// such, and reading them is most of reading it.
+// such. With the general reading in its place opening a file takes 15 % longer (bench/dxf_read_bench: 17.3 instead of
+// 15.0 ms for 60,000 primitives); eight digits at a time and the division in 128 bits each give half of that.
 [[gnu::always_inline]] inline std::optional<double> plainDecimal(std::string_view text) {
   const char* at = text.data();
   const char* const end = at + text.size();
