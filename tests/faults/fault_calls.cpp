@@ -339,9 +339,9 @@ int close(int descriptor) {
   errno = error;
   return -1;
 }
-#define LOOKING(call, declared, passed, concerned)                          \
-  int call declared noexcept {                                              \
-    return looksInVain([&] { return concerned; }) ? -1 : NEXT(call) passed; \
+#define LOOKING(call, declared, passed, concerned)                            \
+  int call declared noexcept {                                                \
+    return looksInVain([&] { return (concerned); }) ? -1 : NEXT(call) passed; \
   }
 // NOLINTBEGIN(bugprone-macro-parentheses)
 LOOKING(stat, (const char* name, struct stat* status), (name, status), concernsName(AT_FDCWD, name))

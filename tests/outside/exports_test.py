@@ -242,6 +242,7 @@ parameter coordinateSystem 0
 parameter orientation 1
 draw line 30000 2900000 30100 2900050
 draw text 30020 2900030 35 "Erf 12"
+draw arc 30010 2900000 30000 2900000 30000 2900010 0
 """
         with tempfile.TemporaryDirectory() as name:
             drawing = play(Path(name), script)
@@ -251,6 +252,7 @@ draw text 30020 2900030 35 "Erf 12"
             wanted = drawing["primitives"][0]
             self.assertEqual((line.dxf.end.x, line.dxf.end.y), (-wanted["p2"][0], -wanted["p2"][1]))
             self.assertEqual(document.modelspace().query("TEXT").first.dxf.rotation, 0)
+            self.assertAlmostEqual(document.modelspace().query("ARC").first.dxf.start_angle, 180)
             self.assertEqual(document.header["$INSUNITS"], 6)
             self.assertIn("Erf 12", run("pdftotext", Path(name) / "plate.pdf", "-").stdout.decode())
 

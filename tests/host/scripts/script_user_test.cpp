@@ -193,18 +193,6 @@ TEST_F(Answers, DialogStatementsFailWithTheirLineAndRule) {
             "answers.scr:1: the dialog is \"Every Control\", the script gave: dialog \"Other\"");
 }
 
-TEST_F(Answers, ADialogIsOperatedThroughEveryStatement) {
-  EXPECT_EQ(dialogFailure("set \"Length\" 12.5\ntype \"Name\" \"ab\"\nspin \"Copies\" up\npick \"Side\" \"Right\"\n"
-                          "select \"Sizes\" \"M8\" \"M10\"\ncheck \"Plan\"\nuncheck \"Plan\"\nfocus \"Notes\"\nleave\n"
-                          "cell \"Walls\" 2 \"Kind\" \"Stone\"\nclick \"Walls\" 1\nrightclick \"Walls\" 1 \"Name\"\n"
-                          "press \"Walls\" 1 \"Name\"\nwidth \"Table\" \"Size\" 90\ntab \"Details\"\n"
-                          "menu \"Actions/Import Data\"\nhelp\nhelp \"Name\"\npress \"Pen\"\npen 5\npress \"OK\"\n"),
-            "");
-  EXPECT_EQ(every_->length.GetValue(), 12.5);
-  EXPECT_TRUE(every_->copies.GetValue() == 2 && every_->side.chosen() == 1 && every_->pen.GetPen() == 5);
-  EXPECT_TRUE(every_->dialog.accepted() && !every_->plan.checked());
-}
-
 TEST_F(Answers, TheTranscriptIsJsonInTheOrderOfEvents) {
   Transcript transcript;
   start("point 1 2\nescape\ntext \"caf\xC3\xA9\"\naccept\nmenu \"One\"\nreply no\npen 4\ncancel\ndialog \"*\"\nclose\n",

@@ -141,23 +141,6 @@ TEST(Dxf, AlignedTextsStandWhereTheLayoutPutsThem) {
   }
 }
 
-TEST(Dxf, SouthOrientedDrawingIsWrittenAsSeen) {
-  Drawing drawing;
-  Parameters parameters;
-  parameters.setUnit(1000.0);
-  parameters.setCoordinateSystem(0);
-  parameters.setOrientation(1);
-  drawing.setParameters(parameters);
-  drawing.add(primitiveOf(Line{{1, 2}, {3, 4}}));
-  drawing.add(primitiveOf(Arc{{1, 0}, {0, 0}, {0, 1}, false}));
-  drawing.add(primitiveOf(Text{{5, 6}, "up"}));
-  const std::vector<WrittenRecord> records = recordsOf(drawingDxf(drawing));
-  EXPECT_DOUBLE_EQ(ofKind(records, "LINE").at(0).real(21), -4.0);
-  EXPECT_DOUBLE_EQ(ofKind(records, "ARC").at(0).real(50), 180.0);
-  EXPECT_DOUBLE_EQ(ofKind(records, "TEXT").at(0).real(50), 0.0);
-  EXPECT_DOUBLE_EQ(ofKind(records, "TEXT").at(0).real(10), -5.0);
-}
-
 TEST(Dxf, NamesAreValidAndUniqueWithoutRegardToCase) {
   DxfNames names;
   const std::pair<const char*, const char*> rows[] = {{"Bolt", "Bolt"},   {"BOLT", "BOLT_2"}, {"bolt_2", "bolt_2_2"},
