@@ -57,6 +57,14 @@ class Desktop(DesktopTest):
         screen.key("Return")
         until("the dialog's end", lambda: not screen.window(BOLTS))
 
+    def drag_and_delete(self, start, end):
+        """As slowly as a hand: a drag that begins before the window has come to rest is none."""
+        time.sleep(1)
+        self.screen.drag(start, end)
+        time.sleep(1)
+        self.screen.key("Delete")
+        time.sleep(1)
+
     def test_windows_select_whole_parts(self):
         self.start()
         self.bolt_by_mouse()
@@ -65,11 +73,9 @@ class Desktop(DesktopTest):
         for _ in range(8):
             self.screen.click(640, 300, 4)  # the wheel: the bolt is larger than the windows
         left, right = (620, 285), (660, 315)
-        self.screen.drag(left, right)
-        self.screen.key("Delete")  # no part is selected, so that items are asked for
+        self.drag_and_delete(left, right)  # no part is selected, so that items are asked for
         self.screen.key("Escape")
-        self.screen.drag(right, left)
-        self.screen.key("Delete")
+        self.drag_and_delete(right, left)
         self.until_kept("an empty drawing", lambda kept: not kept["primitives"])
         self.screen.key("ctrl+z")
         again = self.until_kept("undo", lambda kept: kept["primitives"])
