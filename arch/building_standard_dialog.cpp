@@ -18,7 +18,7 @@ constexpr RecordWords kStandardWords = {.section = kBuildingStandards,
 
 BuildingStandardDialog::BuildingStandardDialog(const Services& services, ArchSpecStore& store,
                                                BuildingStandard& standard)
-    : services_(services), store_(store), standard_(standard), chooser_(services, store, dialog_, kStandardWords) {
+    : services_(services), standard_(standard), chooser_(services, store, dialog_, kStandardWords) {
   equip(dialog_, services_, helpTopic("Building Standards Setup"));
   describe();
   dialog_.onOpen = [this] { chooser_.open(standard_.number()); };

@@ -25,7 +25,6 @@ class BuildingStandardDialog {
   bool confirm();
 
   const Services& services_;
-  ArchSpecStore& store_;
   BuildingStandard& standard_;
   dialog::Dialog dialog_{"Building Standards Setup"};
   RecordChooser chooser_;

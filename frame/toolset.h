@@ -20,7 +20,7 @@ class Toolset {
   // Points a toolset that outlives its view at the view of the running command.
   void setView(CCadWindow* view) {
     view_ = view;
-    life_ = view->Life();
+    life_ = view->life();
   }
 
  private:

@@ -81,7 +81,7 @@ class FastenerDialog : public RecordDialog<Record> {
   bool validate() override {
     bool all = RecordDialog<Record>::validate();
     for (const FastenerRule<Record>& rule : form_.rules) {
-      all = std::visit([this](const auto& one) { return passes(one); }, rule) && all;
+      all = std::visit([this](const auto& one) { return this->passes(one); }, rule) && all;
     }
     return all;
   }

@@ -54,7 +54,7 @@ void TraceTool::drawSheet(CCadWindow& diagram) {
   const Extents block = insertTemplate(*job_, diagram, job_->titleBlock());
   SheetWriter sheet(diagram, *job_, topRightOnPaper(*job_, block));
   reportFit(sheet, block, figure_);
-  if (!drawDiagramFrame(sheet, figure_)) { return services_.mainFrame->CloseDrawingView(diagram); }
+  if (!drawDiagramFrame(sheet, figure_)) { return services_.mainFrame->closeDrawingView(diagram); }
   layers.close(job_->layer());
   diagram.gsExecuteMacro(macroText::kClearSelection);
 }

@@ -59,7 +59,7 @@ class CCadWindow : public CWnd {
  public:
   // Expires with the view. Whoever keeps a view's address from one command to the next keeps this beside it, since a
   // later view may stand at the same address.
-  [[nodiscard]] std::weak_ptr<const void> Life() const { return life_; }
+  [[nodiscard]] std::weak_ptr<const void> life() const { return life_; }
 
   // ---- Adding a primitive: header, one geometry call, gsAddPrim ------------------------------------
   virtual void gsSetPrimHeader(int type, int, int, int layer, int pen, int linetype, double width, int, int) = 0;

@@ -18,7 +18,7 @@ class CMDIFrameWnd : public CWnd {
   virtual bool RunDialog(dialog::Dialog& dialog, CWnd* parent) = 0;
 
   // Closes a drawing view that the running command opened; it is gone afterwards.
-  virtual void CloseDrawingView(CCadWindow& view) = 0;
+  virtual void closeDrawingView(CCadWindow& view) = 0;
 
   // kNewDrawingView: opens a drawing window and returns its view; any other message returns null.
   virtual CCadWindow* SendUserMessage(unsigned message) = 0;

@@ -20,7 +20,7 @@ CCadWindow* MainFrame::SendUserMessage(unsigned message) {
   return &host_.openWindow(host_.freeWindowName());
 }
 
-void MainFrame::CloseDrawingView(CCadWindow& view) { host_.dropWindow(view); }
+void MainFrame::closeDrawingView(CCadWindow& view) { host_.dropWindow(view); }
 
 int PlainShortcutBar::InsertGroup(const char* caption) {
   groups_.emplace_back(caption);

@@ -23,7 +23,7 @@ class MainFrame : public CMDIFrameWnd {
   explicit MainFrame(class Host& host) : host_(host) {}
   bool RunDialog(dialog::Dialog& dialog, CWnd* parent) override;
   CCadWindow* SendUserMessage(unsigned message) override;
-  void CloseDrawingView(CCadWindow& view) override;
+  void closeDrawingView(CCadWindow& view) override;
   void SetFocus() override {}
 
  private:

@@ -45,12 +45,10 @@ class TextReading {
 
   void plain() {
     const char byte = bytes_[at_++];
-    if (encoding_ == DxfEncoding::kUtf8 || static_cast<unsigned char>(byte) < 0x80) {
-      out_ += byte;
-    } else if (encoding_ == DxfEncoding::kWindows1252) {
+    if (encoding_ == DxfEncoding::kWindows1252 && static_cast<unsigned char>(byte) >= 0x80) {
       out_ += toUtf8({&byte, 1});
     } else {
-      out_ += byte;  // malformed as UTF-8, so replaced
+      out_ += byte;  // what is malformed as UTF-8 is replaced later
     }
   }
   void character(uint32_t code) { appendUtf8(out_, code); }
