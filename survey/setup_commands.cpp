@@ -14,9 +14,4 @@ void setUpGeneralPlans(CCadWindow& view, const Services& services) {
   view.SetFocus();
 }
 
-void setUpSectionalPlans(SectionalPlanJob& job) {
-  if (SetupDialog(SurveyMode::kSectionalPlan, job.view(), job.services()).run()) { job.reloadFloorNames(); }
-  job.view().SetFocus();
-}
-
 }  // namespace ardenix::survey

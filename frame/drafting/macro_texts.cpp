@@ -27,6 +27,8 @@ std::string newLayer(std::string_view layer) { return format("#NEWLAYER %s", quo
 
 std::string lineType(int linetype, int pen) { return format("LINETYPE %d %d", linetype, pen); }
 
+std::string plainLine(int pen) { return format("#LINETYPE 1 %d", pen); }
+
 std::string width(double width) { return format("WIDTH %f", width); }
 
 std::string editLine(Point at, const LineStyle& style) {

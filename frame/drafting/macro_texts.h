@@ -50,6 +50,8 @@ std::string newLayer(std::string_view layer);
 // The style of what is drawn next; the width in tenths of a millimetre on paper.
 std::string lineType(int linetype, int pen);
 std::string width(double width);
+// Continuous lines in a pen.
+std::string plainLine(int pen);
 // Gives the line at a point another style; the width with three decimals, like the point.
 std::string editLine(Point at, const LineStyle& style);
 

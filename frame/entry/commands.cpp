@@ -10,6 +10,7 @@
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
+#include "survey/sectional/sectional_commands.h"
 #include "survey/setup_commands.h"
 #include "survey/trace_tool.h"
 
@@ -35,6 +36,7 @@ constexpr FirstSetting kSectionalPlanJob[] = {{"SG_DEFAULTS", "SG_SectionalFile"
 constexpr ManualChapter kNoChapter{"", ""};
 constexpr ManualChapter kArchitecture{"architectural.md", "Architectural commands"};
 constexpr ManualChapter kSurveySettings{"survey-settings.md", "Survey settings"};
+constexpr ManualChapter kSectionalPlanChapter{"sectional-plans.md", "Sectional plans"};
 constexpr ManualChapter kSurveyDiagrams{"survey-diagrams.md", "Survey diagrams"};
 
 constexpr Trade kMechanical{CommandFamily::kMechanical, kFasteners, kNoChapter};
@@ -42,6 +44,7 @@ constexpr Trade kArchitectural{CommandFamily::kArchitectural, kWalls, kArchitect
 constexpr Trade kDiagramSettings{CommandFamily::kSurvey, kDiagramJob, kSurveySettings};
 constexpr Trade kGeneralPlanSettings{CommandFamily::kSurvey, kGeneralPlanJob, kSurveySettings};
 constexpr Trade kSectionalPlanSettings{CommandFamily::kSurvey, kSectionalPlanJob, kSurveySettings};
+constexpr Trade kSectionalPlans{CommandFamily::kSurvey, kSectionalPlanJob, kSectionalPlanChapter};
 constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
 
 }  // namespace
@@ -61,15 +64,19 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls)     \
   ROW(ArchDrawWalls, kArchitectural, "&Draw Walls...", "wall", "Wall Setup (internal)", arch::drawWalls)
 
-#define COMMANDS_OF_GIVEN_VIEW(ROW)                                                                            \
-  ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults",        \
-      survey::setUpDiagrams)                                                                                   \
-  ROW(SG_GenplanEditor, kGeneralPlanSettings, "&General Plan: Setup...", "general_plan_setup",                 \
-      "General Plan Defaults", survey::setUpGeneralPlans)                                                      \
-  ROW(SG_TracePolyArea, kDiagrams, "SG Diagram: &Trace Figure", "trace_figure", "", survey::tracePolyArea)     \
-  ROW(SG_AdjustDrawing, kDiagrams, "SG Diagram: Ad&just Drawing", "adjust_drawing", "", survey::adjustDrawing) \
-  ROW(SG_SectionEditor, kSectionalPlanSettings, "&Sectional Plan: Setup...", "sectional_plan_setup",           \
-      "Sectional Defaults", survey::setUpSectionalPlans)
+#define COMMANDS_OF_GIVEN_VIEW(ROW)                                                                                    \
+  ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults",                \
+      survey::setUpDiagrams)                                                                                           \
+  ROW(SG_GenplanEditor, kGeneralPlanSettings, "&General Plan: Setup...", "general_plan_setup",                         \
+      "General Plan Defaults", survey::setUpGeneralPlans)                                                              \
+  ROW(SG_TracePolyArea, kDiagrams, "SG Diagram: &Trace Figure", "trace_figure", "", survey::tracePolyArea)             \
+  ROW(SG_AdjustDrawing, kDiagrams, "SG Diagram: Ad&just Drawing", "adjust_drawing", "", survey::adjustDrawing)         \
+  ROW(SG_SectionEditor, kSectionalPlanSettings, "&Sectional Plan: Setup...", "sectional_plan_setup",                   \
+      "Sectional Defaults", survey::setUpSectionalPlans)                                                               \
+  ROW(SG_SectionMgr, kSectionalPlans, "Sectional Plan: Section &Manager...", "section_manager", "Section Manager",     \
+      survey::manageSections)                                                                                          \
+  ROW(SG_SectionTraceSection, kSectionalPlans, "Sectional Plan: Trace Se&ction...", "trace_section", "Insert section", \
+      survey::traceSection)
 
 namespace {
 
@@ -101,13 +108,25 @@ void run(void (*operation)(survey::TraceTool&), CCadWindow* view) {
   operation(static_cast<survey::TraceTool&>(tool));
 }
 
-void run(void (*operation)(survey::SectionalPlanJob&), CCadWindow* view) {
+void run(void (*operation)(const survey::StartedJob&), CCadWindow* view) {
   ardenix::ModuleState& state = ardenix::moduleState();
   const auto make = [&state](CCadWindow* first) {
     return std::make_unique<survey::SectionalPlanJob>(first, state.services);
   };
   ardenix::Toolset& job = ardenix::toolsetUntilUnload(state.sectionalPlanJob, view, make);
-  operation(static_cast<survey::SectionalPlanJob&>(job));
+  operation({static_cast<survey::SectionalPlanJob&>(job)});
+}
+
+// What works on a job that the setup began.
+void run(void (*operation)(survey::SectionalPlanJob&), CCadWindow* view) {
+  ardenix::Toolset* const job = ardenix::moduleState().sectionalPlanJob.get();
+  if (job == nullptr) {
+    coreMessageBox(view, "Initialize a new Sectional Plans job by opening the Setup dialog.",
+                   "No Sectional Plan job loaded", BoxIcon::kInformation, BoxButtons::kOk);
+    return;
+  }
+  job->setView(view);
+  operation(static_cast<survey::SectionalPlanJob&>(*job));
 }
 
 // ---- The command list --------------------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -207,6 +208,17 @@ class CIntEdit : public CNumberEdit {
   }
 };
 
+// A whole number that may be left out.
+class COptionalIntEdit : public CIntEdit {
+ public:
+  using CIntEdit::CIntEdit;
+  void SetOptional(std::optional<int> value) const { value ? SetValue(*value) : CNumberEdit::show(0.0, ""); }
+  [[nodiscard]] std::optional<int> GetOptional() const {
+    if (as<dialog::NumberEdit>().text.find_first_not_of(" \t") == std::string::npos) { return std::nullopt; }
+    return GetValue();
+  }
+};
+
 class CIntSpinCtrl : public CIntEdit {
  public:
   using CIntEdit::CIntEdit;
@@ -276,6 +288,12 @@ inline CIntEdit addInteger(Dialog& dialog, Setting setting, int minimum, int max
   CIntEdit handle(dialog, addControl(dialog, edit, std::move(setting)));
   handle.SetValue(minimum > 0 ? minimum : 0);
   return handle;
+}
+
+inline COptionalIntEdit addOptionalInteger(Dialog& dialog, Setting setting, int minimum, int maximum) {
+  const CIntEdit edit = addInteger(dialog, std::move(setting), minimum, maximum);
+  dialog.state<NumberEdit>(edit.index()).optional = true;
+  return {dialog, edit.index()};
 }
 
 inline TextHandle addText(Dialog& dialog, Setting setting, int limit = 255, bool multiline = false) {

@@ -54,17 +54,31 @@ void DialogSession::focusMoved(int control, bool) {
   if (events_ != nullptr) { events_->focusMoved(addressOf(dialog_, control)); }
 }
 
+namespace {
+
+// A number that is taken, in the form in which its field shows it.
+NumberEdit asLeft(NumberEdit edit) {
+  const double typed = numberText::parseTyped(edit.text).value_or(0.0);
+  const bool whole = edit.integer;
+  if (isLeftOut(edit)) {
+    edit.text.clear();
+  } else {
+    edit.text =
+        whole ? numberText::format(edit.format, static_cast<long long>(typed)) : numberText::format(edit.format, typed);
+  }
+  edit.value = numberText::parseTyped(edit.text).value_or(typed);
+  edit.edited = false;
+  return edit;
+}
+
+}  // namespace
+
 Refusal DialogSession::leave() {
   const int control = dialog_.focus();
   if (control < 0) { return std::nullopt; }
   if (auto* edit = std::get_if<NumberEdit>(&dialog_.control(control).state); edit != nullptr && edit->edited) {
     if (auto refusal = refusalOf(addressOf(dialog_, control), *edit)) { return refusal; }
-    NumberEdit kept = *edit;
-    const double typed = *numberText::parseTyped(edit->text);
-    kept.text = edit->integer ? numberText::format(edit->format, static_cast<long long>(typed))
-                              : numberText::format(edit->format, typed);
-    kept.value = numberText::parseTyped(kept.text).value_or(typed);
-    kept.edited = false;
+    NumberEdit kept = asLeft(*edit);
     // The format may round what was typed out of the range.
     if (auto refusal = refusalOf(addressOf(dialog_, control), kept)) { return refusal; }
     *edit = std::move(kept);

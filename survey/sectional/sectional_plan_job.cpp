@@ -1,14 +1,18 @@
-#include "survey/sectional_plan_job.h"
+#include "survey/sectional/sectional_plan_job.h"
 
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
-#include "survey/job_settings.h"
 #include "survey/settings_keys.h"
 
 namespace ardenix::survey {
 
 SectionalPlanJob::SectionalPlanJob(CCadWindow* view, const Services& services) : Toolset(view), services_(services) {
   reloadFloorNames();
+}
+
+std::string SectionalPlanJob::floorName(int floor) const {
+  const auto index = static_cast<size_t>(floor);
+  return index < floorNames_.size() ? floorNames_[index] : numberText::format("Floor %d", floor + 1);
 }
 
 void SectionalPlanJob::reloadFloorNames() {
