@@ -73,7 +73,9 @@ TEST(Page, ADrawingOfAnySizeStandsWholeInTheMiddleOfItsPaper) {
     const double height = size() * millimetre;
     const Point corner = {1e4 * millimetre, -2e4 * millimetre};
     addFrame(drawing, corner, width, height);
-    const Page page = pageOf(drawing);
+    PageOptions options;
+    options.rotation = std::array{0.0, 90.0, -30.0, 180.0}[random() % 4];
+    const Page page = pageOf(drawing, options);
     const PageSink shown = onPage(drawing, page);
     const std::string what =
         std::to_string(width) + " x " + std::to_string(height) + ", zoom " + std::to_string(page.zoom);
