@@ -7,6 +7,7 @@
 #include "frame/host/number_text.h"
 #include "host/drawing/shown_layers.h"
 #include "host/drawing/strokes.h"
+#include "host/drawing/turned_strokes.h"
 
 namespace brevan {
 
@@ -142,10 +143,12 @@ class PageChoice {
   [[nodiscard]] Transform toOwnPaper() const {
     return turnedOnPaper(options_.rotation) * toSheet(Sheet(), parameters_);
   }
+  [[nodiscard]] Transform toTurnedPage() const { return turnedOnPaper(page_.rotation) * toPage(page_, parameters_); }
   // The strokes on that paper.
   BoxSink lookAt(const Box& part) const {
     BoxSink sink(part);
-    StrokeWalk walk(drawing_, toOwnPaper(), sink);
+    TurnedStrokes turned(sink, options_.rotation);
+    StrokeWalk walk(drawing_, toSheet(Sheet(), parameters_), turned);
     layers_.forEachPrimitive(drawing_, [&walk](const Primitive& primitive) { walk.primitive(primitive); });
     return sink;
   }
@@ -246,13 +249,13 @@ class PageChoice {
   void centreContent() {
     const Point centre = toOwnPaper().inverted()(content_.centre());
     page_.sheet.corner = {};
-    const Point middle = toPage(page_, parameters_).inverted()({page_.sheet.width / 2.0, page_.sheet.height / 2.0});
+    const Point middle = toTurnedPage().inverted()({page_.sheet.width / 2.0, page_.sheet.height / 2.0});
     page_.sheet.corner = centre - middle;
   }
 
   // What leaves the page is told; a page with nothing on it is refused.
   void checkContent() {
-    const Transform fromPage = toOwnPaper() * toPage(page_, parameters_).inverted();
+    const Transform fromPage = toOwnPaper() * toTurnedPage().inverted();
     Box paper;
     paper.add(fromPage(Point{}));
     paper.add(fromPage({page_.sheet.width, page_.sheet.height}));
@@ -303,7 +306,7 @@ class PageChoice {
 Page pageOf(const Drawing& drawing, const PageOptions& options) { return PageChoice(drawing, options).choose(); }
 
 Transform toPage(const Page& page, const Parameters& parameters) {
-  return Transform::scaling({}, page.zoom, page.zoom) * turnedOnPaper(page.rotation) * toSheet(page.sheet, parameters);
+  return Transform::scaling({}, page.zoom, page.zoom) * toSheet(page.sheet, parameters);
 }
 
 }  // namespace brevan

@@ -33,7 +33,8 @@ struct Page {
 // which nothing of it would stand.
 Page pageOf(const Drawing& drawing, const PageOptions& options = {});
 
-// From drawing units to millimetres on the page, from its lower left corner, y upwards.
+// From drawing units to millimetres on the page, from its lower left corner, y upwards, before TurnedStrokes turns the
+// strokes about that corner.
 Transform toPage(const Page& page, const Parameters& parameters);
 
 }  // namespace brevan

@@ -7,6 +7,7 @@
 
 #include "frame/host/core_services.h"
 #include "host/drawing/strokes.h"
+#include "host/drawing/turned_strokes.h"
 #include "host/files/export_options.h"
 #include "tests/failure.h"
 
@@ -30,7 +31,8 @@ struct PageSink : StrokeSink {
 
 PageSink onPage(const Drawing& drawing, const Page& page) {
   PageSink sink;
-  StrokeWalk walk(drawing, toPage(page, drawing.parameters()), sink, page.zoom);
+  TurnedStrokes turned(sink, page.rotation);
+  StrokeWalk walk(drawing, toPage(page, drawing.parameters()), turned, page.zoom);
   drawing.forEach([&walk](PrimitiveId, const Primitive& primitive) { walk.primitive(primitive); });
   return sink;
 }
