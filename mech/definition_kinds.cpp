@@ -4,6 +4,7 @@
 #include <cassert>
 
 #include "mech/bolt_drawer.h"
+#include "mech/flange_drawer.h"
 #include "mech/hole_drawer.h"
 #include "mech/nut_drawer.h"
 #include "mech/rivet_drawer.h"
@@ -176,7 +177,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = true,
      .listTip = "Select a flange definition from this list",
      .addTip = "Add the current flange settings as a new flange definition",
-     .deleteTip = "Delete the currently selected flange definition"},
+     .deleteTip = "Delete the currently selected flange definition",
+     .drawer = make<FlangeDrawer>},
     {.section = "SURFACE_FINISH",
      .keyPrefix = "Surf",
      .family = kPlain,

@@ -39,7 +39,7 @@ class RecordDialog : public DefinitionDialog {
         body_(box().addGroup({.place = {.row = kBodyRow}})) {
     controls_.describe(box(), body_);
     controls_.forEach([this](const Field<Record>& field, const dialog::Handle& control) {
-      follow(control, field.marksEdited);
+      follow(control, field.marksEdited, field.settlesOnLeave);
       const bool text = std::holds_alternative<std::string Record::*>(field.member);
       if (text) {
         control.onLeave([this] { textsStorable(); });

@@ -44,12 +44,20 @@ std::string rotateOnto(Point centre, Point from, Point onto) {
 
 std::string move(Point from, Point to) { return format("#MOVE [%.8f,%.8f] [%.8f,%.8f]", from.x, from.y, to.x, to.y); }
 
+std::string mirrorUpDown(Point centre) { return format("#MIRROR [%.8f,%.8f] \"N\" \"Y\"", centre.x, centre.y); }
+
 std::string repeatLinear(int copies, Point from, Point to) {
   return format("#REPEAT %d \"Y\" [%.8f,%.8f] [%.8f,%.8f] [#]", copies, from.x, from.y, to.x, to.y);
 }
 
 std::string repeatPolar(int copies, Point centre, double angle) {
   return format("#REPEAT %d \"N\" [%.8f,%.8f] %.8f", copies, centre.x, centre.y, angle);
+}
+
+std::string repeatByThirds(Point centre) { return format("#REPEAT 2 \"N\" [%.8f,%.8f] 120", centre.x, centre.y); }
+
+std::string filletSides(double radius, Point first, Point second) {
+  return format("#FILLET 2 \"Y\" %.8f [%.8f,%.8f] [%.8f,%.8f] [#]", radius, first.x, first.y, second.x, second.y);
 }
 
 std::string cutOut(Point corner, Point opposite) {

@@ -20,6 +20,9 @@ inline constexpr std::string_view kFreeAngle = "#LOCKANG \"U\"";
 // What is drawn between the two joins the selection.
 inline constexpr std::string_view kSelectNew = "#SELECTNEW 1";
 inline constexpr std::string_view kSelectNewEnd = "#SELECTNEW 0";
+// The same without the mark, which the host takes alike; other programs wait for either spelling.
+inline constexpr std::string_view kSelectNewPlain = "SELECTNEW 1";
+inline constexpr std::string_view kSelectNewPlainEnd = "SELECTNEW 0";
 // What happens between the two is one step of undo.
 inline constexpr std::string_view kUndoStep = "SETMACUNDO 1";
 inline constexpr std::string_view kUndoStepEnd = "SETMACUNDO 0";
@@ -58,10 +61,17 @@ std::string editLine(Point at, const LineStyle& style);
 std::string rotate(Point centre, double angle);
 std::string rotateOnto(Point centre, Point from, Point onto);
 std::string move(Point from, Point to);
+// Mirrors the selection up-down about a level line through a point; the original stays.
+std::string mirrorUpDown(Point centre);
 // Adds copies of the selection, each displaced by the vector from -> to, or turned about `centre` by the
 // angle.
 std::string repeatLinear(int copies, Point from, Point to);
 std::string repeatPolar(int copies, Point centre, double angle);
+// Two copies, so that there are three at 120 degrees.
+std::string repeatByThirds(Point centre);
+
+// Rounds the corner of two sides, each named by a point on it, or the corner nearest a point.
+std::string filletSides(double radius, Point first, Point second);
 
 // Removes what the selection, or else the drawing, has inside the window between two corners.
 std::string cutOut(Point corner, Point opposite);

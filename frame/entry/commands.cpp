@@ -10,6 +10,7 @@
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
+#include "mech/part_commands.h"
 #include "survey/setup_commands.h"
 #include "survey/trace_tool.h"
 
@@ -56,6 +57,7 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts)                                      \
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles)         \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets)                            \
+  ROW(MechDrawFlanges, kMechanical, "F&langes...", "flange", "Flanges", mech::drawFlanges)                       \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup)                                                                                    \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls)     \
