@@ -5,6 +5,7 @@
 
 #include "mech/bolt_drawer.h"
 #include "mech/flange_drawer.h"
+#include "mech/gear_drawer.h"
 #include "mech/hole_drawer.h"
 #include "mech/nut_drawer.h"
 #include "mech/rivet_drawer.h"
@@ -147,7 +148,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a gear from the list of gear definitions",
      .addTip = "Add the current gear settings as a new definition",
-     .deleteTip = "Delete the currently selected gear definition"},
+     .deleteTip = "Delete the currently selected gear definition",
+     .drawer = make<GearDrawer>},
     {.section = "LINKS",
      .keyPrefix = "Bolt",
      .family = kChecked,

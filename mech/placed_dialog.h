@@ -49,6 +49,9 @@ class PlacedDialog : public RecordDialog<Record> {
  protected:
   static constexpr int kOptionsRow = 2;
 
+  // Below the preview.
+  [[nodiscard]] int previewGroup() const { return preview_; }
+
   void readOptions() override { style_.read(this->store(), form_.styleKey); }
   void writeOptions() override {
     if (form_.drawsSideViews) { this->store().file().WriteInt(kDefaultsSection, "DrawElev", 1); }
@@ -86,21 +89,29 @@ class PlacedDialog : public RecordDialog<Record> {
       part.take(this->record());
       part.sketch();
     };
-    dialog::addControl(this->box(), dialog::Preview{kSide, kSide, draw}, {.group = this->addSideGroup("Preview", 2)});
+    preview_ = this->addSideGroup("Preview", 2);
+    dialog::addControl(this->box(), dialog::Preview{kSide, kSide, draw}, {.group = preview_});
   }
 
   const PlacedForm<Record>& form_;
   Drawer& drawer_;
   StyleChoice style_;
+  int preview_ = 0;  // the group of the preview
 };
 
-// The command of a kind: its dialog, then part after part.
-template <class Drawer, class Record>
-void runPlacedCommand(MechToolset& toolset, const PlacedForm<Record>& form) {
+// The command of a kind: its dialog, which answers whether it was left with OK, then part after part.
+template <class Drawer, class RunDialog>
+void runPlacedCommand(MechToolset& toolset, const RunDialog& runDialog) {
   if (!toolset.checkConfiguration()) { return; }
   DefinitionStore& store = toolset.configuration().store();
   Drawer drawer(toolset.view(), store);
-  if (PlacedDialog<Record, Drawer>(toolset.services(), store, form, drawer).run()) { drawer.placeParts(); }
+  if (runDialog(store, drawer)) { drawer.placeParts(); }
+}
+template <class Drawer, class Record>
+void runPlacedCommand(MechToolset& toolset, const PlacedForm<Record>& form) {
+  runPlacedCommand<Drawer>(toolset, [&](DefinitionStore& store, Drawer& drawer) {
+    return PlacedDialog<Record, Drawer>(toolset.services(), store, form, drawer).run();
+  });
 }
 
 }  // namespace ardenix::mech

@@ -10,8 +10,12 @@ namespace ardenix::mech {
 
 void PlacedDrawer::placeParts() {
   view_.SetFocus();
-  drawRounds(view_, [this] { return mayDrawOn(view_, view_.gsGetCurrentLayerName()) && placePart(); });
+  placeAll();
   endPart(view_);
+}
+
+void PlacedDrawer::placeAll() {
+  drawRounds(view_, [this] { return mayDrawOn(view_, view_.gsGetCurrentLayerName()) && placePart(); });
 }
 
 // Both points are asked before anything is drawn: a part is drawn whole or not at all.
@@ -26,7 +30,7 @@ bool PlacedDrawer::placePart() {
     if (!target) { return false; }
   }
   position_ = *position;
-  drawTurnedTo(target);
+  drawPart(target);
   tellNotice();
   return true;
 }
@@ -37,11 +41,13 @@ void PlacedDrawer::tellNotice() {
   noticeTold_ = true;
 }
 
-void PlacedDrawer::drawTurnedTo(std::optional<Point> target) {
+void PlacedDrawer::openGroup() { group_ = startPart(view_, trade_.category, groupPrefix()); }
+
+void PlacedDrawer::drawPart(std::optional<Point> target) {
   const std::string layer = view_.gsGetCurrentLayerName();
   std::optional<ScratchLayer> scratch;
   if (!trade_.scratchLayer.empty()) { scratch.emplace(view_, trade_.scratchLayer, Surroundings::kCurrentHidden); }
-  group_ = startPart(view_, trade_.category, groupPrefix());
+  openGroup();
   stroke();
   if (scratch) { scratch->showSurroundings(); }
   strokeAxes();
@@ -62,7 +68,7 @@ void PlacedDrawer::selectDrawn() const {
 
 void PlacedDrawer::sketch() {
   position_ = {};
-  group_ = startPart(view_, trade_.category, groupPrefix());
+  openGroup();
   stroke();
   strokeAxes();
 }

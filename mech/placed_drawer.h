@@ -41,6 +41,9 @@ class PlacedDrawer : public PartDrawer {
   void sketch() override;
 
  protected:
+  // What `placeParts` does before the parts end; and what it does with one, at the position given.
+  virtual void placeAll();
+  virtual void drawPart(std::optional<Point> target);
   // All strokes of the part but for those that `strokeAxes` draws, in the group of the part.
   virtual void stroke() = 0;
   // What is drawn when the other layers can be seen again.
@@ -53,6 +56,7 @@ class PlacedDrawer : public PartDrawer {
   // The part is turned and lies where it belongs.
   virtual void finished() const {}
 
+  void openGroup();
   [[nodiscard]] CCadWindow& view() const { return view_; }
   [[nodiscard]] Point position() const { return position_; }
   [[nodiscard]] const std::string& name() const { return name_; }
@@ -69,7 +73,6 @@ class PlacedDrawer : public PartDrawer {
  private:
   bool placePart();
   void tellNotice();
-  void drawTurnedTo(std::optional<Point> target);
 
   CCadWindow& view_;
   const PlacedTrade& trade_;

@@ -58,6 +58,8 @@ class RecordDialog : public DefinitionDialog {
   [[nodiscard]] int addSideGroup(std::string_view caption, int column) {
     return box().addGroup({.caption = std::string(caption), .parent = body_, .place = {.column = column}});
   }
+  // Below the fields.
+  [[nodiscard]] int addGroupBelow() { return box().addGroup({.parent = body_, .place = {.row = 1}}); }
   void addPictures(std::span<const PictureRow<Record>> pictures) {
     pictures_ = pictures;
     if (pictures.empty()) { return; }

@@ -58,6 +58,7 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles)         \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets)                            \
   ROW(MechDrawFlanges, kMechanical, "F&langes...", "flange", "Flanges", mech::drawFlanges)                       \
+  ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears)                  \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup)                                                                                    \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls)     \
