@@ -27,6 +27,7 @@ inline constexpr std::string_view kSelectNewPlainEnd = "SELECTNEW 0";
 inline constexpr std::string_view kUndoStep = "SETMACUNDO 1";
 inline constexpr std::string_view kUndoStepEnd = "SETMACUNDO 0";
 
+inline constexpr std::string_view kShowPowerBar = "SHOWPOWERBAR";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
 // Leaves the user's own selecting to the current layer.
 inline constexpr std::string_view kAllLayersOff = "ALLLAYER \"N\"";
@@ -88,8 +89,14 @@ std::string repeatTeeth(int copies, Point centre, double angle);
 // Two copies, so that there are three at 120 degrees.
 std::string repeatByThirds(Point centre);
 
+// The same text without the mark at its start, which the host takes alike.
+std::string plain(std::string_view macro);
+// Selects a group by its name; the quotes are closed by the end of the line.
+std::string selectNameUnclosed(std::string_view parent, std::string_view group);
+
 // Rounds the corner of two sides, each named by a point on it, or the corner nearest a point.
 std::string filletSides(double radius, Point first, Point second);
+std::string filletCorner(double radius, Point near);
 std::string filletFlank(double radius, Point near);  // of a gear's tooth
 
 // An arc through three points; from one point to another, the short way, clockwise for a radius above 0.

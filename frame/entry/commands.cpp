@@ -59,8 +59,9 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts) \
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles) \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets) \
-  ROW(MechDrawFlanges, kMechanical, "F&langes...", "flange", "Flanges", mech::drawFlanges) \
+  ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
+  ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup) \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \
