@@ -302,6 +302,22 @@ def link(shape):
     return strokes
 
 
+# ---- Duct ------------------------------------------------------------------------------------------------------------
+
+def duct():
+    """Plan above, side view below: what length, width, offset and height are measured on."""
+    left, right, along, radius, foot, top = 18, 62, 32, 6, 56, 40
+    side = [(left, foot), (along - radius, top), (along + radius, top), (right, foot)]
+    strokes = [polygon(OUTLINE, side, fill=BODY), polygon(THREAD, ((right, foot), (along, top), (left, foot)), closed=False)]
+    plan = ((left, 4), (right, 4), (right, 34), (left, 34))
+    strokes += [polygon(OUTLINE, plan, fill=BODY), circle(OUTLINE, (along, 19), radius)]
+    strokes += [line(THREAD, corner, (along + sx * radius * 0.7, 19 + sy * radius * 0.7))
+                for corner, sx, sy in zip(plan, (-1, 1, 1, -1), (-1, -1, 1, 1))]
+    end = [(94, 4), (80, 19 - radius), (80, 19 + radius), (94, 34)]
+    strokes += [polygon(OUTLINE, end, fill=BODY)]
+    return strokes + [line(CENTRE, (14, 19), (98, 19)), line(CENTRE, (40, 2), (40, 58)), line(CENTRE, (along, 9), (along, 48))]
+
+
 # ---- Walls -----------------------------------------------------------------------------------------------------------
 
 def wall_direction(clockwise):
@@ -334,6 +350,7 @@ def pictures():
     yield "flange_triangular", triangular_flange()
     for shape in ("taper", "fillet", "flush"):
         yield f"link_{shape}", link(shape)
+    yield "duct_views", duct()
     yield "wall_clockwise", wall_direction(True)
     yield "wall_anticlockwise", wall_direction(False)
 

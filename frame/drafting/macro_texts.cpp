@@ -116,6 +116,25 @@ std::string scale(Point from, double across, double up) {
   return format("#SCALE [%.3f,%.3f] \"N\" %.3f %.3f", from.x, from.y, across, up);
 }
 
+std::string scaleExact(Point from, double across, double up) {
+  return format("#SCALE [%.8f,%.8f] \"N\" %.8f %.8f", from.x, from.y, across, up);
+}
+
+std::string levelDimension(Point line, Point first, Point second) {
+  return format("#HDIM \"F\" [%.3f,%.3f] [%.3f,%.3f] [%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
+std::string levelDimensionFromHere(Point line, Point first, Point second) {
+  return format("#HDIM \"F\" [@%.3f,%.3f] [@%.3f,%.3f] [@%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
+std::string uprightDimension(Point line, Point first, Point second) {
+  return format("#VDIM \"F\" [%.3f,%.3f] [%.3f,%.3f] [%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
 std::string addSymbol(std::string_view name, Point at) {
   return format("#ADDSYM %s [%.3f,%.3f] 1 0", name, at.x, at.y);
 }

@@ -62,6 +62,10 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
   ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawSlots, kMechanical, "Sl&ots", "slot", "", mech::drawSlots) \
+  ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
+  ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
+  ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup) \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \
