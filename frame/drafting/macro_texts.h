@@ -59,6 +59,8 @@ std::string moveToLayer(std::string_view layer);
 std::string copyToLayer(std::string_view layer);
 // Makes a layer current, a new one where there is none of the name.
 std::string newLayer(std::string_view layer);
+// The same without the mark.
+std::string plainNewLayer(std::string_view layer);
 
 // The style of what is drawn next; the width in tenths of a millimetre on paper.
 std::string lineType(int linetype, int pen);
@@ -115,7 +117,10 @@ struct ParallelLines {
   std::vector<Line> lines{};
 };
 std::string parallelLines(const ParallelLines& definition);
-// Starts parallel lines by the definition given before; the point with five decimals.
+// One line that follows a closed figure, to the left of it where the offset is below 0.
+std::string parallelToFigure(const LineStyle& style, double offset);
+// Starts parallel lines by the definition given before; the point with five decimals. Without one the host asks for it.
+inline constexpr std::string_view kParallelLine = "PARLLINE";
 std::string parallelLine(Point first);
 
 // Asks for a text and keeps it in a macro variable, whose present value is offered. The gap before the variable, here
