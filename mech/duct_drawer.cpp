@@ -48,6 +48,7 @@ void DuctDrawer::take(const Duct& duct) {
 void DuctDrawer::placeDucts() {
   view_.SetFocus();
   const PlainDimensions dimensions(view_);
+  view_.gsStartPat("");  // a duct is no part, nor of the one that is open
   drawRounds(view_, [this] {
     if (!mayDrawOn(view_, view_.gsGetCurrentLayerName())) { return false; }
     const auto lowerLeft = askPoint(view_, "Position cursor at lower left of drawing (else spacebar to exit) ?");
