@@ -184,7 +184,8 @@ def flanges(tables):
     for size in tables["oval"].rows:
         yield record(f"OVAL {size.bore}", size.D1, size.bore, size.corner, size.H2, size.PCD, 2)
     for size in tables["triangular"].rows:
-        yield record(f"TRI {size.bore}", size.PCD + size.corner, size.bore, size.corner, size.H2, size.PCD, 3)
+        outside = size.PCD + 3 * size.H2 / 2  # that of a round or oval flange, should it become one
+        yield record(f"TRI {size.bore}", outside, size.bore, size.corner, size.H2, size.PCD, 3)
 
 
 # ---- Gears -----------------------------------------------------------------------------------------------------------
