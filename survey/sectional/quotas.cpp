@@ -83,10 +83,8 @@ std::optional<QuotaAdjustment> adjustedByUniqueArea(const SectionList& list) {
   const Section* const chosen = largestUnique(list.sections());
   if (chosen == nullptr) { return std::nullopt; }
   const Quotas quotas(list.sections());
-  // A quota that was fixed before is let go: the section gets its share and what is then left over.
-  const Quota computed = quotas.computed(*chosen);
-  const Quota correction = kWholeQuota - (quotas.total() - quotas.of(*chosen) + computed);
-  return QuotaAdjustment{correction, {withQuota(*chosen, computed + correction)}};
+  const Quota correction = kWholeQuota - quotas.total();
+  return QuotaAdjustment{correction, {withQuota(*chosen, quotas.of(*chosen) + correction)}};
 }
 
 std::optional<QuotaAdjustment> adjustedByLargestRemainder(const SectionList& list) {

@@ -15,23 +15,23 @@ namespace ardenix::survey {
 
 namespace {
 
-constexpr char kSeparator = ',';
-constexpr std::ptrdiff_t kSeparators = 4;
+constexpr char kComma = ',';
+constexpr std::ptrdiff_t kCommas = 4;
 
 // A quota beyond it is a damaged line, and would spoil the sum.
 constexpr double kLargestQuota = 1e6;
 
 std::optional<Section> sectionOf(const std::string& line) {
-  if (std::ranges::count(line, kSeparator) != kSeparators) { return std::nullopt; }
-  const auto whole = [&line](int field) { return coreGetFieldInt(line, 0, field, kSeparator); };
-  std::array<std::string, kSeparators + 1> fields;
+  if (std::ranges::count(line, kComma) != kCommas) { return std::nullopt; }
+  const auto whole = [&line](int field) { return coreGetFieldInt(line, 0, field, kComma); };
+  std::array<std::string, kCommas + 1> fields;
   splitFields(line, fields);
   coreTrimStr(fields[2]);
   Section section{.number = whole(1),
                   .building = whole(2),
                   .area = whole(4),
                   .unit = fields[2].substr(0, kLongestUnit),
-                  .fixedQuota = coreGetFieldDouble(line, 0.0, 5, kSeparator)};
+                  .fixedQuota = coreGetFieldDouble(line, 0.0, 5, kComma)};
   const bool kept = section.number != 0 && section.number != std::numeric_limits<int>::min() && section.building >= 0 &&
                     section.area >= 1 && std::fabs(section.fixedQuota) <= kLargestQuota;
   return kept ? std::optional(std::move(section)) : std::nullopt;

@@ -4,7 +4,7 @@
 
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
-#include "survey/sectional_plan_job.h"
+#include "survey/sectional/sectional_plan_job.h"
 #include "tests/failure.h"
 #include "tests/mech/command_session.h"
 
