@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPushButton>
 #include <algorithm>
 
 #include "desktop/dialog_window.h"
@@ -172,6 +173,12 @@ BoxAnswer DesktopUser::showMessage(const MessageBox& box) {
     shownBox.setEscapeButton(QMessageBox::No);
   } else {
     shownBox.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  }
+  for (const auto& [answer, button] :
+       {std::pair(BoxAnswer::kYes, QMessageBox::Yes), std::pair(BoxAnswer::kNo, QMessageBox::No)}) {
+    if (const std::string_view name = nameOf(answer, box); !name.empty()) {
+      shownBox.button(button)->setText('&' + shown(name));
+    }
   }
   modal_ = &shownBox;
   const int pressed = shownBox.exec();

@@ -44,6 +44,12 @@ struct TextDefaults {
   int pen = 1;
 };
 
+// What the answers to a question are called.
+struct AnswerNames {
+  std::string_view yes;
+  std::string_view no;
+};
+
 struct LayerDef {
   std::string name;
   bool visible = true;
@@ -93,6 +99,9 @@ class CCadWindow : public CWnd {
   virtual int gsGivesUp(std::string_view question) = 0;
   // A yes/no question; non-zero is yes.
   virtual int gsReply(std::string_view question) = 0;
+  // One of two answers that have names of their own; non-zero is the first. The user may also leave the question:
+  // gsEscapePressed then.
+  virtual int gsReply(std::string_view question, const AnswerNames& names) = 0;
   // Items separated by commas, "&" marking the mnemonic; returns the item chosen from 1, 0 for none.
   virtual int gsSubMenu(std::string_view items) = 0;
   // Non-zero from the moment the user pressed Escape until the command ends.
@@ -184,6 +193,8 @@ class CCadWindow : public CWnd {
   virtual void gsSetDisplayToCopy() = 0;
   virtual void gsShowLegendBar(int shown) = 0;
   virtual void gsCenterPaper(double x, double y) = 0;
+  // The paper becomes the smallest ISO sheet, on its side or upright, that holds the window; the window's middle is its.
+  virtual void gsFitPaper(double x1, double y1, double x2, double y2) = 0;
   // Finds the smallest closed boundary round the point and draws nothing; non-zero when found.
   virtual int gsAutoPerim(double x, double y) = 0;
   virtual void gsSetAutoperimPromptFlag(int on) = 0;

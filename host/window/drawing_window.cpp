@@ -14,7 +14,8 @@ void OpenGroup::setParent(std::string_view parent) {
 }
 
 void OpenGroup::begin(std::string_view name) {
-  if (!parentIsFresh_ && name_ == name) { return; }
+  if (name.empty()) { return name_.reset(); }
+  if (!parentIsFresh_ && name_ == name && name != kUnnamedGroup) { return; }
   name_ = name;
   id_ = 0;
   parentIsFresh_ = false;

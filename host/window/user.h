@@ -34,12 +34,22 @@ struct TextAnswer {
 // What a user is told who types more than a prompt takes.
 std::string tooLongAnswer(size_t characters);
 
+// What the answers of a box are called other than Yes and No; empty: as ever.
+struct BoxAnswerNames {
+  std::string yes;
+  std::string no;
+};
+
 struct MessageBox {
   std::string text;
   std::string caption;
   BoxIcon icon = BoxIcon::kInformation;
   BoxButtons buttons = BoxButtons::kOk;
+  BoxAnswerNames names{};
 };
+
+// The name of an answer to the box, where it has one of its own; else "".
+std::string_view nameOf(BoxAnswer answer, const MessageBox& box);
 
 struct FileRequest {
   bool open = true;

@@ -1,0 +1,20 @@
+#include "survey/plan/sheet_tool.h"
+
+namespace ardenix::survey {
+
+JobSettings* SheetTool::begin() {
+  view().gsStartPat("");  // what is drawn here belongs to no part that an earlier command left open
+  return beginJob(job_, SurveyMode::kGeneralPlan, view()) ? job_.get() : nullptr;
+}
+
+std::unique_ptr<SheetTool> makeSheetTool(CCadWindow* view, const Services& services) {
+  return std::make_unique<SheetTool>(view, services);
+}
+
+std::optional<Point> askHeadingPlace(CCadWindow& view) {
+  Point at;
+  if (view.gsGetPointFromUser("Indicate position for heading", at.x, at.y) != 0) { return std::nullopt; }
+  return at;
+}
+
+}  // namespace ardenix::survey
