@@ -8,5 +8,7 @@ class ArchToolset;
 void displayArchSetup(ArchToolset& toolset);
 void setWalls(ArchToolset& toolset);
 void drawWalls(ArchToolset& toolset);
+void setElevations(ArchToolset& toolset);
+void drawElevations(ArchToolset& toolset);
 
 }  // namespace ardenix::arch

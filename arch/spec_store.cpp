@@ -54,6 +54,15 @@ void ArchSpecStore::writeInt(std::string_view section, std::string_view key, int
   records_.file().WriteInt(section, key, value);
 }
 
+double ArchSpecStore::readDouble(std::string_view section, std::string_view key, double fallback) const {
+  return records_.file().ReadDouble(section, key, fallback);
+}
+
+void ArchSpecStore::writeDouble(std::string_view section, std::string_view key, double value) {
+  constexpr int kDecimals = 3;
+  records_.file().WriteDouble(section, key, value, kDecimals);
+}
+
 std::string ArchSpecStore::readString(std::string_view section, std::string_view key, std::string_view fallback) const {
   return records_.file().ReadString(section, key, fallback);
 }

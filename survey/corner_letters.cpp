@@ -221,7 +221,8 @@ std::optional<LetterPlacing::Candidate> LetterPlacing::search(const Outside& out
   const int turns = 2 * static_cast<int>(outside.width / 2.0 / kTurn);
   for (double distance = nearest(); distance <= nearest() + farthest; distance += step) {
     for (int turn = 0; turn <= turns; ++turn) {
-      const double aside = kTurn * ((turn + 1) / 2) * (turn % 2 == 0 ? 1 : -1);
+      const int steps = (turn + 1) / 2;
+      const double aside = kTurn * (turn % 2 == 0 ? steps : -steps);
       const Candidate tried = candidate(distance, outside.middle + aside, letters);
       if (clearOfFigure(tried) && (!ofEverything || clearOfOthers(tried))) { return tried; }
     }

@@ -31,6 +31,7 @@ std::vector<Point> Side::points(double step) const {
   if (!arc) { return {from}; }
   const int pieces = std::max(1, static_cast<int>(std::ceil(std::fabs(arc->sweep) / step)));
   std::vector<Point> points;
+  points.reserve(static_cast<size_t>(pieces));
   for (int n = 0; n < pieces; ++n) {
     points.push_back(arc->centre + turned(from - arc->centre, arc->sweep * n / pieces));
   }

@@ -78,6 +78,12 @@ std::string addSymbol(std::string_view name, Point at) {
   return format("#ADDSYM %s [%.3f,%.3f] 1 0", name, at.x, at.y);
 }
 
+std::string addTurnedSymbol(std::string_view name, Point at, double angle) {
+  return format("ADDSYM %s [%.3f,%.3f] 1 %.5f", quotedForMacro(name), at.x, at.y, angle);
+}
+
+std::string realSymbols(std::string_view path) { return format("NEWSYMFL %s \"N\" \"N\"", quotedForMacro(path)); }
+
 std::string paperSymbols(std::string_view path) { return format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(path)); }
 
 std::string load(std::string_view path, Point at) {
@@ -105,6 +111,10 @@ std::string enter(std::string_view prompt, std::string_view variable, char gap) 
 std::string enquire(std::string_view what, std::string_view variables, char gap) {
   return ("#ENQUIRE " + quotedForMacro(what) + gap).append(variables);
 }
+
+std::string queryElement(Point at) { return format("QUERYEL [%.3f,%.3f] A$ B$ C$ [#]", at.x, at.y); }
+
+std::string cursorTo(Point at) { return format("curtocoordenter %.5f %.5f", at.x, at.y); }
 
 std::string lockAngle(double angle) { return format("#LOCKANG \"K\" %.8f [#]", angle); }
 

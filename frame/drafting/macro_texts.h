@@ -30,6 +30,19 @@ inline constexpr std::string_view kAllLayersOff = "ALLLAYER \"N\"";
 // The cursor snaps to what is near, or to nothing.
 inline constexpr std::string_view kSnapNear = "#curmode \"A\"";
 inline constexpr std::string_view kSnapFree = "#curmode \"F\"";
+// The same without the mark, as architectural commands send it.
+inline constexpr std::string_view kFreeCursor = "curmode \"F\"";
+// Moves the cursor onto the line near it; locks it onto that line; turns the lock square to it; holds the cursor where
+// it is, or releases it; frees it.
+inline constexpr std::string_view kJumpToLine = "jumpnear \"L\"";
+inline constexpr std::string_view kLockOntoCursorLine = "lockang \"L\"[#]";
+inline constexpr std::string_view kLockSquare = "yperp";
+inline constexpr std::string_view kToggleHold = "cursorhold";
+inline constexpr std::string_view kUnlock = "lockang \"U\"";
+// What lies at the cursor: the line, the pattern; and where the cursor is.
+inline constexpr std::string_view kNearLine = "enquire \"NEARLINE\" X1 Y1 X2 Y2 pen linetype";
+inline constexpr std::string_view kNearPattern = "ENQUIRE \"NEARPATNAME\" pat$ xl yl xr yr";
+inline constexpr std::string_view kCursorPosition = "enquire \"CURPOSN\" xf yf";
 // Brings the cursor to the middle of the paper.
 inline constexpr std::string_view kHome = "#HOME";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
@@ -76,6 +89,10 @@ std::string scale(Point from, double across, double up);
 // Places a symbol of a loaded file at its own size, unturned. The name goes out as it is, without quotes; the point
 // with three decimals.
 std::string addSymbol(std::string_view name, Point at);
+// Places a symbol turned by degrees; the name is quoted.
+std::string addTurnedSymbol(std::string_view name, Point at, double angle);
+// Loads a symbol file whose symbols have their real size and serve in this window.
+std::string realSymbols(std::string_view path);
 // Loads a symbol file whose symbols are millimetres on paper and serve in every window.
 std::string paperSymbols(std::string_view path);
 // Inserts a drawing at its own size, unturned; the point with five decimals.
@@ -107,6 +124,10 @@ std::string enter(std::string_view prompt, std::string_view variable, char gap =
 // Puts what the host knows of a thing into macro variables, named with blanks between them.
 std::string enquire(std::string_view what, std::string_view variables, char gap = ' ');
 
+// What lies at a point: A$ tells its kind and, of a symbol, the file and the name.
+std::string queryElement(Point at);
+// Brings the cursor to a point as if it were typed.
+std::string cursorTo(Point at);
 // Locks the cursor at an angle, or to the line at a point.
 std::string lockAngle(double angle);
 std::string lockOntoLine(Point at);

@@ -48,18 +48,20 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
 
 // One row a command: export, trade, menu caption, icon, the dialog whose page of help is its own, operation. The rows
 // give the exports and the command list; the operation's argument says which toolset it runs in.
-#define COMMANDS_OF_CURRENT_VIEW(ROW)                                                                            \
-  ROW(DisplayMechSetup, kMechanical, "Mechanical &Setup...", "mechanical_setup", "Mechanical Setup",             \
-      mech::displaySetup)                                                                                        \
-  ROW(MechDrawBolts, kMechanical, "Hex &Bolts...", "hex_bolt", "Hex Bolts", mech::drawBolts)                     \
-  ROW(MechDrawScrews, kMechanical, "Socket S&crews...", "socket_screw", "Socket Screws", mech::drawScrews)       \
-  ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts)                                      \
-  ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles)         \
-  ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets)                            \
-  ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
-      arch::displayArchSetup)                                                                                    \
-  ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls)     \
-  ROW(ArchDrawWalls, kArchitectural, "&Draw Walls...", "wall", "Wall Setup (internal)", arch::drawWalls)
+#define COMMANDS_OF_CURRENT_VIEW(ROW)                                                                                \
+  ROW(DisplayMechSetup, kMechanical, "Mechanical &Setup...", "mechanical_setup", "Mechanical Setup",                 \
+      mech::displaySetup)                                                                                            \
+  ROW(MechDrawBolts, kMechanical, "Hex &Bolts...", "hex_bolt", "Hex Bolts", mech::drawBolts)                         \
+  ROW(MechDrawScrews, kMechanical, "Socket S&crews...", "socket_screw", "Socket Screws", mech::drawScrews)           \
+  ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts)                                          \
+  ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles)             \
+  ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets)                                \
+  ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup",     \
+      arch::displayArchSetup)                                                                                        \
+  ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls)         \
+  ROW(ArchDrawWalls, kArchitectural, "&Draw Walls...", "wall", "Wall Setup (internal)", arch::drawWalls)             \
+  ROW(ArchSetElev, kArchitectural, "&Elevation Setup...", "elevation_setup", "Elevation Setup", arch::setElevations) \
+  ROW(ArchDrawElev, kArchitectural, "Draw E&levations...", "elevation", "Elevation Setup", arch::drawElevations)
 
 #define COMMANDS_OF_GIVEN_VIEW(ROW)                                                                            \
   ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults",        \

@@ -174,10 +174,10 @@ TEST_F(Enquiries, HomeIsWhereTheUserLooksWhileThereIsNoPaper) {
   ASSERT_EQ(shown.size(), 2U);
   EXPECT_EQ(shown.front().width(), 20.0);
   EXPECT_TRUE(shown.back().empty());
-  window().gsFitPaper(287000, 410500, 0, 0);
+  window().gsFitPaper(574, 821, 0, 0);
   EXPECT_EQ(drawing().sheet()->name, "A1");
   EXPECT_GT(drawing().sheet()->height, drawing().sheet()->width);
-  EXPECT_EQ(home(), (Point{143500, 205250}));
+  EXPECT_EQ(home(), (Point{287, 410.5}));
 }
 
 TEST_F(Enquiries, EditingAndSwitching) {

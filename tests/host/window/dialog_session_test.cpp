@@ -62,6 +62,15 @@ TEST_F(DialogUse, ANumberThatMayBeLeftOut) {
   EXPECT_EQ(why(session_->setText(at("Building"), "51")), "\"Building\" takes a whole number from 1 to 50, got \"51\"");
 }
 
+TEST_F(DialogUse, ANumberLeftAloneKeepsTheDigitsThatAreNotShown) {
+  every_.length.SetValue(22.15004);
+  EXPECT_EQ(valueOf("Length"), "22.150");
+  EXPECT_EQ(why(session_->setText(at("Number ="), "7")), "");
+  EXPECT_EQ(every_.length.GetValue(), 22.15004);
+  EXPECT_EQ(why(session_->setText(at("Length"), "22.15")), "");
+  EXPECT_EQ(every_.length.GetValue(), 22.15);
+}
+
 TEST_F(DialogUse, TypingRaisesTheEditRuleAtEachKey) {
   session_->focus(at("Number ="));
   takeLog();
