@@ -193,7 +193,8 @@ class CCadWindow : public CWnd {
   virtual void gsSetDisplayToCopy() = 0;
   virtual void gsShowLegendBar(int shown) = 0;
   virtual void gsCenterPaper(double x, double y) = 0;
-  // The paper becomes the smallest ISO sheet, on its side or upright, that holds the window; the window's middle is its.
+  // The paper becomes the smallest ISO sheet, on its side or upright, that holds the window; the window's middle is
+  // its.
   virtual void gsFitPaper(double x1, double y1, double x2, double y2) = 0;
   // Finds the smallest closed boundary round the point and draws nothing; non-zero when found.
   virtual int gsAutoPerim(double x, double y) = 0;

@@ -11,9 +11,7 @@ constexpr double kGivenScale = 14.0;  // the scale follows as a number
 
 }  // namespace
 
-void home(MacroRun& run) {
-  run.window.goHome();
-}
+void home(MacroRun& run) { run.window.goHome(); }
 
 // A sheet that is there turns about its middle.
 void setPortrait(MacroRun& run) {
