@@ -258,13 +258,17 @@ void DesktopUser::showStatus(const std::string& text) { emit statusChanged(shown
 void DesktopUser::showPrompt(const std::string& text) { promptBar_.showPrompt(shown(text)); }
 
 void DesktopUser::showProgress(int done, int total, const std::string& text) {
-  if (sincePumped_.elapsed() < kPumpMilliseconds && done < total) { return; }
+  if (stopsAtProgress(done, total, text)) { throw CommandCancelled{}; }
+}
+
+bool DesktopUser::stopsAtProgress(int done, int total, const std::string& text) {
+  if (sincePumped_.elapsed() < kPumpMilliseconds && done < total) { return false; }
   emit progressed(done, total, shown(text));
   showsProgress_ = true;
   QApplication::processEvents();
   showsProgress_ = false;
   sincePumped_.restart();
-  if (cancelled_) { throw CommandCancelled{}; }
+  return cancelled_;
 }
 
 }  // namespace brevan

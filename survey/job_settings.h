@@ -55,6 +55,7 @@ class JobSettings {
   // Drawing units of a millimetre on paper.
   [[nodiscard]] double paperFactor() const { return scale_ / unitFactor_; }
   [[nodiscard]] TextStyle& textStyle() { return textStyle_; }
+  [[nodiscard]] const TextStyle& textStyle() const { return textStyle_; }
   [[nodiscard]] const AreaUnits& areaUnits() const { return areaUnits_; }
   // Takes drawing parameters and unit factor of another view, which was given those of the first.
   void readParms(CCadWindow& view);

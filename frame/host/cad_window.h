@@ -50,6 +50,17 @@ struct AnswerNames {
   std::string_view no;
 };
 
+// How a text that is read is written, as gsSetFont takes it.
+struct FontDef {
+  std::string name;
+  int pen = 1;
+  double height = 0.0;  // tenths of a millimetre on paper
+  double angle = 0.0;   // tenths of a degree on paper
+  int style = 0;
+  int justification = 1;
+  double widthFactor = 1.0;
+};
+
 struct LayerDef {
   std::string name;
   bool visible = true;
@@ -109,6 +120,9 @@ class CCadWindow : public CWnd {
   virtual void gsSetPrompt(std::string_view text) = 0;
   virtual void gsSetStatus(std::string_view text) = 0;
   virtual void gsSetProgress(int done, int total, std::string_view text) = 0;
+  // The same of work that keeps what it has done so far: non-zero once the user pressed Escape, and gsEscapePressed
+  // then.
+  virtual int gsStopsAtProgress(int done, int total, std::string_view text) = 0;
   virtual void gsCursorWait(int on) = 0;
   virtual void gsSetCursorHold(int on) = 0;
   virtual void gsSetRubberBand(int on) = 0;
@@ -152,7 +166,11 @@ class CCadWindow : public CWnd {
   virtual int gsGetArc(double& startX, double& startY, double& centreX, double& centreY, double& endX, double& endY,
                        int& direction) = 0;
   virtual int gsGetText(double& x, double& y, char* buffer, int size) = 0;
+  virtual int gsGetFont(FontDef& font) = 0;
   virtual int gsGetPrimHeader(PrimHeader& header) = 0;
+  // Selects what the group of the current primitive holds, and nothing else, and makes that group current for
+  // gsGetObject. Returns the number of its members, 0 for a primitive in no group.
+  virtual int gsSelectGroup() = 0;
   // A scan over primitives of a type (0 all, 2 groups) on a layer (-1 all) whose bounds meet the window
   // (all zeros: everywhere). With both flags set only over what is selected, where something is. Handles are
   // above 0.

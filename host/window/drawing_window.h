@@ -146,6 +146,7 @@ class DrawingWindow : public CCadWindow {
   void gsSetPrompt(std::string_view text) override;
   void gsSetStatus(std::string_view text) override;
   void gsSetProgress(int done, int total, std::string_view text) override;
+  int gsStopsAtProgress(int done, int total, std::string_view text) override;
   void gsCursorWait(int on) override;
   void gsSetCursorHold(int on) override;
   void gsSetRubberBand(int on) override;
@@ -179,7 +180,9 @@ class DrawingWindow : public CCadWindow {
   int gsGetArc(double& startX, double& startY, double& centreX, double& centreY, double& endX, double& endY,
                int& direction) override;
   int gsGetText(double& x, double& y, char* buffer, int size) override;
+  int gsGetFont(FontDef& font) override;
   int gsGetPrimHeader(PrimHeader& header) override;
+  int gsSelectGroup() override;
   int gsGetListHandle(int type, int layer, int flag, double x1, double y1, double x2, double y2, int,
                       int flag2) override;
   int gsGetNextPrim(int handle) override;

@@ -91,6 +91,11 @@ class User {
   virtual void showPrompt(const std::string& text) = 0;
   // Called often on long work; may throw to cancel it.
   virtual void showProgress(int done, int total, const std::string& text) = 0;
+  // The same of work that ends by itself when it is cancelled; true then.
+  virtual bool stopsAtProgress(int done, int total, const std::string& text) {
+    showProgress(done, total, text);
+    return false;
+  }
 };
 
 }  // namespace brevan

@@ -123,6 +123,11 @@ void DrawingWindow::gsSetProgress(int done, int total, std::string_view text) {
   services_.user.showProgress(done, total, std::string(text));
 }
 
+int DrawingWindow::gsStopsAtProgress(int done, int total, std::string_view text) {
+  escaped_ = services_.user.stopsAtProgress(done, total, std::string(text)) || escaped_;
+  return gsEscapePressed();
+}
+
 void DrawingWindow::gsCursorWait(int on) { call("gsCursorWait", {on}); }
 
 void DrawingWindow::gsSetCursorHold(int on) {

@@ -42,7 +42,6 @@ void DrawingWindow::zoomTo(const Box& box) {
 
 void DrawingWindow::gsZoomAll() {
   zoomTo({});
-  macroState_.seen.reset();
   const Box extents = drawing_.extents();
   if (!extents.empty()) { macroState_.seen = {extents.centre()}; }
   call("gsZoomAll");
