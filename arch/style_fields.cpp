@@ -44,7 +44,7 @@ void StyleFields::take(LineStyle& style) const {
 
 void LayerFields::describe(dialog::Dialog& dialog, std::vector<Row> rows, dialog::Place place) {
   dialog_ = &dialog;
-  const int group = dialog.addGroup({.caption = "Layer names:", .place = place});
+  const int group = dialog.addGroup({.caption = rows.size() > 1 ? "Layer names:" : "", .place = place});
   fields_.reserve(rows.size());
   for (Row& row : rows) {
     const int line = static_cast<int>(fields_.size());

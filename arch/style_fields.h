@@ -50,7 +50,7 @@ class LayerFields {
   LayerFields(const LayerFields&) = delete;
   LayerFields& operator=(const LayerFields&) = delete;
 
-  // In a group of their own.
+  // In a group of their own, which bears their heading where there are several.
   void describe(dialog::Dialog& dialog, std::vector<Row> rows, dialog::Place place);
   // Lists the layers and shows those stored.
   void show() const;
