@@ -17,6 +17,8 @@ namespace ardenix::survey {
 // Takes over what a text row says; its style is otherwise as the view's defaults gave it.
 void use(const TextRow& row, TextStyle& style);
 
+enum AreaUnitCode : int { kSquareMillimetres = 6, kSquareMetres = 8 };
+
 struct AreaUnits {
   int code = 0;
   std::string name;

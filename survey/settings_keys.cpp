@@ -53,11 +53,10 @@ constexpr KeyRow kHeadingQuestions[] = {
     {"Scale", "Scale prefix"},
 };
 
-constexpr KeyRow kFrameQuestions[] = {
-    {"SGNr", "S.G. number", "Enter the S.G. number"},
-    {"FileNr", "File number", "Enter the File number"},
-    {"SRNr", "S.R. number", "Enter the S.R.E. number"},
-    {"Comp", "Comp. number", "Enter the Compilation number"}};
+constexpr KeyRow kFrameQuestions[] = {{"SGNr", "S.G. number", "Enter the S.G. number"},
+                                      {"FileNr", "File number", "Enter the File number"},
+                                      {"SRNr", "S.R. number", "Enter the S.R.E. number"},
+                                      {"Comp", "Comp. number", "Enter the Compilation number"}};
 
 constexpr KeyRow kSheet1Questions[] = {
     {"TotSheets", "Total sheets"},        {"SchemeName", "Name of Scheme"},

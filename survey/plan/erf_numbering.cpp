@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <cmath>
 #include <optional>
 #include <set>
 #include <utility>
@@ -10,6 +12,7 @@
 #include "frame/messages.h"
 #include "survey/label_sequences.h"
 #include "survey/number_formats.h"
+#include "survey/plan/erf_stroke.h"
 #include "survey/plan/erf_texts.h"
 #include "survey/plan/numbering_settings.h"
 #include "survey/plan/plan_commands.h"
@@ -19,8 +22,6 @@
 namespace ardenix::survey {
 
 namespace {
-
-enum AreaUnitCode : int { kSquareMillimetres = 6, kSquareMetres = 8 };
 
 // ---- Direction --------------------------------------------------------------------------------------------------
 
@@ -72,13 +73,17 @@ class ErfNumbering {
 
   // Numbers erven until the user has enough, and lists them where there is a table.
   void run(RuledTable* table);
+  [[nodiscard]] int count() const { return count_; }
+  [[nodiscard]] double sum() const { return sum_; }  // of their areas
 
  private:
+  void numberStroke(Point from, double angle, const std::string& first, RuledTable* table);
   [[nodiscard]] std::string_view prompt() const;
   std::optional<std::string> askNumber();
-  std::optional<Erf> erfAt(Point at);
+  std::optional<Erf> erfAt(Point at) const;
   [[nodiscard]] bool mayUse(const std::string& number);
   void numberErf(Point at, double angle, const std::string& number, RuledTable* table);
+  void giveNumber(const Erf& erf, double angle, const std::string& number, RuledTable* table);
   void writeNumber(const Erf& erf, double angle, const std::string& number);
   [[nodiscard]] std::string areaText(const Erf& erf) const;
 
@@ -88,6 +93,8 @@ class ErfNumbering {
   Direction direction_;
   std::set<std::string, std::less<>> used_;
   std::string offered_;
+  int count_ = 0;
+  double sum_ = 0.0;
 };
 
 std::string_view ErfNumbering::prompt() const {
@@ -103,7 +110,30 @@ void ErfNumbering::run(RuledTable* table) {
     const auto number = askNumber();
     if (!number) { return; }
     offered_ = *number;
-    numberErf(at, *angle, *number, table);
+    if (settings_.byStroke) {
+      numberStroke(at, *angle, *number, table);
+    } else {
+      numberErf(at, *angle, *number, table);
+    }
+  }
+}
+
+// Without an end only the erf that the stroke begins in is numbered.
+void ErfNumbering::numberStroke(Point from, double angle, const std::string& first, RuledTable* table) {
+  view_.gsSetCurrCoord(from.x, from.y);
+  view_.gsSetRubberBand(1);
+  Point to = from;
+  const bool drawn =
+      view_.gsGetPointFromUser("Indicate the end of the stroke (Space bar for this erf only)", to.x, to.y) == 0;
+  view_.gsSetRubberBand(0);
+  if (!drawn || nearlyEqual(from, to)) { return numberErf(from, angle, first, table); }
+  std::vector<Point> numbered;  // places in the erven that the stroke crossed, some of which it crosses again
+  for (const Point& at : pointsAlongStroke(view_, from, to)) {
+    const auto erf = erfAt(at);
+    const auto isIt = [&](Point inside) { return nearlyEqual(inside, erf->inside); };
+    if (!erf || std::ranges::any_of(numbered, isIt)) { continue; }
+    giveNumber(*erf, angle, offered_, table);
+    numbered.push_back(erf->inside);
   }
 }
 
@@ -119,12 +149,9 @@ std::optional<std::string> ErfNumbering::askNumber() {
   }
 }
 
-std::optional<Erf> ErfNumbering::erfAt(Point at) {
+std::optional<Erf> ErfNumbering::erfAt(Point at) const {
   view_.gsExecuteMacro(macroText::kClearWorkSpace);
-  if (view_.gsAutoPerim(at.x, at.y) == 0) {
-    ErrorMessage("No closed boundary surrounds this point", &view_);
-    return std::nullopt;
-  }
+  if (view_.gsAutoPerim(at.x, at.y) == 0) { return std::nullopt; }
   view_.gsExecuteMacro("#QRYAREAPERIM A1 A9 X3 Y3");
   return Erf{numberVariable(view_, "A1"), {numberVariable(view_, "X3"), numberVariable(view_, "Y3")}};
 }
@@ -135,10 +162,16 @@ bool ErfNumbering::mayUse(const std::string& number) {
 }
 
 void ErfNumbering::numberErf(Point at, double angle, const std::string& number, RuledTable* table) {
-  const auto erf = erfAt(at);
-  if (!erf || !mayUse(number)) { return; }
-  writeNumber(*erf, angle, number);
-  if (table != nullptr) { table->addRow({number, formattedArea(erf->area)}); }
+  if (const auto erf = erfAt(at)) { return giveNumber(*erf, angle, number, table); }
+  ErrorMessage("No closed boundary surrounds this point", &view_);
+}
+
+void ErfNumbering::giveNumber(const Erf& erf, double angle, const std::string& number, RuledTable* table) {
+  if (!mayUse(number)) { return; }
+  writeNumber(erf, angle, number);
+  if (table != nullptr) { table->addRow({number, formattedArea(erf.area)}); }
+  ++count_;
+  sum_ += erf.area;
   used_.insert(number);
   offered_ = nextPrefixAndNumber(number);
 }
@@ -177,6 +210,23 @@ RuledTable areaTable(CCadWindow& view, const JobSettings& job, TableStyle style,
   return table;
 }
 
+void addTotals(RuledTable& table, const ErfNumbering& erven) {
+  table.addRow({});
+  table.addRow({numberText::format("%d ERVEN", erven.count()), formattedArea(erven.sum())});
+}
+
+// What the figure has more than the erven are streets and open spaces.
+void reportSum(SheetTool& tool, const JobSettings& job, const ErfNumbering& erven) {
+  std::string text = numberText::format("%d erven: %s", erven.count(), formattedNumber(erven.sum(), job.numbers()));
+  if (const auto figure = tool.lastFigure()) {
+    const double rest = figure->area - erven.sum();
+    text += numberText::format(". The figure%shas %s, %s %s.", std::string_view(figure->name),
+                               formattedNumber(figure->area, job.numbers()),
+                               formattedNumber(std::fabs(rest), job.numbers()), rest < 0.0 ? "less" : "more");
+  }
+  tool.view().gsSetStatus(text);
+}
+
 bool editSettings(NumberingSettings& settings, const JobSettings& job, SheetTool& tool) {
   if (!editNumberingSettings(settings, tool.services(), tool.view())) { return false; }
   TINIFile file(job.file().FileName());
@@ -188,8 +238,13 @@ bool editSettings(NumberingSettings& settings, const JobSettings& job, SheetTool
 void numberErven(SheetTool& tool, const JobSettings& job, const NumberingSettings& settings, RuledTable* table) {
   const auto direction = askDirection(tool.view(), table != nullptr);
   if (!direction) { return; }
-  ErfNumbering(tool.view(), job, settings, *direction).run(table);
-  if (table != nullptr) { table->draw(); }
+  ErfNumbering erven(tool.view(), job, settings, *direction);
+  erven.run(table);
+  if (table != nullptr) {
+    if (settings.totals) { addTotals(*table, erven); }
+    table->draw(static_cast<size_t>(std::max(settings.rowsAColumn, 0)));
+  }
+  if (settings.check) { reportSum(tool, job, erven); }
 }
 
 }  // namespace

@@ -119,28 +119,36 @@ long long cellOf(double across, double up) {
 
 }  // namespace
 
-bool SidesMet::isMet(const Met& side) const {
-  const double across = std::floor(side.middle.x / kMiddle);
-  const double up = std::floor(side.middle.y / kMiddle);
-  const auto alike = [&](const Met& met) {
-    return length(met.middle - side.middle) <= kMiddle && std::fabs(met.length - side.length) < kLength &&
+SidesMet::Met* SidesMet::alike(const Met& side) {
+  const Point anchor = middle(side.from, side.to);
+  const auto isAlike = [&](size_t index) {
+    const Met& met = met_[index];
+    return distance(middle(met.from, met.to), anchor) <= kMiddle &&
+           std::fabs(distance(met.from, met.to) - distance(side.from, side.to)) < kLength &&
            std::fabs(std::remainder(met.direction - side.direction, kPi)) <= kDirection;
   };
   for (int column = -1; column <= 1; ++column) {
     for (int row = -1; row <= 1; ++row) {
-      const auto cell = met_.find(cellOf(across + column, up + row));
-      if (cell != met_.end() && std::ranges::any_of(cell->second, alike)) { return true; }
+      const auto cell =
+          byMiddle_.find(cellOf(std::floor(anchor.x / kMiddle) + column, std::floor(anchor.y / kMiddle) + row));
+      if (cell == byMiddle_.end()) { continue; }
+      const auto found = std::ranges::find_if(cell->second, isAlike);
+      if (found != cell->second.end()) { return &met_[*found]; }
     }
   }
-  return false;
+  return nullptr;
 }
 
-bool SidesMet::add(const ErfSide& side) {
-  const Join join = joinOf(side.from, side.to);
-  const Met met{middle(side.from, side.to), join.distance, join.direction};
-  if (isMet(met)) { return false; }
-  met_[cellOf(std::floor(met.middle.x / kMiddle), std::floor(met.middle.y / kMiddle))].push_back(met);
-  return true;
+void SidesMet::add(const ErfSide& side) {
+  const Met met{side, directionOf(side)};
+  if (Met* const before = alike(met)) {
+    // Neighbours walk it opposite ways; who meets it the same way is the same erf, met again.
+    before->shared |= std::fabs(turnBetween(before->direction, met.direction)) > kPi / 2.0;
+    return;
+  }
+  const Point anchor = middle(side.from, side.to);
+  byMiddle_[cellOf(std::floor(anchor.x / kMiddle), std::floor(anchor.y / kMiddle))].push_back(met_.size());
+  met_.push_back(met);
 }
 
 }  // namespace ardenix::survey

@@ -24,22 +24,24 @@ std::vector<ErfSide> withoutChords(CCadWindow& view, std::span<const ErfSide> bo
 // The same, and pieces of a straight boundary made one side.
 std::vector<ErfSide> wholeSides(CCadWindow& view, std::span<const ErfSide> boundary);
 
-// Sides that were met, whichever way round. Two are the same whose lengths and middles lie within 0.01 drawing units
-// and whose directions lie within 0.001 radians.
+// Sides that were met, each once, whichever way round it was met. Two are the same whose lengths and middles lie within
+// 0.01 drawing units and whose directions lie within 0.001 radians.
 class SidesMet {
  public:
-  // False for one that was met before.
-  bool add(const ErfSide& side);
+  struct Met : ErfSide {
+    double direction = 0.0;
+    bool shared = false;  // by two erven
+  };
+
+  void add(const ErfSide& side);
+  // In the order in which they were met first.
+  [[nodiscard]] const std::vector<Met>& all() const { return met_; }
 
  private:
-  struct Met {
-    Point middle;
-    double length;
-    double direction;
-  };
-  [[nodiscard]] bool isMet(const Met& side) const;
+  [[nodiscard]] Met* alike(const Met& side);
 
-  std::unordered_map<long long, std::vector<Met>> met_;  // by the cell of the middle
+  std::vector<Met> met_;
+  std::unordered_map<long long, std::vector<size_t>> byMiddle_;  // by its cell
 };
 
 }  // namespace ardenix::survey

@@ -4,6 +4,7 @@
 #include "frame/drafting/macro_values.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "survey/figure_arcs.h"
 #include "survey/figure_tracing.h"
 #include "survey/number_formats.h"
 #include "survey/plan/corner_marker.h"
@@ -76,6 +77,15 @@ bool isFigure(CCadWindow& view, const Figure& figure) {
   return false;
 }
 
+// In the drawing's area unit, along the arcs that join its corners.
+double areaInUnit(CCadWindow& view, const JobSettings& job, Figure figure) {
+  constexpr double kMillimetresAMetre = 1000.0;
+  takeArcs(view, figure);
+  const double unit = job.areaUnits().code == kSquareMetres ? kMillimetresAMetre : 1.0;
+  const double side = job.unitFactor() / unit;
+  return areaOf(figure) * side * side;
+}
+
 void markCorners(CCadWindow& view, const CornerMarker& corners, const Figure& figure) {
   int done = 0;
   for (const Side& side : figure) {
@@ -102,6 +112,7 @@ void traceArea(SheetTool& tool) {
   view.gsStartPat("");
   if (!traced || !isFigure(view, traced->figure)) { return; }
   view.gsExecuteMacro(macroText::kAllLayersOn);
+  tool.setLastFigure({nameOf(traced->figure), areaInUnit(view, *job, traced->figure)});
   const auto constants = askConstants(view);
   if (!constants) { return; }
   RuledTable table(view, figureTableForm(), std::move(style), *origin, job->paperFactor());

@@ -45,7 +45,7 @@ class ErvenDimensions {
   bool collect(const std::vector<Point>& erven);
   void draw();
   void report() const;
-  void noteFit(const ErfSide& side);
+  void drawOne(const SidesMet::Met& side);
   bool stops(int done, size_t total, std::string_view doing) {
     if (done % kErvenAStep != 0) { return false; }
     return view_.gsStopsAtProgress(done, static_cast<int>(total), doing) != 0;
@@ -55,7 +55,6 @@ class ErvenDimensions {
   const JobSettings& job_;
   const SurveyDimensions& dimensions_;
   SidesMet met_;
-  std::vector<ErfSide> sides_;
   int open_ = 0;                  // erven without a boundary
   int drawn_ = 0;                 // dimensions
   std::vector<double> tooShort_;  // sides that their texts do not fit
@@ -67,26 +66,28 @@ bool ErvenDimensions::collect(const std::vector<Point>& erven) {
   for (const Point inside : erven) {
     const std::vector<ErfSide> sides = wholeSides(view_, traceErf(view_, inside));
     if (sides.empty()) { ++open_; }
-    for (const ErfSide& side : sides) {
-      if (met_.add(side)) { sides_.push_back(side); }
-    }
+    for (const ErfSide& side : sides) { met_.add(side); }
     if (stops(++done, erven.size(), "Tracing erven")) { return false; }
   }
   return true;
 }
 
 void ErvenDimensions::draw() {
-  for (const ErfSide& side : sides_) {
-    dimensions_.drawTogether(side.from, side.to);
-    noteFit(side);
+  for (const SidesMet::Met& side : met_.all()) {
+    drawOne(side);
     view_.gsSetStatus(format("Drawing dimensions %d", ++drawn_));
-    if (stops(drawn_, sides_.size(), "Drawing dimensions")) { return; }
+    if (stops(drawn_, met_.all().size(), "Drawing dimensions")) { return; }
   }
 }
 
-void ErvenDimensions::noteFit(const ErfSide& side) {
-  const double side_length = distance(side.from, side.to);
-  if (side_length < dimensions_.lengthOfTexts(side.from, side.to)) { tooShort_.push_back(side_length); }
+void ErvenDimensions::drawOne(const SidesMet::Met& side) {
+  const double room = distance(side.from, side.to);
+  CombinedPlace place = CombinedPlace::kInside;
+  if (room < dimensions_.lengthOfTexts(side.from, side.to)) {
+    tooShort_.push_back(room);
+    if (job_.options().fitTexts) { place = side.shared ? CombinedPlace::kDistanceOnly : CombinedPlace::kOutside; }
+  }
+  dimensions_.drawTogether(side.from, side.to, place);
 }
 
 void ErvenDimensions::report() const {

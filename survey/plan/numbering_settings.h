@@ -16,6 +16,10 @@ struct NumberingSettings {
   std::string layer{kNumberLayer};
   bool table = true;       // areas are listed in a table
   bool writeArea = false;  // below the number
+  bool byStroke = false;   // each stroke numbers the erven that it crosses
+  bool totals = false;     // a last row counts the erven and sums their areas
+  bool check = false;      // tells how the sum of the areas stands to the figure traced last
+  int rowsAColumn = 0;     // of the table; 0: all in one
 };
 
 NumberingSettings readNumberingSettings(const TINIFile& file);

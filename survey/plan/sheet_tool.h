@@ -19,9 +19,19 @@ class SheetTool : public Toolset {
   // drawing; else the job until the next command.
   JobSettings* begin();
 
+  // The outside figure that was traced last in the view that is worked in; its area is in the drawing's area unit.
+  struct TracedArea {
+    std::string name;  // of its corners, a blank before each and one after the last
+    double area = 0.0;
+  };
+  [[nodiscard]] std::optional<TracedArea> lastFigure() const;
+  void setLastFigure(TracedArea figure);
+
  private:
   const Services& services_;
   std::unique_ptr<JobSettings> job_;
+  std::optional<TracedArea> lastFigure_;
+  std::weak_ptr<const void> figuresView_;
 };
 
 std::unique_ptr<SheetTool> makeSheetTool(CCadWindow* view, const Services& services);

@@ -131,31 +131,35 @@ void SurveyDimensions::drawApart(Point from, Point to) const {
   }
 }
 
-void SurveyDimensions::drawTogether(Point from, Point to) const {
+void SurveyDimensions::drawTogether(Point from, Point to, CombinedPlace place) const {
   const auto line = measured(from, to);
   if (!line) { return; }
   view_.gsExecuteMacro(macroText::parent(dimensionParents::kBoth));
   view_.gsStartPat(format("%.5f %.5f", line->join.distance, line->join.direction));
-  drawTextsTogether(*line);
+  drawTextsTogether(*line, place);
   endDimension();
 }
 
-void SurveyDimensions::drawTextsTogether(const Line& line) const {
+void SurveyDimensions::drawTextsTogether(const Line& line, CombinedPlace place) const {
   constexpr double kCombined = 16.0;
   constexpr double kFarther = 5.0;
-  const DimensionTexts texts = job_.options().dimSetting;
+  const bool outside = place == CombinedPlace::kOutside;
+  const double side = outside ? -side_ : side_;
+  const int justification = outside ? kAboveLine : kBelowLine;
+  const DimensionTexts texts =
+      place == CombinedPlace::kDistanceOnly ? DimensionTexts::kDistanceOnly : job_.options().dimSetting;
   const bool both = texts == DimensionTexts::kBearingAndDistance;
   const std::string& single = texts == DimensionTexts::kBearingOnly ? line.bearing : line.distance;
-  const Point near = beside(line, side_, 1.0);
+  const Point near = beside(line, side, 1.0);
   if (!both || job_.options().multiline) {
-    write(line, near, single, kBelowLine, kCombined);
-    if (both) { write(line, beside(line, side_, kFarther), line.bearing, kBelowLine, kCombined); }
+    write(line, near, single, justification, kCombined);
+    if (both) { write(line, beside(line, side, kFarther), line.bearing, justification, kCombined); }
     return;
   }
   // The distance stands next to the line.
   const auto& [first, second] =
-      line.texts.turnedOver ? std::tie(line.bearing, line.distance) : std::tie(line.distance, line.bearing);
-  write(line, near, first + "\\n" + second, kBelowLine, kCombined);
+      line.texts.turnedOver != outside ? std::tie(line.bearing, line.distance) : std::tie(line.distance, line.bearing);
+  write(line, near, first + "\\n" + second, justification, kCombined);
 }
 
 double SurveyDimensions::lengthOfTexts(Point from, Point to) const {

@@ -30,6 +30,9 @@ struct TextsAlong {
   bool turnedOver = false;
 };
 
+// Where a combined dimension stands, and how much of it.
+enum class CombinedPlace { kInside, kOutside, kDistanceOnly };
+
 class SurveyDimensions {
  public:
   SurveyDimensions(CCadWindow& view, const JobSettings& job);
@@ -40,8 +43,8 @@ class SurveyDimensions {
   // Distance and bearing as two dimensions, one on each side of the line, as far as the settings want them. Points that
   // coincide have none; that holds below, too.
   void drawApart(Point from, Point to) const;
-  // Both as one dimension on the inside of a figure walked clockwise on paper.
-  void drawTogether(Point from, Point to) const;
+  // Both as one dimension on the inside of a figure walked clockwise on paper, or as another place has it.
+  void drawTogether(Point from, Point to, CombinedPlace place = CombinedPlace::kInside) const;
   // How long the texts of the combined dimension are on paper, about, in drawing units.
   [[nodiscard]] double lengthOfTexts(Point from, Point to) const;
   // From a line to its nearest text, in drawing units, for texts of this height (tenths of a millimetre on paper).
@@ -62,7 +65,7 @@ class SurveyDimensions {
   void drawOne(std::string_view parent, const std::string& pattern, const Line& line, double side,
                const std::string& text) const;
   void write(const Line& line, Point at, std::string_view text, int justification, double style) const;
-  void drawTextsTogether(const Line& line) const;
+  void drawTextsTogether(const Line& line, CombinedPlace place) const;
   void endDimension() const;
 
   CCadWindow& view_;

@@ -1,8 +1,11 @@
 #include "survey/sheet/ruled_table.h"
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "frame/drafting/macro_texts.h"
+#include "frame/drafting/sheet_axes.h"
 
 namespace ardenix::survey {
 
@@ -45,17 +48,19 @@ TableTextStyle RuledTable::textStyle(int justification) const {
   return {.font = style_.font, .pen = style_.textPen, .height = style_.height, .justification = justification};
 }
 
-double RuledTable::height() const {
-  const double end = form_.firstRow + form_.rowStep * static_cast<double>(rows_.size());
+double RuledTable::width() const { return std::accumulate(form_.widths.begin(), form_.widths.end(), 0.0); }
+
+double RuledTable::lastRowHeight(size_t rows) const {
+  const double end = form_.firstRow + form_.rowStep * static_cast<double>(rows);
   return end - form_.lastRowLess + form_.rowStep * form_.lastRowSteps;
 }
 
-SurveyTable RuledTable::grid() const {
+// Round so many rows; it opens no group.
+SurveyTable RuledTable::grid(Point origin, size_t rowsBelow) const {
   const size_t columns = form_.widths.size();
   const auto rows = static_cast<int>(form_.cells.size() / columns);
-  SurveyTable grid(rows, static_cast<int>(columns), form_.headingRow * unit_, 0.0, origin_, &view_, style_.layer);
+  SurveyTable grid(rows, static_cast<int>(columns), form_.headingRow * unit_, 0.0, origin, &view_, style_.layer);
   grid.setFrame(style_.tablePen, 1);
-  grid.setKind(form_.kind);
   for (size_t column = 0; column < columns; ++column) {
     grid.setColumnWidth(static_cast<int>(column), form_.widths[column] * unit_);
     for (int row = 0; row < rows; ++row) {
@@ -63,32 +68,39 @@ SurveyTable RuledTable::grid() const {
       grid.setBorders(row, static_cast<int>(column), bordersOf(cell.edges));
     }
   }
-  grid.setRowHeight(rows - 1, height() * unit_);
+  grid.setRowHeight(rows - 1, lastRowHeight(rowsBelow) * unit_);
   for (const auto& [row, column, text] : headings_) { grid.setCell(row, column, text, textStyle(kCentred)); }
   return grid;
 }
 
-void RuledTable::drawRows(const SurveyTable& grid) const {
+void RuledTable::drawRows(const SurveyTable& grid, size_t first, size_t end) const {
   double down = form_.firstRow;
-  for (const std::vector<std::string>& row : rows_) {
-    for (size_t column = 0; column < row.size(); ++column) {
+  for (size_t row = first; row < end; ++row) {
+    for (size_t column = 0; column < rows_[row].size(); ++column) {
       const TableColumn& place = form_.columns[column];
-      if (!row[column].empty()) {
-        grid.placeText(place.across * unit_, down * unit_, row[column], textStyle(place.justification));
-      }
+      grid.placeText(place.across * unit_, down * unit_, rows_[row][column], textStyle(place.justification));
     }
     down += form_.rowStep;
   }
 }
 
-void RuledTable::draw() const {
-  const SurveyTable grid = this->grid();
+void RuledTable::draw(size_t rowsAColumn) const {
+  constexpr double kGap = 1.0;
   if (!form_.kind.empty()) { view_.gsExecuteMacro(macroText::beginGroup(form_.kind)); }
-  for (const auto& [across, down, text] : captions_) {
-    grid.placeText(across * unit_, down * unit_, text, textStyle(kCentred));
+  const size_t most = rowsAColumn == 0 ? std::max<size_t>(rows_.size(), 1) : rowsAColumn;
+  const double sign = paperSignOf(view_);
+  Point origin = origin_;
+  for (size_t first = 0; first == 0 || first < rows_.size(); first += most) {
+    const size_t end = std::min(first + most, rows_.size());
+    SurveyTable grid = this->grid(origin, end - first);
+    for (const auto& [across, down, text] : captions_) {
+      grid.placeText(across * unit_, down * unit_, text, textStyle(kCentred));
+    }
+    drawRows(grid, first, end);
+    if (end == rows_.size()) { grid.setKind(form_.kind); }  // which goes on with the group, and ends it
+    grid.draw();
+    origin.x += sign * (width() + kGap) * unit_;
   }
-  drawRows(grid);
-  grid.draw();  // goes on with the group
 }
 
 }  // namespace ardenix::survey

@@ -61,7 +61,8 @@ class RuledTable {
   // A text for each column, empty ones left out.
   void addRow(std::vector<std::string> texts);
   [[nodiscard]] size_t rows() const { return rows_.size(); }
-  void draw() const;
+  // With so many rows at most in a column; the next stands beside it under a heading of its own. 0: all in one.
+  void draw(size_t rowsAColumn = 0) const;
 
  private:
   struct Caption {
@@ -76,9 +77,10 @@ class RuledTable {
   };
 
   [[nodiscard]] TableTextStyle textStyle(int justification) const;
-  [[nodiscard]] double height() const;
-  [[nodiscard]] SurveyTable grid() const;
-  void drawRows(const SurveyTable& grid) const;
+  [[nodiscard]] double width() const;
+  [[nodiscard]] double lastRowHeight(size_t rows) const;
+  [[nodiscard]] SurveyTable grid(Point origin, size_t rows) const;
+  void drawRows(const SurveyTable& grid, size_t first, size_t end) const;
 
   CCadWindow& view_;
   const TableForm& form_;
