@@ -62,8 +62,13 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts) \
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles) \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets) \
-  ROW(MechDrawFlanges, kMechanical, "F&langes...", "flange", "Flanges", mech::drawFlanges) \
+  ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
+  ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawSlots, kMechanical, "Sl&ots", "slot", "", mech::drawSlots) \
+  ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
+  ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
+  ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup) \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \

@@ -14,9 +14,8 @@ void OpenGroup::setParent(std::string_view parent) {
 }
 
 void OpenGroup::begin(std::string_view name) {
-  if (name.empty()) { return name_.reset(); }
   if (!parentIsFresh_ && name_ == name && name != kUnnamedGroup) { return; }
-  name_ = name;
+  name_ = name.empty() ? std::nullopt : std::optional<std::string>(name);
   id_ = 0;
   parentIsFresh_ = false;
 }
