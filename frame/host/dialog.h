@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -209,15 +208,12 @@ class CIntEdit : public CNumberEdit {
   }
 };
 
-// A whole number that may be left out.
+// A whole number, or none.
 class COptionalIntEdit : public CIntEdit {
  public:
   using CIntEdit::CIntEdit;
-  void SetOptional(std::optional<int> value) const { value ? SetValue(*value) : CNumberEdit::show(0.0, ""); }
-  [[nodiscard]] std::optional<int> GetOptional() const {
-    if (as<dialog::NumberEdit>().text.find_first_not_of(" \t") == std::string::npos) { return std::nullopt; }
-    return GetValue();
-  }
+  [[nodiscard]] bool IsEmpty() const { return as<dialog::NumberEdit>().text.empty(); }
+  void Clear() const { CNumberEdit::show(0, ""); }
 };
 
 class CIntSpinCtrl : public CIntEdit {
@@ -291,10 +287,13 @@ inline CIntEdit addInteger(Dialog& dialog, Setting setting, int minimum, int max
   return handle;
 }
 
+// Empty to begin with.
 inline COptionalIntEdit addOptionalInteger(Dialog& dialog, Setting setting, int minimum, int maximum) {
   const CIntEdit edit = addInteger(dialog, std::move(setting), minimum, maximum);
-  dialog.state<NumberEdit>(edit.index()).optional = true;
-  return {dialog, edit.index()};
+  dialog.state<NumberEdit>(edit.index()).mayBeEmpty = true;
+  const COptionalIntEdit handle(dialog, edit.index());
+  handle.Clear();
+  return handle;
 }
 
 inline TextHandle addText(Dialog& dialog, Setting setting, int limit = 255, bool multiline = false) {

@@ -199,7 +199,7 @@ constexpr auto kKinds = std::tuple{
                             [](const NumberEdit& edit) {
                               const std::string unit = edit.unit.empty() ? "" : " " + edit.unit;
                               return numberText::shortest(edit.minimum) + " to " + numberText::shortest(edit.maximum) +
-                                     unit + (edit.optional ? ", or nothing" : "");
+                                     unit + (edit.mayBeEmpty ? ", or nothing" : "");
                             },
                         .type = typeNumber},
     KindRow<TextEdit>{
@@ -410,12 +410,8 @@ int entryNamed(const Texts& entries, std::string_view name) {
   return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());
 }
 
-bool isLeftOut(const NumberEdit& edit) {
-  return edit.optional && edit.text.find_first_not_of(" \t") == std::string::npos;
-}
-
 Refusal refusalOf(std::string_view name, const NumberEdit& edit) {
-  if (isLeftOut(edit)) { return std::nullopt; }
+  if (edit.mayBeEmpty && edit.text.empty()) { return std::nullopt; }
   const auto value = numberText::parseTyped(edit.text);
   const bool whole = !edit.integer || (value && *value == std::floor(*value));
   if (value && whole && *value >= edit.minimum && *value <= edit.maximum) { return std::nullopt; }

@@ -53,8 +53,6 @@ std::string notThisKind(const std::string& name, const dialog::State& state, std
 // The place of an entry, the exact one before one that differs in case; -1 where there is none.
 int entryNamed(const std::vector<std::string>& entries, std::string_view name);
 
-// Whether a number that may be left out is.
-bool isLeftOut(const dialog::NumberEdit& edit);
 // Why a number field refuses its text; nothing where it takes it.
 Refusal refusalOf(std::string_view name, const dialog::NumberEdit& edit);
 

@@ -48,37 +48,34 @@ void DialogSession::edited(int control) {
   run(dialog_.control(control).onEdit);
 }
 
+namespace {
+
+// As the field shows the number once it is left.
+NumberEdit formattedAsTyped(NumberEdit edit) {
+  edit.edited = false;
+  edit.value = 0.0;
+  if (edit.text.empty()) { return edit; }
+  const double typed = *numberText::parseTyped(edit.text);
+  edit.text = edit.integer ? numberText::format(edit.format, static_cast<long long>(typed))
+                           : numberText::format(edit.format, typed);
+  edit.value = numberText::parseTyped(edit.text).value_or(typed);
+  return edit;
+}
+
+}  // namespace
+
 // ---- Focus -----------------------------------------------------------------------------------------------
 
 void DialogSession::focusMoved(int control, bool) {
   if (events_ != nullptr) { events_->focusMoved(addressOf(dialog_, control)); }
 }
 
-namespace {
-
-// A number that is taken, in the form in which its field shows it.
-NumberEdit asLeft(NumberEdit edit) {
-  const double typed = numberText::parseTyped(edit.text).value_or(0.0);
-  const bool whole = edit.integer;
-  if (isLeftOut(edit)) {
-    edit.text.clear();
-  } else {
-    edit.text =
-        whole ? numberText::format(edit.format, static_cast<long long>(typed)) : numberText::format(edit.format, typed);
-  }
-  edit.value = numberText::parseTyped(edit.text).value_or(typed);
-  edit.edited = false;
-  return edit;
-}
-
-}  // namespace
-
 Refusal DialogSession::leave() {
   const int control = dialog_.focus();
   if (control < 0) { return std::nullopt; }
   if (auto* edit = std::get_if<NumberEdit>(&dialog_.control(control).state); edit != nullptr && edit->edited) {
     if (auto refusal = refusalOf(addressOf(dialog_, control), *edit)) { return refusal; }
-    NumberEdit kept = asLeft(*edit);
+    NumberEdit kept = formattedAsTyped(*edit);
     // The format may round what was typed out of the range.
     if (auto refusal = refusalOf(addressOf(dialog_, control), kept)) { return refusal; }
     *edit = std::move(kept);

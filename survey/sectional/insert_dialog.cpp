@@ -80,7 +80,11 @@ bool InsertDialog::edit(CWnd* owner, const Section& section) {
 void InsertDialog::show(const Section& section) {
   number_.SetValue(section.plainNumber());
   area_.SetValue(section.area);
-  building_.SetOptional(section.building == 0 ? std::nullopt : std::optional(section.building));
+  if (section.building == 0) {
+    building_.Clear();
+  } else {
+    building_.SetValue(section.building);
+  }
   unit_.setText(section.unit);
   floor_.select(section.floor);
   type_.choose(section.isPart() ? kPartOf : 0);
@@ -90,7 +94,7 @@ Section InsertDialog::entered() const {
   Section section = shown_;  // with its id and its fixed quota
   section.number = type_.chosen() == kPartOf ? -number_.GetValue() : number_.GetValue();
   section.area = area_.GetValue();
-  section.building = building_.GetOptional().value_or(0);
+  section.building = building_.IsEmpty() ? 0 : building_.GetValue();
   section.unit = unit_.text();
   std::ranges::replace(section.unit, ',', ' ');  // files keep the fields apart by commas
   coreTrimStr(section.unit);
