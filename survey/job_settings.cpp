@@ -90,6 +90,11 @@ void JobSettings::readParms(CCadWindow& view) {
   unitFactor_ = std::fabs(parms_.p[3]) < kNoUnit ? 1.0 : parms_.p[3] / kUnitOfParms;
 }
 
+void JobSettings::readScale(CCadWindow& view) {
+  readParms(view);
+  scale_ = scaleOf(view);
+}
+
 std::string JobSettings::value(std::string_view section, std::string_view key) const {
   return file_.ReadString(section, key, "");
 }

@@ -61,6 +61,8 @@ class JobSettings {
   [[nodiscard]] const AreaUnits& areaUnits() const { return areaUnits_; }
   // Takes drawing parameters and unit factor of another view, which was given those of the first.
   void readParms(CCadWindow& view);
+  // The same with the scale, which another view may have of its own.
+  void readScale(CCadWindow& view);
 
  private:
   void readView(CCadWindow& view);

@@ -109,8 +109,14 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
       "Sectional Defaults", survey::setUpSectionalPlans) \
   ROW(SG_SectionMgr, kSectionalPlans, "Sectional Plan: Section &Manager...", "section_manager", "Section Manager", \
       survey::manageSections) \
-  ROW(SG_SectionTraceSection, kSectionalPlans, "Sectional Plan: Trace Se&ction...", "trace_section", "Insert section", \
-      survey::traceSection)
+  ROW(SG_SectionTraceSection, kSectionalPlans, "Sectional Plan: Trace Se&ction", "trace_section", "", \
+      survey::traceSection) \
+  ROW(SG_SectionGenS1, kSectionalPlans, "Sectional Plan: Sheet &1", "sectional_sheet1", "", survey::makeSheetOne) \
+  ROW(SG_SectionGenBp, kSectionalPlans, "Sectional Plan: Block &Plan", "sectional_block_plan", "", survey::makeBlockPlan) \
+  ROW(SG_SectionGenFp, kSectionalPlans, "Sectional Plan: &Floor Plans", "sectional_floor_plan", "", \
+      survey::makeFloorPlans) \
+  ROW(SG_SectionGenPq, kSectionalPlans, "Sectional Plan: &Quota Schedule", "sectional_quotas", "", \
+      survey::makeQuotaSheet)
 // clang-format on
 
 namespace {

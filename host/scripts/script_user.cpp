@@ -10,6 +10,12 @@
 
 namespace brevan {
 
+std::string onOneLine(std::string_view text) {
+  std::string line;
+  for (const char c : text) { line += c == '\n' ? "\\n" : std::string(1, c); }
+  return line;
+}
+
 namespace {
 
 std::string quotedUtf8(std::string_view windows1252) { return '"' + toUtf8(windows1252) + '"'; }
@@ -34,7 +40,8 @@ std::string commaSeparated(const std::vector<std::string>& items) {
 
 // A menu is expected by its items, "Bolt,Nut,Washer", or by its first one.
 bool isExpected(const std::string& wanted, std::string_view kind, const std::string& shown) {
-  return wanted == shown || wanted == "*" || (kind == "menu" && shown.starts_with(wanted + ','));
+  return wanted == shown || wanted == onOneLine(shown) || wanted == "*" ||
+         (kind == "menu" && shown.starts_with(wanted + ','));
 }
 
 struct ReplyRow {

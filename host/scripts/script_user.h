@@ -13,6 +13,9 @@
 
 namespace brevan {
 
+// As a script writes it: line breaks as "\n".
+std::string onOneLine(std::string_view text);
+
 // A user made of a script's answers, taken in order. An answer of the wrong kind, and a question that the
 // script does not answer, throw ScriptFailure through the running command.
 class ScriptUser : public User {

@@ -17,4 +17,12 @@ void manageSections(SectionalPlanJob& job);
 // Traces the outline of one section and inserts the section.
 void traceSection(SectionalPlanJob& job);
 
+// Sheets, each in a new window on its template.
+void makeSheetOne(SectionalPlanJob& job);
+// Traces the outside figure of the land first.
+void makeBlockPlan(SectionalPlanJob& job);
+void makeFloorPlans(SectionalPlanJob& job);
+// A schedule that is longer than a sheet goes on to further ones.
+void makeQuotaSheet(SectionalPlanJob& job);
+
 }  // namespace ardenix::survey

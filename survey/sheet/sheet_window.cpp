@@ -81,7 +81,10 @@ void setUpPaper(const JobSettings& job, CCadWindow& view, double shownRight) {
 }
 
 Extents insertTemplate(const JobSettings& job, CCadWindow& view, const std::string& path) {
-  const Point at = homeOf(view);
+  return insertTemplate(job, view, path, homeOf(view));
+}
+
+Extents insertTemplate(const JobSettings& job, CCadWindow& view, const std::string& path, Point at) {
   if (!useFile("title block", path, macroText::load(path, at), view)) { return paperOf(job, view); }
   const double scale = job.parms().p[1];
   view.gsExecuteMacro(macroText::scale(at, scale, scale));

@@ -24,6 +24,8 @@ void setUpPaper(const JobSettings& job, CCadWindow& view, double shownRight);
 // Inserts a template drawing in the middle of the paper. Returns the extents of the sheet, those of the template's
 // lines, or of the paper where they have none. A file that is missing or damaged is told, and the paper is the sheet.
 Extents insertTemplate(const JobSettings& job, CCadWindow& view, const std::string& path);
+// The same with the template's origin at a point.
+Extents insertTemplate(const JobSettings& job, CCadWindow& view, const std::string& path, Point at);
 
 // The corner at the top right on paper, from which settings files place everything on a sheet.
 Point topRightOnPaper(const JobSettings& job, const Extents& sheet);

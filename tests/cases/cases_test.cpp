@@ -10,6 +10,7 @@
 #include "host/core/ini_file.h"
 #include "host/core/text_encoding.h"
 #include "host/scripts/script_player.h"
+#include "host/scripts/script_user.h"
 #include "tests/cases/drawn_things.h"
 #include "tests/host/core/temporary_folder.h"
 
@@ -100,7 +101,8 @@ class Case : public ::testing::TestWithParam<fs::path> {
     auto next = script_.statements.begin();
     for (const std::string& message : record_.messages) {
       next = std::find_if(next, script_.statements.end(), [&](const Statement& statement) {
-        return isMessage(statement) && statement.words[2].text == message;
+        return isMessage(statement) &&
+               (statement.words[2].text == message || statement.words[2].text == brevan::onOneLine(message));
       });
       ASSERT_NE(next, script_.statements.end()) << "the script does not expect the message \"" << message << '"';
       ++next;

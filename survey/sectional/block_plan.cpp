@@ -1,0 +1,86 @@
+#include <utility>
+
+#include "frame/drafting/macro_texts.h"
+#include "frame/messages.h"
+#include "survey/figure_arcs.h"
+#include "survey/figure_report.h"
+#include "survey/figure_tracing.h"
+#include "survey/number_formats.h"
+#include "survey/sectional/sectional_commands.h"
+#include "survey/sectional/sectional_sheet.h"
+#include "survey/sheet/ruled_table.h"
+#include "survey/surroundings.h"
+
+// The outside figure of the land with what stands on it.
+namespace ardenix::survey {
+
+namespace {
+
+constexpr int kRightAligned = 8;
+constexpr double kSideWidths[] = {6.0, 6.0, 8.833};
+constexpr HeadingCell kSideCells[] = {{"TRL", "SIDES"}, {"TR", "Metres"}, {"TR", "ANGLES OF\\nDIRECTION"},
+                                      {"TRBL"},         {"TRB"},          {"TRB"}};
+// Numbers end at their place: centred there, the widest would cross its ruling.
+constexpr TableColumn kSideColumns[] = {{3.0, kCentred}, {10.8, kRightAligned}, {19.6, kRightAligned}};
+constexpr TableForm kSideTable = {.kind = "A_TABLE0",
+                                  .widths = kSideWidths,
+                                  .cells = kSideCells,
+                                  .columns = kSideColumns,
+                                  .firstRow = 4.25,
+                                  .lastRowLess = 4.25,
+                                  .lastRowSteps = 1};
+
+void drawTable(SectionalSheet& sheet, const JobSettings& settings, const Figure& figure) {
+  Point origin;
+  const bool placed = sheet.view().gsGetPointFromUser("Position top left corner of table ...", origin.x, origin.y) == 0;
+  const TextRow row = settings.textRow("PLANS", "BpTable");
+  if (!placed || row.size == 0) { return; }
+  sheet.useLayer(settings.options().textLayer, "ST_TEXT");
+  sheet.view().gsExecuteMacro(macroText::kAllLayersOff);
+  RuledTable table(
+      sheet.view(), kSideTable,
+      {.tablePen = row.pen, .textPen = row.pen, .height = row.size, .layer = settings.layer(), .font = row.font},
+      origin, settings.paperFactor());
+  for (const Side& side : figure) {
+    table.addRow({side.name(), formattedNumber(side.join.distance, settings.numbers()),
+                  formattedBearing(side.join.direction, settings.numbers()).text});
+  }
+  table.draw();
+}
+
+std::optional<Figure> traceLand(SectionalPlanJob& job) {
+  CCadWindow& view = job.view();
+  view.gsClearWorkSpace();
+  view.gsExecuteMacro(macroText::plainLine(job.settings().options().tracePen));
+  view.gsStartPat(macroText::kPolyline);
+  view.gsExecuteMacro(macroText::kNoWidth);
+  std::optional<TracedFigure> traced = traceFigure(view);
+  if (!traced) { return std::nullopt; }
+  takeArcs(view, traced->figure);
+  if (!reportFigure(view, traced->figure, traced->misclosure)) { return std::nullopt; }
+  return std::move(traced->figure);
+}
+
+}  // namespace
+
+void makeBlockPlan(SectionalPlanJob& job) {
+  if (!job.begin()) { return; }
+  const std::optional<Figure> figure = traceLand(job);
+  if (!figure) { return; }
+  auto sheet = SectionalSheet::open(job, SheetKind::kBlockPlan);
+  if (!sheet) { return; }
+  JobSettings& settings = job.settings();
+  OpenedLayers layers(job.view(), sheet->view());
+  copySurroundings(settings, job.view(), sheet->view(), *figure);
+  sheet->useLayer(settings.options().figureLayer, "ST_FIGURE");
+  clipSurroundings(settings, sheet->view(), *figure);
+  sheet->setUp({extentsOf(*figure).centre(), {}});
+  sheet->writeFrame();
+  if (ask(job.services().mainFrame, "Do you want a table of sides and directions for the outside figure?", "Table")) {
+    drawTable(*sheet, settings, *figure);
+  }
+  sheet->writeNotes();
+  layers.close(settings.layer());
+}
+
+}  // namespace ardenix::survey
