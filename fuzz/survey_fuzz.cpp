@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame/host/core_services.h"
+#include "frame/records.h"
 #include "fuzz/laws.h"
 #include "survey/control_listings.h"
 #include "survey/control_point.h"
@@ -15,6 +16,8 @@
 namespace {
 
 using fuzzing::require;
+using ardenix::commasHidden;
+using ardenix::commasRestored;
 using namespace ardenix::survey;
 
 std::vector<std::string> linesOf(const std::string& text) {

@@ -8,6 +8,7 @@
 #include "mech/nut_drawer.h"
 #include "mech/rivet_drawer.h"
 #include "mech/screw_drawer.h"
+#include "mech/surface_finish.h"
 
 namespace ardenix::mech {
 
@@ -191,7 +192,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a surface finish from the surface finish definitions",
      .addTip = "Add the current surface finish settings as a new surface finish definition",
-     .deleteTip = "Delete the currently selected surface finish"},
+     .deleteTip = "Delete the currently selected surface finish",
+     .drawer = make<SurfaceFinishDrawer>},
 };
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "frame/help.h"
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
+#include "mech/annotation_commands.h"
 #include "mech/fastener_commands.h"
 #include "survey/setup_commands.h"
 #include "survey/trace_tool.h"
@@ -33,11 +34,13 @@ constexpr FirstSetting kGeneralPlanJob[] = {{"SG_DEFAULTS", "SG_GenPlanFile", "G
 constexpr FirstSetting kSectionalPlanJob[] = {{"SG_DEFAULTS", "SG_SectionalFile", "Sectional Plan.ini"}};
 
 constexpr ManualChapter kNoChapter{"", ""};
+constexpr ManualChapter kAnnotation{"annotations.md", "Annotations"};
 constexpr ManualChapter kArchitecture{"architectural.md", "Architectural commands"};
 constexpr ManualChapter kSurveySettings{"survey-settings.md", "Survey settings"};
 constexpr ManualChapter kSurveyDiagrams{"survey-diagrams.md", "Survey diagrams"};
 
 constexpr Trade kMechanical{CommandFamily::kMechanical, kFasteners, kNoChapter};
+constexpr Trade kAnnotations{CommandFamily::kMechanical, kFasteners, kAnnotation};
 constexpr Trade kArchitectural{CommandFamily::kArchitectural, kWalls, kArchitecture};
 constexpr Trade kDiagramSettings{CommandFamily::kSurvey, kDiagramJob, kSurveySettings};
 constexpr Trade kGeneralPlanSettings{CommandFamily::kSurvey, kGeneralPlanJob, kSurveySettings};
@@ -51,11 +54,15 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
 #define COMMANDS_OF_CURRENT_VIEW(ROW)                                                                            \
   ROW(DisplayMechSetup, kMechanical, "Mechanical &Setup...", "mechanical_setup", "Mechanical Setup",             \
       mech::displaySetup)                                                                                        \
+  ROW(MechAnnotationSetup, kAnnotations, "&Annotation Setup...", "annotation_setup", "Annotation Setup",         \
+      mech::setUpAnnotations)                                                                                    \
   ROW(MechDrawBolts, kMechanical, "Hex &Bolts...", "hex_bolt", "Hex Bolts", mech::drawBolts)                     \
   ROW(MechDrawScrews, kMechanical, "Socket S&crews...", "socket_screw", "Socket Screws", mech::drawScrews)       \
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts)                                      \
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles)         \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets)                            \
+  ROW(MechSurfaceFinish, kAnnotations, "S&urface Finish...", "surface_finish", "Surface Finish",                 \
+      mech::drawSurfaceFinish)                                                                                   \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup)                                                                                    \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls)     \

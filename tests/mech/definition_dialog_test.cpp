@@ -248,9 +248,11 @@ TEST_F(PlainFamilyTest, FieldsOfEverySortGoBetweenRecordAndDialog) {
   EXPECT_EQ(ardenix::mech::DefinitionStore(path_).record("GEARS", 1), "A,2.0,20,0,1,brass,0,one\\Ntwo");
 }
 
-TEST_F(PlainFamilyTest, ATextThatWouldBreakTheRecordIsNotLeft) {
-  EXPECT_THROW(visit("set \"Material\" \"brass, c\"\n"), brevan::ScriptFailure);
-  EXPECT_EQ(log_.of("message"), Texts{"Material takes no comma, which stands between the fields of a definition."});
+TEST_F(PlainFamilyTest, ATextKeepsItsCommasHowManyItHas) {
+  const std::string many(120, ',');
+  visit("set \"Material\" \"brass" + many + "\"\npress \"OK\"\nreply yes\n");
+  visit("expect \"Material\" \"brass" + many + "\"\nexpect \"Hardened\" 1\npress \"Cancel\"\n");
+  EXPECT_TRUE(ardenix::mech::DefinitionStore(path_).record("GEARS", 1)->starts_with("A,2.0,20,1,1,brass_COMMA__COMMA_"));
 }
 
 TEST_F(PlainFamilyTest, AnEntryBeyondTheListIsAskedForAndACountIsNoEdit) {
