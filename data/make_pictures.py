@@ -215,6 +215,60 @@ def key(shape):
     return strokes + cross(centre, 29)
 
 
+# ---- Flanges ---------------------------------------------------------------------------------------------------------
+
+def drilled(centre, edge, hole):
+    return [circle(OUTLINE, centre, edge, fill=BODY), circle(OUTLINE, centre, hole)]
+
+
+def around(centre, radius, count, start):
+    angles = (math.radians(start + 360 / count * i) for i in range(count))
+    return [(centre[0] + radius * math.cos(a), centre[1] - radius * math.sin(a)) for a in angles]
+
+
+def round_flange():
+    centre, pitch = (50, 30), 19
+    strokes = drilled(centre, 26, 10) + [circle(CENTRE, centre, pitch)]
+    for hole in around(centre, pitch, 6, 90):
+        strokes.append(circle(OUTLINE, hole, 3))
+    return strokes + cross(centre, 29)
+
+
+def joined(ends, radius, fill):
+    """The outline round circles of one radius, their centres given counter-clockwise as seen."""
+    points = []
+    for start, end in zip(ends, ends[1:] + ends[:1]):
+        length = math.dist(start, end)
+        across = ((end[1] - start[1]) / length * radius, (start[0] - end[0]) / length * radius)
+        points += [tuple(p - a for p, a in zip(end_, across)) for end_ in (start, end)]
+    commands = [f"M{pair(points[0])}"]
+    for i in range(1, len(points), 2):
+        commands += [f"L{pair(points[i])}", f"A{number(radius)} {number(radius)} 0 0 0 {pair(points[(i + 1) % len(points)])}"]
+    return path(OUTLINE, *commands, "Z", fill=fill)
+
+
+def triangular_flange():
+    centre, pitch = (53, 30), 18
+    holes = around(centre, pitch, 3, 60)
+    strokes = [joined(holes, 9, BODY), circle(OUTLINE, centre, 7), circle(CENTRE, centre, pitch)]
+    return strokes + [circle(OUTLINE, hole, 3.5) for hole in holes] + cross(centre, 12)
+
+
+def oval_flange():
+    centre, boss, lobe, apart = (50, 30), 22, 9, 32
+    sine = (boss - lobe) / apart
+    cosine = math.sqrt(1 - sine * sine)
+    at = {(side, up): [(centre[0] + side * (offset + radius * sine), centre[1] - up * radius * cosine)
+                       for offset, radius in ((0, boss), (apart, lobe))] for side in (-1, 1) for up in (-1, 1)}
+    turn = {radius: f"A{radius} {radius} 0 0 1 " for radius in (boss, lobe)}
+    outline = path(OUTLINE, f"M{pair(at[-1, 1][1])}", f"L{pair(at[-1, 1][0])}", turn[boss] + pair(at[1, 1][0]),
+                   f"L{pair(at[1, 1][1])}", turn[lobe] + pair(at[1, -1][1]), f"L{pair(at[1, -1][0])}",
+                   turn[boss] + pair(at[-1, -1][0]), f"L{pair(at[-1, -1][1])}", turn[lobe] + pair(at[-1, 1][1]), fill=BODY)
+    strokes = [outline, circle(OUTLINE, centre, 12)]
+    strokes += [circle(OUTLINE, (centre[0] + side * apart, centre[1]), 4) for side in (-1, 1)]
+    return strokes + [line(CENTRE, (5, 30), (95, 30)), line(CENTRE, (50, 4), (50, 56))]
+
+
 # ---- Walls -----------------------------------------------------------------------------------------------------------
 
 def wall_direction(clockwise):
@@ -261,13 +315,6 @@ def symbol_strokes(lines, at, size):
     return strokes
 
 
-def weld(name, lines):
-    """On the reference line, the way it is drawn on the arrow side; contours above it."""
-    above = name in ("FLUSH", "CONVEX", "CONCAVE")
-    level = 58 if above else 8
-    return [line(MATERIAL, (20, level), (80, level)), *symbol_strokes(lines, (50, level), 11)]
-
-
 def cell(lines):
     """A symbol of a cell of 10 mm that fills the picture's height."""
     return symbol_strokes(lines, (22, 58), 5.6)
@@ -285,16 +332,10 @@ def finish(removal):
 
 
 def annotation_pictures():
-    for name, lines in symbol_lines("MechWelds").items():
-        if name not in ("SITE", "ALL_ROUND"):
-            yield f"weld_{name.lower()}", weld(name, lines)
     for name, lines in symbol_lines("MechSurfaceFinish").items():
         yield name.lower().replace("sf_", "lay_"), cell(lines)
     for removal in ("any", "machined", "unmachined"):
         yield f"finish_{removal}", finish(removal)
-    for name, lines in symbol_lines("MechTolerances").items():
-        if not name.startswith("TS__") and name != "TS_DATUM":
-            yield name.lower().replace("ts_", "tolerance_"), cell(lines)
 
 
 # ---- The files -------------------------------------------------------------------------------------------------------
@@ -312,6 +353,9 @@ def pictures():
     yield "screw_set", set_screw()
     for shape in ("hexagon", "slot", "cross"):
         yield f"key_{shape}", key(shape)
+    yield "flange_round", round_flange()
+    yield "flange_oval", oval_flange()
+    yield "flange_triangular", triangular_flange()
     yield "wall_clockwise", wall_direction(True)
     yield "wall_anticlockwise", wall_direction(False)
     yield from annotation_pictures()

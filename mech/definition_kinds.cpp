@@ -4,6 +4,8 @@
 #include <cassert>
 
 #include "mech/bolt_drawer.h"
+#include "mech/flange_drawer.h"
+#include "mech/gear_drawer.h"
 #include "mech/hole_drawer.h"
 #include "mech/nut_drawer.h"
 #include "mech/rivet_drawer.h"
@@ -147,7 +149,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a gear from the list of gear definitions",
      .addTip = "Add the current gear settings as a new definition",
-     .deleteTip = "Delete the currently selected gear definition"},
+     .deleteTip = "Delete the currently selected gear definition",
+     .drawer = make<GearDrawer>},
     {.section = "LINKS",
      .keyPrefix = "Bolt",
      .family = kChecked,
@@ -177,7 +180,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = true,
      .listTip = "Select a flange definition from this list",
      .addTip = "Add the current flange settings as a new flange definition",
-     .deleteTip = "Delete the currently selected flange definition"},
+     .deleteTip = "Delete the currently selected flange definition",
+     .drawer = make<FlangeDrawer>},
     {.section = "SURFACE_FINISH",
      .keyPrefix = "Surf",
      .family = kPlain,

@@ -38,8 +38,9 @@ class RecordDialog : public DefinitionDialog {
         controls_(fields),
         body_(box().addGroup({.place = {.row = kBodyRow}})) {
     controls_.describe(box(), body_);
-    controls_.forEach(
-        [this](const Field<Record>& field, const dialog::Handle& control) { follow(control, field.marksEdited); });
+    controls_.forEach([this](const Field<Record>& field, const dialog::Handle& control) {
+      follow(control, field.marksEdited, field.settlesOnLeave);
+    });
   }
 
  protected:
@@ -53,6 +54,8 @@ class RecordDialog : public DefinitionDialog {
   [[nodiscard]] int addSideGroup(std::string_view caption, int column) {
     return box().addGroup({.caption = std::string(caption), .parent = body_, .place = {.column = column}});
   }
+  // Below the fields.
+  [[nodiscard]] int addGroupBelow() { return box().addGroup({.parent = body_, .place = {.row = 1}}); }
   void addPictures(std::span<const PictureRow<Record>> pictures) {
     pictures_ = pictures;
     if (pictures.empty()) { return; }

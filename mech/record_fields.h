@@ -65,6 +65,7 @@ struct Field {
   bool (*shown)(const Record&) = nullptr;         // whether it takes part; always where there is no rule
   bool (*enabled)(const Record&) = nullptr;       // likewise
   bool marksEdited = true;                        // a change counts as an edit of the definition
+  bool settlesOnLeave = false;  // what follows from it is shown when it is left, not while it is edited
 };
 
 template <class Record>

@@ -52,6 +52,15 @@ TEST_F(DialogUse, ANumberIsTakenAsAPersonTypesItOrRefusedWithItsRule) {
   EXPECT_EQ(every_.count.GetValue(), 7);
 }
 
+TEST_F(DialogUse, ANumberLeftAloneKeepsTheDigitsThatAreNotShown) {
+  every_.length.SetValue(22.15004);
+  EXPECT_EQ(valueOf("Length"), "22.150");
+  EXPECT_EQ(why(session_->setText(at("Number ="), "7")), "");
+  EXPECT_EQ(every_.length.GetValue(), 22.15004);
+  EXPECT_EQ(why(session_->setText(at("Length"), "22.15")), "");
+  EXPECT_EQ(every_.length.GetValue(), 22.15);
+}
+
 TEST_F(DialogUse, TypingRaisesTheEditRuleAtEachKey) {
   session_->focus(at("Number ="));
   takeLog();
