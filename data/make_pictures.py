@@ -315,6 +315,13 @@ def symbol_strokes(lines, at, size):
     return strokes
 
 
+def weld(name, lines):
+    """On the reference line, the way it is drawn on the arrow side; contours above it."""
+    above = name in ("FLUSH", "CONVEX", "CONCAVE")
+    level = 58 if above else 8
+    return [line(MATERIAL, (20, level), (80, level)), *symbol_strokes(lines, (50, level), 11)]
+
+
 def cell(lines):
     """A symbol of a cell of 10 mm that fills the picture's height."""
     return symbol_strokes(lines, (22, 58), 5.6)
@@ -332,8 +339,14 @@ def finish(removal):
 
 
 def annotation_pictures():
+    for name, lines in symbol_lines("MechWelds").items():
+        if name not in ("SITE", "ALL_ROUND"):
+            yield f"weld_{name.lower()}", weld(name, lines)
     for name, lines in symbol_lines("MechSurfaceFinish").items():
         yield name.lower().replace("sf_", "lay_"), cell(lines)
+    for name, lines in symbol_lines("MechTolerances").items():
+        if not name.startswith("TS__") and name not in ("TS_DATUM", "TS_CENTRELINE", "TS_PROJECTED"):
+            yield name.lower().replace("ts_", "tolerance_"), cell(lines)
     for removal in ("any", "machined", "unmachined"):
         yield f"finish_{removal}", finish(removal)
 

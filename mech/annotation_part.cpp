@@ -104,11 +104,14 @@ void AnnotationPart::begin(std::string_view prefix) {
 
 void AnnotationPart::beginOnLayer(std::string_view prefix) { group_ = startPart(view_, kind_.parent, prefix); }
 
+bool AnnotationPart::hasSymbols() const {
+  return pen_.missingSymbol().empty() ||
+         refuse(view_, numberText::format("The symbol file \"%s\" has no symbol \"%s\".", pen_.style().symbols,
+                                          pen_.missingSymbol()));
+}
+
 bool AnnotationPart::finish(LinkEnding ending) {
-  if (!pen_.missingSymbol().empty()) {
-    return refuse(view_, numberText::format("The symbol file \"%s\" has no symbol \"%s\".", pen_.style().symbols,
-                                            pen_.missingSymbol()));
-  }
+  if (!hasSymbols()) { return false; }
   scratch_->selectAll();
   view_.gsExecuteMacro(ending == LinkEnding::kQuote ? macroText::linkSelection(group_)
                                                     : macroText::linkSelectionOpen(group_));

@@ -11,6 +11,9 @@
 
 namespace ardenix::mech {
 
+// Symbols of finishes and tolerances fill cells of 10 mm and are placed in cells of 5.
+inline constexpr double kCellScale = 0.5;
+
 // Draws lines, texts and symbols of an annotation on the current layer, in the layer's own pen. Lengths of its strokes
 // are units: millimetres on paper x symbol scale.
 class AnnotationPen {
@@ -61,10 +64,12 @@ class AnnotationPart {
   [[nodiscard]] const std::string& group() const { return group_; }
   // Opens the group, named prefix + next free number.
   void begin(std::string_view prefix);
+  // False, after a message, where the file lacked a symbol that was to be placed.
+  [[nodiscard]] bool hasSymbols() const;
   // Makes one group of what was drawn and puts it on its layer. False, after a message and with nothing drawn, where a
   // symbol was missing.
   bool finish(LinkEnding ending);
-  // For what was drawn into the group straight on the layer.
+  // The same for an annotation that is drawn straight on its layer.
   void beginOnLayer(std::string_view prefix);
   void finishOnLayer();
 

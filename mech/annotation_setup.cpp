@@ -10,9 +10,8 @@ namespace ardenix::mech {
 
 namespace {
 
-constexpr std::string_view kSetupSection = "Setup";
 constexpr std::string_view kSymbolsKey = "WeldSymbols";
-constexpr int kPathLimit = 259;
+constexpr int kSymbolPathLimit = 259;
 constexpr double kMostPlain = 1000.0;
 constexpr double kMostWeldScale = 10000.0;
 
@@ -61,7 +60,7 @@ void AnnotationSetupDialog::describeFile(int group) {
   symbols_ = addText(
       dialog_,
       {.caption = "Welds Symbol file:", .toolTip = "The path to the file holding the weld symbols", .group = line},
-      kPathLimit);
+      kSymbolPathLimit);
   addButton(dialog_,
             {.caption = "...", .toolTip = "Browse for a weld symbol file", .group = line, .place = {.column = 1}})
       .onPress([this] { browse(); });
@@ -127,18 +126,18 @@ void AnnotationSetupDialog::open() {
          "dialog.");
   }
   const TINIFile& file = configuration_.store().file();
-  symbols_.setText(file.ReadString(kSetupSection, kSymbolsKey, shippedSymbolFile(kWeldAnnotation.symbolFile)));
+  symbols_.setText(file.ReadString(kAnnotationSection, kSymbolsKey, shippedSymbolFile(kWeldAnnotation.symbolFile)));
   showWelds(file);
   showPlain(file, tolerances_, kToleranceAnnotation.word, kOfferedToleranceLayer);
   showPlain(file, finishes_, kSurfaceFinishAnnotation.word, kOfferedFinishLayer);
 }
 
 void AnnotationSetupDialog::showWelds(const TINIFile& file) const {
-  const std::string settings = file.ReadString(kSetupSection, "WeldSettings", "");
+  const std::string settings = file.ReadString(kAnnotationSection, "WeldSettings", "");
   const auto number = [&](int field, double fallback) {
     return coreGetFieldDouble(settings, fallback, field, kFieldSeparator);
   };
-  welds_.layer.setText(file.ReadString(kSetupSection, "WeldLayer", kOfferedWeldLayer));
+  welds_.layer.setText(file.ReadString(kAnnotationSection, "WeldLayer", kOfferedWeldLayer));
   welds_.scale.SetValue(number(1, 1.0));
   colour1_.SetPen(coreGetFieldInt(settings, 1, 2, kFieldSeparator));
   welds_.textSize.SetValue(number(3, 10.0));
@@ -149,8 +148,8 @@ void AnnotationSetupDialog::showWelds(const TINIFile& file) const {
 
 void AnnotationSetupDialog::showPlain(const TINIFile& file, const PlainControls& controls, std::string_view word,
                                       std::string_view layer) {
-  const std::string settings = file.ReadString(kSetupSection, keyOf(word, "Settings"), "");
-  controls.layer.setText(file.ReadString(kSetupSection, keyOf(word, "Layer"), layer));
+  const std::string settings = file.ReadString(kAnnotationSection, keyOf(word, "Settings"), "");
+  controls.layer.setText(file.ReadString(kAnnotationSection, keyOf(word, "Layer"), layer));
   controls.scale.SetValue(coreGetFieldDouble(settings, 1.0, 1, kFieldSeparator));
   controls.textSize.SetValue(coreGetFieldDouble(settings, 10.0, 2, kFieldSeparator));
 }
@@ -184,7 +183,7 @@ bool AnnotationSetupDialog::confirm() {
       {"SurfaceFinishSettings", plain(finishes_)},
   };
   TINIFile& file = configuration_.store().file();
-  for (const auto& [key, value] : values) { file.WriteString(kSetupSection, key, value); }
+  for (const auto& [key, value] : values) { file.WriteString(kAnnotationSection, key, value); }
   configuration_.store().flush();
   return true;
 }

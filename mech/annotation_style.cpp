@@ -9,13 +9,12 @@ namespace ardenix::mech {
 
 namespace {
 
-constexpr std::string_view kSetup = "Setup";
 constexpr std::string_view kFont = "Courier New";
 constexpr double kTenthsOfPoint = 3.52777778;  // tenths of a millimetre in a point
 
 std::string setupText(const DefinitionStore& store, const AnnotationKind& kind, std::string_view key,
                       std::string_view fallback) {
-  return store.file().ReadString(kSetup, std::string(kind.word).append(key), fallback);
+  return store.file().ReadString(kAnnotationSection, std::string(kind.word).append(key), fallback);
 }
 
 double textSize(const std::string& settings, const AnnotationKind& kind) {

@@ -8,6 +8,9 @@
 
 namespace ardenix::mech {
 
+// Of the configuration file.
+inline constexpr std::string_view kAnnotationSection = "Setup";
+
 // What the section "Setup" holds of a kind of annotation, under keys that begin with its word: the symbol file, the
 // layer, the font and the settings, a record that begins with the symbol scale.
 struct AnnotationKind {

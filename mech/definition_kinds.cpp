@@ -11,6 +11,7 @@
 #include "mech/rivet_drawer.h"
 #include "mech/screw_drawer.h"
 #include "mech/surface_finish.h"
+#include "mech/weld.h"
 
 namespace ardenix::mech {
 
@@ -103,7 +104,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a weld annotation from the list of weld annotation definitions",
      .addTip = "Add the current weld annotation settings as a new weld annotation definition",
-     .deleteTip = "Delete the currently selected weld annotation definition"},
+     .deleteTip = "Delete the currently selected weld annotation definition",
+     .drawer = make<WeldDrawer>},
     {.section = "RIVETS",
      .keyPrefix = "Bolt",
      .family = kChecked,

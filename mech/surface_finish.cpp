@@ -23,8 +23,6 @@ constexpr Point kCutoffPlace{12.0, 8.0};
 constexpr Point kNotePlace{12.0, 16.0};
 constexpr Point kAllowancePlace{-4.0, 0.0};
 
-constexpr double kCellScale = 0.5;  // the lay symbols fill cells of twice the size
-
 // A record of a library may hold a number beyond the list: none then.
 bool hasLay(const SurfaceFinishRecord& record) {
   const int lay = static_cast<int>(record.lay);

@@ -66,6 +66,10 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets) \
   ROW(MechDrawFlanges, kMechanical, "F&langes...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
+  ROW(MechDrawWelds, kAnnotations, "&Welds...", "weld", "Weld Annotation", mech::drawWelds) \
+  ROW(MechTolerances, kAnnotations, "&Tolerances...", "tolerance_frame", "Tolerance Annotation", \
+      mech::drawTolerances) \
+  ROW(MechDrawToleranceDatum, kAnnotations, "T&olerance Datum", "tolerance_datum", "", mech::drawToleranceDatum) \
   ROW(MechSurfaceFinish, kAnnotations, "S&urface Finish...", "surface_finish", "Surface Finish", \
       mech::drawSurfaceFinish) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
