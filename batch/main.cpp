@@ -6,6 +6,7 @@
 #include "batch/conversion.h"
 #include "batch/descriptions.h"
 #include "batch/exit_codes.h"
+#include "batch/outlines.h"
 #include "batch/script_runs.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
@@ -13,6 +14,7 @@
 #include "host/core/standard_streams.h"
 #include "host/core/system_reason.h"
 #include "host/core/text_encoding.h"
+#include "host/files/drawing_files.h"
 #include "host/scripts/script_syntax.h"
 
 namespace {
@@ -23,6 +25,8 @@ struct CommandLine {
   CLI::App* commands = nullptr;
   CLI::App* describe = nullptr;
   CLI::App* convert = nullptr;
+  CLI::App* outline = nullptr;
+  brevan::CutRequest cut;
   std::string from;
   std::string to;
   brevan::RunOptions runOptions;
@@ -55,6 +59,29 @@ struct CommandLine {
     }
   }
 
+  void addOutline() {
+    outline = app.add_subcommand("outline", "Writes the closed outlines of parts alone, as a machine cuts them");
+    outline->add_option("FILE", cut.from, "A .drg or .dxf file")->required()->check(brevan::checkConvertibleFrom);
+    CLI::Option* groups =
+        outline->add_option("--group", cut.groups, "A part by the name of its group (default: every part)");
+    groups->option_text("NAME")->allow_extra_args(false);
+    outline
+        ->add_option_function<std::pair<double, double>>(
+            "--at",
+            [this](const auto& at) {
+              cut.at = {at.first, at.second};
+            },
+            "The outer outline of the figure at a point, instead of parts")
+        ->option_text("X Y")
+        ->excludes(groups);
+    outline->add_option("-o", cut.to, "The .dxf file to write")
+        ->required()
+        ->option_text("FILE")
+        ->check([](const std::string& path) {
+          return brevan::fileEnding(path) == "dxf" ? "" : "outline writes .dxf files, got \"" + path + "\"";
+        });
+  }
+
   CommandLine() {
     app.set_version_flag("--version", "brevan-batch " BREVAN_VERSION);
     app.add_option("--data", dataFolder, "The folder of libraries, symbols and templates");
@@ -80,6 +107,7 @@ struct CommandLine {
         ->required()
         ->check(brevan::checkConvertibleTo);
     addExportOptions();
+    addOutline();
     commands = app.add_subcommand("commands", "Lists every command of the module");
     describe = app.add_subcommand("describe", "Describes the dialogs of a command");
     describe->add_option("COMMAND", command, "The command's name")->required();
@@ -107,7 +135,7 @@ void print(const std::string& text) {
 }
 
 void execute(const CommandLine& line) {
-  if (line.convert->parsed() || line.run->parsed()) {
+  if (line.convert->parsed() || line.outline->parsed() || line.run->parsed()) {
     brevan::outliveClosedPipes();
     brevan::endSoonAtSignals();
   }
@@ -115,6 +143,7 @@ void execute(const CommandLine& line) {
     brevan::convertDrawing(line.from, line.to, line.exportOptions);
     return;
   }
+  if (line.outline->parsed()) { return brevan::writeOutlines(line.cut); }
   const brevan::Places places = inputs([&line] { return brevan::findPlaces(line.dataFolder); });
   if (line.run->parsed()) {
     brevan::RunOptions options = line.runOptions;

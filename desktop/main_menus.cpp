@@ -83,6 +83,7 @@ void MainWindow::buildMenus() {
   buildEditMenu();
   buildViewMenu();
   buildToolMenus();
+  buildStyleBar();
   buildCommandMenus();
   buildHelpMenu();
   setTheme(setting("DarkTheme", 0) != 0);
@@ -190,7 +191,8 @@ void MainWindow::buildToolMenus() {
   }
 }
 
-// A menu and a tool bar for each family that has commands.
+// A menu and a tool bar for each family that has commands. They have a row of their own, whose end may lie beyond the
+// window's edge, and so push nothing else out of sight.
 void MainWindow::buildCommandMenus() {
   addToolBarBreak();
   for (const FamilyRow& row : kFamilies) {

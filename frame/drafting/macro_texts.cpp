@@ -76,8 +76,18 @@ std::string repeatTeeth(int copies, Point centre, double angle) {
 
 std::string repeatByThirds(Point centre) { return format("#REPEAT 2 \"N\" [%.8f,%.8f] 120", centre.x, centre.y); }
 
+std::string plain(std::string_view macro) { return std::string(macro.substr(macro.starts_with('#') ? 1 : 0)); }
+
+std::string selectNameUnclosed(std::string_view parent, std::string_view group) {
+  return format("#SELECTNAME \"%s %s", parent, group);
+}
+
 std::string filletSides(double radius, Point first, Point second) {
   return format("#FILLET 2 \"Y\" %.8f [%.8f,%.8f] [%.8f,%.8f] [#]", radius, first.x, first.y, second.x, second.y);
+}
+
+std::string filletCorner(double radius, Point near) {
+  return format("FILLET 2 \"N\" %.8f [%.8f,%.8f] [#]", radius, near.x, near.y);
 }
 
 std::string filletFlank(double radius, Point near) {
@@ -112,6 +122,25 @@ std::string cutAroundPolygon(std::span<const Point> corners) {
 
 std::string scale(Point from, double across, double up) {
   return format("#SCALE [%.3f,%.3f] \"N\" %.3f %.3f", from.x, from.y, across, up);
+}
+
+std::string scaleExact(Point from, double across, double up) {
+  return format("#SCALE [%.8f,%.8f] \"N\" %.8f %.8f", from.x, from.y, across, up);
+}
+
+std::string levelDimension(Point line, Point first, Point second) {
+  return format("#HDIM \"F\" [%.3f,%.3f] [%.3f,%.3f] [%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
+std::string levelDimensionFromHere(Point line, Point first, Point second) {
+  return format("#HDIM \"F\" [@%.3f,%.3f] [@%.3f,%.3f] [@%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
+std::string uprightDimension(Point line, Point first, Point second) {
+  return format("#VDIM \"F\" [%.3f,%.3f] [%.3f,%.3f] [%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
 }
 
 std::string addSymbol(std::string_view name, Point at) {

@@ -27,6 +27,7 @@ inline constexpr std::string_view kSelectNewPlainEnd = "SELECTNEW 0";
 inline constexpr std::string_view kUndoStep = "SETMACUNDO 1";
 inline constexpr std::string_view kUndoStepEnd = "SETMACUNDO 0";
 
+inline constexpr std::string_view kShowPowerBar = "SHOWPOWERBAR";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
 inline constexpr std::string_view kDeleteSelection = "#DELSELECT";
 // The cursor, held, runs level and plumb; and runs free again.
@@ -100,8 +101,14 @@ std::string repeatTeeth(int copies, Point centre, double angle);
 // Two copies, so that there are three at 120 degrees.
 std::string repeatByThirds(Point centre);
 
+// The same text without the mark at its start, which the host takes alike.
+std::string plain(std::string_view macro);
+// Selects a group by its name; the quotes are closed by the end of the line.
+std::string selectNameUnclosed(std::string_view parent, std::string_view group);
+
 // Rounds the corner of two sides, each named by a point on it, or the corner nearest a point.
 std::string filletSides(double radius, Point first, Point second);
+std::string filletCorner(double radius, Point near);
 std::string filletFlank(double radius, Point near);  // of a gear's tooth
 
 // An arc through three points; from one point to another, the short way, clockwise for a radius above 0.
@@ -115,8 +122,15 @@ std::string cutAround(Point corner, Point opposite);
 std::string cutCircle(Point centre, Point onCircle);
 // Removes what lies outside a polygon; its corners go out with one decimal.
 std::string cutAroundPolygon(std::span<const Point> corners);
-// Enlarges the selection from a point; three decimals.
+// Enlarges the selection from a point; three decimals, or eight.
 std::string scale(Point from, double across, double up);
+std::string scaleExact(Point from, double across, double up);
+
+// Dimensions of what is measured: where the line lies, then the two points; three decimals. Level ones can be given
+// from the point that the user gave last.
+std::string levelDimension(Point line, Point first, Point second);
+std::string levelDimensionFromHere(Point line, Point first, Point second);
+std::string uprightDimension(Point line, Point first, Point second);
 
 // Places a symbol of a loaded file at its own size, unturned. The name goes out as it is, without quotes; the point
 // with three decimals.
@@ -162,6 +176,8 @@ std::string parallelLine(Point first);
 
 // Asks for a text and keeps it in a macro variable, whose present value is offered. The gap before the variable, here
 // and below, is a blank or a tab; the host takes either.
+inline constexpr std::string_view kEnterDiameters =
+    "#ENTER \"Enter circle diameters with spaces between (enter nothing to stop)\"  cirDiamStr$";
 std::string enter(std::string_view prompt, std::string_view variable, char gap = ' ');
 // Puts what the host knows of a thing into macro variables, named with blanks between them.
 std::string enquire(std::string_view what, std::string_view variables, char gap = ' ');

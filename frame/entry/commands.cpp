@@ -57,20 +57,25 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
 #define COMMANDS_OF_CURRENT_VIEW(ROW) \
   ROW(DisplayMechSetup, kMechanical, "Mechanical &Setup...", "mechanical_setup", "Mechanical Setup", \
       mech::displaySetup) \
-  ROW(MechAnnotationSetup, kAnnotations, "&Annotation Setup...", "annotation_setup", "Annotation Setup", \
+  ROW(MechAnnotationSetup, kAnnotations, "Annotation Setu&p...", "annotation_setup", "Annotation Setup", \
       mech::setUpAnnotations) \
   ROW(MechDrawBolts, kMechanical, "Hex &Bolts...", "hex_bolt", "Hex Bolts", mech::drawBolts) \
   ROW(MechDrawScrews, kMechanical, "Socket S&crews...", "socket_screw", "Socket Screws", mech::drawScrews) \
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts) \
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles) \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets) \
-  ROW(MechDrawFlanges, kMechanical, "F&langes...", "flange", "Flanges", mech::drawFlanges) \
+  ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
+  ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawSlots, kMechanical, "Sl&ots", "slot", "", mech::drawSlots) \
+  ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
+  ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
+  ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
   ROW(MechDrawWelds, kAnnotations, "&Welds...", "weld", "Weld Annotation", mech::drawWelds) \
   ROW(MechTolerances, kAnnotations, "&Tolerances...", "tolerance_frame", "Tolerance Annotation", \
       mech::drawTolerances) \
-  ROW(MechDrawToleranceDatum, kAnnotations, "T&olerance Datum", "tolerance_datum", "", mech::drawToleranceDatum) \
-  ROW(MechSurfaceFinish, kAnnotations, "S&urface Finish...", "surface_finish", "Surface Finish", \
+  ROW(MechDrawToleranceDatum, kAnnotations, "Tolerance Datu&m", "tolerance_datum", "", mech::drawToleranceDatum) \
+  ROW(MechSurfaceFinish, kAnnotations, "Surfac&e Finish...", "surface_finish", "Surface Finish", \
       mech::drawSurfaceFinish) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup) \
