@@ -131,7 +131,7 @@ TEST_F(DialogUse, WhatCannotBeOperatedSaysSo) {
   EXPECT_NE(why(session_->focus(at("Sketch"))), "");
   EXPECT_EQ(every_.dialog.focus(), at("Notes")) << "the focus does not come to a label";
   const DialogSession::Refusal refusals[] = {
-      session_->setText(at("Pen"), "3"),   session_->spin(at("Length"), true),
+      session_->setText(at("Pen"), "0"),   session_->spin(at("Length"), true),
       session_->check(at("Length"), true), session_->choose(at("Length"), "5"),
       session_->press(at("Name")),         session_->editCell(at("Name"), 1, "Width", "5")};
   for (const DialogSession::Refusal& refusal : refusals) { EXPECT_NE(why(refusal), "") << &refusal - refusals; }
