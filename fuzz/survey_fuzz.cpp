@@ -15,9 +15,9 @@
 // What a listing gives has a name and coordinates; a text keeps its commas; a control point reads back as written.
 namespace {
 
-using fuzzing::require;
 using ardenix::commasHidden;
 using ardenix::commasRestored;
+using fuzzing::require;
 using namespace ardenix::survey;
 
 std::vector<std::string> linesOf(const std::string& text) {

@@ -57,8 +57,6 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
 #define COMMANDS_OF_CURRENT_VIEW(ROW) \
   ROW(DisplayMechSetup, kMechanical, "Mechanical &Setup...", "mechanical_setup", "Mechanical Setup", \
       mech::displaySetup) \
-  ROW(MechAnnotationSetup, kAnnotations, "Annotation Setu&p...", "annotation_setup", "Annotation Setup", \
-      mech::setUpAnnotations) \
   ROW(MechDrawBolts, kMechanical, "Hex &Bolts...", "hex_bolt", "Hex Bolts", mech::drawBolts) \
   ROW(MechDrawScrews, kMechanical, "Socket S&crews...", "socket_screw", "Socket Screws", mech::drawScrews) \
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts) \
@@ -71,6 +69,8 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
   ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
   ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
+  ROW(MechAnnotationSetup, kAnnotations, "Annotation Setu&p...", "annotation_setup", "Annotation Setup", \
+      mech::setUpAnnotations) \
   ROW(MechDrawWelds, kAnnotations, "&Welds...", "weld", "Weld Annotation", mech::drawWelds) \
   ROW(MechTolerances, kAnnotations, "&Tolerances...", "tolerance_frame", "Tolerance Annotation", \
       mech::drawTolerances) \
