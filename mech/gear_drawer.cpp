@@ -60,6 +60,7 @@ void GearDrawer::stroke() {
   strokeTeeth();
   view().gsClearSelection();
   strokeBore();
+  if (drawsExtra(kCentreLines)) { strokeCentreLines(); }
 }
 
 void GearDrawer::strokeTeeth() {
@@ -76,6 +77,12 @@ void GearDrawer::strokeTeeth() {
   send(macroText::mirrorAcross(centre + tooth.middleOfRoot, centre + tooth.middleOfSpace));
   send(macroText::linkSelection(kUnnamed));
   send(macroText::repeatTeeth(gear_.teeth - 1, centre, tooth.pitchAngle));
+}
+
+void GearDrawer::strokeCentreLines() const {
+  constexpr double kOverhang = 1.1;  // tip radii
+  centrePen().circle(position(), length(tooth_->middleOfSpace));
+  drawCentreCross(centrePen(), position(), kOverhang * tooth_->tipRadius, kOverhang * tooth_->tipRadius);
 }
 
 void GearDrawer::strokeBore() const {

@@ -22,9 +22,11 @@ class GearDrawer : public RecordDrawer<PlacedDrawer, GearRecord> {
   [[nodiscard]] Point reference() const override { return position(); }
 
  private:
-  void setStyle() const;
+  enum Extra : size_t { kCentreLines };
+
   void strokeTeeth();
   void strokeBore() const;
+  void strokeCentreLines() const;
 
   GearRecord gear_;
   std::optional<GearTooth> tooth_;
