@@ -7,6 +7,8 @@ namespace brevan::macroHandlers {
 
 namespace {
 
+constexpr std::string_view kUnnamed = "_";
+
 // Replaces the selection by what may be seen of a list; locked layers are seen and stay unselected, since
 // nothing may change them.
 void selectOnly(DrawingWindow& window, const std::vector<PrimitiveId>& ids) {
@@ -39,7 +41,7 @@ void refuseLocked(const MacroRun& run, int layer) {
 GroupId linkTarget(DrawingWindow& window, const std::string& name) {
   Drawing& drawing = window.drawing();
   const std::string& parent = window.openGroup().parent();
-  if (name != kUnnamedGroup) {
+  if (name != kUnnamed) {
     if (const GroupId newest = drawing.newestGroup(parent, name)) { return newest; }
   }
   return drawing.addGroup(parent, name);
