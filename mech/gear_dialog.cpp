@@ -55,6 +55,8 @@ constexpr Field<GearRecord> kFields[] = {
 constexpr ExtraRow kExtras[] = {
     {"GearCentre", "Draw pitch circle and centre lines",
      "Check this to draw the circle on which the gear rolls, and its centre lines"},
+    {"GearInvolute", "True involute",
+     "Check this to draw the flanks within a thousandth of the module, undercut where a rack undercuts them"},
 };
 
 constexpr PlacedForm<GearRecord> kForm = {
