@@ -37,25 +37,14 @@ struct CommandLine {
   brevan::ExportOptions exportOptions;
 
   void addExportOptions() {
-    struct Row {
-      const char* name;
-      const char* value;
-      const char* help;
-    };
-    constexpr std::array<Row, 7> kRows = {{{"scale", "1:N|fit", "The picture's scale"},
-                                           {"paper", "NAME", "Its paper, A0 to A4"},
-                                           {"margin", "MM", "The paper's margin that stays empty"},
-                                           {"window", "X1,Y1,X2,Y2", "The part of the drawing to show"},
-                                           {"layers", "NAME,...", "The layers to show"},
-                                           {"dpi", "N", "The dots an inch of a PNG picture"},
-                                           {"dxf-version", "R2000|R2010", "The version of a DXF file"}}};
-    for (const Row& row : kRows) {
+    for (const brevan::ExportOptionText& row : brevan::exportOptionTexts()) {
       const auto set = [this, row](const std::string& value) {
         try {
           brevan::setExportOption(exportOptions, row.name, value);
         } catch (const HostFailure& failure) { throw CLI::ValidationError(brevan::toUtf8(failure.what())); }
       };
-      convert->add_option_function<std::string>(std::string("--") + row.name, set, row.help)->option_text(row.value);
+      convert->add_option_function<std::string>("--" + std::string(row.name), set, std::string(row.help))
+          ->option_text(std::string(row.value));
     }
   }
 

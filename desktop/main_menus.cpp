@@ -251,9 +251,9 @@ void MainWindow::buildStyleBar() {
   lineTypeChoice_->setIconSize(lineTypeIconSize());
   for (int pen = 1; pen <= limits::kPens.most; ++pen) { penChoice_->addItem(QString::number(pen)); }
   for (int type = 1; type <= limits::kListedLineTypes.most; ++type) { lineTypeChoice_->addItem(QString::number(type)); }
-  add(tr("Layer"), layerChoice_);
-  add(tr("Pen"), penChoice_);
-  add(tr("Line type"), lineTypeChoice_);
+  add(tr("&Layer"), layerChoice_);
+  add(tr("&Pen"), penChoice_);
+  add(tr("Line &type"), lineTypeChoice_);
   layerChoice_->setCompleter(nullptr);  // a name is taken as it is typed
   connect(layerChoice_, &QComboBox::textActivated, this, &MainWindow::setStyle);
   connect(layerChoice_->lineEdit(), &QLineEdit::returnPressed, this, &MainWindow::setStyle);
