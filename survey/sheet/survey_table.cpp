@@ -10,7 +10,7 @@ namespace ardenix::survey {
 
 namespace {
 
-constexpr int kCentred = 15;
+constexpr int kCentredCell = 15;
 
 }  // namespace
 
@@ -66,7 +66,7 @@ void SurveyTable::draw() const {
       const Cell& drawn = row.at(column);
       drawEdges(drawn);
       const Point middle = origin_ + drawn.offset + Point{sign_ * drawn.width / 2.0, -sign_ * drawn.height / 2.0};
-      drawText(middle, drawn.text, drawn.style, kCentred);
+      drawText(middle, drawn.text, drawn.style, kCentredCell);
     }
   }
   if (!kind_.empty()) { view_->gsExecuteMacro(macroText::kUnnamedPattern); }
