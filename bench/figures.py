@@ -24,10 +24,11 @@ PROGRAMS = (
     Program("paint_bench"),
     Program("diagram_bench"),
     Program("boundary_bench"),
+    Program("general_plan_bench"),
     Program("desktop_view_bench", rounds=2),
     Program("startup_against_qt.py", rounds=1, needs=("brevan-batch", "empty_qt")),
     Program("startup_of_desktop.py", rounds=1, needs=("brevan",)),
-    Program("bolts_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
+    Program("parts_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
     Program("dxf_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
 )
 
@@ -93,6 +94,11 @@ FIGURES = (
         ("traceParcels", "GEOS", "trace every parcel of a township", "parcels", {"ratio": 1, "growth": 1.1}),
         ("traceParcels", "CGAL", "trace every parcel of a township", "parcels", {"ratio": 1, "growth": 1.1})),
     *_figures(
+        "general_plan_bench",
+        ("areaTable", None, "general plan: number erven and list their areas", "erven", {"seconds": 2, "growth": 1.1}),
+        ("dimensions", "tracing alone", "general plan: dimension every boundary", "erven",
+         {"ratio": 3, "seconds": 2.5, "growth": 1.1})),
+    *_figures(
         "desktop_view_bench",
         ("zoomAll", "Qt alone", "desktop: zoom all", "lines", {"seconds": 1.5}),
         ("zoomStep", None, "desktop: zoom a step", "lines", {}),
@@ -105,8 +111,11 @@ FIGURES = (
         "startup_of_desktop.py",
         ("window", "loading alone", "desktop: start to the window", "window", {"seconds": 0.5}),
         ("lineDrawn", "loading alone", "desktop: start to the first typed line", "line", {})),
-    *_figures("bolts_against_ezdxf.py", (
-        "bolts", "ezdxf", "bolts by one script, to DXF", "bolts", {"ratio": 1 / 12})),
+    *_figures(
+        "parts_against_ezdxf.py",
+        ("bolts", "ezdxf", "bolts by one script, to DXF", "bolts", {"ratio": 1 / 12}),
+        ("flanges", "ezdxf", "flanges by one script, to DXF", "flanges", {"ratio": 1 / 10}),
+        ("gears", "ezdxf", "ten gears by one script, to DXF", "teeth", {"ratio": 1 / 10, "growth": 1.1})),
     *_figures("dxf_against_ezdxf.py", (
         "readAndWrite", "ezdxf", "DXF: read and write, whole program", "primitives", {})),
 )

@@ -8,8 +8,10 @@
 #include "survey/number_formats.h"
 #include "survey/sectional/sectional_commands.h"
 #include "survey/sectional/sectional_sheet.h"
+#include "survey/sheet/extents.h"
 #include "survey/sheet/ruled_table.h"
 #include "survey/surroundings.h"
+#include "survey/text_row.h"
 
 // The outside figure of the land with what stands on it.
 namespace ardenix::survey {

@@ -9,6 +9,8 @@
 #include "survey/sectional/sectional_sheet.h"
 #include "survey/sectional/text_dialogs.h"
 #include "survey/settings_keys.h"
+#include "survey/sheet/extents.h"
+#include "survey/text_row.h"
 
 // The traced outlines of sections on a sheet, each with its name.
 namespace ardenix::survey {

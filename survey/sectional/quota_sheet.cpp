@@ -10,6 +10,7 @@
 #include "survey/sectional/sectional_commands.h"
 #include "survey/sectional/sectional_sheet.h"
 #include "survey/settings_keys.h"
+#include "survey/text_row.h"
 
 // The schedule of a scheme's sections, floor areas and participation quotas.
 namespace ardenix::survey {

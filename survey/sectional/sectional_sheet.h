@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "survey/sectional/sectional_plan_job.h"
+#include "survey/sheet/extents.h"
 #include "survey/sheet/sheet_writer.h"
 
 namespace ardenix::survey {
