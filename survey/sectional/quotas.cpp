@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <span>
 
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
