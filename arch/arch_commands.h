@@ -8,5 +8,11 @@ class ArchToolset;
 void displayArchSetup(ArchToolset& toolset);
 void setWalls(ArchToolset& toolset);
 void drawWalls(ArchToolset& toolset);
+void setElevations(ArchToolset& toolset);
+void drawElevations(ArchToolset& toolset);
+void setRoofLine(ArchToolset& toolset);
+void drawRoofLine(ArchToolset& toolset);
+void setRoofs(ArchToolset& toolset);
+void drawRoofs(ArchToolset& toolset);
 
 }  // namespace ardenix::arch

@@ -45,6 +45,9 @@ class ArchSpecStore {
   // ---- Single settings ------------------------------------------------------------------------------------
   [[nodiscard]] int readInt(std::string_view section, std::string_view key, int fallback = 0) const;
   void writeInt(std::string_view section, std::string_view key, int value);
+  [[nodiscard]] double readDouble(std::string_view section, std::string_view key, double fallback) const;
+  // With three decimals; more that a user wrote into the file stay until the value changes.
+  void writeDouble(std::string_view section, std::string_view key, double value);
   [[nodiscard]] std::string readString(std::string_view section, std::string_view key, std::string_view fallback) const;
   void writeString(std::string_view section, std::string_view key, std::string_view value);
   void flush() { records_.flush(); }

@@ -43,7 +43,7 @@ BoltDimensions boltDimensions(const BoltRecord& record) {
 }
 
 BoltDrawer::BoltDrawer(CCadWindow& view, const DefinitionStore& store)
-    : FastenerOf(view, store, kBoltTrade, boltFields()), dimensions_(boltDimensions(standardBolt(0.0, 0.0))) {}
+    : RecordDrawer(boltFields(), view, store, kBoltTrade), dimensions_(boltDimensions(standardBolt(0.0, 0.0))) {}
 
 FastenerReach BoltDrawer::reach() const {
   return {

@@ -47,11 +47,14 @@ void DefinitionDialog::describeList() {
       .onPress([this] { remove(); });
 }
 
-void DefinitionDialog::follow(const dialog::Handle& control, bool marksEdited) {
-  control.onEdit([this, marksEdited] {
+void DefinitionDialog::follow(const dialog::Handle& control, bool marksEdited, bool settlesOnLeave) {
+  control.onEdit([this, marksEdited, settlesOnLeave] {
     changed_ = changed_ || marksEdited;
-    fieldsChanged();
+    if (!settlesOnLeave) { fieldsChanged(); }
   });
+  if (settlesOnLeave) {
+    control.onLeave([this] { fieldsChanged(); });
+  }
 }
 
 bool DefinitionDialog::run() {
@@ -176,7 +179,7 @@ bool DefinitionDialog::removalWanted() {
 bool DefinitionDialog::confirm() {
   if (!optionsComplete()) { return false; }
   const bool passed = kind_.checksEditsFirst ? settleEdits() && validate() : validate() && settleEdits();
-  if (!passed) { return false; }
+  if (!passed || !drawable()) { return false; }
   accept();
   writeOptions();
   store_.setCurrent(kind_.section, std::max(list_.selected(), 0));

@@ -27,7 +27,8 @@ class DefinitionDialog {
   // ---- Description: rows 1 to 8 of the dialog's grid are the kind's -----------------------------------------
   [[nodiscard]] dialog::Dialog& box() { return dialog_; }
   // What the user edits there changes what is shown; it counts as a change of the definition if it marks it edited.
-  void follow(const dialog::Handle& control, bool marksEdited);
+  // What follows from a control that settles on leaving is shown when the user leaves it.
+  void follow(const dialog::Handle& control, bool marksEdited, bool settlesOnLeave = false);
 
   // ---- Rules of the kind ------------------------------------------------------------------------------------
   virtual void readOptions() {}
@@ -35,6 +36,8 @@ class DefinitionDialog {
   virtual bool optionsComplete() { return true; }
   // Checks the values, tells what is wrong.
   virtual bool validate() { return true; }
+  // Whether a part can be drawn with values that are valid; tells why not. Asked by OK, not where a record is stored.
+  virtual bool drawable() { return true; }
   // A last check before a record is stored, new ones included; tells what is wrong.
   virtual bool mayBeSaved() { return true; }
   // Hands the values to the part to be drawn.

@@ -4,7 +4,10 @@
 #include <cassert>
 
 #include "mech/bolt_drawer.h"
+#include "mech/flange_drawer.h"
+#include "mech/gear_drawer.h"
 #include "mech/hole_drawer.h"
+#include "mech/link_drawer.h"
 #include "mech/nut_drawer.h"
 #include "mech/rivet_drawer.h"
 #include "mech/screw_drawer.h"
@@ -146,7 +149,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a gear from the list of gear definitions",
      .addTip = "Add the current gear settings as a new definition",
-     .deleteTip = "Delete the currently selected gear definition"},
+     .deleteTip = "Delete the currently selected gear definition",
+     .drawer = make<GearDrawer>},
     {.section = "LINKS",
      .keyPrefix = "Bolt",
      .family = kChecked,
@@ -161,7 +165,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a link from the list of link definitions",
      .addTip = "Add the current link settings as a new link definition",
-     .deleteTip = "Delete the currently selected link definition"},
+     .deleteTip = "Delete the currently selected link definition",
+     .drawer = make<LinkDrawer>},
     {.section = "FLANGES",
      .keyPrefix = "Flange",
      .family = kChecked,
@@ -176,7 +181,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = true,
      .listTip = "Select a flange definition from this list",
      .addTip = "Add the current flange settings as a new flange definition",
-     .deleteTip = "Delete the currently selected flange definition"},
+     .deleteTip = "Delete the currently selected flange definition",
+     .drawer = make<FlangeDrawer>},
     {.section = "SURFACE_FINISH",
      .keyPrefix = "Surf",
      .family = kPlain,

@@ -6,6 +6,9 @@
 
 namespace ardenix::mech {
 
+// What the dialogs of all kinds were left with.
+inline constexpr std::string_view kDefaultsSection = "Defaults";
+
 // The mechanical configuration file: the libraries of definitions, one list of records for each kind, and the
 // settings that the dialogs and the drawings read. A list whose record was deleted keeps the last key, empty.
 class DefinitionStore : public RecordStore {

@@ -19,10 +19,8 @@ double Fastener::rootRadius(double root, double crest) const {
 
 Fastener makeFastener(CCadWindow& view, const DefinitionStore& store) {
   Fastener fastener;
+  static_cast<LineStyles&>(fastener) = lineStyles(store);
   fastener.threadGap = threadGap(store) * paperMillimetre(view);
-  fastener.solid = lineStyle(store, LineKind::kSolid);
-  fastener.hidden = lineStyle(store, LineKind::kHidden);
-  fastener.centre = lineStyle(store, LineKind::kCentre);
   return fastener;
 }
 

@@ -40,10 +40,7 @@ struct FastenerTrade {
 
 // What the fasteners have in common while one command draws them: line styles, choices of the dialog, and the
 // place of the part that was drawn last.
-struct Fastener {
-  LineStyle solid;
-  LineStyle hidden;
-  LineStyle centre;
+struct Fastener : LineStyles {
   bool headHidden = false;   // of nuts and holes: the plan
   bool shaftHidden = false;  // likewise: the side view
   bool autoAlign = false;

@@ -8,7 +8,7 @@
 #include "mech/fastener.h"
 #include "mech/fastener_placement.h"
 #include "mech/part_drawer.h"
-#include "mech/record_fields.h"
+#include "mech/record_drawer.h"
 
 namespace ardenix::mech {
 
@@ -52,29 +52,7 @@ class FastenerDrawer : public PartDrawer {
 
 // A fastener whose records are described by a table of fields.
 template <class Record>
-class FastenerOf : public FastenerDrawer {
- public:
-  FastenerOf(CCadWindow& view, const DefinitionStore& store, const FastenerTrade& trade, Fields<Record> fields)
-      : FastenerDrawer(view, store, trade), fields_(fields) {}
-
-  void take(const Record& record) {
-    record_ = record;
-    measure(record_);
-  }
-  void takeRecord(std::string_view text) override { take(readRecord(text, fields_)); }
-  [[nodiscard]] std::string recordText(std::string_view name) const override {
-    return writeRecord(name, record_, fields_);
-  }
-  [[nodiscard]] Fields<Record> fields() const { return fields_; }
-
- protected:
-  // Works out what the drawing measures from.
-  virtual void measure(const Record& record) = 0;
-
- private:
-  Fields<Record> fields_;
-  Record record_{};
-};
+using FastenerOf = RecordDrawer<FastenerDrawer, Record>;
 
 // Centre lines of plans reach so far beyond the outline, in drawing units.
 inline constexpr double kPlanOverhang = 5.0;

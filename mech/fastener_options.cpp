@@ -7,18 +7,9 @@ namespace ardenix::mech {
 
 namespace {
 
-constexpr std::string_view kDefaultsSection = "Defaults";
 constexpr double kSmallestRepeat = 1.0;
 constexpr double kLargestRepeat = 10000.0;
 constexpr int kMostItems = 10000;
-
-std::vector<dialog::RadioItem> styleItems(std::string_view word, std::string_view part) {
-  const auto tip = [&](std::string_view style) {
-    return numberText::format("Check this to draw the %s of the %s using the Mechanical Ardenix's '%s' pen/linestyle",
-                              part, word, style);
-  };
-  return {{"Solid line", tip("solid")}, {"Hidden line", tip("hidden")}};
-}
 
 }  // namespace
 
@@ -66,7 +57,7 @@ void FastenerOptions::addStyles(dialog::Dialog& dialog, int row) {
   const auto add = [&](std::string_view caption, std::string_view part, int column) {
     dialog::Setting setting{.caption = std::string(caption), .group = group, .place = {.column = column}};
     if (caption.empty()) { setting.name = numberText::format("Style of the %s", part); }
-    return addRadio(dialog, std::move(setting), styleItems(texts_.word, part));
+    return StyleChoice(dialog, std::move(setting), numberText::format("%s of the %s", part, texts_.word));
   };
   // Styles of views stand below their views.
   headStyle_ = add(texts_.headStyleCaption, texts_.headPart, texts_.stylesOfViews ? 1 : 0);
@@ -102,8 +93,8 @@ void FastenerOptions::read(const DefinitionStore& store) {
   sideView_.setChecked(file.ReadInt(kDefaultsSection, "DrawElev", 1) != 0);
   planView_.setChecked(file.ReadInt(kDefaultsSection, "DrawPlan", 0) != 0);
   if (texts_.alignable) { align_.setChecked(file.ReadInt(kDefaultsSection, "AutoAlignElev", 0) != 0); }
-  headStyle_.choose(file.ReadInt(kDefaultsSection, "HeadLT", 0) != 0 ? kHidden : kSolid);
-  shaftStyle_.choose(file.ReadInt(kDefaultsSection, "ShaftLT", 0) != 0 ? kHidden : kSolid);
+  headStyle_.read(store, "HeadLT");
+  shaftStyle_.read(store, "ShaftLT");
   showRepeat(readRepeat(file.ReadString(kDefaultsSection, texts_.repeatKey, "")));
 }
 
@@ -120,14 +111,14 @@ void FastenerOptions::write(DefinitionStore& store) const {
   file.WriteInt(kDefaultsSection, "DrawElev", sideView_.checked() ? 1 : 0);
   file.WriteInt(kDefaultsSection, "DrawPlan", planView_.checked() ? 1 : 0);
   if (texts_.alignable) { file.WriteInt(kDefaultsSection, "AutoAlignElev", align_.checked() ? 1 : 0); }
-  file.WriteInt(kDefaultsSection, "HeadLT", headStyle_.chosen() == kHidden ? 1 : 0);
-  file.WriteInt(kDefaultsSection, "ShaftLT", shaftStyle_.chosen() == kHidden ? 1 : 0);
+  headStyle_.write(store, "HeadLT");
+  shaftStyle_.write(store, "ShaftLT");
   file.WriteString(kDefaultsSection, texts_.repeatKey, repeatText(repeat()));
 }
 
 void FastenerOptions::applyTo(Fastener& fastener) const {
-  fastener.headHidden = headStyle_.chosen() == kHidden;
-  fastener.shaftHidden = shaftStyle_.chosen() == kHidden;
+  fastener.headHidden = headStyle_.hidden();
+  fastener.shaftHidden = shaftStyle_.hidden();
   fastener.autoAlign = texts_.alignable && align_.checked();
   fastener.repeat = repeat();
 }

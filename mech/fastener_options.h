@@ -5,6 +5,7 @@
 #include "frame/host/dialog.h"
 #include "mech/definition_store.h"
 #include "mech/fastener.h"
+#include "mech/style_choice.h"
 
 namespace ardenix::mech {
 
@@ -51,14 +52,13 @@ class FastenerOptions {
 
   enum Pattern { kLinearRow, kPolar };
   enum PolarValue { kSpacing, kPitchCircle };
-  enum Style { kSolid, kHidden };
 
   const FastenerOptionTexts& texts_;
   dialog::CheckHandle sideView_;
   dialog::CheckHandle planView_;
   dialog::CheckHandle align_;
-  dialog::RadioHandle headStyle_;
-  dialog::RadioHandle shaftStyle_;
+  StyleChoice headStyle_;
+  StyleChoice shaftStyle_;
   dialog::RadioHandle pattern_;
   CIntEdit number_;
   CFloatEdit value_;

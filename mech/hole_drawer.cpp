@@ -40,7 +40,7 @@ HoleDimensions holeDimensions(const HoleRecord& record) {
 }
 
 HoleDrawer::HoleDrawer(CCadWindow& view, const DefinitionStore& store)
-    : FastenerOf(view, store, kHoleTrade, holeFields()), dimensions_(holeDimensions({})) {}
+    : RecordDrawer(holeFields(), view, store, kHoleTrade), dimensions_(holeDimensions({})) {}
 
 FastenerReach HoleDrawer::reach() const {
   return {.length = dimensions_.length,

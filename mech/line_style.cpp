@@ -23,6 +23,10 @@ LineStyle lineStyle(const DefinitionStore& store, LineKind kind) {
           file.ReadDouble("Setup", prefix + "LW", 0.0) * 10.0};
 }
 
+LineStyles lineStyles(const DefinitionStore& store) {
+  return {lineStyle(store, LineKind::kSolid), lineStyle(store, LineKind::kHidden), lineStyle(store, LineKind::kCentre)};
+}
+
 double threadGap(const DefinitionStore& store) {
   return std::clamp(store.file().ReadDouble("Setup", kThreadGapKey, 0.0), 0.0, kWidestThreadGap);
 }

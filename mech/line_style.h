@@ -34,4 +34,12 @@ double threadGap(const DefinitionStore& store);
 // The style that drawings use: pen 1, line type 1, width 0 where keys are missing.
 LineStyle lineStyle(const DefinitionStore& store, LineKind kind);
 
+// What a part is drawn with.
+struct LineStyles {
+  LineStyle solid;
+  LineStyle hidden;
+  LineStyle centre;
+};
+LineStyles lineStyles(const DefinitionStore& store);
+
 }  // namespace ardenix::mech

@@ -36,7 +36,7 @@ NutDimensions nutDimensions(const NutRecord& record) {
 }
 
 NutDrawer::NutDrawer(CCadWindow& view, const DefinitionStore& store)
-    : FastenerOf(view, store, kNutTrade, nutFields()), dimensions_(nutDimensions({})) {}
+    : RecordDrawer(nutFields(), view, store, kNutTrade), dimensions_(nutDimensions({})) {}
 
 FastenerReach NutDrawer::reach() const {
   const Hexagon& body = dimensions_.body;

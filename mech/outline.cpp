@@ -24,15 +24,28 @@ void drawCrown(const DraftingPen& pen, Point start, Point apex, Point end, ArcSe
 }
 
 void drawThreadArc(const DraftingPen& pen, Point centre, double radius) {
-  const auto atBearing = [&](double bearing) {
+  const auto at = [&](double bearing) {
     return centre + Point{radius * std::sin(radians(bearing)), radius * std::cos(radians(bearing))};
   };
-  pen.arc(atBearing(20.0), centre, atBearing(70.0), ArcSense::kCounterClockwise);
+  pen.arc(at(20.0), centre, at(70.0), ArcSense::kCounterClockwise);
 }
 
 void drawCentreCross(const DraftingPen& pen, Point centre, double across, double up) {
   pen.line(centre + Point{-across, 0}, centre + Point{across, 0});
   pen.line(centre + Point{0, -up}, centre + Point{0, up});
+}
+
+double bearing(Point from, Point to) {
+  double distance = 0.0;
+  double direction = 0.0;
+  coreSurvJoin(from.y, from.x, to.y, to.x, distance, direction);
+  return direction;
+}
+
+Point atBearing(Point from, double bearing, double distance) {
+  Point at;
+  coreSurvPolar(from.y, from.x, bearing, distance, at.y, at.x);
+  return at;
 }
 
 double halfChord(double radius, double distance) {

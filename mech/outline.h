@@ -20,6 +20,10 @@ void drawThreadArc(const DraftingPen& pen, Point centre, double radius);
 // Centre lines of a plan, the horizontal one first, reaching so far from the centre.
 void drawCentreCross(const DraftingPen& pen, Point centre, double across, double up);
 
+// Survey directions, in radians clockwise from the y axis: from one point to another, and the point at one.
+double bearing(Point from, Point to);
+Point atBearing(Point from, double bearing, double distance);
+
 // Half of a chord so far from the centre of a circle; 0 where the chord would miss the circle.
 double halfChord(double radius, double distance);
 

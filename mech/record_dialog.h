@@ -39,7 +39,7 @@ class RecordDialog : public DefinitionDialog {
         body_(box().addGroup({.place = {.row = kBodyRow}})) {
     controls_.describe(box(), body_);
     controls_.forEach([this](const Field<Record>& field, const dialog::Handle& control) {
-      follow(control, field.marksEdited);
+      follow(control, field.marksEdited, field.settlesOnLeave);
       const bool text = std::holds_alternative<std::string Record::*>(field.member);
       if (text) {
         control.onLeave([this] { textsStorable(); });
@@ -58,6 +58,8 @@ class RecordDialog : public DefinitionDialog {
   [[nodiscard]] int addSideGroup(std::string_view caption, int column) {
     return box().addGroup({.caption = std::string(caption), .parent = body_, .place = {.column = column}});
   }
+  // Below the fields.
+  [[nodiscard]] int addGroupBelow() { return box().addGroup({.parent = body_, .place = {.row = 1}}); }
   void addPictures(std::span<const PictureRow<Record>> pictures) {
     pictures_ = pictures;
     if (pictures.empty()) { return; }

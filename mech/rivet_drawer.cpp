@@ -65,7 +65,7 @@ class HeadStrokes {
 }  // namespace
 
 RivetDrawer::RivetDrawer(CCadWindow& view, const DefinitionStore& store)
-    : FastenerOf(view, store, kRivetTrade, rivetFields()) {}
+    : RecordDrawer(rivetFields(), view, store, kRivetTrade) {}
 
 FastenerReach RivetDrawer::reach() const {
   return {.length = rivet_.length, .axisLength = rivet_.length, .planRadius = widestHead() / 2.0};

@@ -54,7 +54,7 @@ ScrewDimensions screwDimensions(const ScrewRecord& record) {
 }
 
 ScrewDrawer::ScrewDrawer(CCadWindow& view, const DefinitionStore& store)
-    : FastenerOf(view, store, kScrewTrade, screwFields()), dimensions_(screwDimensions({})) {}
+    : RecordDrawer(screwFields(), view, store, kScrewTrade), dimensions_(screwDimensions({})) {}
 
 FastenerReach ScrewDrawer::reach() const {
   return {.length = dimensions_.length, .axisLength = dimensions_.length, .planRadius = dimensions_.headRadius};

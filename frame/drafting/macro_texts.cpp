@@ -19,15 +19,21 @@ std::string linkSelection(std::string_view group) { return format("#LINKSEL %s",
 
 std::string selectLayer(std::string_view layer) { return format("#SELECTLAYER %s", quotedForMacro(layer)); }
 
+std::string select(Point at) { return format("SELECT [%.8f,%.8f] [#]", at.x, at.y); }
+
 std::string moveToLayer(std::string_view layer) { return format("#WSNEWLAY %s", quotedForMacro(layer)); }
 
 std::string copyToLayer(std::string_view layer) { return format("#COPYTOLAYER %s", quotedForMacro(layer)); }
 
 std::string newLayer(std::string_view layer) { return format("#NEWLAYER %s", quotedForMacro(layer)); }
 
+std::string plainNewLayer(std::string_view layer) { return format("NEWLAYER %s", quotedForMacro(layer)); }
+
 std::string lineType(int linetype, int pen) { return format("LINETYPE %d %d", linetype, pen); }
 
 std::string width(double width) { return format("WIDTH %f", width); }
+
+std::string exactWidth(double width) { return format("WIDTH %.8f", width); }
 
 std::string editLine(Point at, const LineStyle& style) {
   return format("#EDITLP \"N\" [%.3f,%.3f] %d %d %.3f [#]", at.x, at.y, style.linetype, style.pen, style.width);
@@ -44,12 +50,50 @@ std::string rotateOnto(Point centre, Point from, Point onto) {
 
 std::string move(Point from, Point to) { return format("#MOVE [%.8f,%.8f] [%.8f,%.8f]", from.x, from.y, to.x, to.y); }
 
+std::string mirrorUpDown(Point centre) { return format("#MIRROR [%.8f,%.8f] \"N\" \"Y\"", centre.x, centre.y); }
+
+std::string mirrorAcross(Point first, Point second) {
+  return format("#MIRROR [%.8f,%.8f] \"A\" [%.8f,%.8f] \"Y\"", first.x, first.y, second.x, second.y);
+}
+
 std::string repeatLinear(int copies, Point from, Point to) {
   return format("#REPEAT %d \"Y\" [%.8f,%.8f] [%.8f,%.8f] [#]", copies, from.x, from.y, to.x, to.y);
 }
 
 std::string repeatPolar(int copies, Point centre, double angle) {
   return format("#REPEAT %d \"N\" [%.8f,%.8f] %.8f", copies, centre.x, centre.y, angle);
+}
+
+std::string repeatTeeth(int copies, Point centre, double angle) {
+  return format("#REPEAT %d \"N\"  [%.8f,%.8f]  %.8f", copies, centre.x, centre.y, angle);
+}
+
+std::string repeatByThirds(Point centre) { return format("#REPEAT 2 \"N\" [%.8f,%.8f] 120", centre.x, centre.y); }
+
+std::string plain(std::string_view macro) { return std::string(macro.substr(macro.starts_with('#') ? 1 : 0)); }
+
+std::string selectNameUnclosed(std::string_view parent, std::string_view group) {
+  return format("#SELECTNAME \"%s %s", parent, group);
+}
+
+std::string filletSides(double radius, Point first, Point second) {
+  return format("#FILLET 2 \"Y\" %.8f [%.8f,%.8f] [%.8f,%.8f] [#]", radius, first.x, first.y, second.x, second.y);
+}
+
+std::string filletCorner(double radius, Point near) {
+  return format("FILLET 2 \"N\" %.8f [%.8f,%.8f] [#]", radius, near.x, near.y);
+}
+
+std::string filletFlank(double radius, Point near) {
+  return format("FILLET 2 \"N\" %.8f [%.8f,%.8f]  [#]", radius, near.x, near.y);
+}
+
+std::string arcThrough(Point first, Point second, Point third) {
+  return format("ARC [%.8f,%.8f] [%.8f,%.8f] [%.8f,%.8f] [#]", first.x, first.y, second.x, second.y, third.x, third.y);
+}
+
+std::string arcOfRadius(Point from, Point to, double radius) {
+  return format("ARCR [%.8f,%.8f] [%.8f,%.8f] %.8f [#]", from.x, from.y, to.x, to.y, radius);
 }
 
 std::string cutOut(Point corner, Point opposite) {
@@ -74,9 +118,34 @@ std::string scale(Point from, double across, double up) {
   return format("#SCALE [%.3f,%.3f] \"N\" %.3f %.3f", from.x, from.y, across, up);
 }
 
+std::string scaleExact(Point from, double across, double up) {
+  return format("#SCALE [%.8f,%.8f] \"N\" %.8f %.8f", from.x, from.y, across, up);
+}
+
+std::string levelDimension(Point line, Point first, Point second) {
+  return format("#HDIM \"F\" [%.3f,%.3f] [%.3f,%.3f] [%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
+std::string levelDimensionFromHere(Point line, Point first, Point second) {
+  return format("#HDIM \"F\" [@%.3f,%.3f] [@%.3f,%.3f] [@%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
+std::string uprightDimension(Point line, Point first, Point second) {
+  return format("#VDIM \"F\" [%.3f,%.3f] [%.3f,%.3f] [%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
 std::string addSymbol(std::string_view name, Point at) {
   return format("#ADDSYM %s [%.3f,%.3f] 1 0", name, at.x, at.y);
 }
+
+std::string addTurnedSymbol(std::string_view name, Point at, double angle) {
+  return format("ADDSYM %s [%.3f,%.3f] 1 %.5f", quotedForMacro(name), at.x, at.y, angle);
+}
+
+std::string realSymbols(std::string_view path) { return format("NEWSYMFL %s \"N\" \"N\"", quotedForMacro(path)); }
 
 std::string paperSymbols(std::string_view path) { return format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(path)); }
 
@@ -96,6 +165,10 @@ std::string parallelLines(const ParallelLines& definition) {
   return text;
 }
 
+std::string parallelToFigure(const LineStyle& style, double offset) {
+  return format("PARLLDEF 0 90 90 1 0 0 1 %d %d 0 %f", style.linetype, style.pen, offset);
+}
+
 std::string parallelLine(Point first) { return format("PARLLINE [%.5f,%.5f]", first.x, first.y); }
 
 std::string enter(std::string_view prompt, std::string_view variable, char gap) {
@@ -105,6 +178,10 @@ std::string enter(std::string_view prompt, std::string_view variable, char gap) 
 std::string enquire(std::string_view what, std::string_view variables, char gap) {
   return ("#ENQUIRE " + quotedForMacro(what) + gap).append(variables);
 }
+
+std::string queryElement(Point at) { return format("QUERYEL [%.3f,%.3f] A$ B$ C$ [#]", at.x, at.y); }
+
+std::string cursorTo(Point at) { return format("curtocoordenter %.5f %.5f", at.x, at.y); }
 
 std::string lockAngle(double angle) { return format("#LOCKANG \"K\" %.8f [#]", angle); }
 

@@ -20,16 +20,35 @@ inline constexpr std::string_view kFreeAngle = "#LOCKANG \"U\"";
 // What is drawn between the two joins the selection.
 inline constexpr std::string_view kSelectNew = "#SELECTNEW 1";
 inline constexpr std::string_view kSelectNewEnd = "#SELECTNEW 0";
+// The same without the mark, which the host takes alike; other programs wait for either spelling.
+inline constexpr std::string_view kSelectNewPlain = "SELECTNEW 1";
+inline constexpr std::string_view kSelectNewPlainEnd = "SELECTNEW 0";
 // What happens between the two is one step of undo.
 inline constexpr std::string_view kUndoStep = "SETMACUNDO 1";
 inline constexpr std::string_view kUndoStepEnd = "SETMACUNDO 0";
 
+inline constexpr std::string_view kShowPowerBar = "SHOWPOWERBAR";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
 // Leaves the user's own selecting to the current layer.
 inline constexpr std::string_view kAllLayersOff = "ALLLAYER \"N\"";
 // The cursor snaps to what is near, or to nothing.
 inline constexpr std::string_view kSnapNear = "#curmode \"A\"";
 inline constexpr std::string_view kSnapFree = "#curmode \"F\"";
+// The same without the mark, as architectural commands send it.
+inline constexpr std::string_view kFreeCursor = "curmode \"F\"";
+// Moves the cursor onto the line near it; locks it onto that line; turns the lock square to it; holds the cursor where
+// it is, or releases it; frees it.
+inline constexpr std::string_view kJumpToLine = "jumpnear \"L\"";
+inline constexpr std::string_view kLockOntoCursorLine = "lockang \"L\"[#]";
+inline constexpr std::string_view kLockSquare = "yperp";
+inline constexpr std::string_view kToggleHold = "cursorhold";
+inline constexpr std::string_view kUnlock = "lockang \"U\"";
+// What lies at the cursor: the line, the pattern; and where the cursor is.
+inline constexpr std::string_view kNearLine = "enquire \"NEARLINE\" X1 Y1 X2 Y2 pen linetype";
+inline constexpr std::string_view kNearPattern = "ENQUIRE \"NEARPATNAME\" pat$ xl yl xr yr";
+// Of the symbol: its extent is that of the symbol unturned at the origin.
+inline constexpr std::string_view kNearSymbol = "ENQUIRE \"NEARSYMBOL\" pat$ xs ys scale angle xl yl xr yr";
+inline constexpr std::string_view kCursorPosition = "enquire \"CURPOSN\" xf yf";
 // Brings the cursor to the middle of the paper.
 inline constexpr std::string_view kHome = "#HOME";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
@@ -42,14 +61,18 @@ std::string beginGroup(std::string_view name);
 std::string selectName(std::string_view parent, std::string_view group);
 std::string linkSelection(std::string_view group);
 std::string selectLayer(std::string_view layer);
+std::string select(Point at);
 std::string moveToLayer(std::string_view layer);
 std::string copyToLayer(std::string_view layer);
 // Makes a layer current, a new one where there is none of the name.
 std::string newLayer(std::string_view layer);
+// The same without the mark.
+std::string plainNewLayer(std::string_view layer);
 
 // The style of what is drawn next; the width in tenths of a millimetre on paper.
 std::string lineType(int linetype, int pen);
 std::string width(double width);
+std::string exactWidth(double width);  // with eight decimals
 // Gives the line at a point another style; the width with three decimals, like the point.
 std::string editLine(Point at, const LineStyle& style);
 
@@ -58,10 +81,31 @@ std::string editLine(Point at, const LineStyle& style);
 std::string rotate(Point centre, double angle);
 std::string rotateOnto(Point centre, Point from, Point onto);
 std::string move(Point from, Point to);
+// Mirrors the selection about a level line through a point, or the line of two points; the original stays.
+std::string mirrorUpDown(Point centre);
+std::string mirrorAcross(Point first, Point second);
 // Adds copies of the selection, each displaced by the vector from -> to, or turned about `centre` by the
 // angle.
 std::string repeatLinear(int copies, Point from, Point to);
 std::string repeatPolar(int copies, Point centre, double angle);
+// Round a gear, with the blanks that its macros have had from the start.
+std::string repeatTeeth(int copies, Point centre, double angle);
+// Two copies, so that there are three at 120 degrees.
+std::string repeatByThirds(Point centre);
+
+// The same text without the mark at its start, which the host takes alike.
+std::string plain(std::string_view macro);
+// Selects a group by its name; the quotes are closed by the end of the line.
+std::string selectNameUnclosed(std::string_view parent, std::string_view group);
+
+// Rounds the corner of two sides, each named by a point on it, or the corner nearest a point.
+std::string filletSides(double radius, Point first, Point second);
+std::string filletCorner(double radius, Point near);
+std::string filletFlank(double radius, Point near);  // of a gear's tooth
+
+// An arc through three points; from one point to another, the short way, clockwise for a radius above 0.
+std::string arcThrough(Point first, Point second, Point third);
+std::string arcOfRadius(Point from, Point to, double radius);
 
 // Removes what the selection, or else the drawing, has inside the window between two corners.
 std::string cutOut(Point corner, Point opposite);
@@ -70,12 +114,23 @@ std::string cutAround(Point corner, Point opposite);
 std::string cutCircle(Point centre, Point onCircle);
 // Removes what lies outside a polygon; its corners go out with one decimal.
 std::string cutAroundPolygon(std::span<const Point> corners);
-// Enlarges the selection from a point; three decimals.
+// Enlarges the selection from a point; three decimals, or eight.
 std::string scale(Point from, double across, double up);
+std::string scaleExact(Point from, double across, double up);
+
+// Dimensions of what is measured: where the line lies, then the two points; three decimals. Level ones can be given
+// from the point that the user gave last.
+std::string levelDimension(Point line, Point first, Point second);
+std::string levelDimensionFromHere(Point line, Point first, Point second);
+std::string uprightDimension(Point line, Point first, Point second);
 
 // Places a symbol of a loaded file at its own size, unturned. The name goes out as it is, without quotes; the point
 // with three decimals.
 std::string addSymbol(std::string_view name, Point at);
+// Places a symbol turned by degrees; the name is quoted.
+std::string addTurnedSymbol(std::string_view name, Point at, double angle);
+// Loads a symbol file whose symbols have their real size and serve in this window.
+std::string realSymbols(std::string_view path);
 // Loads a symbol file whose symbols are millimetres on paper and serve in every window.
 std::string paperSymbols(std::string_view path);
 // Inserts a drawing at its own size, unturned; the point with five decimals.
@@ -98,15 +153,26 @@ struct ParallelLines {
   std::vector<Line> lines{};
 };
 std::string parallelLines(const ParallelLines& definition);
-// Starts parallel lines by the definition given before; the point with five decimals.
+// One line that follows a closed figure, to the left of it where the offset is below 0.
+std::string parallelToFigure(const LineStyle& style, double offset);
+// Starts parallel lines by the definition given before; the point with five decimals. Without one the host asks for it.
+inline constexpr std::string_view kParallelLine = "PARLLINE";
 std::string parallelLine(Point first);
 
 // Asks for a text and keeps it in a macro variable, whose present value is offered. The gap before the variable, here
 // and below, is a blank or a tab; the host takes either.
+inline constexpr std::string_view kEnterDiameters =
+    "#ENTER \"Enter circle diameters with spaces between (enter nothing to stop)\"  cirDiamStr$";
 std::string enter(std::string_view prompt, std::string_view variable, char gap = ' ');
 // Puts what the host knows of a thing into macro variables, named with blanks between them.
 std::string enquire(std::string_view what, std::string_view variables, char gap = ' ');
+// The style of what is drawn next: line type, pen and width in L, P and W.
+inline constexpr std::string_view kEnquireLineSettings = "ENQUIRE \"LINEDEF\" L P W C S F R G B";
 
+// What lies at a point: A$ tells its kind and, of a symbol, the file and the name.
+std::string queryElement(Point at);
+// Brings the cursor to a point as if it were typed.
+std::string cursorTo(Point at);
 // Locks the cursor at an angle, or to the line at a point.
 std::string lockAngle(double angle);
 std::string lockOntoLine(Point at);

@@ -24,8 +24,8 @@ void DraftingPen::arc(Point start, Point centre, Point end, ArcSense sense) cons
   view_.gsAddPrim();
 }
 
-void DraftingPen::circle(Point centre, double radius) const {
-  const Point start{centre.x - radius, centre.y};
+void DraftingPen::circle(Point centre, double radius, CircleStart from) const {
+  const Point start{centre.x + (from == CircleStart::kLeft ? -radius : radius), centre.y};
   arc(start, centre, start, ArcSense::kClockwise);
 }
 

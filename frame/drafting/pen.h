@@ -13,6 +13,7 @@
 namespace ardenix {
 
 enum class ArcSense : int { kCounterClockwise = 0, kClockwise = 1 };
+enum class CircleStart { kLeft, kRight };
 
 // How a text is written, as the host's font call takes it. Sizes and angles hold on paper.
 struct TextStyle {
@@ -48,8 +49,8 @@ class DraftingPen {
   void path(std::span<const Point> points) const;
   void path(std::initializer_list<Point> points) const { path(std::span(points.begin(), points.size())); }
   void arc(Point start, Point centre, Point end, ArcSense sense) const;
-  // Starts at the leftmost point and runs clockwise.
-  void circle(Point centre, double radius) const;
+  // Runs clockwise.
+  void circle(Point centre, double radius, CircleStart from = CircleStart::kLeft) const;
   // In the text style's own pen and a continuous line of no width. An empty text draws nothing.
   void text(Point at, std::string_view text, const TextStyle& style) const;
   // From the tail to the head.

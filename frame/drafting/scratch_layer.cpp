@@ -15,9 +15,19 @@ bool isScratchName(std::string_view layer) {
   return std::ranges::find(kNames, layer) != std::end(kNames);
 }
 
+// The host leaves what is locked alone.
+void removeScratchLayer(CCadWindow& view, std::string_view name) {
+  const int leftover = view.gsGetLayerIndexFromName(name);
+  LayerDef layer;
+  if (leftover < 0 || view.gsGetLayerDefIndex(leftover, layer) == 0) { return; }
+  layer.locked = false;
+  view.gsSetLayerDefIndex(leftover, layer);
+  view.gsDeleteLayer(leftover);
+}
+
 ScratchLayer::ScratchLayer(CCadWindow& view, std::string_view name, Surroundings surroundings)
     : view_(view), name_(name) {
-  removeLeftovers();
+  removeScratchLayer(view_, name_);
   current_ = view_.gsGetCurrentLayer();
   LayerDef current;
   const bool shown = view_.gsGetLayerDefIndex(current_, current) != 0 && current.visible;
@@ -25,16 +35,6 @@ ScratchLayer::ScratchLayer(CCadWindow& view, std::string_view name, Surroundings
   if (surroundings == Surroundings::kShown || !shown) { return; }
   hidden_ = current_;
   view_.gsSetLayerVisibility(hidden_, 0, 0);
-}
-
-// The host leaves what is locked alone.
-void ScratchLayer::removeLeftovers() {
-  const int leftover = view_.gsGetLayerIndexFromName(name_);
-  LayerDef layer;
-  if (leftover < 0 || view_.gsGetLayerDefIndex(leftover, layer) == 0) { return; }
-  layer.locked = false;
-  view_.gsSetLayerDefIndex(leftover, layer);
-  view_.gsDeleteLayer(leftover);
 }
 
 // What the host refuses here it has rolled back, or will.
@@ -60,10 +60,15 @@ void ScratchLayer::copyTo(std::string_view target) {
   discard();
 }
 
+void ScratchLayer::showSurroundings() {
+  const int hidden = std::exchange(hidden_, kNone);
+  if (hidden != kNone) { view_.gsSetLayerVisibility(hidden, 1, 0); }
+}
+
 void ScratchLayer::discard() {
   if (layer_ == kNone) { return; }
   const int layer = std::exchange(layer_, kNone);
-  if (hidden_ != kNone) { view_.gsSetLayerVisibility(hidden_, 1, 0); }
+  showSurroundings();
   view_.gsSetCurrentLayer(current_);
   view_.gsDeleteLayer(layer);
 }

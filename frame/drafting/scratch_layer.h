@@ -22,6 +22,9 @@ enum class Surroundings {
   kCurrentHidden,  // the layer that was current is hidden until the part is finished
 };
 
+// Deletes what an interrupted command left on a scratch layer, and the layer.
+void removeScratchLayer(CCadWindow& view, std::string_view name);
+
 // The layer of its own on which a part is drawn, and from which it goes to its target. While the object lives the
 // scratch layer is current, unlocked and shown. However the object goes, the scratch layer is deleted with what is left
 // on it, and the layer that was current is current again.
@@ -39,6 +42,9 @@ class ScratchLayer {
   void moveTo(std::string_view target);
   void copyTo(std::string_view target);
 
+  // What was hidden can be picked and cut again.
+  void showSurroundings();
+
   // Keeps nothing of what lies on the layer.
   void discard();
 
@@ -46,8 +52,6 @@ class ScratchLayer {
   void leaveCurrent(int layer) { current_ = layer; }
 
  private:
-  void removeLeftovers();
-
   CCadWindow& view_;
   std::string name_;
   int current_ = 0;

@@ -10,6 +10,7 @@
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
+#include "mech/part_commands.h"
 #include "survey/setup_commands.h"
 #include "survey/trace_tool.h"
 
@@ -48,28 +49,45 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
 
 // One row a command: export, trade, menu caption, icon, the dialog whose page of help is its own, operation. The rows
 // give the exports and the command list; the operation's argument says which toolset it runs in.
-#define COMMANDS_OF_CURRENT_VIEW(ROW)                                                                            \
-  ROW(DisplayMechSetup, kMechanical, "Mechanical &Setup...", "mechanical_setup", "Mechanical Setup",             \
-      mech::displaySetup)                                                                                        \
-  ROW(MechDrawBolts, kMechanical, "Hex &Bolts...", "hex_bolt", "Hex Bolts", mech::drawBolts)                     \
-  ROW(MechDrawScrews, kMechanical, "Socket S&crews...", "socket_screw", "Socket Screws", mech::drawScrews)       \
-  ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts)                                      \
-  ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles)         \
-  ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets)                            \
+// Not aligned, so that a new row changes no other.
+// clang-format off
+#define COMMANDS_OF_CURRENT_VIEW(ROW) \
+  ROW(DisplayMechSetup, kMechanical, "Mechanical &Setup...", "mechanical_setup", "Mechanical Setup", \
+      mech::displaySetup) \
+  ROW(MechDrawBolts, kMechanical, "Hex &Bolts...", "hex_bolt", "Hex Bolts", mech::drawBolts) \
+  ROW(MechDrawScrews, kMechanical, "Socket S&crews...", "socket_screw", "Socket Screws", mech::drawScrews) \
+  ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts) \
+  ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles) \
+  ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets) \
+  ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
+  ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
+  ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawSlots, kMechanical, "Sl&ots", "slot", "", mech::drawSlots) \
+  ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
+  ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
+  ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
-      arch::displayArchSetup)                                                                                    \
-  ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls)     \
-  ROW(ArchDrawWalls, kArchitectural, "&Draw Walls...", "wall", "Wall Setup (internal)", arch::drawWalls)
+      arch::displayArchSetup) \
+  ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \
+  ROW(ArchDrawWalls, kArchitectural, "&Draw Walls...", "wall", "Wall Setup (internal)", arch::drawWalls) \
+  ROW(ArchSetElev, kArchitectural, "&Elevation Setup...", "elevation_setup", "Elevation Setup", arch::setElevations) \
+  ROW(ArchDrawElev, kArchitectural, "Draw E&levations...", "elevation", "Elevation Setup", arch::drawElevations) \
+  ROW(ArchSetRoofLine, kArchitectural, "Roof Line Se&tup...", "roof_line_setup", "Roof Line Setup", \
+      arch::setRoofLine) \
+  ROW(ArchRoofLine, kArchitectural, "Draw Roof L&ine...", "roof_line", "Roof Line Setup", arch::drawRoofLine) \
+  ROW(ArchSetRoofs, kArchitectural, "Roof Set&up...", "roof_setup", "Roof Setup", arch::setRoofs) \
+  ROW(ArchDrawRoofs, kArchitectural, "Draw &Roofs...", "roof", "Roof Setup", arch::drawRoofs)
 
-#define COMMANDS_OF_GIVEN_VIEW(ROW)                                                                            \
-  ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults",        \
-      survey::setUpDiagrams)                                                                                   \
-  ROW(SG_GenplanEditor, kGeneralPlanSettings, "&General Plan: Setup...", "general_plan_setup",                 \
-      "General Plan Defaults", survey::setUpGeneralPlans)                                                      \
-  ROW(SG_TracePolyArea, kDiagrams, "SG Diagram: &Trace Figure", "trace_figure", "", survey::tracePolyArea)     \
+#define COMMANDS_OF_GIVEN_VIEW(ROW) \
+  ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults", \
+      survey::setUpDiagrams) \
+  ROW(SG_GenplanEditor, kGeneralPlanSettings, "&General Plan: Setup...", "general_plan_setup", \
+      "General Plan Defaults", survey::setUpGeneralPlans) \
+  ROW(SG_TracePolyArea, kDiagrams, "SG Diagram: &Trace Figure", "trace_figure", "", survey::tracePolyArea) \
   ROW(SG_AdjustDrawing, kDiagrams, "SG Diagram: Ad&just Drawing", "adjust_drawing", "", survey::adjustDrawing) \
-  ROW(SG_SectionEditor, kSectionalPlanSettings, "&Sectional Plan: Setup...", "sectional_plan_setup",           \
+  ROW(SG_SectionEditor, kSectionalPlanSettings, "&Sectional Plan: Setup...", "sectional_plan_setup", \
       "Sectional Defaults", survey::setUpSectionalPlans)
+// clang-format on
 
 namespace {
 

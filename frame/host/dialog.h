@@ -211,9 +211,10 @@ class CNumberEdit : public dialog::Handle {
   }
 
  protected:
+  // What the text shows while it is being typed. A field left alone keeps the digits that its format does not show.
   [[nodiscard]] double number() const {
     const dialog::NumberEdit& edit = as<dialog::NumberEdit>();
-    return numberText::parseTyped(edit.text).value_or(edit.value);
+    return edit.edited ? numberText::parseTyped(edit.text).value_or(edit.value) : edit.value;
   }
   void show(double value, std::string text) const {
     dialog::NumberEdit& edit = as<dialog::NumberEdit>();
@@ -230,7 +231,7 @@ class CFloatEdit : public CNumberEdit {
   void SetValue(double value) const {
     CNumberEdit::show(value, numberText::format(as<dialog::NumberEdit>().format, value));
   }
-  // The number that the text shows; the last one accepted while the text is no number.
+  // The number last set or typed; the last one accepted while the text is no number.
   [[nodiscard]] double GetValue() const { return number(); }
 };
 

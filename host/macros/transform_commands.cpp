@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "host/drawing/drawing.h"
 #include "host/geometry/transform.h"
 #include "host/macros/command.h"
@@ -68,6 +70,15 @@ Transform turnByDegrees(Point about, double angle) {
   return Transform::rotation(about, unit.x, unit.y);
 }
 
+// Degrees from one item to the next. Items that are to share a full turn come with an angle cut to its printed
+// decimals: the gap that leaves would keep the last from meeting the first.
+double angleBetween(double items, double printed) {
+  constexpr double kFullTurn = 360.0;
+  constexpr double kPrinted = 1e-5;
+  return std::fabs(items * std::fabs(printed) - kFullTurn) <= kPrinted ? std::copysign(kFullTurn / items, printed)
+                                                                       : printed;
+}
+
 void mirror(MacroRun& run, const Transform& transform, bool keepOriginal) {
   Drawing& drawing = run.window.drawing();
   if (!keepOriginal) {
@@ -117,7 +128,7 @@ void repeatLinear(MacroRun& run) {
 
 void repeatPolar(MacroRun& run) {
   const Point centre = run.point(1);
-  const double angle = run.number(2);
+  const double angle = angleBetween(run.number(0) + 1.0, run.number(2));
   repeat(run, [centre, angle](int copy) { return turnByDegrees(centre, angle * copy); });
 }
 

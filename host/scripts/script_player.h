@@ -63,6 +63,7 @@ class ScriptPlayer {
   void setLayerState(const Statement& statement);
   void setStyle(const Statement& statement);
   void draw(const Statement& statement);
+  void setSelection(const Statement& statement);
   void runMacro(const Statement& statement);
   void readVariable(const Statement& statement);
   void runTool(const Statement& statement);

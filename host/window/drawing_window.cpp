@@ -14,8 +14,8 @@ void OpenGroup::setParent(std::string_view parent) {
 }
 
 void OpenGroup::begin(std::string_view name) {
-  if (!parentIsFresh_ && name_ == name) { return; }
-  name_ = name;
+  if (!parentIsFresh_ && name_ == name && name != kUnnamedGroup) { return; }
+  name_ = name.empty() ? std::nullopt : std::optional<std::string>(name);
   id_ = 0;
   parentIsFresh_ = false;
 }
@@ -65,6 +65,7 @@ void DrawingWindow::resetForCommand() {
   selectsNew_ = false;
   escaped_ = back_ = false;
   services_.user.allowBack(false);
+  macroState_.promptsForPerimeter = false;
   marks_.clear();
   scans_.clear();
   groupCursor_ = {};

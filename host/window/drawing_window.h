@@ -40,12 +40,16 @@ struct Mark {
   int pen = 1;
 };
 
+// The name of groups that have none.
+inline constexpr std::string_view kUnnamedGroup = "_";
+
 // The group that is open for what is drawn next. It enters the drawing with its first primitive.
 class OpenGroup {
  public:
   // Ends the open group; what is drawn before the next one begins belongs to none.
   void setParent(std::string_view parent);
-  // After setParent always a new group; else a name that is open already goes on.
+  // After setParent always a new group; else a name that is open already goes on. Without a name it always begins a new
+  // one; an empty name ends the open group.
   void begin(std::string_view name);
   // The group for a new primitive, made where it is not there yet; 0 where none is open.
   GroupId forNewPrimitive(Drawing& drawing);

@@ -52,6 +52,15 @@ TEST_F(DialogUse, ANumberIsTakenAsAPersonTypesItOrRefusedWithItsRule) {
   EXPECT_EQ(every_.count.GetValue(), 7);
 }
 
+TEST_F(DialogUse, ANumberLeftAloneKeepsTheDigitsThatAreNotShown) {
+  every_.length.SetValue(22.15004);
+  EXPECT_EQ(valueOf("Length"), "22.150");
+  EXPECT_EQ(why(session_->setText(at("Number ="), "7")), "");
+  EXPECT_EQ(every_.length.GetValue(), 22.15004);
+  EXPECT_EQ(why(session_->setText(at("Length"), "22.15")), "");
+  EXPECT_EQ(every_.length.GetValue(), 22.15);
+}
+
 TEST_F(DialogUse, TypingRaisesTheEditRuleAtEachKey) {
   session_->focus(at("Number ="));
   takeLog();
@@ -122,7 +131,7 @@ TEST_F(DialogUse, WhatCannotBeOperatedSaysSo) {
   EXPECT_NE(why(session_->focus(at("Sketch"))), "");
   EXPECT_EQ(every_.dialog.focus(), at("Notes")) << "the focus does not come to a label";
   const DialogSession::Refusal refusals[] = {
-      session_->setText(at("Pen"), "3"),   session_->spin(at("Length"), true),
+      session_->setText(at("Pen"), "0"),   session_->spin(at("Length"), true),
       session_->check(at("Length"), true), session_->choose(at("Length"), "5"),
       session_->press(at("Name")),         session_->editCell(at("Name"), 1, "Width", "5")};
   for (const DialogSession::Refusal& refusal : refusals) { EXPECT_NE(why(refusal), "") << &refusal - refusals; }

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "arch/elevation_drawer.h"
+#include "arch/style_fields.h"
+#include "frame/services.h"
+
+namespace ardenix::arch {
+
+// Edits how elevations are drawn.
+class ElevationDialog {
+ public:
+  ElevationDialog(const Services& services, ArchSpecStore& store, ElevationDrawer& drawer);
+  ElevationDialog(const ElevationDialog&) = delete;
+  ElevationDialog& operator=(const ElevationDialog&) = delete;
+
+  // True when it was closed with OK; the settings are then saved.
+  bool run();
+
+ private:
+  void open();
+  [[nodiscard]] bool mayBeSaved();
+  bool confirm();
+
+  const Services& services_;
+  ElevationDrawer& drawer_;
+  dialog::Dialog dialog_{"Elevation Setup"};
+  LayerFields layers_;
+  StyleFields style_;
+  CFloatEdit eavesHeight_;
+  CFloatEdit headHeight_;
+};
+
+}  // namespace ardenix::arch
