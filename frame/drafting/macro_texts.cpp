@@ -147,6 +147,8 @@ std::string addTurnedSymbol(std::string_view name, Point at, double angle) {
 
 std::string realSymbols(std::string_view path) { return format("NEWSYMFL %s \"N\" \"N\"", quotedForMacro(path)); }
 
+std::string addNamedSymbol(Point at) { return addSymbol("SYM$", at); }
+
 std::string paperSymbols(std::string_view path) { return format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(path)); }
 
 std::string load(std::string_view path, Point at) {
@@ -186,5 +188,9 @@ std::string cursorTo(Point at) { return format("curtocoordenter %.5f %.5f", at.x
 std::string lockAngle(double angle) { return format("#LOCKANG \"K\" %.8f [#]", angle); }
 
 std::string lockOntoLine(Point at) { return format("#LOCKANG L [%.8f,%.8f]", at.x, at.y); }
+
+std::string lockOntoPickedLine(Point at) { return format("#LOCKANG \"L\" [%.3f,%.3f]", at.x, at.y); }
+
+std::string drawBoundary(Point inside) { return format("#AUTOPERIM 0 [%.3f,%.3f]", inside.x, inside.y); }
 
 }  // namespace ardenix::macroText

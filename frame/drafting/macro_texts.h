@@ -27,10 +27,16 @@ inline constexpr std::string_view kSelectNewPlainEnd = "SELECTNEW 0";
 inline constexpr std::string_view kUndoStep = "SETMACUNDO 1";
 inline constexpr std::string_view kUndoStepEnd = "SETMACUNDO 0";
 
+// Deletes the selection.
+inline constexpr std::string_view kDeleteSelection = "#DELSELECT";
+inline constexpr std::string_view kClearCurrent = "#CLEARCURROBJ";
+inline constexpr std::string_view kClearWorkSpace = "#CLEARWS";
 inline constexpr std::string_view kShowPowerBar = "SHOWPOWERBAR";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
 // Leaves the user's own selecting to the current layer.
 inline constexpr std::string_view kAllLayersOff = "ALLLAYER \"N\"";
+inline constexpr std::string_view kThisLayerOnly = "#ALLLAYER \"N\"";  // the same, as circles of beacons send it
+inline constexpr std::string_view kAllLayersOn = "ALLLAYER \"Y\"";
 // The cursor snaps to what is near, or to nothing.
 inline constexpr std::string_view kSnapNear = "#curmode \"A\"";
 inline constexpr std::string_view kSnapFree = "#curmode \"F\"";
@@ -51,6 +57,8 @@ inline constexpr std::string_view kNearSymbol = "ENQUIRE \"NEARSYMBOL\" pat$ xs 
 inline constexpr std::string_view kCursorPosition = "enquire \"CURPOSN\" xf yf";
 // Brings the cursor to the middle of the paper.
 inline constexpr std::string_view kHome = "#HOME";
+// Brings the cursor onto what is near.
+inline constexpr std::string_view kJumpNear = "#JUMPNEAR";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
 inline constexpr std::string_view kPolyline = "#POLY";
 inline constexpr std::string_view kPlainLine = "#LINETYPE 1 1";
@@ -129,6 +137,8 @@ std::string uprightDimension(Point line, Point first, Point second);
 std::string addSymbol(std::string_view name, Point at);
 // Places a symbol turned by degrees; the name is quoted.
 std::string addTurnedSymbol(std::string_view name, Point at, double angle);
+// The same for the symbol that macro variable SYM$ names.
+std::string addNamedSymbol(Point at);
 // Loads a symbol file whose symbols have their real size and serve in this window.
 std::string realSymbols(std::string_view path);
 // Loads a symbol file whose symbols are millimetres on paper and serve in every window.
@@ -176,5 +186,10 @@ std::string cursorTo(Point at);
 // Locks the cursor at an angle, or to the line at a point.
 std::string lockAngle(double angle);
 std::string lockOntoLine(Point at);
+// The same with three decimals.
+std::string lockOntoPickedLine(Point at);
+
+// Draws the smallest closed boundary round a point as lines; three decimals.
+std::string drawBoundary(Point inside);
 
 }  // namespace ardenix::macroText

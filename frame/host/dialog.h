@@ -248,6 +248,14 @@ class CIntEdit : public CNumberEdit {
   }
 };
 
+// A whole number, or none.
+class COptionalIntEdit : public CIntEdit {
+ public:
+  using CIntEdit::CIntEdit;
+  [[nodiscard]] bool IsEmpty() const { return as<dialog::NumberEdit>().text.empty(); }
+  void Clear() const { CNumberEdit::show(0, ""); }
+};
+
 class CIntSpinCtrl : public CIntEdit {
  public:
   using CIntEdit::CIntEdit;
@@ -323,6 +331,15 @@ inline CIntSpinCtrl addSpin(Dialog& dialog, Setting setting, int minimum, int ma
   const CIntEdit number = addInteger(dialog, std::move(setting), minimum, maximum);
   dialog.state<NumberEdit>(number.index()).spin = true;
   return {dialog, number.index()};
+}
+
+// Empty to begin with.
+inline COptionalIntEdit addOptionalInteger(Dialog& dialog, Setting setting, int minimum, int maximum) {
+  const CIntEdit edit = addInteger(dialog, std::move(setting), minimum, maximum);
+  dialog.state<NumberEdit>(edit.index()).mayBeEmpty = true;
+  const COptionalIntEdit handle(dialog, edit.index());
+  handle.Clear();
+  return handle;
 }
 
 inline TextHandle addText(Dialog& dialog, Setting setting, int limit = 255, bool multiline = false) {

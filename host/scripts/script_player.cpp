@@ -41,6 +41,7 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
       {"window", 2, 2, &ScriptPlayer::goToWindow},
       {"closewindow", 2, 2, &ScriptPlayer::closeWindow},
       {"sheet", 3, 5, &ScriptPlayer::setSheet},
+      {"view", 3, 3, &ScriptPlayer::setView},
       {"layer", 2, 2, &ScriptPlayer::setLayer},
       {"layerstate", 4, 4, &ScriptPlayer::setLayerState},
       {"style", 4, 4, &ScriptPlayer::setStyle},
@@ -240,6 +241,8 @@ void ScriptPlayer::setSheet(const Statement& statement) {
   if (statement.words.size() == 5) { sheet->corner = cursor_.point(statement, 3); }
   host_.window().drawing().setSheet(std::move(sheet));
 }
+
+void ScriptPlayer::setView(const Statement& statement) { host_.window().setSeen(cursor_.point(statement, 1)); }
 
 // ---- Drawing -----------------------------------------------------------------------------------------------
 

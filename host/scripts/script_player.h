@@ -59,6 +59,7 @@ class ScriptPlayer {
   void goToWindow(const Statement& statement);
   void closeWindow(const Statement& statement);
   void setSheet(const Statement& statement);
+  void setView(const Statement& statement);
   void setLayer(const Statement& statement);
   void setLayerState(const Statement& statement);
   void setStyle(const Statement& statement);

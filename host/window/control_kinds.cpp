@@ -199,7 +199,7 @@ constexpr auto kKinds = std::tuple{
                             [](const NumberEdit& edit) {
                               const std::string unit = edit.unit.empty() ? "" : " " + edit.unit;
                               return numberText::shortest(edit.minimum) + " to " + numberText::shortest(edit.maximum) +
-                                     unit;
+                                     unit + (edit.mayBeEmpty ? ", or nothing" : "");
                             },
                         .type = typeNumber},
     KindRow<TextEdit>{
@@ -411,6 +411,7 @@ int entryNamed(const Texts& entries, std::string_view name) {
 }
 
 Refusal refusalOf(std::string_view name, const NumberEdit& edit) {
+  if (edit.mayBeEmpty && edit.text.empty()) { return std::nullopt; }
   const auto value = numberText::parseTyped(edit.text);
   const bool whole = !edit.integer || (value && *value == std::floor(*value));
   if (value && whole && *value >= edit.minimum && *value <= edit.maximum) { return std::nullopt; }

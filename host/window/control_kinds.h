@@ -52,7 +52,6 @@ std::string inQuotes(std::string_view text);
 // `"Name" is a check box and WHAT`.
 std::string notThisKind(const std::string& name, const dialog::State& state, std::string_view what);
 
-// The place of an entry, the exact one before one that differs in case; -1 where there is none.
 // The place of the column that a script calls so, -1 where there is none.
 template <class Columns>
 int columnNamed(const Columns& columns, std::string_view address) {
@@ -60,6 +59,8 @@ int columnNamed(const Columns& columns, std::string_view address) {
       columns, [address](const auto& column) { return equalWithoutCase(dialog::addressOf(column), address); });
   return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
+
+// The place of an entry, the exact one before one that differs in case; -1 where there is none.
 int entryNamed(const std::vector<std::string>& entries, std::string_view name);
 
 // Why a number field refuses its text; nothing where it takes it.

@@ -52,6 +52,16 @@ TEST_F(DialogUse, ANumberIsTakenAsAPersonTypesItOrRefusedWithItsRule) {
   EXPECT_EQ(every_.count.GetValue(), 7);
 }
 
+TEST_F(DialogUse, ANumberThatMayBeLeftOut) {
+  COptionalIntEdit edit = dialog::addOptionalInteger(every_.dialog, {.caption = "Building"}, 1, 50);
+  EXPECT_EQ(why(session_->setText(at("Building"), "7")), "");
+  EXPECT_EQ(edit.GetValue(), 7);
+  EXPECT_EQ(why(session_->setText(at("Building"), "")), "");
+  EXPECT_TRUE(edit.IsEmpty());
+  EXPECT_EQ(edit.GetValue(), 0);
+  EXPECT_EQ(why(session_->setText(at("Building"), "51")), "\"Building\" takes a whole number from 1 to 50, got \"51\"");
+}
+
 TEST_F(DialogUse, ANumberLeftAloneKeepsTheDigitsThatAreNotShown) {
   every_.length.SetValue(22.15004);
   EXPECT_EQ(valueOf("Length"), "22.150");

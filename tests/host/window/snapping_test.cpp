@@ -16,10 +16,12 @@ const std::set<SnapKind> kDefining = {SnapKind::kCentre, SnapKind::kEnd, SnapKin
 std::vector<Point> definingPoints(const Primitive& primitive) {
   std::vector<Point> points;
   const auto curve = curveOf(primitive);
-  const bool closed = curve && isClosed(*curve);
-  forEachPoint(primitive.geometry, [&points](Point at) { points.push_back(at); });
-  if (closed) { points = {std::get<Arc>(primitive.geometry).centre}; }
-  if (curve && !closed) { points.push_back(pointAt(*curve, 0.5)); }
+  if (!curve) {
+    forEachPoint(primitive.geometry, [&points](Point at) { points.push_back(at); });
+  } else if (!isClosed(*curve)) {
+    points = {startOf(*curve), endOf(*curve), pointAt(*curve, 0.5)};
+  }
+  if (curve && std::holds_alternative<ArcShape>(*curve)) { points.push_back(std::get<ArcShape>(*curve).centre); }
   return points;
 }
 
