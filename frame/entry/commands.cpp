@@ -11,6 +11,7 @@
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
 #include "mech/part_commands.h"
+#include "mech/table_commands.h"
 #include "survey/plan/plan_commands.h"
 #include "survey/setup_commands.h"
 #include "survey/trace_tool.h"
@@ -69,6 +70,9 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
   ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
   ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
+  ROW(MechDrawCoordTable, kMechanical, "Coor&dinate Table...", "coordinate_table", "Coordinate Table", mech::drawCoordinateTable) \
+  ROW(MechDrawPartList, kMechanical, "&Parts List...", "parts_list", "Parts List", mech::drawPartsList) \
+  ROW(MechDrawTabBox, kMechanical, "&Table...", "table", "Table", mech::drawUserTable) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup) \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \

@@ -194,6 +194,7 @@ struct Cell {
   double maximum = 0.0;
   std::string format{};              // of numbers
   std::vector<std::string> items{};  // of lists
+  int limit = 0;                     // characters of a text on one line; 0: any text
   uint32_t ground = 0xFFFFFFFF;      // background 0xRRGGBB; 0xFFFFFFFF: as usual
   friend bool operator==(const Cell&, const Cell&) = default;
 };

@@ -292,6 +292,13 @@ Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& te
   if (cell.kind == CellKind::kList && entryNamed(cell.items, text) < 0) {
     return inQuotes(column) + " has no entry " + inQuotes(text);
   }
+  if (cell.limit > 0 && text.find_first_of("\r\n") != std::string::npos) {
+    return inQuotes(column) + " takes one line of text";
+  }
+  if (cell.limit > 0 && text.size() > static_cast<size_t>(cell.limit)) {
+    return inQuotes(column) + " takes " + std::to_string(cell.limit) + " characters at most, got " +
+           std::to_string(text.size());
+  }
   if (cell.kind == CellKind::kCheck && text != "0" && text != "1") { return inQuotes(column) + " takes 0 or 1"; }
   return std::nullopt;
 }
