@@ -9,6 +9,7 @@
 #include "frame/help.h"
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
+#include "mech/annotation_commands.h"
 #include "mech/fastener_commands.h"
 #include "mech/part_commands.h"
 #include "mech/table_commands.h"
@@ -36,12 +37,14 @@ constexpr FirstSetting kGeneralPlanJob[] = {{"SG_DEFAULTS", "SG_GenPlanFile", "G
 constexpr FirstSetting kSectionalPlanJob[] = {{"SG_DEFAULTS", "SG_SectionalFile", "Sectional Plan.ini"}};
 
 constexpr ManualChapter kNoChapter{"", ""};
+constexpr ManualChapter kAnnotation{"annotations.md", "Annotations"};
 constexpr ManualChapter kArchitecture{"architectural.md", "Architectural commands"};
 constexpr ManualChapter kSurveySettings{"survey-settings.md", "Survey settings"};
 constexpr ManualChapter kSurveyDiagrams{"survey-diagrams.md", "Survey diagrams"};
 constexpr ManualChapter kGeneralPlans{"general-plans.md", "General plans"};
 
 constexpr Trade kMechanical{CommandFamily::kMechanical, kFasteners, kNoChapter};
+constexpr Trade kAnnotations{CommandFamily::kMechanical, kFasteners, kAnnotation};
 constexpr Trade kArchitectural{CommandFamily::kArchitectural, kWalls, kArchitecture};
 constexpr Trade kDiagramSettings{CommandFamily::kSurvey, kDiagramJob, kSurveySettings};
 constexpr Trade kGeneralPlanSettings{CommandFamily::kSurvey, kGeneralPlanJob, kSurveySettings};
@@ -73,6 +76,14 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(MechDrawCoordTable, kMechanical, "Coor&dinate Table...", "coordinate_table", "Coordinate Table", mech::drawCoordinateTable) \
   ROW(MechDrawPartList, kMechanical, "&Parts List...", "parts_list", "Parts List", mech::drawPartsList) \
   ROW(MechDrawTabBox, kMechanical, "&Table...", "table", "Table", mech::drawUserTable) \
+  ROW(MechAnnotationSetup, kAnnotations, "Annotation Setu&p...", "annotation_setup", "Annotation Setup", \
+      mech::setUpAnnotations) \
+  ROW(MechDrawWelds, kAnnotations, "&Welds...", "weld", "Weld Annotation", mech::drawWelds) \
+  ROW(MechTolerances, kAnnotations, "&Tolerances...", "tolerance_frame", "Tolerance Annotation", \
+      mech::drawTolerances) \
+  ROW(MechDrawToleranceDatum, kAnnotations, "Tolerance Datu&m", "tolerance_datum", "", mech::drawToleranceDatum) \
+  ROW(MechSurfaceFinish, kAnnotations, "Surfac&e Finish...", "surface_finish", "Surface Finish", \
+      mech::drawSurfaceFinish) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup) \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \
