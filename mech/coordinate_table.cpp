@@ -9,6 +9,8 @@
 // Tables of points of the drawing, such as the centres of holes.
 namespace ardenix::mech {
 
+namespace coordinateTable {
+
 namespace {
 
 constexpr int kColumnWidth = 75;
@@ -168,8 +170,10 @@ std::vector<TableRow> CoordinateTable::rowsDrawn() const {
 
 }  // namespace
 
+}  // namespace coordinateTable
+
 void drawCoordinateTable(MechToolset& toolset) {
-  if (toolset.checkConfiguration()) { CoordinateTable(toolset).run(); }
+  if (toolset.checkConfiguration()) { coordinateTable::CoordinateTable(toolset).run(); }
 }
 
 }  // namespace ardenix::mech

@@ -42,11 +42,10 @@ void ListCommand::addPickButton(std::string caption, std::string toolTip, int gr
       });
 }
 
-dialog::CheckHandle ListCommand::addFrameChoice(std::string toolTip, dialog::Place place) {
+void ListCommand::addFrameChoice(std::string toolTip, dialog::Place place) {
   frame_ =
       addCheck(dialog_, {.caption = "Draw frame", .toolTip = std::move(toolTip), .group = options_, .place = place});
   frame_.setChecked(true);
-  return frame_;
 }
 
 void ListCommand::run() {

@@ -54,7 +54,7 @@ class ListCommand {
   [[nodiscard]] const Services& services() const { return services_; }
   [[nodiscard]] int optionsGroup() const { return options_; }
   [[nodiscard]] int buttonGroup() const { return buttons_; }
-  [[nodiscard]] dialog::CheckHandle addFrameChoice(std::string toolTip, dialog::Place place);
+  void addFrameChoice(std::string toolTip, dialog::Place place);
 
  private:
   void pick();

@@ -9,6 +9,8 @@
 // Lists of parts that texts of the drawing name, with columns of the user's own.
 namespace ardenix::mech {
 
+namespace partsList {
+
 namespace {
 
 constexpr int kFirstColumnWidth = 75;
@@ -105,8 +107,10 @@ std::vector<TableRow> PartsList::rowsDrawn() const {
 
 }  // namespace
 
+}  // namespace partsList
+
 void drawPartsList(MechToolset& toolset) {
-  if (toolset.checkConfiguration()) { PartsList(toolset).run(); }
+  if (toolset.checkConfiguration()) { partsList::PartsList(toolset).run(); }
 }
 
 }  // namespace ardenix::mech

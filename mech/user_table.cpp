@@ -10,6 +10,8 @@
 // Tables that the user types or reads from a file.
 namespace ardenix::mech {
 
+namespace userTable {
+
 namespace {
 
 constexpr size_t kStartSize = 4;
@@ -288,10 +290,12 @@ void placeUserTable(CCadWindow& view, const GridTable& table) {
 
 }  // namespace
 
+}  // namespace userTable
+
 void drawUserTable(MechToolset& toolset) {
   if (!toolset.checkConfiguration()) { return; }
-  UserTableDialog dialog(toolset.services(), toolset.view());
-  if (dialog.run()) { placeUserTable(toolset.view(), dialog.table()); }
+  userTable::UserTableDialog dialog(toolset.services(), toolset.view());
+  if (dialog.run()) { userTable::placeUserTable(toolset.view(), dialog.table()); }
   endPart(toolset.view());
 }
 

@@ -69,6 +69,7 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
   ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawShafts, kMechanical, "S&hafts...", "shaft", "Shafts", mech::drawShafts) \
   ROW(MechDrawSlots, kMechanical, "Sl&ots", "slot", "", mech::drawSlots) \
   ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
   ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
