@@ -37,6 +37,7 @@ constexpr FirstSetting kGeneralPlanJob[] = {{"SG_DEFAULTS", "SG_GenPlanFile", "G
 constexpr FirstSetting kSectionalPlanJob[] = {{"SG_DEFAULTS", "SG_SectionalFile", "Sectional Plan.ini"}};
 
 constexpr ManualChapter kNoChapter{"", ""};
+constexpr ManualChapter kParts{"mechanical-parts.md", "Flanges, gears, links, ducts"};
 constexpr ManualChapter kAnnotation{"annotations.md", "Annotations"};
 constexpr ManualChapter kArchitecture{"architectural.md", "Architectural commands"};
 constexpr ManualChapter kSurveySettings{"survey-settings.md", "Survey settings"};
@@ -44,6 +45,7 @@ constexpr ManualChapter kSurveyDiagrams{"survey-diagrams.md", "Survey diagrams"}
 constexpr ManualChapter kGeneralPlans{"general-plans.md", "General plans"};
 
 constexpr Trade kMechanical{CommandFamily::kMechanical, kFasteners, kNoChapter};
+constexpr Trade kMechanicalParts{CommandFamily::kMechanical, kFasteners, kParts};
 constexpr Trade kAnnotations{CommandFamily::kMechanical, kFasteners, kAnnotation};
 constexpr Trade kArchitectural{CommandFamily::kArchitectural, kWalls, kArchitecture};
 constexpr Trade kDiagramSettings{CommandFamily::kSurvey, kDiagramJob, kSurveySettings};
@@ -66,17 +68,17 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts) \
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles) \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets) \
-  ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
-  ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
-  ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
-  ROW(MechDrawShafts, kMechanical, "S&hafts...", "shaft", "Shafts", mech::drawShafts) \
-  ROW(MechDrawSlots, kMechanical, "Sl&ots", "slot", "", mech::drawSlots) \
-  ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
-  ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
-  ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
-  ROW(MechDrawCoordTable, kMechanical, "Coor&dinate Table...", "coordinate_table", "Coordinate Table", mech::drawCoordinateTable) \
-  ROW(MechDrawPartList, kMechanical, "&Parts List...", "parts_list", "Parts List", mech::drawPartsList) \
-  ROW(MechDrawTabBox, kMechanical, "&Table...", "table", "Table", mech::drawUserTable) \
+  ROW(MechDrawFlanges, kMechanicalParts, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
+  ROW(MechDrawGears, kMechanicalParts, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
+  ROW(MechDrawLinks, kMechanicalParts, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawShafts, kMechanicalParts, "S&hafts...", "shaft", "Shafts", mech::drawShafts) \
+  ROW(MechDrawSlots, kMechanicalParts, "Sl&ots", "slot", "", mech::drawSlots) \
+  ROW(MechDrawCircleCL, kMechanicalParts, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
+  ROW(MechAddCentrelinesToCircles, kMechanicalParts, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
+  ROW(MechDrawRectRnd, kMechanicalParts, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
+  ROW(MechDrawCoordTable, kMechanicalParts, "Coor&dinate Table...", "coordinate_table", "Coordinate Table", mech::drawCoordinateTable) \
+  ROW(MechDrawPartList, kMechanicalParts, "&Parts List...", "parts_list", "Parts List", mech::drawPartsList) \
+  ROW(MechDrawTabBox, kMechanicalParts, "&Table...", "table", "Table", mech::drawUserTable) \
   ROW(MechAnnotationSetup, kAnnotations, "Annotation Setu&p...", "annotation_setup", "Annotation Setup", \
       mech::setUpAnnotations) \
   ROW(MechDrawWelds, kAnnotations, "&Welds...", "weld", "Weld Annotation", mech::drawWelds) \
