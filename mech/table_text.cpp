@@ -54,6 +54,16 @@ FieldSpan firstField(std::string_view line, char separator) {
   return {std::min(line.find(separator), line.size()), false};
 }
 
+size_t countOutsideQuotes(std::string_view line, char separator) {
+  size_t count = 0;
+  bool inside = false;
+  for (const char c : line) {
+    inside = inside != (c == kQuote);
+    if (!inside && c == separator) { ++count; }
+  }
+  return count;
+}
+
 std::string unableToOpen(const std::string& path) { return numberText::format("Unable to open CSV file %s", path); }
 
 // What reading may throw is for the caller.
@@ -97,11 +107,10 @@ TableRow splitFields(std::string_view line, char separator) {
 }
 
 char separatorOf(std::string_view firstLine) {
-  const auto count = [firstLine](char separator) { return splitFields(firstLine, separator).size(); };
-  if (count(',') > 1) { return ','; }
+  const auto count = [firstLine](char separator) { return countOutsideQuotes(firstLine, separator); };
   const size_t semicolons = count(';');
   const size_t tabs = count('\t');
-  if (semicolons == 1 && tabs == 1) { return ','; }
+  if (count(',') > 0 || semicolons + tabs == 0) { return ','; }
   return semicolons >= tabs ? ';' : '\t';
 }
 
