@@ -202,7 +202,8 @@ TEST_F(StoppedPlan, KeepsTheDimensionsThatAreDrawnInOneStepOfUndo) {
     drawing.add({.geometry = brevan::Line{{0, n * 30.0}, {kAlong * 20.0, n * 30.0}}});
   }
   for (int erf = 0; erf < kAlong * kAlong; ++erf) {
-    const brevan::Point inside{erf % kAlong * 20.0 + 10.0, erf / kAlong * 30.0 + 15.0};
+    const int row = erf / kAlong;
+    const brevan::Point inside{erf % kAlong * 20.0 + 10.0, row * 30.0 + 15.0};
     drawing.add({.layer = numbers, .geometry = brevan::Text{.at = inside, .text = std::to_string(erf + 1)}});
   }
   const size_t before = drawing.count();
