@@ -120,6 +120,8 @@ void ArchSetupDialog::writeSymbolFolder() {
   rememberSymbolFolder(toolset_.store(), symbols_.text());
 }
 
-void displayArchSetup(ArchToolset& toolset) { ArchSetupDialog(toolset).run(); }
+void displayArchSetup(ArchToolset& toolset) {
+  if (ArchSetupDialog(toolset).run()) { placeSymbols(toolset); }
+}
 
 }  // namespace ardenix::arch

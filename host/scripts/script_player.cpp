@@ -319,7 +319,7 @@ void ScriptPlayer::runTool(const Statement& statement) {
 }
 
 void ScriptPlayer::browse(const Statement& statement) {
-  cursor_.fail(statement, "this version has no symbol browser yet");
+  host_.browse(toUtf8(cursor_.string(statement, 1)));
 }
 
 void ScriptPlayer::undo(const Statement& statement) {
