@@ -8,12 +8,6 @@
 
 namespace ardenix::survey {
 
-namespace {
-
-constexpr int kCentred = 15;
-
-}  // namespace
-
 SurveyTable::SurveyTable(int rows, int columns, double rowHeight, double columnWidth, Point origin, CCadWindow* view,
                          int layer)
     : view_(view), layer_(layer), origin_(origin), columns_(std::clamp(columns, 0, kMostColumns)) {
@@ -66,7 +60,7 @@ void SurveyTable::draw() const {
       const Cell& drawn = row.at(column);
       drawEdges(drawn);
       const Point middle = origin_ + drawn.offset + Point{sign_ * drawn.width / 2.0, -sign_ * drawn.height / 2.0};
-      drawText(middle, drawn.text, drawn.style, kCentred);
+      drawText(middle, drawn.text, drawn.style, kCentredText);
     }
   }
   if (!kind_.empty()) { view_->gsExecuteMacro(macroText::kUnnamedPattern); }
