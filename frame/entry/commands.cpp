@@ -97,7 +97,8 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
       arch::setRoofLine) \
   ROW(ArchRoofLine, kArchitectural, "Draw Roof L&ine...", "roof_line", "Roof Line Setup", arch::drawRoofLine) \
   ROW(ArchSetRoofs, kArchitectural, "Roof Set&up...", "roof_setup", "Roof Setup", arch::setRoofs) \
-  ROW(ArchDrawRoofs, kArchitectural, "Draw &Roofs...", "roof", "Roof Setup", arch::drawRoofs)
+  ROW(ArchDrawRoofs, kArchitectural, "Draw &Roofs...", "roof", "Roof Setup", arch::drawRoofs) \
+  ROW(ArchPlaceSym, kArchitectural, "&Place Symbols", "place_symbol", "", arch::placeSymbols)
 
 #define COMMANDS_OF_GIVEN_VIEW(ROW) \
   ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults", \
@@ -138,7 +139,9 @@ void run(void (*operation)(mech::MechToolset&)) {
 void run(void (*operation)(arch::ArchToolset&)) {
   ardenix::ModuleState& state = ardenix::moduleState();
   state.currentView = cadGetCurrentView();
-  const auto make = [&state](CCadWindow* view) { return arch::makeArchToolset(view, state.services); };
+  const auto make = [&state](CCadWindow* view) {
+    return arch::makeArchToolset(view, state.services, state.symbolBrowser.get());
+  };
   ardenix::withToolsetOfCommand(state.architectural, state.currentView, make, operation);
 }
 
