@@ -12,6 +12,7 @@
 #include "mech/annotation_commands.h"
 #include "mech/fastener_commands.h"
 #include "mech/part_commands.h"
+#include "mech/table_commands.h"
 #include "survey/plan/plan_commands.h"
 #include "survey/sectional/sectional_commands.h"
 #include "survey/setup_commands.h"
@@ -73,10 +74,14 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(MechDrawFlanges, kMechanicalParts, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanicalParts, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
   ROW(MechDrawLinks, kMechanicalParts, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawShafts, kMechanicalParts, "S&hafts...", "shaft", "Shafts", mech::drawShafts) \
   ROW(MechDrawSlots, kMechanicalParts, "Sl&ots", "slot", "", mech::drawSlots) \
   ROW(MechDrawCircleCL, kMechanicalParts, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
   ROW(MechAddCentrelinesToCircles, kMechanicalParts, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
   ROW(MechDrawRectRnd, kMechanicalParts, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
+  ROW(MechDrawCoordTable, kMechanicalParts, "Coor&dinate Table...", "coordinate_table", "Coordinate Table", mech::drawCoordinateTable) \
+  ROW(MechDrawPartList, kMechanicalParts, "&Parts List...", "parts_list", "Parts List", mech::drawPartsList) \
+  ROW(MechDrawTabBox, kMechanicalParts, "&Table...", "table", "Table", mech::drawUserTable) \
   ROW(MechAnnotationSetup, kAnnotations, "Annotation Setu&p...", "annotation_setup", "Annotation Setup", \
       mech::setUpAnnotations) \
   ROW(MechDrawWelds, kAnnotations, "&Welds...", "weld", "Weld Annotation", mech::drawWelds) \
@@ -95,7 +100,8 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
       arch::setRoofLine) \
   ROW(ArchRoofLine, kArchitectural, "Draw Roof L&ine...", "roof_line", "Roof Line Setup", arch::drawRoofLine) \
   ROW(ArchSetRoofs, kArchitectural, "Roof Set&up...", "roof_setup", "Roof Setup", arch::setRoofs) \
-  ROW(ArchDrawRoofs, kArchitectural, "Draw &Roofs...", "roof", "Roof Setup", arch::drawRoofs)
+  ROW(ArchDrawRoofs, kArchitectural, "Draw &Roofs...", "roof", "Roof Setup", arch::drawRoofs) \
+  ROW(ArchPlaceSym, kArchitectural, "&Place Symbols", "place_symbol", "", arch::placeSymbols)
 
 #define COMMANDS_OF_GIVEN_VIEW(ROW) \
   ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults", \
@@ -146,7 +152,9 @@ void run(void (*operation)(mech::MechToolset&)) {
 void run(void (*operation)(arch::ArchToolset&)) {
   ardenix::ModuleState& state = ardenix::moduleState();
   state.currentView = cadGetCurrentView();
-  const auto make = [&state](CCadWindow* view) { return arch::makeArchToolset(view, state.services); };
+  const auto make = [&state](CCadWindow* view) {
+    return arch::makeArchToolset(view, state.services, state.symbolBrowser.get());
+  };
   ardenix::withToolsetOfCommand(state.architectural, state.currentView, make, operation);
 }
 
