@@ -10,5 +10,7 @@ void setWalls(ArchToolset& toolset);
 void drawWalls(ArchToolset& toolset);
 void setElevations(ArchToolset& toolset);
 void drawElevations(ArchToolset& toolset);
+void setStairs(ArchToolset& toolset);
+void drawStairs(ArchToolset& toolset);
 
 }  // namespace ardenix::arch

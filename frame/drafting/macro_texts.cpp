@@ -27,6 +27,8 @@ std::string copyToLayer(std::string_view layer) { return format("#COPYTOLAYER %s
 
 std::string newLayer(std::string_view layer) { return format("#NEWLAYER %s", quotedForMacro(layer)); }
 
+std::string newPlainLayer(std::string_view layer) { return newLayer(layer).substr(1); }
+
 std::string lineType(int linetype, int pen) { return format("LINETYPE %d %d", linetype, pen); }
 
 std::string width(double width) { return format("WIDTH %f", width); }
@@ -58,6 +60,10 @@ std::string repeatLinear(int copies, Point from, Point to) {
   return format("#REPEAT %d \"Y\" [%.8f,%.8f] [%.8f,%.8f] [#]", copies, from.x, from.y, to.x, to.y);
 }
 
+std::string repeatSteps(int copies, Point from, Point to) {
+  return format("#REPEAT %d \"Y\" [%.8f,%.8f] [%.8f,%.8f]", copies, from.x, from.y, to.x, to.y);
+}
+
 std::string repeatPolar(int copies, Point centre, double angle) {
   return format("#REPEAT %d \"N\" [%.8f,%.8f] %.8f", copies, centre.x, centre.y, angle);
 }
@@ -83,6 +89,10 @@ std::string arcThrough(Point first, Point second, Point third) {
 std::string arcOfRadius(Point from, Point to, double radius) {
   return format("ARCR [%.8f,%.8f] [%.8f,%.8f] %.8f [#]", from.x, from.y, to.x, to.y, radius);
 }
+
+std::string turnOverSideways(Point axis) { return format("#MIRROR [%.8f,%.8f] \"Y\" \"N\"", axis.x, axis.y); }
+
+std::string turnOverUpDown(Point axis) { return format("#MIRROR [%.8f,%.8f] \"N\" \"N\"", axis.x, axis.y); }
 
 std::string cutOut(Point corner, Point opposite) {
   return format("#SNIP \"Y\" \"Y\" \"N\" [%.8f,%.8f] [%.8f,%.8f] [#]", corner.x, corner.y, opposite.x, opposite.y);

@@ -63,6 +63,8 @@ std::string moveToLayer(std::string_view layer);
 std::string copyToLayer(std::string_view layer);
 // Makes a layer current, a new one where there is none of the name.
 std::string newLayer(std::string_view layer);
+// The same without the mark, as stairs send it.
+std::string newPlainLayer(std::string_view layer);
 
 // The style of what is drawn next; the width in tenths of a millimetre on paper.
 std::string lineType(int linetype, int pen);
@@ -82,6 +84,8 @@ std::string mirrorAcross(Point first, Point second);
 // Adds copies of the selection, each displaced by the vector from -> to, or turned about `centre` by the
 // angle.
 std::string repeatLinear(int copies, Point from, Point to);
+// The same without the closing mark, as stairs send it.
+std::string repeatSteps(int copies, Point from, Point to);
 std::string repeatPolar(int copies, Point centre, double angle);
 // Round a gear, with the blanks that its macros have had from the start.
 std::string repeatTeeth(int copies, Point centre, double angle);
@@ -95,6 +99,10 @@ std::string filletFlank(double radius, Point near);  // of a gear's tooth
 // An arc through three points; from one point to another, the short way, clockwise for a radius above 0.
 std::string arcThrough(Point first, Point second, Point third);
 std::string arcOfRadius(Point from, Point to, double radius);
+
+// Mirrors the selection about the vertical line through a point, or about the horizontal one; nothing is kept.
+std::string turnOverSideways(Point axis);
+std::string turnOverUpDown(Point axis);
 
 // Removes what the selection, or else the drawing, has inside the window between two corners.
 std::string cutOut(Point corner, Point opposite);

@@ -66,7 +66,9 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \
   ROW(ArchDrawWalls, kArchitectural, "&Draw Walls...", "wall", "Wall Setup (internal)", arch::drawWalls) \
   ROW(ArchSetElev, kArchitectural, "&Elevation Setup...", "elevation_setup", "Elevation Setup", arch::setElevations) \
-  ROW(ArchDrawElev, kArchitectural, "Draw E&levations...", "elevation", "Elevation Setup", arch::drawElevations)
+  ROW(ArchDrawElev, kArchitectural, "Draw E&levations...", "elevation", "Elevation Setup", arch::drawElevations) \
+  ROW(ArchSetStairs, kArchitectural, "S&tairs Setup...", "stairs_setup", "Stairs Setup", arch::setStairs) \
+  ROW(ArchDrawStairs, kArchitectural, "Draw Sta&irs...", "stairs", "Stairs Setup", arch::drawStairs)
 
 #define COMMANDS_OF_GIVEN_VIEW(ROW) \
   ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults", \
