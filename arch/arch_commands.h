@@ -10,6 +10,10 @@ void setWalls(ArchToolset& toolset);
 void drawWalls(ArchToolset& toolset);
 void setElevations(ArchToolset& toolset);
 void drawElevations(ArchToolset& toolset);
+void setRoofLine(ArchToolset& toolset);
+void drawRoofLine(ArchToolset& toolset);
+void setRoofs(ArchToolset& toolset);
+void drawRoofs(ArchToolset& toolset);
 void setStairs(ArchToolset& toolset);
 void drawStairs(ArchToolset& toolset);
 

@@ -109,11 +109,11 @@ void ElevationDrawer::placeOpening(Point picked) {
     tellMiss(view_, "No window or door with a name lies near this point");
     return;
   }
-  const Point jamb = leftJamb();
-  if (!loadElevation(*opening)) { return; }
-  const auto onFace = crossing(fold_.face, {jamb, fold_.out(jamb, headDistance())});
+  const auto jamb = leftJamb();
+  if (!jamb || !loadElevation(*opening)) { return; }
+  const auto onFace = crossing(fold_.face, {*jamb, fold_.out(*jamb, headDistance())});
   const std::string name = opening->name + "E";
-  const Point head = fold_.out(onFace.value_or(jamb), headDistance());
+  const Point head = fold_.out(onFace.value_or(*jamb), headDistance());
   if (view_.gsExecuteMacro(macroText::addTurnedSymbol(name, head, fold_.symbolRotation())) != 0) { return; }
   ErrorMessage(numberText::format("The symbol file \"%s\" holds no elevation \"%s\"", opening->file, name), &view_);
 }
@@ -124,11 +124,28 @@ std::optional<PlanSymbol> ElevationDrawer::openingAt(Point picked) const {
 }
 
 // The corner of the symbol on plan that lies furthest to the left in the elevation.
-Point ElevationDrawer::leftJamb() const {
+std::optional<Point> ElevationDrawer::leftJamb() const {
+  if (!fold_.isSquareToAxes()) { return leftOfTurned(); }
   const Point low{numberVariable(view_, "xl"), numberVariable(view_, "yl")};
   const Point high{numberVariable(view_, "xr"), numberVariable(view_, "yr")};
   const Point right = fold_.right();
-  return {right.x < 0.0 ? high.x : low.x, right.y < 0.0 ? high.y : low.y};
+  return Point{right.x < 0.0 ? high.x : low.x, right.y < 0.0 ? high.y : low.y};
+}
+
+// The extent along the axes has its corners elsewhere than a symbol that is turned against them.
+std::optional<Point> ElevationDrawer::leftOfTurned() const {
+  if (view_.gsExecuteMacro(macroText::kNearSymbol) == 0) { return std::nullopt; }
+  const auto value = [this](std::string_view name) { return numberVariable(view_, name); };
+  const Point origin{value("xs"), value("ys")};
+  const double angle = radians(value("angle"));
+  std::optional<Point> left;
+  for (const double x : {value("xl"), value("xr")}) {
+    for (const double y : {value("yl"), value("yr")}) {
+      const Point corner = origin + turned(Point{x, y}, angle);
+      if (!left || dot(corner - *left, fold_.right()) < 0.0) { left = corner; }
+    }
+  }
+  return left;
 }
 
 bool ElevationDrawer::loadElevation(const PlanSymbol& opening) {

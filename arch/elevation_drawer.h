@@ -52,7 +52,8 @@ class ElevationDrawer {
   void placeOpenings();
   void placeOpening(Point picked);
   [[nodiscard]] std::optional<PlanSymbol> openingAt(Point picked) const;
-  [[nodiscard]] Point leftJamb() const;
+  [[nodiscard]] std::optional<Point> leftJamb() const;
+  [[nodiscard]] std::optional<Point> leftOfTurned() const;
   bool loadElevation(const PlanSymbol& opening);
 
   void drawWalls();

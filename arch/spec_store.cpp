@@ -1,8 +1,10 @@
 #include "arch/spec_store.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
+#include "frame/host/core_services.h"
 #include "frame/records.h"
 
 namespace ardenix::arch {
@@ -60,6 +62,8 @@ double ArchSpecStore::readDouble(std::string_view section, std::string_view key,
 
 void ArchSpecStore::writeDouble(std::string_view section, std::string_view key, double value) {
   constexpr int kDecimals = 3;
+  const bool losesDigits = std::fabs(coreDoubleRound(value, kDecimals) - value) > 1e-9;
+  if (losesDigits && readDouble(section, key, coreDoubleRound(value, kDecimals)) == value) { return; }
   records_.file().WriteDouble(section, key, value, kDecimals);
 }
 

@@ -46,7 +46,7 @@ class ArchSpecStore {
   [[nodiscard]] int readInt(std::string_view section, std::string_view key, int fallback = 0) const;
   void writeInt(std::string_view section, std::string_view key, int value);
   [[nodiscard]] double readDouble(std::string_view section, std::string_view key, double fallback) const;
-  // With three decimals.
+  // With three decimals; more that a user wrote into the file stay until the value changes.
   void writeDouble(std::string_view section, std::string_view key, double value);
   [[nodiscard]] std::string readString(std::string_view section, std::string_view key, std::string_view fallback) const;
   void writeString(std::string_view section, std::string_view key, std::string_view value);

@@ -124,7 +124,7 @@ bool StairDrawer::drawPart(const StairPlace& place, Draw&& draw) {
   if (!mayDrawOn(view, layer)) { return false; }
   ArchPart part(view, {settings.parentName, place.prefix, layer});
   const int scratch = view.gsGetCurrentLayer();
-  view.gsExecuteMacro(macroText::newPlainLayer(layer));
+  view.gsExecuteMacro(macroText::plainNewLayer(layer));
   view.gsSetCurrentLayer(scratch);
   draw(StairSheet{view, stair, settings});
   part.finish(CurrentLayer::kAsBefore);

@@ -44,7 +44,8 @@ void StyleFields::take(LineStyle& style) const {
 
 void LayerFields::describe(dialog::Dialog& dialog, std::vector<Row> rows, dialog::Place place, int parent) {
   dialog_ = &dialog;
-  const int group = dialog.addGroup({.caption = "Layer names:", .parent = parent, .place = place});
+  const int group =
+      dialog.addGroup({.caption = rows.size() > 1 ? "Layer names:" : "", .parent = parent, .place = place});
   fields_.reserve(rows.size());
   for (Row& row : rows) {
     const int line = static_cast<int>(fields_.size());

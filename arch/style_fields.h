@@ -50,7 +50,7 @@ class LayerFields {
   LayerFields(const LayerFields&) = delete;
   LayerFields& operator=(const LayerFields&) = delete;
 
-  // In a group of their own, within another.
+  // In a group of their own within another, which bears their heading where there are several.
   void describe(dialog::Dialog& dialog, std::vector<Row> rows, dialog::Place place, int parent = 0);
   // Lists the layers and shows those stored.
   void show() const;

@@ -27,7 +27,7 @@ std::string copyToLayer(std::string_view layer) { return format("#COPYTOLAYER %s
 
 std::string newLayer(std::string_view layer) { return format("#NEWLAYER %s", quotedForMacro(layer)); }
 
-std::string newPlainLayer(std::string_view layer) { return newLayer(layer).substr(1); }
+std::string plainNewLayer(std::string_view layer) { return format("NEWLAYER %s", quotedForMacro(layer)); }
 
 std::string lineType(int linetype, int pen) { return format("LINETYPE %d %d", linetype, pen); }
 
@@ -142,6 +142,10 @@ std::string parallelLines(const ParallelLines& definition) {
     text += format("%d %d %f %f ", style.linetype, style.pen, style.width, offset);
   }
   return text;
+}
+
+std::string parallelToFigure(const LineStyle& style, double offset) {
+  return format("PARLLDEF 0 90 90 1 0 0 1 %d %d 0 %f", style.linetype, style.pen, offset);
 }
 
 std::string parallelLine(Point first) { return format("PARLLINE [%.5f,%.5f]", first.x, first.y); }

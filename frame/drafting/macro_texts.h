@@ -45,6 +45,8 @@ inline constexpr std::string_view kUnlock = "lockang \"U\"";
 // What lies at the cursor: the line, the pattern; and where the cursor is.
 inline constexpr std::string_view kNearLine = "enquire \"NEARLINE\" X1 Y1 X2 Y2 pen linetype";
 inline constexpr std::string_view kNearPattern = "ENQUIRE \"NEARPATNAME\" pat$ xl yl xr yr";
+// Of the symbol: its extent is that of the symbol unturned at the origin.
+inline constexpr std::string_view kNearSymbol = "ENQUIRE \"NEARSYMBOL\" pat$ xs ys scale angle xl yl xr yr";
 inline constexpr std::string_view kCursorPosition = "enquire \"CURPOSN\" xf yf";
 // Brings the cursor to the middle of the paper.
 inline constexpr std::string_view kHome = "#HOME";
@@ -63,8 +65,8 @@ std::string moveToLayer(std::string_view layer);
 std::string copyToLayer(std::string_view layer);
 // Makes a layer current, a new one where there is none of the name.
 std::string newLayer(std::string_view layer);
-// The same without the mark, as stairs send it.
-std::string newPlainLayer(std::string_view layer);
+// The same without the mark.
+std::string plainNewLayer(std::string_view layer);
 
 // The style of what is drawn next; the width in tenths of a millimetre on paper.
 std::string lineType(int linetype, int pen);
@@ -143,7 +145,10 @@ struct ParallelLines {
   std::vector<Line> lines{};
 };
 std::string parallelLines(const ParallelLines& definition);
-// Starts parallel lines by the definition given before; the point with five decimals.
+// One line that follows a closed figure, to the left of it where the offset is below 0.
+std::string parallelToFigure(const LineStyle& style, double offset);
+// Starts parallel lines by the definition given before; the point with five decimals. Without one the host asks for it.
+inline constexpr std::string_view kParallelLine = "PARLLINE";
 std::string parallelLine(Point first);
 
 // Asks for a text and keeps it in a macro variable, whose present value is offered. The gap before the variable, here

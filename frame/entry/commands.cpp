@@ -67,8 +67,13 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(ArchDrawWalls, kArchitectural, "&Draw Walls...", "wall", "Wall Setup (internal)", arch::drawWalls) \
   ROW(ArchSetElev, kArchitectural, "&Elevation Setup...", "elevation_setup", "Elevation Setup", arch::setElevations) \
   ROW(ArchDrawElev, kArchitectural, "Draw E&levations...", "elevation", "Elevation Setup", arch::drawElevations) \
-  ROW(ArchSetStairs, kArchitectural, "S&tairs Setup...", "stairs_setup", "Stairs Setup", arch::setStairs) \
-  ROW(ArchDrawStairs, kArchitectural, "Draw Sta&irs...", "stairs", "Stairs Setup", arch::drawStairs)
+  ROW(ArchSetRoofLine, kArchitectural, "Roof Line Se&tup...", "roof_line_setup", "Roof Line Setup", \
+      arch::setRoofLine) \
+  ROW(ArchRoofLine, kArchitectural, "Draw Roof L&ine...", "roof_line", "Roof Line Setup", arch::drawRoofLine) \
+  ROW(ArchSetRoofs, kArchitectural, "Roof Set&up...", "roof_setup", "Roof Setup", arch::setRoofs) \
+  ROW(ArchDrawRoofs, kArchitectural, "Draw &Roofs...", "roof", "Roof Setup", arch::drawRoofs) \
+  ROW(ArchSetStairs, kArchitectural, "Stairs Setu&p...", "stairs_setup", "Stairs Setup", arch::setStairs) \
+  ROW(ArchDrawStairs, kArchitectural, "Draw St&airs...", "stairs", "Stairs Setup", arch::drawStairs)
 
 #define COMMANDS_OF_GIVEN_VIEW(ROW) \
   ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults", \

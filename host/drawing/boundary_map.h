@@ -39,6 +39,9 @@ class BoundaryMap : private DrawingListener {
   // of the curve, the corner or, carried on, the end that is nearest.
   // Nothing where the drawing is empty or the nearest figure branches without closing.
   std::optional<Outline> outlineNear(Point p);
+  // The closed figure to which the curve nearest to the point belongs, clockwise, walked on its outer side: of rings
+  // one within the other the one pointed at, whatever surrounds it. Empty where that curve belongs to none.
+  Loop figureOfNearest(Point p);
 
   // While copying, what is drawn only repeats the boundary traced last: it bounds nothing new as long as
   // what it repeats is there.
@@ -122,6 +125,8 @@ class BoundaryMap : private DrawingListener {
   [[nodiscard]] bool endsChain(const HalfEdge& edge);
   [[nodiscard]] HalfEdge passBesideEnd(const HalfEdge& fromEnd, Point side);
   [[nodiscard]] std::vector<Step> walkBeside(int curve, Point p);
+  [[nodiscard]] double middleOfPiece(int curve, double t);
+  [[nodiscard]] Loop largestLoop(const std::vector<Step>& steps) const;
   [[nodiscard]] std::optional<Outline> openChain(std::vector<Step> steps) const;
   void noteSources(const std::vector<Step>& steps);
 

@@ -345,6 +345,17 @@ std::optional<BoundaryMap::Outline> BoundaryMap::openChain(std::vector<Step> ste
   return Outline{joined(steps, false), false};
 }
 
+// Clockwise; empty where the steps enclose nothing.
+Loop BoundaryMap::largestLoop(const std::vector<Step>& steps) const {
+  Loop best;
+  for (const std::vector<Step>& loop : loopsOf(steps)) {
+    Loop candidate = joined(loop, true);
+    if (!hasArea(candidate)) { continue; }
+    if (best.empty() || std::abs(signedArea(candidate)) > std::abs(signedArea(best))) { best = std::move(candidate); }
+  }
+  return !best.empty() && signedArea(best) > 0.0 ? reversed(best) : best;
+}
+
 std::optional<BoundaryMap::Outline> BoundaryMap::outlineNear(Point p) {
   Loop inside = around(p);
   if (!inside.empty()) { return Outline{std::move(inside), true}; }
@@ -352,15 +363,40 @@ std::optional<BoundaryMap::Outline> BoundaryMap::outlineNear(Point p) {
   if (nearest < 0) { return std::nullopt; }
   const std::vector<Step> steps = walkBeside(nearest, p);
   if (steps.empty()) { return std::nullopt; }
-  Loop best;
-  for (const std::vector<Step>& loop : loopsOf(steps)) {
-    Loop candidate = joined(loop, true);
-    if (!hasArea(candidate)) { continue; }
-    if (best.empty() || std::abs(signedArea(candidate)) > std::abs(signedArea(best))) { best = std::move(candidate); }
-  }
+  Loop best = largestLoop(steps);
   if (best.empty()) { return openChain(steps); }
-  if (signedArea(best) > 0.0) { best = reversed(best); }
   return Outline{std::move(best), true};
+}
+
+// Between the junctions before and behind a place on a curve.
+double BoundaryMap::middleOfPiece(int curve, double t) {
+  const Entry& entry = known(curve);
+  const std::vector<Node>& nodes = entry.nodes;
+  if (nodes.empty()) { return t; }
+  const auto after =
+      std::upper_bound(nodes.begin(), nodes.end(), t, [](double at, const Node& node) { return at < node.t; });
+  if (isClosed(entry.curve)) {
+    const double first = after == nodes.begin() ? nodes.back().t - 1.0 : std::prev(after)->t;
+    const double last = after == nodes.end() ? nodes.front().t + 1.0 : after->t;
+    const double middle = (first + last) / 2.0;
+    return middle - std::floor(middle);
+  }
+  const auto behind = std::clamp(after, nodes.begin() + 1, nodes.end() - 1);
+  return (std::prev(behind)->t + behind->t) / 2.0;
+}
+
+Loop BoundaryMap::figureOfNearest(Point p) {
+  update();
+  const int nearest = nearestEntry(p);
+  if (nearest < 0) { return {}; }
+  const Curve curve = known(nearest).curve;
+  const double t = middleOfPiece(nearest, std::clamp(parameterOf(curve, nearestOn(curve, p)), 0.0, 1.0));
+  const Point along = directionAt(curve, t);
+  const Point left{-along.y, along.x};
+  Loop one = largestLoop(walkFrom(nearest, t, left));
+  Loop other = largestLoop(walkFrom(nearest, t, minus(left)));
+  if (one.empty() || (!other.empty() && std::abs(signedArea(other)) > std::abs(signedArea(one)))) { return other; }
+  return one;
 }
 
 }  // namespace brevan

@@ -63,6 +63,8 @@ std::span<const CommandForm> commandForms() {
        "a horizontal dimension: where its line passes, then the points measured, then \"!\" or its text"},
       {"VDIM", "=F point point point measured", verticalDimension, "a vertical dimension"},
       {"ENTER", "text variable", enterText, "asks the user for a text"},
+      {"ENQUIRE", "key:NEARSYMBOL variable+", enquireNearSymbol,
+       "name, origin, scale and angle of the symbol at the cursor, and its extent as if unturned at the origin"},
       {"ENQUIRE", "key:NEARLINE variable+", enquireNearLine, "both ends, pen and line type of the line at the cursor"},
       {"ENQUIRE", "key:CURPOSN variable+", enquireCursor, "where the cursor is"},
       {"ENQUIRE", "key:NEARPATNAME variable+", enquireNearPattern, "name and extent of the pattern at the cursor"},

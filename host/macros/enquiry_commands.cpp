@@ -104,6 +104,18 @@ void enquireNearPattern(MacroRun& run) {
   answer(run, 0, {patternName(drawing, found->group), extent.low.x, extent.low.y, extent.high.x, extent.high.y});
 }
 
+// Its extent is told as it would lie at the origin without its turn, so that the corners of a turned one can be found.
+void enquireNearSymbol(MacroRun& run) {
+  const Primitive& found = nearestAtCursor(run, kSymbolPrimitive, "no symbol lies at the cursor");
+  const Symbol& symbol = std::get<Symbol>(found.geometry);
+  Primitive unturned = found;
+  unturned.geometry = Symbol{symbol.name, {}, symbol.scale, 0.0, symbol.mirrored};
+  const Box own = run.window.drawing().bounds(unturned);
+  answer(run, 0,
+         {symbol.name, symbol.at.x, symbol.at.y, symbol.scale, symbol.rotation, own.low.x, own.low.y, own.high.x,
+          own.high.y});
+}
+
 void enquireLineDefinition(MacroRun& run) {
   const DrawingStyle& style = run.window.style();
   const Colour colour = penColour(style.pen, Ground::kPaper);

@@ -67,6 +67,7 @@ void showPowerBar(MacroRun& run);
 void enquireNearLine(MacroRun& run);
 void enquireCursor(MacroRun& run);
 void enquireNearPattern(MacroRun& run);
+void enquireNearSymbol(MacroRun& run);
 void enquireLineDefinition(MacroRun& run);
 void enquireScale(MacroRun& run);
 void enquirePaper(MacroRun& run);

@@ -20,6 +20,7 @@ constexpr double kSharpestEnd = 1.0;  // degrees
 constexpr std::string_view kFirstPrompt = "Indicate the start of the parallel lines";
 constexpr std::string_view kNextPrompt = "Indicate the next point of the parallel lines (space bar to stop)";
 constexpr std::string_view kFigurePrompt = "Indicate a position outside the figure to follow";
+constexpr std::string_view kPerimeterPrompt = "Indicate the perimeter to follow";
 
 // A line that leans by half a turn more is the same line.
 double endAngle(const MacroRun& run, size_t argument) {
@@ -127,9 +128,35 @@ void follow(MacroRun& run, Point p) {
   drawAll(run, {outline->curves, outline->closed});
 }
 
+constexpr const char* kNoPerimeter = "the line nearest to this point belongs to no closed figure";
+
+Loop perimeterAt(DrawingWindow& window, Point p) { return window.boundaries().figureOfNearest(p); }
+
+// The one given, or asked for until one is pointed at.
+void followPerimeter(MacroRun& run, std::optional<Point> given) {
+  if (given) {
+    const Loop figure = perimeterAt(run.window, *given);
+    if (figure.empty()) { throw MacroError(run.column(0), kNoPerimeter); }
+    drawAll(run, {figure, true});
+    return;
+  }
+  while (const auto at = ask(run.window, kPerimeterPrompt)) {
+    const Loop figure = perimeterAt(run.window, *at);
+    if (!figure.empty()) {
+      drawAll(run, {figure, true});
+      return;
+    }
+    run.window.gsSetStatus(std::string("PARLLINE: ") + kNoPerimeter);
+  }
+}
+
 void drawFrom(MacroRun& run, std::optional<Point> first) {
   const auto& definition = run.window.macroState().parallels;
   if (!definition) { throw MacroError(1, "PARLLINE expects PARLLDEF before it"); }
+  if (definition->tracks && run.window.macroState().promptsForPerimeter) {
+    followPerimeter(run, first);
+    return;
+  }
   if (!first) { first = ask(run.window, definition->tracks ? kFigurePrompt : kFirstPrompt); }
   if (!first) { return; }
   if (definition->tracks) {

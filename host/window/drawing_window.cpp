@@ -65,6 +65,7 @@ void DrawingWindow::resetForCommand() {
   selectsNew_ = false;
   escaped_ = back_ = false;
   services_.user.allowBack(false);
+  macroState_.promptsForPerimeter = false;
   marks_.clear();
   scans_.clear();
   groupCursor_ = {};
