@@ -90,6 +90,7 @@ class FlightFace {
   void posts(Strip post) {
     const double height = sheet_.stair.newelPostHeight();
     const double first = treads().rise + height;
+    repeated_.settle();
     line(post, first);
     multiply(sheet_.stair.newelIndex() + 1, first, railing().treadsPerNewel * treads().rise);
     const double foot = sheet_.stair.height() - treads().rise;
