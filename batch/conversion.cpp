@@ -44,19 +44,30 @@ std::string checkConvertibleTo(const std::string& path) {
              : "convert writes .drg, .dxf, .svg, .pdf, .png and .json files, got \"" + path + "\"";
 }
 
-void convertDrawing(const std::string& from, const std::string& to, ExportOptions options) {
-  const ReadDrawing drawing = read(from);
-  if (!drawing.notRead.empty()) { std::cerr << from << ": not read: " << toUtf8(drawing.notRead) << '\n'; }
-  stopIfInterrupted();
+ReadDrawing readForConversion(const std::string& path) {
+  ReadDrawing drawing = read(path);
+  if (!drawing.notRead.empty()) { std::cerr << path << ": not read: " << toUtf8(drawing.notRead) << '\n'; }
+  return drawing;
+}
+
+void saveConversion(const std::string& from, const std::string& to, const std::function<std::string()>& content) {
   std::error_code ignored;
   if (fs::equivalent(from, to, ignored)) { throw OutputUnwritten("\"" + to + "\" is the file that is converted"); }
-  options.tell = [&from](const std::string& text) { std::cerr << from << ": " << toUtf8(text) << '\n'; };
   try {
-    const Exporter convert = converters(fs::path(from).stem().string()).find(fileEnding(to))->second;
-    saveWhole(to, convert(drawing.drawing, options));
+    saveWhole(to, content());
   } catch (const HostFailure& failure) {
     throw OutputUnwritten(toUtf8(failure.what()));
   } catch (const std::bad_alloc&) { throw OutputUnwritten("\"" + to + "\": there is not enough memory"); }
+}
+
+void convertDrawing(const std::string& from, const std::string& to, ExportOptions options) {
+  const ReadDrawing drawing = readForConversion(from);
+  stopIfInterrupted();
+  options.tell = [&from](const std::string& text) { std::cerr << from << ": " << toUtf8(text) << '\n'; };
+  saveConversion(from, to, [&] {
+    const Exporter convert = converters(fs::path(from).stem().string()).find(fileEnding(to))->second;
+    return convert(drawing.drawing, options);
+  });
 }
 
 }  // namespace brevan

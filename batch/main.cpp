@@ -6,6 +6,7 @@
 #include "batch/conversion.h"
 #include "batch/descriptions.h"
 #include "batch/exit_codes.h"
+#include "batch/outlines.h"
 #include "batch/script_runs.h"
 #include "batch/signals.h"
 #include "frame/host/core_services.h"
@@ -13,6 +14,7 @@
 #include "host/core/standard_streams.h"
 #include "host/core/system_reason.h"
 #include "host/core/text_encoding.h"
+#include "host/files/drawing_files.h"
 #include "host/scripts/script_syntax.h"
 
 namespace {
@@ -23,6 +25,8 @@ struct CommandLine {
   CLI::App* commands = nullptr;
   CLI::App* describe = nullptr;
   CLI::App* convert = nullptr;
+  CLI::App* outline = nullptr;
+  brevan::CutRequest cut;
   std::string from;
   std::string to;
   brevan::RunOptions runOptions;
@@ -33,26 +37,38 @@ struct CommandLine {
   brevan::ExportOptions exportOptions;
 
   void addExportOptions() {
-    struct Row {
-      const char* name;
-      const char* value;
-      const char* help;
-    };
-    constexpr std::array<Row, 7> kRows = {{{"scale", "1:N|fit", "The picture's scale"},
-                                           {"paper", "NAME", "Its paper, A0 to A4"},
-                                           {"margin", "MM", "The paper's margin that stays empty"},
-                                           {"window", "X1,Y1,X2,Y2", "The part of the drawing to show"},
-                                           {"layers", "NAME,...", "The layers to show"},
-                                           {"dpi", "N", "The dots an inch of a PNG picture"},
-                                           {"dxf-version", "R2000|R2010", "The version of a DXF file"}}};
-    for (const Row& row : kRows) {
+    for (const brevan::ExportOptionText& row : brevan::exportOptionTexts()) {
       const auto set = [this, row](const std::string& value) {
         try {
           brevan::setExportOption(exportOptions, row.name, value);
         } catch (const HostFailure& failure) { throw CLI::ValidationError(brevan::toUtf8(failure.what())); }
       };
-      convert->add_option_function<std::string>(std::string("--") + row.name, set, row.help)->option_text(row.value);
+      convert->add_option_function<std::string>("--" + std::string(row.name), set, std::string(row.help))
+          ->option_text(std::string(row.value));
     }
+  }
+
+  void addOutline() {
+    outline = app.add_subcommand("outline", "Writes the closed outlines of parts alone, as a machine cuts them");
+    outline->add_option("FILE", cut.from, "A .drg or .dxf file")->required()->check(brevan::checkConvertibleFrom);
+    CLI::Option* groups =
+        outline->add_option("--group", cut.groups, "A part by the name of its group (default: every part)");
+    groups->option_text("NAME")->allow_extra_args(false);
+    outline
+        ->add_option_function<std::pair<double, double>>(
+            "--at",
+            [this](const auto& at) {
+              cut.at = {at.first, at.second};
+            },
+            "The outer outline of the figure at a point, instead of parts")
+        ->option_text("X Y")
+        ->excludes(groups);
+    outline->add_option("-o", cut.to, "The .dxf file to write")
+        ->required()
+        ->option_text("FILE")
+        ->check([](const std::string& path) {
+          return brevan::fileEnding(path) == "dxf" ? "" : "outline writes .dxf files, got \"" + path + "\"";
+        });
   }
 
   CommandLine() {
@@ -80,6 +96,7 @@ struct CommandLine {
         ->required()
         ->check(brevan::checkConvertibleTo);
     addExportOptions();
+    addOutline();
     commands = app.add_subcommand("commands", "Lists every command of the module");
     describe = app.add_subcommand("describe", "Describes the dialogs of a command");
     describe->add_option("COMMAND", command, "The command's name")->required();
@@ -107,7 +124,7 @@ void print(const std::string& text) {
 }
 
 void execute(const CommandLine& line) {
-  if (line.convert->parsed() || line.run->parsed()) {
+  if (line.convert->parsed() || line.outline->parsed() || line.run->parsed()) {
     brevan::outliveClosedPipes();
     brevan::endSoonAtSignals();
   }
@@ -115,6 +132,7 @@ void execute(const CommandLine& line) {
     brevan::convertDrawing(line.from, line.to, line.exportOptions);
     return;
   }
+  if (line.outline->parsed()) { return brevan::writeOutlines(line.cut); }
   const brevan::Places places = inputs([&line] { return brevan::findPlaces(line.dataFolder); });
   if (line.run->parsed()) {
     brevan::RunOptions options = line.runOptions;

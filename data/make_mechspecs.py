@@ -168,6 +168,62 @@ def rivets(tables):
                 yield record(f"{size.d}x{length}{word}", size.d, size.k, size.dk, head, joined, size.k, size.dk, head)
 
 
+# ---- Flanges ---------------------------------------------------------------------------------------------------------
+
+RATINGS = {"pn6": "PN6", "pn10": "PN10", "pn16": "PN16", "pn25": "PN25", "pn40": "PN40", "class150": "CL150",
+           "class300": "CL300"}
+
+
+def flanges(tables):
+    bores = {size.dn: size.bore for size in tables["bores"].rows}
+    for table, rating in RATINGS.items():
+        for size in tables[table].rows:
+            bore = getattr(size, "bore", None) or bores[size.dn]
+            # Corners that hold the bolt hole, where it becomes an oval or a triangular flange.
+            yield record(f"DN{size.dn} {rating}", size.D1, bore, 2 * size.H2, size.H2, size.PCD, int(size.n))
+    for size in tables["oval"].rows:
+        yield record(f"OVAL {size.bore}", size.D1, size.bore, size.corner, size.H2, size.PCD, 2)
+    for size in tables["triangular"].rows:
+        outside = size.PCD + 3 * size.H2 / 2  # that of a round or oval flange, should it become one
+        yield record(f"TRI {size.bore}", outside, size.bore, size.corner, size.H2, size.PCD, 3)
+
+
+# ---- Gears -----------------------------------------------------------------------------------------------------------
+
+BORE_SHARE = Decimal("0.35")  # of the root circle
+ROOT_DEPTH = Decimal("2.5")  # modules, on both sides together
+
+
+def keyway(bore):
+    """Width, and depth from the chord that it leaves of the bore."""
+    size = next(row for row in read_tables(DATA / "tables" / "keyways.txt")[""].rows if row.over < bore <= row.to)
+    chord = ((bore / 2) ** 2 - (size.b / 2) ** 2).sqrt()
+    return size.b, size.t2 + bore / 2 - chord
+
+
+def gears(tables):
+    for module in (size.m for size in tables[""].rows):
+        for teeth in tables["teeth"].lengths:
+            carried = BORE_SHARE * module * (teeth - ROOT_DEPTH)
+            bore = max((bore for bore in tables["bores"].lengths if bore <= carried), default=Decimal(0))
+            key = keyway(bore) if bore else (Decimal(0), Decimal(0))
+            name, *sizes = record(f"M{module} Z{teeth}", int(teeth), module, bore, *key).split(",")
+            # As its dialog stores it: the pressure angle with one decimal, the key with six.
+            yield ",".join((name, "20.0", *sizes[:3], *(size + "000" for size in sizes[3:])))
+
+
+# ---- Links -----------------------------------------------------------------------------------------------------------
+
+def links(tables):
+    none = Decimal(0)
+    for size in tables["rod"].rows:
+        yield record(f"ROD {size.L}", size.D1, size.H1, size.L, size.D2, size.H2, size.T1, size.T2, none, size.F1, size.F2, 0)
+    for size in tables["lever"].rows:
+        yield record(f"LEVER {size.L}", size.D1, size.H1, size.L, size.D2, size.H2, *[none] * 5, 2)
+    for size in tables["bell"].rows:
+        yield record(f"BELL {size.L}", size.D1, size.H1, size.L, size.D2, size.H2, none, none, size.R, none, none, 1)
+
+
 # ---- The file --------------------------------------------------------------------------------------------------------
 
 # Place in the frame, key of a record, table, maker.
@@ -177,6 +233,9 @@ SECTIONS = (
     ("@nuts@", "Nut", "nuts.txt", nuts),
     ("@holes@", "Hole", "holes.txt", holes),
     ("@rivets@", "Bolt", "rivets.txt", rivets),
+    ("@gears@", "Bolt", "gears.txt", gears),
+    ("@links@", "Bolt", "links.txt", links),
+    ("@flanges@", "Flange", "flanges.txt", flanges),
 )
 
 

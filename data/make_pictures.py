@@ -268,6 +268,56 @@ def oval_flange():
     return strokes + [line(CENTRE, (5, 30), (95, 30)), line(CENTRE, (50, 4), (50, 56))]
 
 
+# ---- Links -----------------------------------------------------------------------------------------------------------
+
+LEFT_BOSS, RIGHT_BOSS = ((26, 30), 20, 9), ((78, 30), 14, 6)
+
+
+def joint(shape):
+    """Where the upper joint leaves the left boss and meets the right one, and how it runs."""
+    (lx, y), left, _ = LEFT_BOSS
+    (rx, _), right, _ = RIGHT_BOSS
+    if shape == "taper":
+        ends = [(lx + math.sqrt(left * left - 100), y - 10), (rx - math.sqrt(right * right - 36), y - 6)]
+        return ends, "L"
+    if shape == "flush":
+        sine = (right - left) / (rx - lx)
+        cosine = math.sqrt(1 - sine * sine)
+        return [(x - r * sine, y - r * cosine) for x, r in ((lx, left), (rx, right))], "L"
+    radius, apart = 30, rx - lx
+    along = (apart ** 2 + (left + radius) ** 2 - (right + radius) ** 2) / (2 * apart)
+    up = math.sqrt((left + radius) ** 2 - along ** 2)
+    ends = [(x + (lx + along - x) * r / (r + radius), y - up * r / (r + radius)) for x, r in ((lx, left), (rx, right))]
+    return ends, f"A{radius} {radius} 0 0 0 "
+
+
+def link(shape):
+    (start, end), way = joint(shape)
+    below = [(x, 60 - y) for x, y in (start, end)]
+    outline = path(OUTLINE, f"M{pair(start)}", way + pair(end), f"A{RIGHT_BOSS[1]} {RIGHT_BOSS[1]} 0 1 1 {pair(below[1])}",
+                   way + pair(below[0]), f"A{LEFT_BOSS[1]} {LEFT_BOSS[1]} 0 1 1 {pair(start)}", fill=BODY)
+    strokes = [outline]
+    for centre, _, hole in (LEFT_BOSS, RIGHT_BOSS):
+        strokes += [circle(OUTLINE, centre, hole), *cross(centre, 1.4 * hole)]
+    return strokes
+
+
+# ---- Duct ------------------------------------------------------------------------------------------------------------
+
+def duct():
+    """Plan above, side view below: what length, width, offset and height are measured on."""
+    left, right, along, radius, foot, top = 18, 62, 32, 6, 56, 40
+    side = [(left, foot), (along - radius, top), (along + radius, top), (right, foot)]
+    strokes = [polygon(OUTLINE, side, fill=BODY), polygon(THREAD, ((right, foot), (along, top), (left, foot)), closed=False)]
+    plan = ((left, 4), (right, 4), (right, 34), (left, 34))
+    strokes += [polygon(OUTLINE, plan, fill=BODY), circle(OUTLINE, (along, 19), radius)]
+    strokes += [line(THREAD, corner, (along + sx * radius * 0.7, 19 + sy * radius * 0.7))
+                for corner, sx, sy in zip(plan, (-1, 1, 1, -1), (-1, -1, 1, 1))]
+    end = [(94, 4), (80, 19 - radius), (80, 19 + radius), (94, 34)]
+    strokes += [polygon(OUTLINE, end, fill=BODY)]
+    return strokes + [line(CENTRE, (14, 19), (98, 19)), line(CENTRE, (40, 2), (40, 58)), line(CENTRE, (along, 9), (along, 48))]
+
+
 # ---- Walls -----------------------------------------------------------------------------------------------------------
 
 def wall_direction(clockwise):
@@ -298,6 +348,9 @@ def pictures():
     yield "flange_round", round_flange()
     yield "flange_oval", oval_flange()
     yield "flange_triangular", triangular_flange()
+    for shape in ("taper", "fillet", "flush"):
+        yield f"link_{shape}", link(shape)
+    yield "duct_views", duct()
     yield "wall_clockwise", wall_direction(True)
     yield "wall_anticlockwise", wall_direction(False)
 

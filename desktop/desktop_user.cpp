@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPushButton>
 #include <algorithm>
 
 #include "desktop/dialog_window.h"
@@ -173,6 +174,12 @@ BoxAnswer DesktopUser::showMessage(const MessageBox& box) {
   } else {
     shownBox.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
   }
+  for (const auto& [answer, button] :
+       {std::pair(BoxAnswer::kYes, QMessageBox::Yes), std::pair(BoxAnswer::kNo, QMessageBox::No)}) {
+    if (const std::string_view name = nameOf(answer, box); !name.empty()) {
+      shownBox.button(button)->setText('&' + shown(name));
+    }
+  }
   modal_ = &shownBox;
   const int pressed = shownBox.exec();
   if (box.buttons == BoxButtons::kOk) { return BoxAnswer::kOk; }
@@ -251,13 +258,17 @@ void DesktopUser::showStatus(const std::string& text) { emit statusChanged(shown
 void DesktopUser::showPrompt(const std::string& text) { promptBar_.showPrompt(shown(text)); }
 
 void DesktopUser::showProgress(int done, int total, const std::string& text) {
-  if (sincePumped_.elapsed() < kPumpMilliseconds && done < total) { return; }
+  if (stopsAtProgress(done, total, text)) { throw CommandCancelled{}; }
+}
+
+bool DesktopUser::stopsAtProgress(int done, int total, const std::string& text) {
+  if (sincePumped_.elapsed() < kPumpMilliseconds && done < total) { return false; }
   emit progressed(done, total, shown(text));
   showsProgress_ = true;
   QApplication::processEvents();
   showsProgress_ = false;
   sincePumped_.restart();
-  if (cancelled_) { throw CommandCancelled{}; }
+  return cancelled_;
 }
 
 }  // namespace brevan

@@ -35,6 +35,7 @@ class DesktopUser : public QObject, public User {
   void showStatus(const std::string& text) override;
   void showPrompt(const std::string& text) override;
   void showProgress(int done, int total, const std::string& text) override;
+  bool stopsAtProgress(int done, int total, const std::string& text) override;
 
   // A command begins; a command was asked to end.
   void begin();

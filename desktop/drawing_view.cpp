@@ -28,6 +28,7 @@ DrawingView::DrawingView(DrawingWindow& window, const ViewStyle& style, QWidget*
   setObjectName("drawingView");
   painting_.setInterval(0);
   connect(&painting_, &QTimer::timeout, this, &DrawingView::paintSomeTiles);
+  window_.setZoom([this](const Box& box) { box.empty() ? zoomAll() : zoomTo(box); });
 }
 
 // ---- Placing -------------------------------------------------------------------------------------------------
@@ -60,6 +61,7 @@ void DrawingView::place(Placing placing) {
   fitted_ = false;
   if (placing == placing_ && !picture_.isNull()) { return; }
   placing_ = placing;
+  window_.setSeen(placing.centre);
   startPainting();
   update();
 }

@@ -2,9 +2,9 @@
 
 #include "desktop/main_window.h"
 #include "desktop/texts.h"
-#include "frame/host/number_text.h"
 #include "host/drawing/part_selection.h"
 #include "host/macros/macro_drawing.h"
+#include "host/scripts/item_ranges.h"
 #include "host/tools/drawing_tools.h"
 #include "host/window/module.h"
 
@@ -20,62 +20,49 @@ void MainWindow::runTyped(const QString& text) {
     runCommand(text);
   } else if (drawingTool(name) != nullptr) {
     runTool(text);
-  } else {
-    const auto macro = hostText(text);
-    if (!macro) { return; }
-    runner_.run(text, [this, text, macro] {
-      recorder_.statement("macro " + text);
-      host_->runMacro(*macro);
-    });
+  } else if (const auto macro = hostText(text)) {
+    perform(text, "macro " + text, [this, macro] { host_->runMacro(*macro); });
   }
 }
 
 void MainWindow::runCommand(const QString& name) {
   last_ = name;
-  runner_.run(name, [this, name] {
-    recorder_.statement("run " + name);
-    host_->runCommand(name.toStdString());
-  });
+  perform(name, "run " + name, [this, name] { host_->runCommand(name.toStdString()); });
 }
 
 void MainWindow::runTool(const QString& name) {
   last_ = name;
   const DrawingTool* tool = drawingTool(name.toStdString());
-  runner_.run(name, [this, tool] {
-    if (tool->changesSelection) { recordSelection(); }
-    recorder_.statement("tool " + shown(tool->name));
-    host_->runTool(tool->name, tool->run);
+  perform(name, "tool " + shown(tool->name), [this, tool] { host_->runTool(tool->name, tool->run); });
+}
+
+void MainWindow::perform(const QString& name, const QString& statement, const std::function<void()>& task) {
+  runner_.run(name, [this, statement, task] {
+    recordSelection();
+    recorder_.statement(statement);
+    task();
+    document().selection = host_->window().drawing().selection();
   });
 }
 
-// What is selected here was clicked together; a script selects it item by item.
+// What was selected by hand since something ran.
 void MainWindow::recordSelection() {
-  const Drawing& drawing = host_->window().drawing();
-  for (const PrimitiveId id : drawing.selection()) {
-    const Primitive& primitive = *drawing.find(id);
-    constexpr double kSomewhere = 0.37;  // where neighbours seldom meet it
-    const auto curve = curveOf(primitive);
-    Point at;
-    if (curve) {
-      at = pointAt(*curve, kSomewhere);
-    } else {
-      forEachPoint(primitive.geometry, [&at](Point p) { at = p; });
-    }
-    recorder_.statement(QString("macro #SELECT [%1,%2]")
-                            .arg(QString::fromStdString(numberText::shortest(at.x)),
-                                 QString::fromStdString(numberText::shortest(at.y))));
-  }
+  std::vector<PrimitiveId> selection = host_->window().drawing().selection();
+  if (selection == document().selection) { return; }
+  recorder_.statement("selection" + QString::fromStdString(itemRanges(selection)));
+  document().selection = std::move(selection);
 }
 
-void MainWindow::undo() {
-  runner_.run(tr("Undo"), [this] {
-    if (host_->window().drawing().undo()) { recorder_.statement("undo"); }
-  });
-}
+void MainWindow::undo() { step(tr("Undo"), "undo", &Drawing::undo); }
 
-void MainWindow::redo() {
-  runner_.run(tr("Redo"), [this] {
-    if (host_->window().drawing().redo()) { recorder_.statement("redo"); }
+void MainWindow::redo() { step(tr("Redo"), "redo", &Drawing::redo); }
+
+void MainWindow::step(const QString& name, const QString& statement, bool (Drawing::*step)()) {
+  runner_.run(name, [this, statement, step] {
+    Drawing& drawing = host_->window().drawing();
+    recordSelection();
+    if ((drawing.*step)()) { recorder_.statement(statement); }
+    document().selection = drawing.selection();
   });
 }
 

@@ -83,6 +83,7 @@ void MainWindow::buildMenus() {
   buildEditMenu();
   buildViewMenu();
   buildToolMenus();
+  buildStyleBar();
   buildCommandMenus();
   buildHelpMenu();
   setTheme(setting("DarkTheme", 0) != 0);
@@ -190,7 +191,8 @@ void MainWindow::buildToolMenus() {
   }
 }
 
-// A menu and a tool bar for each family that has commands.
+// A menu and a tool bar for each family that has commands. They have a row of their own, whose end may lie beyond the
+// window's edge, and so push nothing else out of sight.
 void MainWindow::buildCommandMenus() {
   addToolBarBreak();
   for (const FamilyRow& row : kFamilies) {
@@ -249,9 +251,9 @@ void MainWindow::buildStyleBar() {
   lineTypeChoice_->setIconSize(lineTypeIconSize());
   for (int pen = 1; pen <= limits::kPens.most; ++pen) { penChoice_->addItem(QString::number(pen)); }
   for (int type = 1; type <= limits::kListedLineTypes.most; ++type) { lineTypeChoice_->addItem(QString::number(type)); }
-  add(tr("Layer"), layerChoice_);
-  add(tr("Pen"), penChoice_);
-  add(tr("Line type"), lineTypeChoice_);
+  add(tr("&Layer"), layerChoice_);
+  add(tr("&Pen"), penChoice_);
+  add(tr("Line &type"), lineTypeChoice_);
   layerChoice_->setCompleter(nullptr);  // a name is taken as it is typed
   connect(layerChoice_, &QComboBox::textActivated, this, &MainWindow::setStyle);
   connect(layerChoice_->lineEdit(), &QLineEdit::returnPressed, this, &MainWindow::setStyle);

@@ -99,7 +99,6 @@ void MainWindow::build() {
   connect(tabs_, &QTabWidget::tabCloseRequested, this, &MainWindow::closeTab);
   buildDocks();
   buildMenus();
-  buildStyleBar();
   coordinates_->setMinimumWidth(260);
   statusBar()->addPermanentWidget(progress_);
   statusBar()->addPermanentWidget(coordinates_);

@@ -73,8 +73,9 @@ class MainWindow : public QMainWindow {
     DrawingView* view = nullptr;
     QString path;  // "" before the first save
     uint64_t savedRevision = 0;
-    uint64_t taken = 0;        // into the drawing when it was kept last
-    std::vector<Point> given;  // to the running command since it drew last
+    uint64_t taken = 0;                    // into the drawing when it was kept last
+    std::vector<Point> given;              // to the running command since it drew last
+    std::vector<PrimitiveId> selection{};  // as a replay of the recording has it
   };
 
   // The help of the running command's dialog; false where none is open.
@@ -93,6 +94,8 @@ class MainWindow : public QMainWindow {
   QAction* action(QMenu& menu, const char* icon, const QString& caption, const QKeySequence& keys,
                   const std::function<void()>& work);
 
+  void perform(const QString& name, const QString& statement, const std::function<void()>& task);
+  void step(const QString& name, const QString& statement, bool (Drawing::*step)());
   void recordSelection();
   void followHost();
   void showChanges();

@@ -156,6 +156,11 @@ bool PromptBar::pressed(QKeyEvent* event) {
 
 bool PromptBar::eventFilter(QObject* object, QEvent* event) {
   if (object == edit_ && event->type() == QEvent::KeyPress && pressed(static_cast<QKeyEvent*>(event))) { return true; }
+  // On an empty line undo, redo, select all, copy and delete mean the drawing.
+  if (object == edit_ && event->type() == QEvent::ShortcutOverride && edit_->text().isEmpty()) {
+    event->ignore();
+    return true;
+  }
   return QWidget::eventFilter(object, event);
 }
 

@@ -7,6 +7,7 @@
 #include "host/core/settings_entries.h"
 #include "host/scripts/dialog_statements.h"
 #include "host/window/control_kinds.h"
+#include "host/window/drawing_window.h"
 
 namespace brevan {
 
@@ -128,7 +129,21 @@ void Recorder::textPrompted(std::string_view, const TextAnswer& given) {
 
 void Recorder::messageShown(const MessageBox& box, BoxAnswer given) {
   if (box.buttons == BoxButtons::kOk) { return; }
+  if (const std::string_view name = nameOf(given, box); !name.empty()) {
+    return answer("reply " + scriptString(shown(name)));
+  }
   answer(given == BoxAnswer::kYes ? "reply yes" : given == BoxAnswer::kNo ? "reply no" : "reply cancel");
+}
+
+// Before the command that went home to where the user looked.
+void Recorder::called(std::string_view name, std::initializer_list<CallArgument> arguments) {
+  if (name != kSeenCall) { return; }
+  qsizetype command = lines_.size() - 1;
+  while (command > 1 && lines_[command].startsWith(' ')) { --command; }
+  const auto coordinate = [&](size_t index) {
+    return QString::fromStdString(numberText::shortest(std::get<double>(arguments.begin()[index])));
+  };
+  lines_.insert(command, QString("view %1 %2").arg(coordinate(0), coordinate(1)));
 }
 
 void Recorder::menuChosen(const std::vector<std::string>&, std::string_view choice) {

@@ -43,7 +43,7 @@ class Recorder : public EventSink {
   void menuChosen(const std::vector<std::string>& items, std::string_view choice) override;
   void chooserAnswered(std::string_view kind, std::string_view answer, std::string_view filter) override;
   void focusMoved(std::string_view) override {}
-  void called(std::string_view, std::initializer_list<CallArgument>) override {}
+  void called(std::string_view name, std::initializer_list<CallArgument> arguments) override;
   void statusShown(std::string_view) override {}
   void windowOpened(std::string_view) override {}
 

@@ -7,6 +7,7 @@
 #include "mech/flange_drawer.h"
 #include "mech/gear_drawer.h"
 #include "mech/hole_drawer.h"
+#include "mech/link_drawer.h"
 #include "mech/nut_drawer.h"
 #include "mech/rivet_drawer.h"
 #include "mech/screw_drawer.h"
@@ -164,7 +165,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a link from the list of link definitions",
      .addTip = "Add the current link settings as a new link definition",
-     .deleteTip = "Delete the currently selected link definition"},
+     .deleteTip = "Delete the currently selected link definition",
+     .drawer = make<LinkDrawer>},
     {.section = "FLANGES",
      .keyPrefix = "Flange",
      .family = kChecked,

@@ -8,6 +8,7 @@
 #include "frame/drafting/part_round.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "mech/plan_placement.h"
 
 namespace ardenix::mech {
 
@@ -116,21 +117,17 @@ double FastenerPlacement::askRotation() {
 // ---- Plan view ----------------------------------------------------------------------------------------------
 
 std::optional<Point> FastenerPlacement::askPlanView() {
-  view_.SetFocus();
-  return isOrigin(fastener_.axisEnd) ? askFreePlan() : askPlanOnAxis();
-}
-
-std::optional<Point> FastenerPlacement::askFreePlan() {
-  const auto centre = askPoint(view_, numberText::format("Indicate %s center for plan view", trade_.planWord));
-  if (!centre) { return std::nullopt; }
-  fastener_.position = *centre;
-  return askPoint(view_,
-                  numberText::format("Indicate a point on the %s plan view center line for rotation", trade_.planWord));
+  if (!isOrigin(fastener_.axisEnd)) { return askPlanOnAxis(); }
+  const auto plan = askPlan(view_, trade_.planWord);
+  if (!plan) { return std::nullopt; }
+  fastener_.position = plan->centre;
+  return plan->target;
 }
 
 // The plan lies on the axis of the side view just drawn. Where the user ends a prompt the cursor stays held
 // and locked until endPart.
 std::optional<Point> FastenerPlacement::askPlanOnAxis() {
+  view_.SetFocus();
   const Point axis = middle(fastener_.axisEnd, fastener_.position);
   view_.gsSetCurrCoord(axis.x, axis.y);
   const bool locked = view_.gsExecuteMacro(macroText::lockOntoLine(axis)) != 0;

@@ -44,7 +44,6 @@ class FastenerPlacement {
  private:
   std::optional<SidePlacement> askSideByTwoPoints();
   Point alignedPoint(Point picked);
-  std::optional<Point> askFreePlan();
   std::optional<Point> askPlanOnAxis();
   std::string_view planPrompt() const;
   void startGroup(std::string_view base);

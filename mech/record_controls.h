@@ -164,7 +164,7 @@ class RecordControls {
             .toolTip = std::string(field.tip),
             .group = group,
             .place = {.row = cell / 2, .column = cell % 2},
-            .name = std::string(field.captioned ? "" : field.label)};
+            .name = std::string(field.captioned && !field.addressed ? "" : field.label)};
   }
 
   Fields<Record> fields_;

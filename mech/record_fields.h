@@ -51,6 +51,7 @@ struct Field {
   std::string_view tip;
   std::string_view caption{};  // what the dialog shows instead of the label
   bool captioned = true;       // else the label is only the control's address
+  bool addressed = false;      // the label is the address beside a caption, which other fields have, too
   std::string_view box{};      // a framed group of this caption takes it and its neighbours
   std::string_view unit{};     // shown behind the range; empty for drawing units
   double minimum = 0.0;        // inclusive, like the maximum; of numbers

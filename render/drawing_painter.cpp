@@ -10,6 +10,7 @@
 #include "host/core/text_encoding.h"
 #include "host/drawing/shown_layers.h"
 #include "host/drawing/strokes.h"
+#include "host/drawing/turned_strokes.h"
 
 namespace brevan {
 
@@ -164,7 +165,8 @@ size_t paint(QPainter& painter, const Drawing& drawing, const Transform& toDevic
   painter.save();
   painter.scale(millimetre, -millimetre);
   PainterSink sink(painter, options, millimetre);
-  StrokeWalk walk(drawing, toPaper, sink, options.zoom);
+  TurnedStrokes turned(sink, options.rotation, options.about);
+  StrokeWalk walk(drawing, toPaper, turned, options.zoom);
   forEachShown(drawing, options, [&walk](const Primitive& primitive) { walk.primitive(primitive); });
   painter.restore();
   return sink.strokes();
@@ -177,6 +179,8 @@ Transform pageToDevice(const Page& page, const Parameters& parameters, double sc
 PaintOptions pageOptions(const Page& page, const ExportOptions& options) {
   PaintOptions painted;
   painted.zoom = page.zoom;
+  painted.rotation = page.rotation;
+  painted.about = {0.0, -page.sheet.height};
   painted.layers = options.page.layers;
   return painted;
 }

@@ -22,6 +22,8 @@ struct PaintOptions {
   std::span<const PrimitiveId> only = {};
   std::optional<Colour> colour = {};
   double hairline = 1.0;                     // device units; what a line is wide without its own width
+  double rotation = 0.0;                     // degrees by which all is turned on the paper, counter-clockwise
+  Point about = {};                          // the point that stays, millimetres from the device's origin, y upwards
   double zoom = 1.0;                         // of lengths on paper, see StrokeWalk
   std::span<const std::string> layers = {};  // shown alone; none: all that are visible
 };

@@ -6,7 +6,6 @@
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/macro_values.h"
 #include "frame/host/number_text.h"
-#include "survey/label_sequences.h"
 
 namespace ardenix::survey {
 
@@ -19,7 +18,7 @@ struct Corner {
 
 class Tracing {
  public:
-  explicit Tracing(CCadWindow& view) : view_(view) {}
+  Tracing(CCadWindow& view, const TracingStyle& style) : view_(view), style_(style) {}
   Tracing(const Tracing&) = delete;
   Tracing& operator=(const Tracing&) = delete;
   ~Tracing() {
@@ -29,9 +28,9 @@ class Tracing {
 
   std::optional<TracedFigure> run() {
     view_.gsExecuteMacro(macroText::kSnapNear);
-    const std::optional<Point> start = pick("Enter first corner of outside figure");
+    const std::optional<Point> start = pick(style_.firstPrompt);
     if (!start) { return std::nullopt; }
-    const Corner first{*start, label("LBL1$", "first", "A")};
+    const Corner first{*start, firstLabel()};
     for (Corner previous = first; view_.gsEscapePressed() == 0;) {
       const std::optional<Point> next = pickFrom(previous.at);
       if (!next) { return std::nullopt; }
@@ -39,7 +38,7 @@ class Tracing {
         figure_.emplace_back(previous.label, previous.at, first.label, first.at);
         return TracedFigure{std::move(figure_), *next - first.at};
       }
-      Corner corner{*next, label("LBL2$", "next", nextLettersThenDigits(previous.label))};
+      Corner corner{*next, nextLabel(previous.label)};
       figure_.emplace_back(previous.label, previous.at, corner.label, corner.at);
       show(figure_.back());
       previous = std::move(corner);
@@ -59,9 +58,14 @@ class Tracing {
   std::optional<Point> pickFrom(Point previous) {
     view_.gsSetCurrCoord(previous.x, previous.y);
     view_.gsSetRubberBand(1);
-    const auto next = pick("Enter next corner of outside figure (Click on start corner to end)");
+    const auto next = pick(style_.nextPrompt);
     view_.gsSetRubberBand(0);
     return next;
+  }
+
+  std::string firstLabel() { return style_.nextLabel == nullptr ? "" : label("LBL1$", "first", "A"); }
+  std::string nextLabel(std::string_view previous) {
+    return style_.nextLabel == nullptr ? "" : label("LBL2$", "next", style_.nextLabel(previous));
   }
 
   std::string label(std::string_view variable, std::string_view which, std::string_view offered) {
@@ -70,27 +74,30 @@ class Tracing {
     return textVariable(view_, variable);
   }
 
-  static bool closes(Point at, Point first) {
-    constexpr double kNear = 0.1;
+  [[nodiscard]] bool closes(Point at, Point first) const {
     constexpr double kTolerance = 1e-12;
-    return std::hypot(at.x - first.x, at.y - first.y) < kNear - (kNear * kTolerance + kTolerance);
+    const double near = style_.closingDistance;
+    return figure_.size() >= style_.fewestSides &&
+           std::hypot(at.x - first.x, at.y - first.y) < near - (near * kTolerance + kTolerance);
   }
 
   void show(const Side& side) {
     constexpr int kTemporary = 13;
     constexpr int kNormal = 10;
-    constexpr int kPen = 4;
     view_.gsSetDrawMode(kTemporary);
-    view_.gsDisplayLine(side.from.x, side.from.y, side.to.x, side.to.y, kPen);
+    view_.gsDisplayLine(side.from.x, side.from.y, side.to.x, side.to.y, style_.pen);
     view_.gsSetDrawMode(kNormal);
   }
 
   CCadWindow& view_;
+  const TracingStyle& style_;
   Figure figure_;
 };
 
 }  // namespace
 
-std::optional<TracedFigure> traceFigure(CCadWindow& view) { return Tracing(view).run(); }
+std::optional<TracedFigure> traceFigure(CCadWindow& view, const TracingStyle& style) {
+  return Tracing(view, style).run();
+}
 
 }  // namespace ardenix::survey

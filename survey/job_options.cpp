@@ -209,6 +209,13 @@ constexpr OptionRow kOptions[] = {
      .modes = kPlans,
      .caption = "Separate text for bearing + distance",
      .toolTip = "Two texts instead of one of two lines"},
+    {.key = "FitTexts",
+     .member = &JobOptions::fitTexts,
+     .kind = OptionKind::kFlag,
+     .box = OptionBox::kFlags,
+     .modes = kPlans,
+     .caption = "Fit dimensions to short sides",
+     .toolTip = "Texts longer than their side stand outside the erven; between two erven the distance stands alone"},
 };
 
 double readNumber(const TINIFile& file, const OptionRow& row) {

@@ -31,6 +31,7 @@ struct JobOptions : NumberStyle {
   double blockDiam = 0.0;     // millimetres on paper
   DimensionTexts dimSetting = DimensionTexts::kBearingAndDistance;
   bool multiline = false;
+  bool fitTexts = false;  // of dimensions longer than their side: outside, then the distance alone
   int tracePen = 0;
   std::string diagramLayer;
   std::string figureLayer;  // empty: none named

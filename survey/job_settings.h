@@ -17,6 +17,8 @@ namespace ardenix::survey {
 // Takes over what a text row says; its style is otherwise as the view's defaults gave it.
 void use(const TextRow& row, TextStyle& style);
 
+enum AreaUnitCode : int { kSquareMillimetres = 6, kSquareMetres = 8 };
+
 struct AreaUnits {
   int code = 0;
   std::string name;
@@ -55,6 +57,7 @@ class JobSettings {
   // Drawing units of a millimetre on paper.
   [[nodiscard]] double paperFactor() const { return scale_ / unitFactor_; }
   [[nodiscard]] TextStyle& textStyle() { return textStyle_; }
+  [[nodiscard]] const TextStyle& textStyle() const { return textStyle_; }
   [[nodiscard]] const AreaUnits& areaUnits() const { return areaUnits_; }
   // Takes drawing parameters and unit factor of another view, which was given those of the first.
   void readParms(CCadWindow& view);

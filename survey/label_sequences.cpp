@@ -54,6 +54,7 @@ std::string nextDigitsThenLetters(std::string_view label) {
   if (split == std::string_view::npos) { return oneMore(label); }
   const std::string_view number = label.substr(0, split);
   std::string letters(label.substr(split));
+  if (number.empty() && kDigits.find(letters.back()) != std::string_view::npos) { return nextPrefixAndNumber(label); }
   if (stepLast(letters)) { return oneMore(number) + letters; }
   const size_t significant = number.find_first_not_of('0');
   if (number.empty()) { return letters; }

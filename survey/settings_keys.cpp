@@ -41,20 +41,22 @@ constexpr KeyRow kDiagramTexts[] = {
 };
 
 constexpr KeyRow kHeadingQuestions[] = {
-    {"GenPlanNr", "Plan Number"},
-    {"Text1", "Text 1"},
-    {"Text2", "Text 2"},
-    {"Stand", "Text 3"},
-    {"Including", "Text 4"},
-    {"Text3", "Text 5"},
-    {"StreetName", "Situation clause"},
-    {"Area", "Admin. District"},
-    {"District", "Province"},
+    {"GenPlanNr", "Plan Number", "Enter the General Plan number"},
+    {"Text1", "Text 1", "Text line 1"},
+    {"Text2", "Text 2", "Text line 2"},
+    {"Stand", "Text 3", "Text line 3"},
+    {"Including", "Text 4", "Text line 4"},
+    {"Text3", "Text 5", "Text line 5"},
+    {"StreetName", "Situation clause", "Enter the Situation clause"},
+    {"Area", "Admin. District", "Enter the Administrative District"},
+    {"District", "Province", "Enter the Province name"},
     {"Scale", "Scale prefix"},
 };
 
-constexpr KeyRow kFrameQuestions[] = {
-    {"SGNr", "S.G. number"}, {"FileNr", "File number"}, {"SRNr", "S.R. number"}, {"Comp", "Comp. number"}};
+constexpr KeyRow kFrameQuestions[] = {{"SGNr", "S.G. number", "Enter the S.G. number"},
+                                      {"FileNr", "File number", "Enter the File number"},
+                                      {"SRNr", "S.R. number", "Enter the S.R.E. number"},
+                                      {"Comp", "Comp. number", "Enter the Compilation number"}};
 
 constexpr KeyRow kSheet1Questions[] = {
     {"TotSheets", "Total sheets"},        {"SchemeName", "Name of Scheme"},

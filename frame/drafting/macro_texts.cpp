@@ -74,8 +74,18 @@ std::string repeatTeeth(int copies, Point centre, double angle) {
 
 std::string repeatByThirds(Point centre) { return format("#REPEAT 2 \"N\" [%.8f,%.8f] 120", centre.x, centre.y); }
 
+std::string plain(std::string_view macro) { return std::string(macro.substr(macro.starts_with('#') ? 1 : 0)); }
+
+std::string selectNameUnclosed(std::string_view parent, std::string_view group) {
+  return format("#SELECTNAME \"%s %s", parent, group);
+}
+
 std::string filletSides(double radius, Point first, Point second) {
   return format("#FILLET 2 \"Y\" %.8f [%.8f,%.8f] [%.8f,%.8f] [#]", radius, first.x, first.y, second.x, second.y);
+}
+
+std::string filletCorner(double radius, Point near) {
+  return format("FILLET 2 \"N\" %.8f [%.8f,%.8f] [#]", radius, near.x, near.y);
 }
 
 std::string filletFlank(double radius, Point near) {
@@ -116,6 +126,25 @@ std::string scale(Point from, double across, double up) {
   return format("#SCALE [%.3f,%.3f] \"N\" %.3f %.3f", from.x, from.y, across, up);
 }
 
+std::string scaleExact(Point from, double across, double up) {
+  return format("#SCALE [%.8f,%.8f] \"N\" %.8f %.8f", from.x, from.y, across, up);
+}
+
+std::string levelDimension(Point line, Point first, Point second) {
+  return format("#HDIM \"F\" [%.3f,%.3f] [%.3f,%.3f] [%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
+std::string levelDimensionFromHere(Point line, Point first, Point second) {
+  return format("#HDIM \"F\" [@%.3f,%.3f] [@%.3f,%.3f] [@%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
+std::string uprightDimension(Point line, Point first, Point second) {
+  return format("#VDIM \"F\" [%.3f,%.3f] [%.3f,%.3f] [%.3f,%.3f] ! [#]", line.x, line.y, first.x, first.y, second.x,
+                second.y);
+}
+
 std::string addSymbol(std::string_view name, Point at) {
   return format("#ADDSYM %s [%.3f,%.3f] 1 0", name, at.x, at.y);
 }
@@ -125,6 +154,8 @@ std::string addTurnedSymbol(std::string_view name, Point at, double angle) {
 }
 
 std::string realSymbols(std::string_view path) { return format("NEWSYMFL %s \"N\" \"N\"", quotedForMacro(path)); }
+
+std::string addNamedSymbol(Point at) { return addSymbol("SYM$", at); }
 
 std::string paperSymbols(std::string_view path) { return format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(path)); }
 
@@ -165,5 +196,9 @@ std::string cursorTo(Point at) { return format("curtocoordenter %.5f %.5f", at.x
 std::string lockAngle(double angle) { return format("#LOCKANG \"K\" %.8f [#]", angle); }
 
 std::string lockOntoLine(Point at) { return format("#LOCKANG L [%.8f,%.8f]", at.x, at.y); }
+
+std::string lockOntoPickedLine(Point at) { return format("#LOCKANG \"L\" [%.3f,%.3f]", at.x, at.y); }
+
+std::string drawBoundary(Point inside) { return format("#AUTOPERIM 0 [%.3f,%.3f]", inside.x, inside.y); }
 
 }  // namespace ardenix::macroText

@@ -27,9 +27,16 @@ inline constexpr std::string_view kSelectNewPlainEnd = "SELECTNEW 0";
 inline constexpr std::string_view kUndoStep = "SETMACUNDO 1";
 inline constexpr std::string_view kUndoStepEnd = "SETMACUNDO 0";
 
+// Deletes the selection.
+inline constexpr std::string_view kDeleteSelection = "#DELSELECT";
+inline constexpr std::string_view kClearCurrent = "#CLEARCURROBJ";
+inline constexpr std::string_view kClearWorkSpace = "#CLEARWS";
+inline constexpr std::string_view kShowPowerBar = "SHOWPOWERBAR";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
 // Leaves the user's own selecting to the current layer.
 inline constexpr std::string_view kAllLayersOff = "ALLLAYER \"N\"";
+inline constexpr std::string_view kThisLayerOnly = "#ALLLAYER \"N\"";  // the same, as circles of beacons send it
+inline constexpr std::string_view kAllLayersOn = "ALLLAYER \"Y\"";
 // The cursor snaps to what is near, or to nothing.
 inline constexpr std::string_view kSnapNear = "#curmode \"A\"";
 inline constexpr std::string_view kSnapFree = "#curmode \"F\"";
@@ -50,6 +57,8 @@ inline constexpr std::string_view kNearSymbol = "ENQUIRE \"NEARSYMBOL\" pat$ xs 
 inline constexpr std::string_view kCursorPosition = "enquire \"CURPOSN\" xf yf";
 // Brings the cursor to the middle of the paper.
 inline constexpr std::string_view kHome = "#HOME";
+// Brings the cursor onto what is near.
+inline constexpr std::string_view kJumpNear = "#JUMPNEAR";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
 inline constexpr std::string_view kPolyline = "#POLY";
 inline constexpr std::string_view kPlainLine = "#LINETYPE 1 1";
@@ -94,8 +103,14 @@ std::string repeatTeeth(int copies, Point centre, double angle);
 // Two copies, so that there are three at 120 degrees.
 std::string repeatByThirds(Point centre);
 
+// The same text without the mark at its start, which the host takes alike.
+std::string plain(std::string_view macro);
+// Selects a group by its name; the quotes are closed by the end of the line.
+std::string selectNameUnclosed(std::string_view parent, std::string_view group);
+
 // Rounds the corner of two sides, each named by a point on it, or the corner nearest a point.
 std::string filletSides(double radius, Point first, Point second);
+std::string filletCorner(double radius, Point near);
 std::string filletFlank(double radius, Point near);  // of a gear's tooth
 
 // An arc through three points; from one point to another, the short way, clockwise for a radius above 0.
@@ -113,14 +128,23 @@ std::string cutAround(Point corner, Point opposite);
 std::string cutCircle(Point centre, Point onCircle);
 // Removes what lies outside a polygon; its corners go out with one decimal.
 std::string cutAroundPolygon(std::span<const Point> corners);
-// Enlarges the selection from a point; three decimals.
+// Enlarges the selection from a point; three decimals, or eight.
 std::string scale(Point from, double across, double up);
+std::string scaleExact(Point from, double across, double up);
+
+// Dimensions of what is measured: where the line lies, then the two points; three decimals. Level ones can be given
+// from the point that the user gave last.
+std::string levelDimension(Point line, Point first, Point second);
+std::string levelDimensionFromHere(Point line, Point first, Point second);
+std::string uprightDimension(Point line, Point first, Point second);
 
 // Places a symbol of a loaded file at its own size, unturned. The name goes out as it is, without quotes; the point
 // with three decimals.
 std::string addSymbol(std::string_view name, Point at);
 // Places a symbol turned by degrees; the name is quoted.
 std::string addTurnedSymbol(std::string_view name, Point at, double angle);
+// The same for the symbol that macro variable SYM$ names.
+std::string addNamedSymbol(Point at);
 // Loads a symbol file whose symbols have their real size and serve in this window.
 std::string realSymbols(std::string_view path);
 // Loads a symbol file whose symbols are millimetres on paper and serve in every window.
@@ -153,6 +177,8 @@ std::string parallelLine(Point first);
 
 // Asks for a text and keeps it in a macro variable, whose present value is offered. The gap before the variable, here
 // and below, is a blank or a tab; the host takes either.
+inline constexpr std::string_view kEnterDiameters =
+    "#ENTER \"Enter circle diameters with spaces between (enter nothing to stop)\"  cirDiamStr$";
 std::string enter(std::string_view prompt, std::string_view variable, char gap = ' ');
 // Puts what the host knows of a thing into macro variables, named with blanks between them.
 std::string enquire(std::string_view what, std::string_view variables, char gap = ' ');
@@ -166,5 +192,10 @@ std::string cursorTo(Point at);
 // Locks the cursor at an angle, or to the line at a point.
 std::string lockAngle(double angle);
 std::string lockOntoLine(Point at);
+// The same with three decimals.
+std::string lockOntoPickedLine(Point at);
+
+// Draws the smallest closed boundary round a point as lines; three decimals.
+std::string drawBoundary(Point inside);
 
 }  // namespace ardenix::macroText

@@ -20,11 +20,15 @@ std::optional<Point> askPointApart(CCadWindow& view, std::string_view prompt, Po
   return point;
 }
 
+double numberTyped(std::string_view typed, int field) {
+  const std::string text = textField(typed, field, "", ' ');
+  return numberText::parseTyped(text).value_or(coreGetFieldDouble(typed, 0.0, field, ' '));
+}
+
 double askNumber(CCadWindow& view, std::string_view prompt) {
   std::string typed;
   view.gsGetTextFromPromptBar(prompt, typed, 1);
-  const std::string first = textField(typed, 1, "", ' ');
-  return numberText::parseTyped(first).value_or(coreGetFieldDouble(typed, 0.0, 1, ' '));
+  return numberTyped(typed, 1);
 }
 
 void clearAll(CCadWindow& view) {

@@ -22,7 +22,9 @@ std::optional<Point> askPoint(CCadWindow& view, std::string_view prompt);
 
 // The same, asked again until the point differs from another: together they are to give a direction.
 std::optional<Point> askPointApart(CCadWindow& view, std::string_view prompt, Point other);
-// The first number typed at the prompt bar, with a full stop or a comma; 0 where there is none.
+// The number in a field of a typed text, fields counted from 1 with blanks between, with a full stop or a comma; 0
+// where there is none. The first one typed at the prompt bar.
+double numberTyped(std::string_view typed, int field);
 double askNumber(CCadWindow& view, std::string_view prompt);
 
 // Nothing is selected and the workspace is empty.

@@ -11,7 +11,8 @@ namespace ardenix {
 
 bool isScratchName(std::string_view layer) {
   using namespace scratchNames;
-  constexpr std::string_view kNames[] = {kMechanical, kMechanicalLinked, kArchitectural, kArchitecturalRepeated};
+  constexpr std::string_view kNames[] = {kMechanical, kMechanicalLinked, kArchitectural, kArchitecturalRepeated,
+                                         kSurveyDimensions};
   return std::ranges::find(kNames, layer) != std::end(kNames);
 }
 

@@ -13,6 +13,7 @@ inline constexpr std::string_view kMechanical = "MECH_SCRATCH";
 inline constexpr std::string_view kMechanicalLinked = "MECH_SCRATCH_LNK";
 inline constexpr std::string_view kArchitectural = "ARCH_SCRATCH_LNK";
 inline constexpr std::string_view kArchitecturalRepeated = "ARCH_SCRATCH_RPT";
+inline constexpr std::string_view kSurveyDimensions = "Z___SURV_DIMS_SCRATCH";
 }  // namespace scratchNames
 bool isScratchName(std::string_view layer);
 

@@ -12,6 +12,12 @@ inline double paperSign(const DrawingParms& parms) {
   return turned ? -1.0 : 1.0;
 }
 
+inline double paperSignOf(CCadWindow& view) {
+  DrawingParms parms;
+  view.gsGetDrawingParms(parms);
+  return paperSign(parms);
+}
+
 // Drawing units of a millimetre on paper. Parameter 1 is the scale's denominator, 3 is 100000 x millimetres per drawing
 // unit; 1 where the view tells no unit.
 inline double paperMillimetre(CCadWindow& view) {

@@ -11,6 +11,7 @@
 #include "frame/host/core_services.h"
 #include "mech/fastener_commands.h"
 #include "mech/part_commands.h"
+#include "survey/plan/plan_commands.h"
 #include "survey/setup_commands.h"
 #include "survey/trace_tool.h"
 
@@ -37,6 +38,7 @@ constexpr ManualChapter kNoChapter{"", ""};
 constexpr ManualChapter kArchitecture{"architectural.md", "Architectural commands"};
 constexpr ManualChapter kSurveySettings{"survey-settings.md", "Survey settings"};
 constexpr ManualChapter kSurveyDiagrams{"survey-diagrams.md", "Survey diagrams"};
+constexpr ManualChapter kGeneralPlans{"general-plans.md", "General plans"};
 
 constexpr Trade kMechanical{CommandFamily::kMechanical, kFasteners, kNoChapter};
 constexpr Trade kArchitectural{CommandFamily::kArchitectural, kWalls, kArchitecture};
@@ -44,6 +46,7 @@ constexpr Trade kDiagramSettings{CommandFamily::kSurvey, kDiagramJob, kSurveySet
 constexpr Trade kGeneralPlanSettings{CommandFamily::kSurvey, kGeneralPlanJob, kSurveySettings};
 constexpr Trade kSectionalPlanSettings{CommandFamily::kSurvey, kSectionalPlanJob, kSurveySettings};
 constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
+constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
 
 }  // namespace
 
@@ -59,8 +62,13 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts) \
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles) \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets) \
-  ROW(MechDrawFlanges, kMechanical, "F&langes...", "flange", "Flanges", mech::drawFlanges) \
+  ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
+  ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawSlots, kMechanical, "Sl&ots", "slot", "", mech::drawSlots) \
+  ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
+  ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
+  ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup) \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \
@@ -82,6 +90,20 @@ constexpr Trade kDiagrams{CommandFamily::kSurvey, kDiagramJob, kSurveyDiagrams};
       "General Plan Defaults", survey::setUpGeneralPlans) \
   ROW(SG_TracePolyArea, kDiagrams, "SG Diagram: &Trace Figure", "trace_figure", "", survey::tracePolyArea) \
   ROW(SG_AdjustDrawing, kDiagrams, "SG Diagram: Ad&just Drawing", "adjust_drawing", "", survey::adjustDrawing) \
+  ROW(SG_InsertBorder, kPlans, "General Plan: &Border", "plan_border", "", survey::insertBorder) \
+  ROW(SG_InsertHeading, kPlans, "General Plan: &Heading", "plan_heading", "", survey::insertHeading) \
+  ROW(SG_TraceArea, kPlans, "General Plan: Trace &Figure", "plan_figure", "", survey::traceArea) \
+  ROW(SG_AreaTable, kPlans, "General Plan: Number &Erven...", "plan_areas", "Area table", survey::makeAreaTable) \
+  ROW(SG_BlockTable, kPlans, "General Plan: Bloc&k Corners", "plan_blocks", "", survey::makeBlockTable) \
+  ROW(SG_RefMarks, kPlans, "General Plan: &Reference Marks", "plan_reference_marks", "", \
+      survey::makeReferenceMarkTable) \
+  ROW(SG_TSMarks, kPlans, "General Plan: Town Survey &Marks", "plan_town_marks", "", survey::makeTownMarkTable) \
+  ROW(SG_TrigBeacons, kPlans, "General Plan: Trig &Beacons", "plan_beacons", "", survey::makeBeaconTable) \
+  ROW(SG_SingleSurveyDims, kPlans, "Survey Dimensions: Si&ngle", "dimension_single", "", survey::dimensionLines) \
+  ROW(SG_SurveyDims, kPlans, "Survey Dimensions: &Sides of an Erf", "dimension_erf", "", survey::dimensionErf) \
+  ROW(SG_MultiSurveyDims, kPlans, "Survey Dimensions: All Er&ven...", "dimension_erven", "Multiple dimensioning", \
+      survey::dimensionErven) \
+  ROW(SG_SwapSurveyDims, kPlans, "Survey Dimensions: S&wap", "dimension_swap", "", survey::swapDimensions) \
   ROW(SG_SectionEditor, kSectionalPlanSettings, "&Sectional Plan: Setup...", "sectional_plan_setup", \
       "Sectional Defaults", survey::setUpSectionalPlans)
 // clang-format on
@@ -114,6 +136,13 @@ void run(void (*operation)(survey::TraceTool&), CCadWindow* view) {
   ardenix::Toolset& tool = ardenix::toolsetUntilUnload(state.surveyTrace, view, make);
   view->SetFocus();
   operation(static_cast<survey::TraceTool&>(tool));
+}
+
+void run(void (*operation)(survey::SheetTool&), CCadWindow* view) {
+  ardenix::ModuleState& state = ardenix::moduleState();
+  const auto make = [&state](CCadWindow* first) { return survey::makeSheetTool(first, state.services); };
+  ardenix::Toolset& tool = ardenix::toolsetUntilUnload(state.surveySheet, view, make);
+  operation(static_cast<survey::SheetTool&>(tool));
 }
 
 void run(void (*operation)(survey::SectionalPlanJob&), CCadWindow* view) {

@@ -44,6 +44,23 @@ struct TextDefaults {
   int pen = 1;
 };
 
+// What the answers to a question are called.
+struct AnswerNames {
+  std::string_view yes;
+  std::string_view no;
+};
+
+// How a text that is read is written, as gsSetFont takes it.
+struct FontDef {
+  std::string name;
+  int pen = 1;
+  double height = 0.0;  // tenths of a millimetre on paper
+  double angle = 0.0;   // tenths of a degree on paper
+  int style = 0;
+  int justification = 1;
+  double widthFactor = 1.0;
+};
+
 struct LayerDef {
   std::string name;
   bool visible = true;
@@ -93,6 +110,9 @@ class CCadWindow : public CWnd {
   virtual int gsGivesUp(std::string_view question) = 0;
   // A yes/no question; non-zero is yes.
   virtual int gsReply(std::string_view question) = 0;
+  // One of two answers that have names of their own; non-zero is the first. The user may also leave the question:
+  // gsEscapePressed then.
+  virtual int gsReply(std::string_view question, const AnswerNames& names) = 0;
   // Items separated by commas, "&" marking the mnemonic; returns the item chosen from 1, 0 for none.
   virtual int gsSubMenu(std::string_view items) = 0;
   // Non-zero from the moment the user pressed Escape until the command ends.
@@ -100,6 +120,9 @@ class CCadWindow : public CWnd {
   virtual void gsSetPrompt(std::string_view text) = 0;
   virtual void gsSetStatus(std::string_view text) = 0;
   virtual void gsSetProgress(int done, int total, std::string_view text) = 0;
+  // The same of work that keeps what it has done so far: non-zero once the user pressed Escape, and gsEscapePressed
+  // then.
+  virtual int gsStopsAtProgress(int done, int total, std::string_view text) = 0;
   virtual void gsCursorWait(int on) = 0;
   virtual void gsSetCursorHold(int on) = 0;
   virtual void gsSetRubberBand(int on) = 0;
@@ -143,7 +166,11 @@ class CCadWindow : public CWnd {
   virtual int gsGetArc(double& startX, double& startY, double& centreX, double& centreY, double& endX, double& endY,
                        int& direction) = 0;
   virtual int gsGetText(double& x, double& y, char* buffer, int size) = 0;
+  virtual int gsGetFont(FontDef& font) = 0;
   virtual int gsGetPrimHeader(PrimHeader& header) = 0;
+  // Selects what the group of the current primitive holds, and nothing else, and makes that group current for
+  // gsGetObject. Returns the number of its members, 0 for a primitive in no group.
+  virtual int gsSelectGroup() = 0;
   // A scan over primitives of a type (0 all, 2 groups) on a layer (-1 all) whose bounds meet the window
   // (all zeros: everywhere). With both flags set only over what is selected, where something is. Handles are
   // above 0.
@@ -184,6 +211,9 @@ class CCadWindow : public CWnd {
   virtual void gsSetDisplayToCopy() = 0;
   virtual void gsShowLegendBar(int shown) = 0;
   virtual void gsCenterPaper(double x, double y) = 0;
+  // The paper becomes the smallest ISO sheet, on its side or upright, that holds the window; the window's middle is
+  // its.
+  virtual void gsFitPaper(double x1, double y1, double x2, double y2) = 0;
   // Finds the smallest closed boundary round the point and draws nothing; non-zero when found.
   virtual int gsAutoPerim(double x, double y) = 0;
   virtual void gsSetAutoperimPromptFlag(int on) = 0;

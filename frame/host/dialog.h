@@ -208,6 +208,14 @@ class CIntEdit : public CNumberEdit {
   }
 };
 
+// A whole number, or none.
+class COptionalIntEdit : public CIntEdit {
+ public:
+  using CIntEdit::CIntEdit;
+  [[nodiscard]] bool IsEmpty() const { return as<dialog::NumberEdit>().text.empty(); }
+  void Clear() const { CNumberEdit::show(0, ""); }
+};
+
 class CIntSpinCtrl : public CIntEdit {
  public:
   using CIntEdit::CIntEdit;
@@ -276,6 +284,15 @@ inline CIntEdit addInteger(Dialog& dialog, Setting setting, int minimum, int max
   edit.format = "%d";
   CIntEdit handle(dialog, addControl(dialog, edit, std::move(setting)));
   handle.SetValue(minimum > 0 ? minimum : 0);
+  return handle;
+}
+
+// Empty to begin with.
+inline COptionalIntEdit addOptionalInteger(Dialog& dialog, Setting setting, int minimum, int maximum) {
+  const CIntEdit edit = addInteger(dialog, std::move(setting), minimum, maximum);
+  dialog.state<NumberEdit>(edit.index()).mayBeEmpty = true;
+  const COptionalIntEdit handle(dialog, edit.index());
+  handle.Clear();
   return handle;
 }
 

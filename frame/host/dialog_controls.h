@@ -32,10 +32,11 @@ struct NumberEdit {
   double maximum = 0.0;
   std::string format = "%.3f";  // "%d" for integers
   std::string text;
-  double value = 0.0;   // of the text as last accepted
-  bool edited = false;  // the user changed the text and has not left the field since
-  std::string unit{};   // stands behind the range where the dialog is described; empty for drawing units and counts
-  bool spin = false;    // with arrows that step by one
+  double value = 0.0;       // of the text as last accepted
+  bool edited = false;      // the user changed the text and has not left the field since
+  std::string unit{};       // stands behind the range where the dialog is described; empty for drawing units and counts
+  bool spin = false;        // with arrows that step by one
+  bool mayBeEmpty = false;  // no number at all is an answer, too; the value is 0 then
 };
 
 struct TextEdit {

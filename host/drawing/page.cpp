@@ -7,6 +7,7 @@
 #include "frame/host/number_text.h"
 #include "host/drawing/shown_layers.h"
 #include "host/drawing/strokes.h"
+#include "host/drawing/turned_strokes.h"
 
 namespace brevan {
 
@@ -101,17 +102,32 @@ double standardScale(double denominator) {
   return exponent + 1 < 0 ? 1.0 / std::pow(10.0, -(exponent + 1)) : std::pow(10.0, exponent + 1);
 }
 
+Transform turnedOnPaper(double degrees) {
+  const Point unit = unitOfDegrees(degrees);
+  return Transform::rotation({}, unit.x, unit.y);
+}
+
+// Of a box after a transform.
+Box boxOf(const Box& box, const Transform& transform) {
+  Box moved;
+  for (const Point corner : {box.low, box.high, Point{box.low.x, box.high.y}, Point{box.high.x, box.low.y}}) {
+    moved.add(transform(corner));
+  }
+  return moved;
+}
+
 class PageChoice {
  public:
   PageChoice(const Drawing& drawing, const PageOptions& options)
       : drawing_(drawing), options_(options), parameters_(drawing.parameters()), layers_(drawing, options.layers) {}
 
   Page choose() {
+    page_.rotation = options_.rotation;
     shown_ = lookAt({}).all();
     refuseUnshown();
     takeContent();
     const bool asItLies = drawing_.sheet() && !options_.window && !options_.scale && !options_.fit &&
-                          options_.paper.empty() && !options_.margin;
+                          options_.paper.empty() && !options_.margin && options_.rotation == 0.0;
     if (asItLies) {
       page_.sheet = *drawing_.sheet();
     } else {
@@ -123,10 +139,16 @@ class PageChoice {
   }
 
  private:
-  // The strokes in millimetres on a paper whose corner lies at the drawing's origin, at its own scale.
+  // To millimetres on a paper whose corner lies at the drawing's origin, at its own scale.
+  [[nodiscard]] Transform toOwnPaper() const {
+    return turnedOnPaper(options_.rotation) * toSheet(Sheet(), parameters_);
+  }
+  [[nodiscard]] Transform toTurnedPage() const { return turnedOnPaper(page_.rotation) * toPage(page_, parameters_); }
+  // The strokes on that paper.
   BoxSink lookAt(const Box& part) const {
     BoxSink sink(part);
-    StrokeWalk walk(drawing_, toSheet(Sheet(), parameters_), sink);
+    TurnedStrokes turned(sink, options_.rotation);
+    StrokeWalk walk(drawing_, toSheet(Sheet(), parameters_), turned);
     layers_.forEachPrimitive(drawing_, [&walk](const Primitive& primitive) { walk.primitive(primitive); });
     return sink;
   }
@@ -143,18 +165,14 @@ class PageChoice {
 
   // What the page is to hold, on that paper.
   void takeContent() {
-    const Transform onPaper = toSheet(Sheet(), parameters_);
+    const Transform onPaper = toOwnPaper();
     content_ = shown_;
     margin_ = options_.margin.value_or(kUsualMargin);
     if (options_.window) {
-      content_ = Box();
-      content_.add(onPaper(options_.window->low));
-      content_.add(onPaper(options_.window->high));
+      content_ = boxOf(*options_.window, onPaper);
     } else if (const auto& sheet = drawing_.sheet()) {
-      const Point corner = onPaper(sheet->corner);
-      content_ = Box();
-      content_.add(corner);
-      content_.add(corner + Point{sheet->width, sheet->height});
+      const Point corner = toSheet(Sheet(), parameters_)(sheet->corner);
+      content_ = boxOf(Box{corner, corner + Point{sheet->width, sheet->height}}, turnedOnPaper(options_.rotation));
       margin_ = options_.margin.value_or(0.0);
     }
   }
@@ -229,18 +247,18 @@ class PageChoice {
   [[nodiscard]] bool hasSize() const { return content_.width() > 0.0 || content_.height() > 0.0; }
 
   void centreContent() {
-    const Point centre = toSheet(Sheet(), parameters_).inverted()(content_.centre());
+    const Point centre = toOwnPaper().inverted()(content_.centre());
     page_.sheet.corner = {};
-    const Point middle = toPage(page_, parameters_).inverted()({page_.sheet.width / 2.0, page_.sheet.height / 2.0});
+    const Point middle = toTurnedPage().inverted()({page_.sheet.width / 2.0, page_.sheet.height / 2.0});
     page_.sheet.corner = centre - middle;
   }
 
   // What leaves the page is told; a page with nothing on it is refused.
   void checkContent() {
-    const Transform toOwnPaper = toSheet(Sheet(), parameters_) * toPage(page_, parameters_).inverted();
+    const Transform fromPage = toOwnPaper() * toTurnedPage().inverted();
     Box paper;
-    paper.add(toOwnPaper(Point{}));
-    paper.add(toOwnPaper({page_.sheet.width, page_.sheet.height}));
+    paper.add(fromPage(Point{}));
+    paper.add(fromPage({page_.sheet.width, page_.sheet.height}));
     const double slack = 0.5 / page_.zoom;
     if (paper.grownBy(slack).holds(shown_)) { return; }
     if (!paper.meets(shown_) || !lookAt(paper).meetsPart()) {
@@ -267,7 +285,7 @@ class PageChoice {
   [[nodiscard]] std::string placeText() const { return placeText(shown_); }
   // Corners of the paper above in drawing units.
   [[nodiscard]] std::string placeText(const Box& onPaper) const {
-    const Transform fromPaper = toSheet(Sheet(), parameters_).inverted();
+    const Transform fromPaper = toOwnPaper().inverted();
     const Point low = fromPaper(onPaper.low);
     const Point high = fromPaper(onPaper.high);
     return "from " + pointText(low) + " to " + pointText(high);

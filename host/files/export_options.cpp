@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -87,18 +88,30 @@ bool setDots(ExportOptions& options, std::string_view value) {
   return true;
 }
 
+bool setRotation(ExportOptions& options, std::string_view value) {
+  constexpr double kMost = 360.0;
+  const auto angle = numberText::parseDouble(value);
+  if (!angle || !(std::abs(*angle) <= kMost)) { return false; }
+  options.page.rotation = *angle;
+  return true;
+}
+
+using Set = bool (*)(ExportOptions& options, std::string_view value);
 struct OptionRow {
-  std::string_view name;
-  bool (*set)(ExportOptions& options, std::string_view value);
-  std::string_view rule;
+  ExportOptionText text;
+  Set set;
 };
-constexpr std::array<OptionRow, 7> kOptions = {{{"scale", setScale, "two numbers above 0, as 1:50 or 2:1, or fit"},
-                                                {"paper", setPaper, "A0, A1, A2, A3 or A4"},
-                                                {"margin", setMargin, "0 to 200 millimetres"},
-                                                {"window", setWindow, "two corners, X1,Y1,X2,Y2 in drawing units"},
-                                                {"layers", setLayers, "names of layers with commas between them"},
-                                                {"dxf-version", setVersion, "R2000 or R2010"},
-                                                {"dpi", setDots, "10 to 2400 dots an inch"}}};
+constexpr auto kOptions = std::to_array<OptionRow>({
+    {{"scale", "1:N|fit", "The picture's scale", "two numbers above 0, as 1:50 or 2:1, or fit"}, setScale},
+    {{"paper", "NAME", "Its paper, A0 to A4", "A0, A1, A2, A3 or A4"}, setPaper},
+    {{"margin", "MM", "The paper's margin that stays empty", "0 to 200 millimetres"}, setMargin},
+    {{"rotate", "DEGREES", "Turns the drawing on the paper, counter-clockwise", "-360 to 360 degrees"}, setRotation},
+    {{"window", "X1,Y1,X2,Y2", "The part of the drawing to show", "two corners, X1,Y1,X2,Y2 in drawing units"},
+     setWindow},
+    {{"layers", "NAME,...", "The layers to show", "names of layers with commas between them"}, setLayers},
+    {{"dpi", "N", "The dots an inch of a PNG picture", "10 to 2400 dots an inch"}, setDots},
+    {{"dxf-version", "R2000|R2010", "The version of a DXF file", "R2000 or R2010"}, setVersion},
+});
 
 }  // namespace
 
@@ -108,15 +121,24 @@ Page ExportOptions::tellPage(const Drawing& drawing) const {
   return chosen;
 }
 
+std::vector<ExportOptionText> exportOptionTexts() {
+  std::vector<ExportOptionText> texts;
+  texts.reserve(kOptions.size());
+  for (const OptionRow& row : kOptions) { texts.push_back(row.text); }
+  return texts;
+}
+
 void setExportOption(ExportOptions& options, std::string_view name, std::string_view value) {
-  const auto* const row =
-      std::find_if(kOptions.begin(), kOptions.end(), [name](const OptionRow& option) { return option.name == name; });
+  const auto row = std::ranges::find(kOptions, name, [](const OptionRow& option) { return option.text.name; });
   if (row == kOptions.end()) {
-    throw HostFailure("an export takes scale, paper, margin, window, layers, dxf-version and dpi, got \"" +
-                      messageText(name) + "\"");
+    std::string names;
+    for (const ExportOptionText& text : exportOptionTexts()) {
+      names += (names.empty() ? "" : ", ") + std::string(text.name);
+    }
+    throw HostFailure("an export takes " + names + ", got \"" + messageText(name) + "\"");
   }
   if (!row->set(options, value)) {
-    throw HostFailure("\"" + std::string(name) + "\" takes " + std::string(row->rule) + ", got \"" +
+    throw HostFailure("\"" + std::string(name) + "\" takes " + std::string(row->text.rule) + ", got \"" +
                       messageText(value) + "\"");
   }
 }

@@ -10,6 +10,7 @@
 #include "host/drawing/pens.h"
 #include "host/drawing/shown_layers.h"
 #include "host/drawing/strokes.h"
+#include "host/drawing/turned_strokes.h"
 
 namespace brevan {
 
@@ -183,7 +184,8 @@ void appendLayer(std::string& out, int index, const Layer& layer, const std::str
 std::string drawingSvg(const Drawing& drawing, const ExportOptions& options) {
   const Page page = options.tellPage(drawing);
   SvgSink sink(page.sheet.height, drawing.layerCount());
-  StrokeWalk walk(drawing, toPage(page, drawing.parameters()), sink, page.zoom);
+  TurnedStrokes turned(sink, page.rotation);
+  StrokeWalk walk(drawing, toPage(page, drawing.parameters()), turned, page.zoom);
   const ShownLayers layers(drawing, options.page.layers);
   layers.forEachPrimitive(drawing, [&walk](const Primitive& primitive) { walk.primitive(primitive); });
   std::string out;

@@ -7,8 +7,6 @@ namespace brevan::macroHandlers {
 
 namespace {
 
-constexpr std::string_view kUnnamed = "_";
-
 // Replaces the selection by what may be seen of a list; locked layers are seen and stay unselected, since
 // nothing may change them.
 void selectOnly(DrawingWindow& window, const std::vector<PrimitiveId>& ids) {
@@ -41,7 +39,7 @@ void refuseLocked(const MacroRun& run, int layer) {
 GroupId linkTarget(DrawingWindow& window, const std::string& name) {
   Drawing& drawing = window.drawing();
   const std::string& parent = window.openGroup().parent();
-  if (name != kUnnamed) {
+  if (name != kUnnamedGroup) {
     if (const GroupId newest = drawing.newestGroup(parent, name)) { return newest; }
   }
   return drawing.addGroup(parent, name);

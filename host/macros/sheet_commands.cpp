@@ -11,12 +11,7 @@ constexpr double kGivenScale = 14.0;  // the scale follows as a number
 
 }  // namespace
 
-void home(MacroRun& run) {
-  const Drawing& drawing = run.window.drawing();
-  const auto& sheet = drawing.sheet();
-  run.window.cursor().setPosition(sheet ? sheetCentre(*sheet, drawing.parameters())
-                                        : run.window.macroState().viewCentre);
-}
+void home(MacroRun& run) { run.window.goHome(); }
 
 // A sheet that is there turns about its middle.
 void setPortrait(MacroRun& run) {
@@ -37,7 +32,7 @@ void newScale(MacroRun& run) {
   Parameters parameters = run.window.drawing().parameters();
   parameters.setScale(run.number(1));
   run.window.drawing().setParameters(parameters);
-  run.window.macroState().viewCentre = run.point(2);
+  run.window.macroState().seen = {run.point(2)};
 }
 
 }  // namespace brevan::macroHandlers

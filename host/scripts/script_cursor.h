@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -8,7 +9,7 @@
 
 namespace brevan {
 
-inline constexpr size_t kAnyNumberOfWords = 1000;
+inline constexpr size_t kAnyNumberOfWords = std::numeric_limits<size_t>::max();
 
 // Where a script has come to, and the reading of its words.
 class ScriptCursor {

@@ -13,6 +13,7 @@
 #include "host/files/drg_writer.h"
 #include "host/macros/lexer.h"
 #include "host/macros/macro_drawing.h"
+#include "host/scripts/item_ranges.h"
 #include "host/scripts/plain_primitives.h"
 #include "host/tools/drawing_tools.h"
 #include "host/window/dialog_operations.h"
@@ -40,10 +41,12 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
       {"window", 2, 2, &ScriptPlayer::goToWindow},
       {"closewindow", 2, 2, &ScriptPlayer::closeWindow},
       {"sheet", 3, 5, &ScriptPlayer::setSheet},
+      {"view", 3, 3, &ScriptPlayer::setView},
       {"layer", 2, 2, &ScriptPlayer::setLayer},
       {"layerstate", 4, 4, &ScriptPlayer::setLayerState},
       {"style", 4, 4, &ScriptPlayer::setStyle},
       {"draw", 2, 12, &ScriptPlayer::draw},
+      {"selection", 1, kAnyNumberOfWords, &ScriptPlayer::setSelection},
       {"macro", 1, 2, &ScriptPlayer::runMacro},
       {"tool", 2, 2, &ScriptPlayer::runTool},
       {"read", 2, 2, &ScriptPlayer::readVariable},
@@ -239,6 +242,8 @@ void ScriptPlayer::setSheet(const Statement& statement) {
   host_.window().drawing().setSheet(std::move(sheet));
 }
 
+void ScriptPlayer::setView(const Statement& statement) { host_.window().setSeen(cursor_.point(statement, 1)); }
+
 // ---- Drawing -----------------------------------------------------------------------------------------------
 
 void ScriptPlayer::setLayer(const Statement& statement) {
@@ -282,6 +287,13 @@ void ScriptPlayer::draw(const Statement& statement) {
   window.addPlain(std::move(geometry));
   if (!name.empty()) { takeSymbol(window, name); }
   window.drawing().endStep();
+}
+
+void ScriptPlayer::setSelection(const Statement& statement) {
+  Drawing& drawing = host_.window().drawing();
+  const std::vector<PrimitiveId> items = itemsOf(cursor_, statement, drawing);
+  drawing.clearSelection();
+  for (const PrimitiveId id : items) { drawing.select(id); }
 }
 
 void ScriptPlayer::runMacro(const Statement& statement) {

@@ -59,10 +59,12 @@ class ScriptPlayer {
   void goToWindow(const Statement& statement);
   void closeWindow(const Statement& statement);
   void setSheet(const Statement& statement);
+  void setView(const Statement& statement);
   void setLayer(const Statement& statement);
   void setLayerState(const Statement& statement);
   void setStyle(const Statement& statement);
   void draw(const Statement& statement);
+  void setSelection(const Statement& statement);
   void runMacro(const Statement& statement);
   void readVariable(const Statement& statement);
   void runTool(const Statement& statement);

@@ -44,6 +44,11 @@ struct ReplyRow {
 constexpr std::array<ReplyRow, 4> kReplies = {
     {{"yes", BoxAnswer::kYes}, {"no", BoxAnswer::kNo}, {"cancel", BoxAnswer::kCancel}, {"ok", BoxAnswer::kOk}}};
 
+std::string repliesTo(const MessageBox& box) {
+  if (box.names.yes.empty()) { return "yes or no"; }
+  return quotedUtf8(box.names.yes) + " or " + quotedUtf8(box.names.no);
+}
+
 bool offers(BoxButtons buttons, BoxAnswer answer) {
   if (buttons == BoxButtons::kOk) { return answer == BoxAnswer::kOk; }
   return answer == BoxAnswer::kYes || answer == BoxAnswer::kNo ||
@@ -184,10 +189,13 @@ BoxAnswer ScriptUser::showMessage(const MessageBox& box) {
   if (!cursor_.nextIs("reply")) { cursor_.failHere("the question " + quotedUtf8(box.text) + " waits for a reply"); }
   const Statement& answer = takeAnswer("");
   cursor_.expectWords(answer, 2, 2);
+  for (const BoxAnswer named : {BoxAnswer::kYes, BoxAnswer::kNo}) {
+    if (!nameOf(named, box).empty() && cursor_.string(answer, 1) == nameOf(named, box)) { return named; }
+  }
   const auto row = std::find_if(kReplies.begin(), kReplies.end(),
                                 [&](const ReplyRow& reply) { return reply.word == cursor_.string(answer, 1); });
   if (row == kReplies.end() || !offers(box.buttons, row->answer)) {
-    cursor_.fail(answer, "the question " + quotedUtf8(box.text) + " takes yes or no" +
+    cursor_.fail(answer, "the question " + quotedUtf8(box.text) + " takes " + repliesTo(box) +
                              (box.buttons == BoxButtons::kYesNoCancel ? " or cancel" : "") +
                              ", the script gave: " + answer.shown());
   }

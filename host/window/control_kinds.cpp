@@ -142,6 +142,15 @@ Refusal typeLines(TextEdit& field, const std::string& text, const std::string& n
   return std::nullopt;
 }
 
+Refusal typePen(PenButton& button, const std::string& text, const std::string& name) {
+  const auto pen = numberText::parseInteger(text);
+  if (!pen || !limits::kPens.contains(static_cast<double>(*pen))) {
+    return name + " takes a pen from " + limits::kPens.text() + ", got \"" + text + '"';
+  }
+  button.pen = static_cast<int>(*pen);
+  return std::nullopt;
+}
+
 Refusal typeEntry(DropDown& list, const std::string& text, const std::string& name) {
   if (!list.editable) { return notThisKind(name, State(list), "takes no typed text"); }
   list.text = text;
@@ -190,7 +199,7 @@ constexpr auto kKinds = std::tuple{
                             [](const NumberEdit& edit) {
                               const std::string unit = edit.unit.empty() ? "" : " " + edit.unit;
                               return numberText::shortest(edit.minimum) + " to " + numberText::shortest(edit.maximum) +
-                                     unit;
+                                     unit + (edit.mayBeEmpty ? ", or nothing" : "");
                             },
                         .type = typeNumber},
     KindRow<TextEdit>{
@@ -258,8 +267,10 @@ constexpr auto kKinds = std::tuple{
     KindRow<Tree>{
         .usual = {"tree", kLabelled | kGrows}, .written = Verb::kPick, .value = branchText, .choose = chooseBranch},
     KindRow<PenButton>{.usual = {"pen button", kLabelled},
+                       .written = Verb::kSet,
                        .value = [](const PenButton& button) { return std::to_string(button.pen); },
-                       .range = [](const PenButton&) { return limits::kPens.text(); }},
+                       .range = [](const PenButton&) { return limits::kPens.text(); },
+                       .type = typePen},
     KindRow<LineTypeList>{.usual = {"line-type list", kLabelled | kSetChooses},
                           .written = Verb::kPick,
                           .value = [](const LineTypeList& list) { return std::to_string(list.selected + 1); },
@@ -400,6 +411,7 @@ int entryNamed(const Texts& entries, std::string_view name) {
 }
 
 Refusal refusalOf(std::string_view name, const NumberEdit& edit) {
+  if (edit.mayBeEmpty && edit.text.empty()) { return std::nullopt; }
   const auto value = numberText::parseTyped(edit.text);
   const bool whole = !edit.integer || (value && *value == std::floor(*value));
   if (value && whole && *value >= edit.minimum && *value <= edit.maximum) { return std::nullopt; }

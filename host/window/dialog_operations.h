@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -56,7 +57,7 @@ struct DialogOperation {
 enum class Argument { kNone, kControl, kNumber, kText };
 
 struct OperationRow {
-  static constexpr size_t kAnyNumber = 1000;
+  static constexpr size_t kAnyNumber = std::numeric_limits<size_t>::max();
   using Arguments = std::array<Argument, 4>;
 
   Verb verb;

@@ -48,6 +48,22 @@ void DialogSession::edited(int control) {
   run(dialog_.control(control).onEdit);
 }
 
+namespace {
+
+// As the field shows the number once it is left.
+NumberEdit formattedAsTyped(NumberEdit edit) {
+  edit.edited = false;
+  edit.value = 0.0;
+  if (edit.text.empty()) { return edit; }
+  const double typed = *numberText::parseTyped(edit.text);
+  edit.text = edit.integer ? numberText::format(edit.format, static_cast<long long>(typed))
+                           : numberText::format(edit.format, typed);
+  edit.value = numberText::parseTyped(edit.text).value_or(typed);
+  return edit;
+}
+
+}  // namespace
+
 // ---- Focus -----------------------------------------------------------------------------------------------
 
 void DialogSession::focusMoved(int control, bool) {
@@ -59,12 +75,7 @@ Refusal DialogSession::leave() {
   if (control < 0) { return std::nullopt; }
   if (auto* edit = std::get_if<NumberEdit>(&dialog_.control(control).state); edit != nullptr && edit->edited) {
     if (auto refusal = refusalOf(addressOf(dialog_, control), *edit)) { return refusal; }
-    NumberEdit kept = *edit;
-    const double typed = *numberText::parseTyped(edit->text);
-    kept.text = edit->integer ? numberText::format(edit->format, static_cast<long long>(typed))
-                              : numberText::format(edit->format, typed);
-    kept.value = numberText::parseTyped(kept.text).value_or(typed);
-    kept.edited = false;
+    NumberEdit kept = formattedAsTyped(*edit);
     // The format may round what was typed out of the range.
     if (auto refusal = refusalOf(addressOf(dialog_, control), kept)) { return refusal; }
     *edit = std::move(kept);

@@ -14,8 +14,8 @@ void OpenGroup::setParent(std::string_view parent) {
 }
 
 void OpenGroup::begin(std::string_view name) {
-  if (!parentIsFresh_ && name_ == name) { return; }
-  name_ = name;
+  if (!parentIsFresh_ && name_ == name && name != kUnnamedGroup) { return; }
+  name_ = name.empty() ? std::nullopt : std::optional<std::string>(name);
   id_ = 0;
   parentIsFresh_ = false;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -34,18 +35,25 @@ struct DrawingStyle {
   double width = 0.0;  // tenths of a millimetre on paper
 };
 
+// The event by which the place is told that HOME found where the user looked.
+inline constexpr std::string_view kSeenCall = "seen";
+
 // A temporary line, seen until the view is refreshed or the command ends; no part of the drawing.
 struct Mark {
   Segment line;
   int pen = 1;
 };
 
+// The name of groups that have none.
+inline constexpr std::string_view kUnnamedGroup = "_";
+
 // The group that is open for what is drawn next. It enters the drawing with its first primitive.
 class OpenGroup {
  public:
   // Ends the open group; what is drawn before the next one begins belongs to none.
   void setParent(std::string_view parent);
-  // After setParent always a new group; else a name that is open already goes on.
+  // After setParent always a new group; else a name that is open already goes on. Without a name it always begins a new
+  // one; an empty name ends the open group.
   void begin(std::string_view name);
   // The group for a new primitive, made where it is not there yet; 0 where none is open.
   GroupId forNewPrimitive(Drawing& drawing);
@@ -77,6 +85,12 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] TextDefaults& textDefaults() { return textDefaults_; }
   [[nodiscard]] MacroState& macroState() { return macroState_; }
   [[nodiscard]] BoundaryMap& boundaries();
+  // What shows the window looks about this point now.
+  void setSeen(Point centre) { macroState_.seen = {centre, true}; }
+  // What shows the window is told what a command wants to be seen: a part, or with an empty box all of the drawing.
+  void setZoom(std::function<void(const Box&)> zoom) { zoom_ = std::move(zoom); }
+  // Brings the cursor to the middle of the paper; without a paper to that of what is seen, or drawn.
+  void goHome();
   [[nodiscard]] const WindowServices& services() const { return services_; }
   // Nothing is current: picks and scans start anew.
   void clearCurrent() {
@@ -127,11 +141,13 @@ class DrawingWindow : public CCadWindow {
   int gsBackPressed() override;
   int gsGivesUp(std::string_view question) override;
   int gsReply(std::string_view question) override;
+  int gsReply(std::string_view question, const AnswerNames& names) override;
   int gsSubMenu(std::string_view items) override;
   int gsEscapePressed() override;
   void gsSetPrompt(std::string_view text) override;
   void gsSetStatus(std::string_view text) override;
   void gsSetProgress(int done, int total, std::string_view text) override;
+  int gsStopsAtProgress(int done, int total, std::string_view text) override;
   void gsCursorWait(int on) override;
   void gsSetCursorHold(int on) override;
   void gsSetRubberBand(int on) override;
@@ -165,7 +181,9 @@ class DrawingWindow : public CCadWindow {
   int gsGetArc(double& startX, double& startY, double& centreX, double& centreY, double& endX, double& endY,
                int& direction) override;
   int gsGetText(double& x, double& y, char* buffer, int size) override;
+  int gsGetFont(FontDef& font) override;
   int gsGetPrimHeader(PrimHeader& header) override;
+  int gsSelectGroup() override;
   int gsGetListHandle(int type, int layer, int flag, double x1, double y1, double x2, double y2, int,
                       int flag2) override;
   int gsGetNextPrim(int handle) override;
@@ -194,6 +212,7 @@ class DrawingWindow : public CCadWindow {
   void gsSetDisplayToCopy() override;
   void gsShowLegendBar(int shown) override;
   void gsCenterPaper(double x, double y) override;
+  void gsFitPaper(double x1, double y1, double x2, double y2) override;
   int gsAutoPerim(double x, double y) override;
   void gsSetAutoperimPromptFlag(int on) override;
 
@@ -208,10 +227,12 @@ class DrawingWindow : public CCadWindow {
     size_t end = 0;                // what is drawn after the scan began is not met
   };
 
+  BoxAnswer ask(const MessageBox& box);
   void call(std::string_view name, std::initializer_list<CallArgument> arguments = {}) {
     if (services_.events != nullptr) { services_.events->called(name, arguments); }
   }
   void resetForCommand();
+  void zoomTo(const Box& box);
   void setGeometry(Geometry geometry);
   template <class Kind>
   const Kind* currentAs() const;
@@ -230,6 +251,7 @@ class DrawingWindow : public CCadWindow {
   PrimitiveId lastDrawn_ = 0;
   TextDefaults textDefaults_;
   MacroState macroState_;
+  std::function<void(const Box&)> zoom_;
   int dimensionStyle_ = 0;
   bool selectsNew_ = false;
   bool escaped_ = false;

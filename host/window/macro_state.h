@@ -45,6 +45,12 @@ struct AutomaticPaper {
   std::optional<Point> centre;
 };
 
+// The middle of what the view shows.
+struct SeenPlace {
+  Point centre;
+  bool byUser = false;  // who brought it there, not a command
+};
+
 // What macro commands leave for later ones in a window.
 struct MacroState {
   MacroState();
@@ -61,7 +67,7 @@ struct MacroState {
   bool promptsForPerimeter = false;
   bool powerBar = true;
   AutomaticPaper paper;
-  Point viewCentre;
+  std::optional<SeenPlace> seen;  // nothing while nobody has looked at a part of the drawing
 };
 
 }  // namespace brevan

@@ -34,12 +34,22 @@ struct TextAnswer {
 // What a user is told who types more than a prompt takes.
 std::string tooLongAnswer(size_t characters);
 
+// What the answers of a box are called other than Yes and No; empty: as ever.
+struct BoxAnswerNames {
+  std::string yes;
+  std::string no;
+};
+
 struct MessageBox {
   std::string text;
   std::string caption;
   BoxIcon icon = BoxIcon::kInformation;
   BoxButtons buttons = BoxButtons::kOk;
+  BoxAnswerNames names{};
 };
+
+// The name of an answer to the box, where it has one of its own; else "".
+std::string_view nameOf(BoxAnswer answer, const MessageBox& box);
 
 struct FileRequest {
   bool open = true;
@@ -81,6 +91,11 @@ class User {
   virtual void showPrompt(const std::string& text) = 0;
   // Called often on long work; may throw to cancel it.
   virtual void showProgress(int done, int total, const std::string& text) = 0;
+  // The same of work that ends by itself when it is cancelled; true then.
+  virtual bool stopsAtProgress(int done, int total, const std::string& text) {
+    showProgress(done, total, text);
+    return false;
+  }
 };
 
 }  // namespace brevan

@@ -36,6 +36,11 @@ std::string_view promptEndWord(PromptEnd end) {
   return "escape";
 }
 
+std::string_view nameOf(BoxAnswer answer, const MessageBox& box) {
+  if (answer == BoxAnswer::kYes) { return box.names.yes; }
+  return answer == BoxAnswer::kNo ? std::string_view(box.names.no) : std::string_view();
+}
+
 std::string tooLongAnswer(size_t characters) {
   return "An answer takes " + std::to_string(limits::kLongestAnswer) + " characters at most, this one has " +
          std::to_string(characters) + ".";
@@ -73,10 +78,25 @@ int DrawingWindow::gsGivesUp(std::string_view question) {
   return services_.user.isAskedToGiveUp() ? gsReply(question) : 0;
 }
 
-int DrawingWindow::gsReply(std::string_view question) {
-  const MessageBox box{std::string(question), "", BoxIcon::kQuestion, BoxButtons::kYesNo};
+BoxAnswer DrawingWindow::ask(const MessageBox& box) {
   const BoxAnswer answer = services_.user.showMessage(box);
   if (services_.events != nullptr) { services_.events->messageShown(box, answer); }
+  return answer;
+}
+
+int DrawingWindow::gsReply(std::string_view question) {
+  const MessageBox box{std::string(question), "", BoxIcon::kQuestion, BoxButtons::kYesNo};
+  return ask(box) == BoxAnswer::kYes ? 1 : 0;
+}
+
+int DrawingWindow::gsReply(std::string_view question, const AnswerNames& names) {
+  const MessageBox box{std::string(question),
+                       "",
+                       BoxIcon::kQuestion,
+                       BoxButtons::kYesNoCancel,
+                       {std::string(names.yes), std::string(names.no)}};
+  const BoxAnswer answer = ask(box);
+  escaped_ = escaped_ || answer == BoxAnswer::kCancel;
   return answer == BoxAnswer::kYes ? 1 : 0;
 }
 
@@ -101,6 +121,11 @@ void DrawingWindow::gsSetStatus(std::string_view text) {
 
 void DrawingWindow::gsSetProgress(int done, int total, std::string_view text) {
   services_.user.showProgress(done, total, std::string(text));
+}
+
+int DrawingWindow::gsStopsAtProgress(int done, int total, std::string_view text) {
+  escaped_ = services_.user.stopsAtProgress(done, total, std::string(text)) || escaped_;
+  return gsEscapePressed();
 }
 
 void DrawingWindow::gsCursorWait(int on) { call("gsCursorWait", {on}); }

@@ -54,6 +54,24 @@ int DrawingWindow::gsGetText(double& x, double& y, char* buffer, int size) {
   return 1;
 }
 
+int DrawingWindow::gsGetFont(FontDef& font) {
+  const Text* text = currentAs<Text>();
+  if (text == nullptr) { return 0; }
+  font = {text->font, text->pen, text->height, text->angle, text->style, text->justification, text->widthFactor};
+  return 1;
+}
+
+int DrawingWindow::gsSelectGroup() {
+  const Primitive* primitive = drawing_.find(current_);
+  if (primitive == nullptr || primitive->group == 0) { return 0; }
+  drawing_.clearSelection();
+  for (const PrimitiveId id : drawing_.membersOf(primitive->group)) { drawing_.select(id); }
+  if (groupCursor_.handle != 0) { scans_[static_cast<size_t>(groupCursor_.handle) - 1]->end = groupCursor_.left; }
+  groupCursor_ = {.revision = drawing_.revision()};
+  currentGroup_ = &drawing_.group(primitive->group);
+  return static_cast<int>(drawing_.selection().size());
+}
+
 int DrawingWindow::gsGetPrimHeader(PrimHeader& header) {
   const Primitive* primitive = drawing_.find(current_);
   if (primitive == nullptr) { return 0; }

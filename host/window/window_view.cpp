@@ -8,6 +8,17 @@
 // The view itself: what is shown, the drawing's parameters, defaults.
 namespace brevan {
 
+namespace {
+
+Box windowBetween(Point corner, Point opposite) {
+  Box box;
+  box.add(corner);
+  box.add(opposite);
+  return box;
+}
+
+}  // namespace
+
 void DrawingWindow::gsClearSelection() {
   drawing_.clearSelection();
   call("gsClearSelection");
@@ -25,15 +36,32 @@ void DrawingWindow::gsRefresh() {
   call("gsRefresh");
 }
 
+void DrawingWindow::zoomTo(const Box& box) {
+  if (zoom_) { zoom_(box); }
+}
+
 void DrawingWindow::gsZoomAll() {
+  zoomTo({});
   const Box extents = drawing_.extents();
-  if (!extents.empty()) { macroState_.viewCentre = extents.centre(); }
+  if (!extents.empty()) { macroState_.seen = {extents.centre()}; }
   call("gsZoomAll");
 }
 
 void DrawingWindow::gsZoomRect(double x1, double y1, double x2, double y2) {
-  macroState_.viewCentre = middle({x1, y1}, {x2, y2});
+  zoomTo(windowBetween({x1, y1}, {x2, y2}));
+  macroState_.seen = {middle({x1, y1}, {x2, y2})};
   call("gsZoomRect", {x1, y1, x2, y2});
+}
+
+void DrawingWindow::goHome() {
+  const std::optional<SeenPlace>& seen = macroState_.seen;
+  if (drawing_.sheet()) { return cursor_.setPosition(sheetCentre(*drawing_.sheet(), drawing_.parameters())); }
+  if (!seen) {
+    const Box extents = drawing_.extents();
+    return cursor_.setPosition(extents.empty() ? Point{} : extents.centre());
+  }
+  if (seen->byUser) { call(kSeenCall, {seen->centre.x, seen->centre.y}); }
+  cursor_.setPosition(seen->centre);
 }
 
 void DrawingWindow::gsGetDrawingParms(DrawingParms& parms) {
@@ -115,6 +143,14 @@ void DrawingWindow::fitPaper() {
   Sheet sheet = smallestSheet(extents, drawing_.parameters(), macroState_.paper.portrait);
   const Point centre = macroState_.paper.centre.value_or(extents.empty() ? Point{} : extents.centre());
   centreSheet(sheet, drawing_.parameters(), centre);
+  drawing_.setSheet(std::move(sheet));
+}
+
+void DrawingWindow::gsFitPaper(double x1, double y1, double x2, double y2) {
+  call("gsFitPaper", {x1, y1, x2, y2});
+  const Box held = windowBetween({x1, y1}, {x2, y2});
+  Sheet sheet = smallestSheet(held, drawing_.parameters(), held.height() > held.width());
+  centreSheet(sheet, drawing_.parameters(), held.centre());
   drawing_.setSheet(std::move(sheet));
 }
 

@@ -12,12 +12,6 @@ namespace {
 
 constexpr int kCentred = 15;
 
-double paperSignOf(CCadWindow& view) {
-  DrawingParms parms;
-  view.gsGetDrawingParms(parms);
-  return paperSign(parms);
-}
-
 }  // namespace
 
 SurveyTable::SurveyTable(int rows, int columns, double rowHeight, double columnWidth, Point origin, CCadWindow* view,

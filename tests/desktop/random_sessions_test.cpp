@@ -30,10 +30,22 @@ class RandomSessions : public DesktopSession {
     hands.start(5);
     QElapsedTimer clock;
     clock.start();
-    window_->runCommand(command);
+    window_->runTyped(command);
     constexpr int kPatience = 10'000;
     while (window_->runner().busy() && clock.elapsed() < kPatience) { QTest::qWait(5); }
     ASSERT_FALSE(window_->runner().busy()) << command.toStdString() << " does not end at " << prompt().toStdString();
+  }
+  // Selects some parts by clicks, and moves, copies or erases them.
+  void changeSelected() {
+    const auto items = drawing().onLayer(drawing().currentLayer());
+    if (items.empty()) { return; }
+    drawing().clearSelection();
+    for (int clicks = 1 + below(3); clicks > 0; --clicks) {
+      togglePart(drawing(), items[static_cast<size_t>(below(static_cast<int>(items.size())))]);
+    }
+    constexpr const char* kTools[] = {"move", "copy", "erase"};
+    questions_ = 0;
+    run(kTools[below(3)]);
   }
   int below(int most) { return std::uniform_int_distribution<int>(0, most - 1)(random_); }
 
@@ -111,6 +123,7 @@ TEST_F(RandomSessions, ReplayToTheSameDrawing) {
       const char* name = kCommands[below(static_cast<int>(std::size(kCommands)))];
       if (window_->host().module()->command(name) == nullptr) { continue; }
       ASSERT_NO_FATAL_FAILURE(run(name));
+      if (below(2) == 0) { ASSERT_NO_FATAL_FAILURE(changeSelected()); }
       if (below(5) == 0) { window_->undo(); }
     }
     drawn += drawing().count();

@@ -11,7 +11,7 @@ from fault_program import EXAMPLES, FaultTest, amount, main
 
 # How many of a statement's words, from which one on, are coordinates.
 COORDINATES = {"point": (1, 2), "draw line": (2, 4), "draw circle": (2, 2), "draw arc": (2, 6), "draw text": (2, 2),
-               "draw symbol": (3, 2), "sheet": (3, 2)}
+               "draw symbol": (3, 2), "sheet": (3, 2), "view": (1, 2)}
 
 
 def moved(line, offset):

@@ -124,7 +124,7 @@ TEST(Painting, VisibleBoxPaintsTheSamePartFaster) {
       drawing.add(primitiveOf(Line{at, at + Point{5.0, 3.0}}));
     }
   }
-  const Transform toDevice = pageToDevice({*drawing.sheet(), 1.0, {}}, drawing.parameters(), 4.0);
+  const Transform toDevice = pageToDevice({*drawing.sheet(), 1.0, 0.0, {}}, drawing.parameters(), 4.0);
   const auto painted = [&](const PaintOptions& options, size_t& strokes) {
     QImage image(1188, 840, QImage::Format_RGB32);
     image.fill(Qt::white);

@@ -28,6 +28,8 @@ TEST(LabelSequences, StepTheirOwnPart) {
                                      {"007A", "7B"},
                                      {"99999999999999999999Z", "100000000000000000000A"},
                                      {"12", "13"},
+                                     {"RM9", "RM10"},
+                                     {"T0", "T1"},
                                      {"", "A"}});
   expectRows(nextLettersThenDigits, {{"A", "B"},
                                      {"H", "J"},

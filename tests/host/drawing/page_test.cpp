@@ -7,6 +7,7 @@
 
 #include "frame/host/core_services.h"
 #include "host/drawing/strokes.h"
+#include "host/drawing/turned_strokes.h"
 #include "host/files/export_options.h"
 #include "tests/failure.h"
 
@@ -30,7 +31,8 @@ struct PageSink : StrokeSink {
 
 PageSink onPage(const Drawing& drawing, const Page& page) {
   PageSink sink;
-  StrokeWalk walk(drawing, toPage(page, drawing.parameters()), sink, page.zoom);
+  TurnedStrokes turned(sink, page.rotation);
+  StrokeWalk walk(drawing, toPage(page, drawing.parameters()), turned, page.zoom);
   drawing.forEach([&walk](PrimitiveId, const Primitive& primitive) { walk.primitive(primitive); });
   return sink;
 }
@@ -73,7 +75,9 @@ TEST(Page, ADrawingOfAnySizeStandsWholeInTheMiddleOfItsPaper) {
     const double height = size() * millimetre;
     const Point corner = {1e4 * millimetre, -2e4 * millimetre};
     addFrame(drawing, corner, width, height);
-    const Page page = pageOf(drawing);
+    PageOptions options;
+    options.rotation = std::array{0.0, 90.0, -30.0, 180.0}[random() % 4];
+    const Page page = pageOf(drawing, options);
     const PageSink shown = onPage(drawing, page);
     const std::string what =
         std::to_string(width) + " x " + std::to_string(height) + ", zoom " + std::to_string(page.zoom);

@@ -152,6 +152,34 @@ TEST_F(Enquiries, ThePaperHoldsWhatIsDrawn) {
   EXPECT_EQ(macroError("#NEWSCALE 3 S [0,0]"), "11: NEWSCALE expects 14: the scale is given");
 }
 
+TEST_F(Enquiries, HomeIsWhereTheUserLooksWhileThereIsNoPaper) {
+  const auto home = [this] {
+    macro("#HOME");
+    return window().cursor().position();
+  };
+  EXPECT_EQ(home(), (Point{0, 0}));
+  line(-48700, 2914200, -48600, 2914300);
+  EXPECT_EQ(home(), (Point{-48650, 2914250})) << "nobody looked yet";
+  window().setSeen({-48690, 2914210});
+  EXPECT_EQ(home(), (Point{-48690, 2914210}));
+  std::vector<Box> shown;
+  window().setZoom([&](const Box& box) {
+    shown.push_back(box);
+    window().setSeen({1, 1});
+  });
+  window().gsZoomRect(-48700, 2914200, -48680, 2914220);
+  EXPECT_EQ(home(), (Point{-48690, 2914210})) << "what the command asked for, however the window shows it";
+  window().gsZoomAll();
+  EXPECT_EQ(home(), (Point{-48650, 2914250}));
+  ASSERT_EQ(shown.size(), 2U);
+  EXPECT_EQ(shown.front().width(), 20.0);
+  EXPECT_TRUE(shown.back().empty());
+  window().gsFitPaper(574, 821, 0, 0);
+  EXPECT_EQ(drawing().sheet()->name, "A1");
+  EXPECT_GT(drawing().sheet()->height, drawing().sheet()->width);
+  EXPECT_EQ(home(), (Point{287, 410.5}));
+}
+
 TEST_F(Enquiries, EditingAndSwitching) {
   const PrimitiveId edited = line(0, 0, 10, 0);
   macro("#EDITLP \"N\" [5.000,1.000] 4 9 3.500 [#]");

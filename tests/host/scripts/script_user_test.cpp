@@ -116,6 +116,22 @@ TEST_F(Answers, MessagesAreAcknowledgedUnlessAwaited) {
   EXPECT_EQ(failureOf("expect message \"Sure?\"\nreply yes", [this] { EXPECT_EQ(window().gsReply("Sure?"), 1); }), "");
 }
 
+TEST_F(Answers, AQuestionIsAnsweredByTheNamesOfItsAnswers) {
+  const auto question = [this](int expected, int escaped) {
+    return [this, expected, escaped] {
+      EXPECT_EQ(window().gsReply("How", {"Horizontal", "Parallel"}), expected);
+      EXPECT_EQ(window().gsEscapePressed(), escaped);
+    };
+  };
+  EXPECT_EQ(failureOf("reply \"Horizontal\"", question(1, 0)), "");
+  EXPECT_EQ(failureOf("reply Parallel", question(0, 0)), "");
+  EXPECT_EQ(failureOf("reply no", question(0, 0)), "");
+  EXPECT_EQ(failureOf("reply cancel", question(0, 1)), "");
+  EXPECT_EQ(failureOf("reply Upright", question(0, 0)),
+            "answers.scr:1: the question \"How\" takes \"Horizontal\" or \"Parallel\" or cancel, the script gave: "
+            "reply Upright");
+}
+
 // Work on thousands of things shows its count; in a script's report that would bury everything else.
 TEST_F(Answers, ACountIsReportedByItsFirstAndItsLast) {
   start("point 1 2");

@@ -52,6 +52,16 @@ TEST_F(DialogUse, ANumberIsTakenAsAPersonTypesItOrRefusedWithItsRule) {
   EXPECT_EQ(every_.count.GetValue(), 7);
 }
 
+TEST_F(DialogUse, ANumberThatMayBeLeftOut) {
+  COptionalIntEdit edit = dialog::addOptionalInteger(every_.dialog, {.caption = "Building"}, 1, 50);
+  EXPECT_EQ(why(session_->setText(at("Building"), "7")), "");
+  EXPECT_EQ(edit.GetValue(), 7);
+  EXPECT_EQ(why(session_->setText(at("Building"), "")), "");
+  EXPECT_TRUE(edit.IsEmpty());
+  EXPECT_EQ(edit.GetValue(), 0);
+  EXPECT_EQ(why(session_->setText(at("Building"), "51")), "\"Building\" takes a whole number from 1 to 50, got \"51\"");
+}
+
 TEST_F(DialogUse, ANumberLeftAloneKeepsTheDigitsThatAreNotShown) {
   every_.length.SetValue(22.15004);
   EXPECT_EQ(valueOf("Length"), "22.150");
@@ -131,7 +141,7 @@ TEST_F(DialogUse, WhatCannotBeOperatedSaysSo) {
   EXPECT_NE(why(session_->focus(at("Sketch"))), "");
   EXPECT_EQ(every_.dialog.focus(), at("Notes")) << "the focus does not come to a label";
   const DialogSession::Refusal refusals[] = {
-      session_->setText(at("Pen"), "3"),   session_->spin(at("Length"), true),
+      session_->setText(at("Pen"), "0"),   session_->spin(at("Length"), true),
       session_->check(at("Length"), true), session_->choose(at("Length"), "5"),
       session_->press(at("Name")),         session_->editCell(at("Name"), 1, "Width", "5")};
   for (const DialogSession::Refusal& refusal : refusals) { EXPECT_NE(why(refusal), "") << &refusal - refusals; }

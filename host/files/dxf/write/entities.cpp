@@ -163,6 +163,25 @@ void DxfEntityWriter::arc(const Arc& arc) {
   tags_.raw("\n");
 }
 
+// The bulge of an edge is the tangent of a quarter of its turn.
+void DxfEntityWriter::writeLoop(const Loop& loop) {
+  if (const auto* circle = std::get_if<ArcShape>(&loop.front()); circle != nullptr && isFullCircle(*circle)) {
+    write({.geometry = *circle});
+    return;
+  }
+  setStyle({.geometry = Line{}}, 1);
+  begin("LWPOLYLINE");
+  tags_.text(100, "AcDbPolyline");
+  tags_.integer(90, static_cast<long long>(loop.size()));
+  tags_.integer(70, 1);
+  for (const Curve& edge : loop) {
+    const Point corner = placed(startOf(edge));
+    tags_.real(10, corner.x);
+    tags_.real(20, corner.y);
+    if (const auto* arc = std::get_if<ArcShape>(&edge)) { tags_.real(42, std::tan(arcSweep(*arc) / 4.0)); }
+  }
+}
+
 void DxfEntityWriter::text(const Primitive& primitive, Text text) {
   std::vector<std::string> lines = textLines(text.text);
   const bool blank = std::all_of(lines.begin(), lines.end(), [](const std::string& line) { return line.empty(); });

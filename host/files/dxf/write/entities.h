@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/files/dxf/write/model.h"
-#include "host/geometry/curve.h"
+#include "host/geometry/loop.h"
 
 namespace brevan {
 
@@ -41,6 +41,8 @@ class DxfEntityWriter {
   DxfEntities write(const Primitive& primitive);
   // Of a dimension of the drawing, counted in drawing order.
   DxfEntities writeDimension(const Primitive& primitive, size_t number);
+  // In the first pen: a full circle as it is, any other loop as one closed polyline.
+  void writeLoop(const Loop& loop);
   // The blocks' content.
   void writeSymbolParts(const DxfBlock& block);
   void writeDimensionPicture(const Primitive& primitive);

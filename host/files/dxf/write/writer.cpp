@@ -98,7 +98,11 @@ void putHandleSeed(std::string& file, size_t at, DxfHandle seed) {
 
 }  // namespace
 
-std::string drawingDxf(const Drawing& drawing, DxfVersion version) {
+namespace {
+
+// The entities' section comes from the caller.
+template <class WriteEntities>
+std::string wholeDxf(const Drawing& drawing, DxfVersion version, const WriteEntities& writeContent) {
   constexpr size_t kBytesAPrimitive = 240;
   constexpr size_t kBytesAround = 20'000;
   DxfModel model(drawing, version);
@@ -107,12 +111,31 @@ std::string drawingDxf(const Drawing& drawing, DxfVersion version) {
   writeDxfClasses(tags);
   writeDxfTables(tags, model);
   writeBlocks(tags, model);
-  const std::vector<DxfEntities> entities = writeEntities(tags, model);
+  const std::vector<DxfEntities> entities = writeContent(tags, model);
   writeDxfObjects(tags, model, entities);
   tags.text(0, "EOF");
   std::string file = tags.take();
   putHandleSeed(file, seedAt, model.handleSeed());
   return file;
+}
+
+}  // namespace
+
+std::string drawingDxf(const Drawing& drawing, DxfVersion version) {
+  return wholeDxf(drawing, version, [](DxfTags& tags, DxfModel& model) { return writeEntities(tags, model); });
+}
+
+std::string loopsDxf(std::span<const Loop> loops, const Parameters& parameters) {
+  Drawing drawing;
+  drawing.setParameters(parameters);
+  return wholeDxf(drawing, DxfVersion::kR2010, [loops](DxfTags& tags, DxfModel& model) {
+    DxfEntityWriter writer(model, tags, drawingSpace(model, kModelRecord));
+    tags.text(0, "SECTION");
+    tags.text(2, "ENTITIES");
+    for (const Loop& loop : loops) { writer.writeLoop(loop); }
+    tags.text(0, "ENDSEC");
+    return std::vector<DxfEntities>(1);
+  });
 }
 
 }  // namespace brevan

@@ -1,0 +1,29 @@
+#include "survey/plan/corner_marker.h"
+
+#include "frame/drafting/macro_texts.h"
+#include "frame/drafting/pen.h"
+#include "frame/drafting/target_layer.h"
+
+namespace ardenix::survey {
+
+bool CornerMarker::mayDraw() const {
+  return mayDrawOn(view_, view_.gsGetCurrentLayerName()) && (radius_ == 0.0 || mayDrawOn(view_, kCornerLayer));
+}
+
+void CornerMarker::drawCircle(Point corner) const {
+  if (radius_ == 0.0) { return; }
+  const int current = view_.gsGetCurrentLayer();
+  view_.gsAddLayer(kCornerLayer);
+  view_.gsExecuteMacro(macroText::kThisLayerOnly);
+  view_.gsExecuteMacro(macroText::cutCircle(corner, corner + Point{0.0, radius_}));
+  view_.gsSetCurrentLayer(current);
+}
+
+void CornerMarker::drawLabel(Point corner, std::string_view label) const {
+  constexpr int kCentred = 15;
+  TextStyle style = job_.textStyle();
+  style.justification = kCentred;
+  DraftingPen(view_, {}, job_.layer()).text(corner, label, style);
+}
+
+}  // namespace ardenix::survey
