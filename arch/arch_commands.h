@@ -16,5 +16,7 @@ void setRoofs(ArchToolset& toolset);
 void drawRoofs(ArchToolset& toolset);
 void setStairs(ArchToolset& toolset);
 void drawStairs(ArchToolset& toolset);
+void setSections(ArchToolset& toolset);
+void drawSections(ArchToolset& toolset);
 
 }  // namespace ardenix::arch

@@ -104,12 +104,18 @@ std::string turnOverSideways(Point axis) { return format("#MIRROR [%.8f,%.8f] \"
 
 std::string turnOverUpDown(Point axis) { return format("#MIRROR [%.8f,%.8f] \"N\" \"N\"", axis.x, axis.y); }
 
+std::string mirrorKeeping(Point axis) { return format("MIRROR [%.5f,%.5f] \"Y\" \"Y\"", axis.x, axis.y); }
+
 std::string cutOut(Point corner, Point opposite) {
   return format("#SNIP \"Y\" \"Y\" \"N\" [%.8f,%.8f] [%.8f,%.8f] [#]", corner.x, corner.y, opposite.x, opposite.y);
 }
 
 std::string cutAround(Point corner, Point opposite) {
   return format("#SNIP \"Y\" \"N\" \"N\" [%.3f,%.3f] [%.3f,%.3f] [#]", corner.x, corner.y, opposite.x, opposite.y);
+}
+
+std::string cutWindow(Point corner, Point opposite) {
+  return format("SNIP \"Y\" \"Y\" \"Y\" [%.3f,%.3f] [%.3f,%.3f] [#]", corner.x, corner.y, opposite.x, opposite.y);
 }
 
 std::string cutCircle(Point centre, Point onCircle) {
