@@ -24,7 +24,7 @@ constexpr std::string_view kHeightPrompt = "Select height of side gable (else sp
 constexpr std::string_view kPitchKey = "RoofPitch";
 constexpr std::string_view kForeignLine = "This roof line does not belong to the face";
 
-constexpr double kQuarter = 90.0;
+constexpr double kSquareDegrees = 90.0;
 constexpr double kHalf = 180.0;
 
 bool hasLength(const PlanLine& line) { return !nearlyEqual(line.a, line.b); }
@@ -47,7 +47,7 @@ bool isPitch(double degreesMinutesSeconds) {
   constexpr double kSixty = 60.0;
   constexpr double kHundred = 100.0;
   constexpr double kRounding = 1e-7;
-  if (degreesMinutesSeconds <= 0.0 || degreesMinutesSeconds >= kQuarter) { return false; }
+  if (degreesMinutesSeconds <= 0.0 || degreesMinutesSeconds >= kSquareDegrees) { return false; }
   double degrees = 0.0;
   double minutes = 0.0;
   const double minutesAndSeconds = std::modf(degreesMinutesSeconds + kRounding, &degrees) * kHundred;
@@ -145,7 +145,7 @@ std::optional<RoofDrawer::RoofLine> RoofDrawer::askRoofLine() const {
 
 std::optional<RoofDrawer::RoofLine> RoofDrawer::projected(const PlanLine& plan) const {
   const PlanLine& onto = elevation_.eaves;
-  const double across = addDegrees(directionOf(onto.a, onto.b), kQuarter);
+  const double across = addDegrees(directionOf(onto.a, onto.b), kSquareDegrees);
   const double reach = distance(elevation_.foot, elevation_.picked);
   const auto first = crossing(onto, {plan.a, moved(plan.a, across, reach)});
   if (!hasLength(plan) || !first || nearlyEqual(*first, plan.a)) { return std::nullopt; }

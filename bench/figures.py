@@ -27,7 +27,7 @@ PROGRAMS = (
     Program("desktop_view_bench", rounds=2),
     Program("startup_against_qt.py", rounds=1, needs=("brevan-batch", "empty_qt")),
     Program("startup_of_desktop.py", rounds=1, needs=("brevan",)),
-    Program("bolts_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
+    Program("parts_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
     Program("dxf_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
 )
 
@@ -105,8 +105,11 @@ FIGURES = (
         "startup_of_desktop.py",
         ("window", "loading alone", "desktop: start to the window", "window", {"seconds": 0.5}),
         ("lineDrawn", "loading alone", "desktop: start to the first typed line", "line", {})),
-    *_figures("bolts_against_ezdxf.py", (
-        "bolts", "ezdxf", "bolts by one script, to DXF", "bolts", {"ratio": 1 / 12})),
+    *_figures(
+        "parts_against_ezdxf.py",
+        ("bolts", "ezdxf", "bolts by one script, to DXF", "bolts", {"ratio": 1 / 12}),
+        ("flanges", "ezdxf", "flanges by one script, to DXF", "flanges", {"ratio": 1 / 10}),
+        ("gears", "ezdxf", "ten gears by one script, to DXF", "teeth", {"ratio": 1 / 10, "growth": 1.1})),
     *_figures("dxf_against_ezdxf.py", (
         "readAndWrite", "ezdxf", "DXF: read and write, whole program", "primitives", {})),
 )

@@ -8,7 +8,8 @@ import math
 import sys
 from pathlib import Path
 
-FOLDER = Path(__file__).resolve().parent / "pictures"
+DATA = Path(__file__).resolve().parent
+FOLDER = DATA / "pictures"
 
 OUTLINE = 'stroke="#3f7fbf" stroke-width="1.6"'
 BODY = 'fill="#3f7fbf" fill-opacity="0.16"'
@@ -330,6 +331,76 @@ def wall_direction(clockwise):
     return faces + [polygon(ARROW, way, closed=False), polygon(ARROW, (barbs[0], way[-1], barbs[1]), closed=False)]
 
 
+# ---- Annotations -----------------------------------------------------------------------------------------------------
+
+def symbol_lines(name):
+    """The statements of each symbol of a symbol file, those that are upturned left out."""
+    symbols, lines = {}, []
+    for text in (DATA / "symbols" / f"{name}.sym").read_text(encoding="ascii").splitlines():
+        words = text.partition("#")[0].split()
+        if words[:1] == ["symbol"]:
+            lines = symbols[words[1]] = []
+        elif words and words[0] in ("line", "closed", "circle", "arc"):
+            lines.append((words[0], [float(word) for word in words[1:]]))
+    return symbols
+
+
+def symbol_strokes(lines, at, size):
+    """A symbol with its origin at a point of the picture, `size` to a millimetre."""
+    def on(x, y):
+        return at[0] + size * x, at[1] - size * y
+
+    strokes = []
+    for word, figures in lines:
+        if word in ("line", "closed"):
+            points = [on(*figures[i:i + 2]) for i in range(0, len(figures), 2)]
+            strokes.append(polygon(OUTLINE, points, closed=word == "closed", fill=BODY if word == "closed" else 'fill="none"'))
+        elif word == "circle":
+            strokes.append(circle(OUTLINE, on(*figures[:2]), size * figures[2]))
+        else:
+            x, y, radius, start, end = figures
+            ends = [on(x + radius * math.cos(math.radians(a)), y + radius * math.sin(math.radians(a))) for a in (start, end)]
+            large = int((end - start) % 360 > 180)
+            strokes.append(path(OUTLINE, f"M{pair(ends[0])}", f"A{number(size * radius)} {number(size * radius)} 0 {large} 0 {pair(ends[1])}"))
+    return strokes
+
+
+def weld(name, lines):
+    """On the reference line, the way it is drawn on the arrow side; contours above it."""
+    above = name in ("FLUSH", "CONVEX", "CONCAVE")
+    level = 58 if above else 8
+    return [line(MATERIAL, (20, level), (80, level)), *symbol_strokes(lines, (50, level), 11)]
+
+
+def cell(lines):
+    """A symbol of a cell of 10 mm that fills the picture's height."""
+    return symbol_strokes(lines, (22, 58), 5.6)
+
+
+def finish(removal):
+    tip, unit = (42, 57), 4.5
+    short, long_end = (tip[0] - 2.828 * unit, tip[1] - 4 * unit), (tip[0] + 8.484 * unit, tip[1] - 12 * unit)
+    strokes = [polygon(OUTLINE, (short, tip, long_end), closed=False)]
+    if removal == "machined":
+        strokes.append(line(OUTLINE, short, (tip[0] + 2.828 * unit, short[1])))
+    if removal == "unmachined":
+        strokes.append(circle(OUTLINE, (tip[0], tip[1] - 3.2 * unit), 1.84 * unit))
+    return strokes
+
+
+def annotation_pictures():
+    for name, lines in symbol_lines("MechWelds").items():
+        if name not in ("SITE", "ALL_ROUND"):
+            yield f"weld_{name.lower()}", weld(name, lines)
+    for name, lines in symbol_lines("MechSurfaceFinish").items():
+        yield name.lower().replace("sf_", "lay_"), cell(lines)
+    for name, lines in symbol_lines("MechTolerances").items():
+        if not name.startswith("TS__") and name not in ("TS_DATUM", "TS_CENTRELINE", "TS_PROJECTED"):
+            yield name.lower().replace("ts_", "tolerance_"), cell(lines)
+    for removal in ("any", "machined", "unmachined"):
+        yield f"finish_{removal}", finish(removal)
+
+
 # ---- The files -------------------------------------------------------------------------------------------------------
 
 def pictures():
@@ -353,6 +424,7 @@ def pictures():
     yield "duct_views", duct()
     yield "wall_clockwise", wall_direction(True)
     yield "wall_anticlockwise", wall_direction(False)
+    yield from annotation_pictures()
 
 
 def svg(strokes):

@@ -3,6 +3,7 @@
 #include "desktop/control_widgets.h"
 #include "desktop/picture_files.h"
 #include "desktop/texts.h"
+#include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "host/drawing/pens.h"
 #include "host/macros/variables.h"
@@ -130,11 +131,16 @@ class PreviewWidget : public ControlWidget {
   void show() override { widget_->update(); }
 
  private:
-  // A window of its own in which the part is drawn.
+  // A window of its own in which the part is drawn; it reads symbol files where the user's window does.
   struct Scene {
     SilentUser nobody;
     MacroVariables variables;
-    DrawingWindow view{"Preview", WindowServices{nobody, variables, nullptr}};
+    DrawingWindow view{"Preview", WindowServices{nobody, variables, nullptr, drawings()}};
+
+    static DrawingSource* drawings() {
+      const auto* window = dynamic_cast<const DrawingWindow*>(cadGetCurrentView());
+      return window == nullptr ? nullptr : window->services().drawings;
+    }
   };
   [[nodiscard]] std::unique_ptr<Scene> drawn() const {
     auto scene = std::make_unique<Scene>();

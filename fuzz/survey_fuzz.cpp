@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "frame/host/core_services.h"
+#include "frame/records.h"
 #include "fuzz/laws.h"
 #include "survey/control_listings.h"
 #include "survey/control_point.h"
@@ -14,6 +15,8 @@
 // What a listing gives has a name and coordinates; a text keeps its commas; a control point reads back as written.
 namespace {
 
+using ardenix::commasHidden;
+using ardenix::commasRestored;
 using fuzzing::require;
 using namespace ardenix::survey;
 

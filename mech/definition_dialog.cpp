@@ -70,6 +70,7 @@ void DefinitionDialog::open() {
   list_.select(last >= 0 && last < list_.count() ? last : 0);
   readOptions();
   loadSelected();
+  opened();
 }
 
 void DefinitionDialog::loadSelected() {

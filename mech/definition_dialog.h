@@ -43,6 +43,8 @@ class DefinitionDialog {
   // Hands the values to the part to be drawn.
   virtual void accept() = 0;
   virtual void writeOptions() {}
+  // The definition last used is shown: what the dialog opens with besides.
+  virtual void opened() {}
   // The fields show other values: a definition was loaded, or the user edited one.
   virtual void fieldsChanged() {}
   // Between the fields and the text of a record.

@@ -11,6 +11,8 @@
 #include "mech/nut_drawer.h"
 #include "mech/rivet_drawer.h"
 #include "mech/screw_drawer.h"
+#include "mech/surface_finish.h"
+#include "mech/weld.h"
 
 namespace ardenix::mech {
 
@@ -103,7 +105,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a weld annotation from the list of weld annotation definitions",
      .addTip = "Add the current weld annotation settings as a new weld annotation definition",
-     .deleteTip = "Delete the currently selected weld annotation definition"},
+     .deleteTip = "Delete the currently selected weld annotation definition",
+     .drawer = make<WeldDrawer>},
     {.section = "RIVETS",
      .keyPrefix = "Bolt",
      .family = kChecked,
@@ -197,7 +200,8 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a surface finish from the surface finish definitions",
      .addTip = "Add the current surface finish settings as a new surface finish definition",
-     .deleteTip = "Delete the currently selected surface finish"},
+     .deleteTip = "Delete the currently selected surface finish",
+     .drawer = make<SurfaceFinishDrawer>},
 };
 
 }  // namespace

@@ -79,7 +79,7 @@ class FastenerDialog : public RecordDialog<Record> {
   }
 
   bool validate() override {
-    bool all = RecordDialog<Record>::validate();
+    bool all = true;
     for (const FastenerRule<Record>& rule : form_.rules) {
       all = std::visit([this](const auto& one) { return this->passes(one); }, rule) && all;
     }

@@ -1,13 +1,13 @@
 #include "mech/fastener_placement.h"
 
 #include <cmath>
-#include <numbers>
 #include <string>
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/part_round.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "mech/nearest_line.h"
 #include "mech/plan_placement.h"
 
 namespace ardenix::mech {
@@ -63,21 +63,8 @@ std::optional<SidePlacement> FastenerPlacement::askSideByTwoPoints() {
 // The foot of the perpendicular on the line nearest the picked point; that point where there is no line. The
 // crossing search answers the origin when it found none.
 Point FastenerPlacement::alignedPoint(Point picked) {
-  if (view_.gsNearestPrim(kLinePrimitive, picked.x, picked.y) != kLinePrimitive) { return picked; }
-  Point a;
-  Point b;
-  view_.gsGetLine(a.x, a.y, b.x, b.y);
-  double length = 0.0;
-  double direction = 0.0;
-  coreSurvJoin(a.y, a.x, b.y, b.x, length, direction);
-  Point aside;
-  coreSurvPolar(picked.y, picked.x, direction + std::numbers::pi / 2.0, 100.0, aside.y, aside.x);
-  int onFirst = 0;
-  int onSecond = 0;
-  const PNT_2D_record foot =
-      coreIntersectionLines(a.x, a.y, b.x, b.y, picked.x, picked.y, aside.x, aside.y, onFirst, onSecond);
-  const Point crossing{foot.x, foot.y};
-  return isOrigin(crossing) ? picked : crossing;
+  const auto line = footOnNearestLine(view_, picked);
+  return !line || isOrigin(line->foot) ? picked : line->foot;
 }
 
 void FastenerPlacement::finishSideView(const SidePlacement& placement, const FastenerReach& reach) {

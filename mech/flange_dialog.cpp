@@ -73,12 +73,17 @@ constexpr PictureRow<FlangeRecord> kPictureRows[] = {
     {"Shape", [](const FlangeRecord& flange) { return pictureOf(flangeShape(flange), kPictures); }},
 };
 
+constexpr ExtraRow kExtras[] = {
+    {"FlangePitchCircle", "Draw pitch circle", "Check this to draw the circle on which the bolt holes lie"},
+};
+
 constexpr PlacedForm<FlangeRecord> kForm = {.section = "FLANGES",
                                             .word = "flange",
                                             .styleKey = "FlangeLT",
                                             .rules = kRules,
                                             .drawingRules = kDrawingRules,
-                                            .pictures = kPictureRows};
+                                            .pictures = kPictureRows,
+                                            .extras = kExtras};
 
 }  // namespace
 

@@ -55,6 +55,7 @@ void FlangeDrawer::strokeCentreLines() const {
   const double reach = kCentreLineReach * flange_.bore;
   centrePen().line(position() + Point{0, -reach}, position() + Point{0, reach});
   centrePen().line(position() + Point{-reach, 0}, position() + Point{reach, 0});
+  if (drawsExtra(kPitchCircle)) { centrePen().circle(position(), pitchRadius()); }
 }
 
 // ---- Round: the first hole stands above the centre ----------------------------------------------------------

@@ -30,6 +30,8 @@ class FlangeDrawer : public RecordDrawer<PlacedDrawer, FlangeRecord> {
   [[nodiscard]] Point reference() const override;
 
  private:
+  enum Extra : size_t { kPitchCircle };
+
   void strokeShape();
   void strokeRound() const;
   void strokeOval() const;

@@ -52,22 +52,44 @@ constexpr Field<GearRecord> kFields[] = {
      .enabled = hasBore},
 };
 
+constexpr ExtraRow kExtras[] = {
+    {"GearCentre", "Draw pitch circle and centre lines",
+     "Check this to draw the circle on which the gear rolls, and its centre lines"},
+    {"GearInvolute", "True involute",
+     "Check this to draw the flanks within a thousandth of the module, undercut where a rack undercuts them"},
+};
+
 constexpr PlacedForm<GearRecord> kForm = {
-    .section = "GEARS", .word = "gear", .styleKey = "GearLT", .drawsSideViews = true};
+    .section = "GEARS", .word = "gear", .styleKey = "GearLT", .extras = kExtras, .drawsSideViews = true};
 
 // Shows besides what follows from the fields.
 class GearDialog : public PlacedDialog<GearRecord, GearDrawer> {
  public:
   GearDialog(const Services& services, DefinitionStore& store, GearDrawer& drawer)
-      : PlacedDialog(services, store, kForm, drawer),
-        pitchCircle_(addLabel(box(), {.group = addGroupBelow(), .name = "PCD"}, "")),
-        warning_(addLabel(box(), {.group = previewGroup(), .place = {.row = 1}, .name = "Warning"}, "")) {}
+      : PlacedDialog(services, store, kForm, drawer) {
+    const int below = addGroupBelow();
+    pitchCircle_ = addLabel(box(), {.group = below, .name = "PCD"}, "");
+    otherTeeth_ = addInteger(box(),
+                             {.caption = "Mating teeth",
+                              .toolTip = "Shows how far apart this gear and one of so many teeth run",
+                              .group = below,
+                              .place = {.row = 1}},
+                             0, static_cast<int>(kLargest));
+    centreDistance_ =
+        addLabel(box(), {.group = below, .place = {.row = 1, .column = 1}, .name = "Centre distance"}, "");
+    warning_ = addLabel(box(), {.group = previewGroup(), .place = {.row = 1}, .name = "Warning"}, "");
+    follow(otherTeeth_, false);
+  }
 
  protected:
   void fieldsChanged() override {
     PlacedDialog::fieldsChanged();
-    pitchCircle_.setText(
-        numberText::format("Calculated PCD: %.3f", typed(&GearRecord::teeth) * typed(&GearRecord::module)));
+    const double teeth = typed(&GearRecord::teeth);
+    const double module = typed(&GearRecord::module);
+    const double other = otherTeeth_.GetValue();
+    pitchCircle_.setText(numberText::format("Calculated PCD: %.3f", teeth * module));
+    centreDistance_.setText(other > 0.0 ? numberText::format("Centre distance: %.3f", (teeth + other) * module / 2.0)
+                                        : "");
     const auto tooth = gearTooth(record());
     warning_.setText(tooth && !tooth->sound ? "Too few teeth for flanks that meet root and tip." : "");
   }
@@ -80,6 +102,8 @@ class GearDialog : public PlacedDialog<GearRecord, GearDrawer> {
   }
 
   dialog::LabelHandle pitchCircle_;
+  CIntEdit otherTeeth_;
+  dialog::LabelHandle centreDistance_;
   dialog::LabelHandle warning_;
 };
 

@@ -15,6 +15,7 @@ constexpr PlacedTrade kGearTrade = {
     .category = "GEARS", .prefix = "GR", .positionPrompt = "Indicate center point for Gear.", .directionPrompt = ""};
 
 constexpr std::string_view kUnnamed = "_";
+constexpr double kNoLand = 1e-9;  // a root shorter than this has no arc of its own
 
 }  // namespace
 
@@ -60,22 +61,57 @@ void GearDrawer::stroke() {
   strokeTeeth();
   view().gsClearSelection();
   strokeBore();
+  if (drawsExtra(kCentreLines)) { strokeCentreLines(); }
 }
 
 void GearDrawer::strokeTeeth() {
   const Point centre = position();
   const GearTooth& tooth = *tooth_;
+  const auto involute = drawsExtra(kTrueInvolute) ? involuteFlank(gear_) : std::nullopt;
   send(macroText::beginGroup(kUnnamed));
+  involute ? strokeInvoluteFlank(*involute) : strokeArcFlank();
+  send(macroText::select(centre + (involute ? inSpace(involute->back().end) : tooth.tip)));
+  send(macroText::mirrorAcross(centre + tooth.middleOfRoot, centre + tooth.middleOfSpace));
+  send(macroText::linkSelection(kUnnamed));
+  send(macroText::repeatTeeth(gear_.teeth - 1, centre, tooth.pitchAngle));
+}
+
+void GearDrawer::strokeArcFlank() {
+  const Point centre = position();
+  const GearTooth& tooth = *tooth_;
   send(macroText::arcThrough(centre + tooth.tip, centre + tooth.pitch, centre + tooth.root));
   send(macroText::arcOfRadius(centre + tooth.root, centre + tooth.middleOfRoot, -tooth.rootRadius));
   send(macroText::arcOfRadius(centre + tooth.tip, centre + tooth.middleOfTip, tooth.tipRadius));
   if (!send(macroText::filletFlank(tooth.filletRadius, centre + tooth.middleOfSpace))) {
     notice("The root fillet does not fit between the teeth; the corners stay sharp.");
   }
-  send(macroText::select(centre + tooth.tip));
-  send(macroText::mirrorAcross(centre + tooth.middleOfRoot, centre + tooth.middleOfSpace));
-  send(macroText::linkSelection(kUnnamed));
-  send(macroText::repeatTeeth(gear_.teeth - 1, centre, tooth.pitchAngle));
+}
+
+// The flank lies below the middle of the space, where the arc would.
+Point GearDrawer::inSpace(Point p) const {
+  const Point along = unit(tooth_->middleOfSpace);
+  return p.x * along - p.y * quarterTurned(along);
+}
+
+void GearDrawer::strokeInvoluteFlank(const std::vector<FlankArc>& flank) const {
+  const Point centre = position();
+  const DraftingPen pen = outlinePen();
+  const auto along = [](bool clockwise) { return clockwise ? ArcSense::kClockwise : ArcSense::kCounterClockwise; };
+  const Point root = inSpace(flank.front().start);
+  if (distance(root, tooth_->middleOfRoot) > kNoLand) {
+    pen.arc(centre + root, centre, centre + tooth_->middleOfRoot, ArcSense::kCounterClockwise);
+  }
+  for (const FlankArc& arc : flank) {
+    pen.arc(centre + inSpace(arc.start), centre + inSpace(arc.centre), centre + inSpace(arc.end),
+            along(!arc.clockwise));
+  }
+  pen.arc(centre + inSpace(flank.back().end), centre, centre + tooth_->middleOfTip, ArcSense::kClockwise);
+}
+
+void GearDrawer::strokeCentreLines() const {
+  constexpr double kOverhang = 1.1;  // tip radii
+  centrePen().circle(position(), length(tooth_->middleOfSpace));
+  drawCentreCross(centrePen(), position(), kOverhang * tooth_->tipRadius, kOverhang * tooth_->tipRadius);
 }
 
 void GearDrawer::strokeBore() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mech/gear_tooth.h"
+#include "mech/involute_flank.h"
 #include "mech/placed_drawer.h"
 #include "mech/record_drawer.h"
 
@@ -22,9 +23,14 @@ class GearDrawer : public RecordDrawer<PlacedDrawer, GearRecord> {
   [[nodiscard]] Point reference() const override { return position(); }
 
  private:
-  void setStyle() const;
+  enum Extra : size_t { kCentreLines, kTrueInvolute };
+
   void strokeTeeth();
+  void strokeArcFlank();
+  void strokeInvoluteFlank(const std::vector<FlankArc>& flank) const;
+  [[nodiscard]] Point inSpace(Point p) const;
   void strokeBore() const;
+  void strokeCentreLines() const;
 
   GearRecord gear_;
   std::optional<GearTooth> tooth_;

@@ -6,8 +6,6 @@ namespace ardenix::mech {
 
 namespace {
 
-constexpr double kRootDepth = 1.25;  // modules below the pitch circle
-
 // The circle of a flank.
 struct FlankCircle {
   Point centre;

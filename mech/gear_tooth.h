@@ -6,6 +6,8 @@
 
 namespace ardenix::mech {
 
+inline constexpr double kRootDepth = 1.25;  // modules below the pitch circle
+
 // A spur gear as the library keeps it. Drawing units, the pressure angle in degrees.
 struct GearRecord {
   double pressureAngle = 0.0;

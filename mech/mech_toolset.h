@@ -5,6 +5,7 @@
 #include "frame/services.h"
 #include "frame/toolset.h"
 #include "mech/configuration.h"
+#include "mech/tolerance_frame.h"
 
 namespace ardenix::mech {
 
@@ -18,6 +19,9 @@ class MechToolset : public Toolset {
   [[nodiscard]] const Services& services() const { return services_; }
   [[nodiscard]] Configuration& configuration() { return configuration_; }
 
+  // The tolerance frame drawn last, which the next dialog starts from.
+  [[nodiscard]] ToleranceFrame& toleranceFrame() { return toleranceFrame_; }
+
   // Whether a drawing command may go on: a configuration is loaded, if need be after the setup dialog.
   bool checkConfiguration();
   void runSetup();
@@ -28,6 +32,7 @@ class MechToolset : public Toolset {
 
   const Services& services_;
   Configuration configuration_;
+  ToleranceFrame toleranceFrame_;
 };
 
 std::unique_ptr<MechToolset> makeMechToolset(CCadWindow* view, const Services& services);

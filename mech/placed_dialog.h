@@ -19,6 +19,13 @@ struct DrawingRule {
   std::string_view message;
 };
 
+// Something that a part can be drawn with besides, kept under a key of section "Defaults"; off until it is ticked.
+struct ExtraRow {
+  std::string_view key;
+  std::string_view caption;
+  std::string_view tip;
+};
+
 // The dialog of a kind of part that is placed by points, as data.
 template <class Record>
 struct PlacedForm {
@@ -28,6 +35,7 @@ struct PlacedForm {
   std::span<const Rule<Record>> rules{};
   std::span<const DrawingRule<Record>> drawingRules{};
   std::span<const PictureRow<Record>> pictures{};
+  std::span<const ExtraRow> extras{};
   // Written with the options, for dialogs of other kinds: that side views are drawn.
   bool drawsSideViews = false;
 };
@@ -40,8 +48,9 @@ class PlacedDialog : public RecordDialog<Record> {
       : RecordDialog<Record>(services, store, definitionKind(form.section), drawer.fields()),
         form_(form),
         drawer_(drawer),
-        style_(this->box(), {.caption = "Draw as", .group = this->box().addGroup({.place = {.row = kOptionsRow}})},
-               form.word) {
+        options_(this->box().addGroup({.place = {.row = kOptionsRow}})),
+        style_(this->box(), {.caption = "Draw as", .group = options_}, form.word) {
+    addExtras();
     this->addPictures(form.pictures);
     addPreview();
   }
@@ -52,10 +61,16 @@ class PlacedDialog : public RecordDialog<Record> {
   // Below the preview.
   [[nodiscard]] int previewGroup() const { return preview_; }
 
-  void readOptions() override { style_.read(this->store(), form_.styleKey); }
+  void readOptions() override {
+    style_.read(this->store(), form_.styleKey);
+    for (size_t i = 0; i < extras_.size(); ++i) {
+      extras_[i].setChecked(this->store().file().ReadInt(kDefaultsSection, form_.extras[i].key, 0) != 0);
+    }
+  }
   void writeOptions() override {
     if (form_.drawsSideViews) { this->store().file().WriteInt(kDefaultsSection, "DrawElev", 1); }
     style_.write(this->store(), form_.styleKey);
+    for (size_t i = 0; i < extras_.size(); ++i) { writeExtra(form_.extras[i].key, extras_[i].checked()); }
   }
 
   bool validate() override {
@@ -77,15 +92,40 @@ class PlacedDialog : public RecordDialog<Record> {
   void accept() override {
     drawer_.setName(this->shownName());
     drawer_.drawHidden(style_.hidden());
+    drawer_.drawExtras(extrasChosen());
     drawer_.take(this->record());
   }
 
  private:
+  void addExtras() {
+    int row = 0;
+    for (const ExtraRow& extra : form_.extras) {
+      extras_.push_back(addCheck(this->box(), {.caption = std::string(extra.caption),
+                                               .toolTip = std::string(extra.tip),
+                                               .group = options_,
+                                               .place = {.row = row++, .column = 1}}));
+    }
+  }
+  [[nodiscard]] std::vector<bool> extrasChosen() const {
+    std::vector<bool> chosen;
+    chosen.reserve(extras_.size());
+    for (const dialog::CheckHandle& extra : extras_) { chosen.push_back(extra.checked()); }
+    return chosen;
+  }
+  // A file that does not name it is left without it where it is not wanted.
+  void writeExtra(std::string_view key, bool wanted) {
+    TINIFile& file = this->store().file();
+    if (wanted || !file.ReadString(kDefaultsSection, key, "").empty()) {
+      file.WriteInt(kDefaultsSection, key, wanted ? 1 : 0);
+    }
+  }
+
   void addPreview() {
     constexpr int kSide = 120;
     const auto draw = [this](CCadWindow& view) {
       Drawer part(view, this->store());
       part.drawHidden(style_.hidden());
+      part.drawExtras(extrasChosen());
       part.take(this->record());
       part.sketch();
     };
@@ -95,7 +135,9 @@ class PlacedDialog : public RecordDialog<Record> {
 
   const PlacedForm<Record>& form_;
   Drawer& drawer_;
+  int options_;  // the group of what does not belong to a definition
   StyleChoice style_;
+  std::vector<dialog::CheckHandle> extras_;
   int preview_ = 0;  // the group of the preview
 };
 

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "frame/drafting/pen.h"
 #include "frame/drafting/point.h"
@@ -33,6 +35,8 @@ class PlacedDrawer : public PartDrawer {
       : view_(view), trade_(trade), styles_(lineStyles(store)) {}
 
   void drawHidden(bool hidden) { hidden_ = hidden; }
+  // What the dialog offers to draw besides, in its order.
+  void drawExtras(std::vector<bool> extras) { extras_ = std::move(extras); }
   // Of the definition; what it is before is the empty name.
   void setName(std::string name) { name_ = std::move(name); }
 
@@ -60,6 +64,7 @@ class PlacedDrawer : public PartDrawer {
   [[nodiscard]] CCadWindow& view() const { return view_; }
   [[nodiscard]] Point position() const { return position_; }
   [[nodiscard]] const std::string& name() const { return name_; }
+  [[nodiscard]] bool drawsExtra(size_t extra) const { return extra < extras_.size() && extras_[extra]; }
   [[nodiscard]] std::string_view category() const { return trade_.category; }
   [[nodiscard]] const std::string& group() const { return group_; }
   [[nodiscard]] const LineStyle& outlineStyle() const { return hidden_ ? styles_.hidden : styles_.solid; }
@@ -78,6 +83,7 @@ class PlacedDrawer : public PartDrawer {
   const PlacedTrade& trade_;
   LineStyles styles_;
   bool hidden_ = false;
+  std::vector<bool> extras_;
   std::string name_;
   std::string group_;  // of the part last drawn
   Point position_;     // likewise

@@ -9,8 +9,14 @@
 
 namespace ardenix::mech {
 
-using FieldControl =
-    std::variant<CFloatEdit, CIntEdit, dialog::CheckHandle, dialog::TextHandle, dialog::DropDownHandle>;
+using FieldControl = std::variant<CFloatEdit, CIntEdit, dialog::CheckHandle, dialog::TextHandle, dialog::DropDownHandle,
+                                  dialog::PictureListHandle>;
+
+template <class Handle>
+inline constexpr bool kIsList = std::is_base_of_v<dialog::DropDownHandle, std::remove_cvref_t<Handle>> ||
+                                std::is_base_of_v<dialog::PictureListHandle, std::remove_cvref_t<Handle>>;
+// The entry that is chosen in a list, with pictures or without; -1 where none is, and of other controls.
+int selectedIn(const FieldControl& control);
 
 // The control of a field, of the kind that its member asks for.
 template <class Record>
@@ -29,6 +35,7 @@ class ControlMaker {
   FieldControl operator()(bool Record::*) { return addCheck(box_, setting_); }
   FieldControl operator()(std::string Record::*) { return addText(box_, setting_, field_.limit, field_.multiline); }
   FieldControl operator()(const Choice<Record>& member) {
+    if (!field_.pictures.empty()) { return addPictureList(box_, setting_, member.items, field_.pictures); }
     return addDropDown(box_, setting_, {member.items.begin(), member.items.end()});
   }
 
@@ -55,7 +62,12 @@ struct ShowMember {
   void operator()(bool Record::*member) const { std::get<dialog::CheckHandle>(control).setChecked(record.*member); }
   void operator()(std::string Record::*member) const { std::get<dialog::TextHandle>(control).setText(record.*member); }
   void operator()(const Choice<Record>& member) const {
-    std::get<dialog::DropDownHandle>(control).select(member.get(record));
+    const int entry = member.get(record);
+    std::visit(
+        [entry](const auto& list) {
+          if constexpr (kIsList<decltype(list)>) { list.select(entry); }
+        },
+        control);
   }
 };
 
@@ -69,9 +81,7 @@ struct TakeMember {
   void operator()(int Record::*member) const { record.*member = std::get<CIntEdit>(control).GetValue(); }
   void operator()(bool Record::*member) const { record.*member = std::get<dialog::CheckHandle>(control).checked(); }
   void operator()(std::string Record::*member) const { record.*member = std::get<dialog::TextHandle>(control).text(); }
-  void operator()(const Choice<Record>& member) const {
-    member.set(record, std::get<dialog::DropDownHandle>(control).selected());
-  }
+  void operator()(const Choice<Record>& member) const { member.set(record, selectedIn(control)); }
 };
 
 inline dialog::Handle handleOf(const FieldControl& control) {
@@ -85,8 +95,6 @@ struct FieldProblem {
 };
 // A list without a choice, as a record that holds no entry of it leaves it.
 std::optional<FieldProblem> unchosen(const FieldControl& control);
-// A text that would break the record.
-std::optional<FieldProblem> unstorable(const FieldControl& control, std::string_view label);
 
 // The controls of a table of fields, one for each, in the table's order.
 template <class Record>
@@ -147,12 +155,6 @@ class RecordControls {
   [[nodiscard]] std::optional<FieldProblem> firstUnchosen() const {
     for (const FieldControl& control : controls_) {
       if (auto problem = unchosen(control)) { return problem; }
-    }
-    return std::nullopt;
-  }
-  [[nodiscard]] std::optional<FieldProblem> firstUnstorable() const {
-    for (size_t i = 0; i < controls_.size(); ++i) {
-      if (auto problem = unstorable(controls_[i], fields_[i].label)) { return problem; }
     }
     return std::nullopt;
   }

@@ -40,10 +40,6 @@ class RecordDialog : public DefinitionDialog {
     controls_.describe(box(), body_);
     controls_.forEach([this](const Field<Record>& field, const dialog::Handle& control) {
       follow(control, field.marksEdited, field.settlesOnLeave);
-      const bool text = std::holds_alternative<std::string Record::*>(field.member);
-      if (text) {
-        control.onLeave([this] { textsStorable(); });
-      }
     });
   }
 
@@ -81,17 +77,16 @@ class RecordDialog : public DefinitionDialog {
     controls_.showFor(values);
     for (size_t i = 0; i < shown_.size(); ++i) { shown_[i].setPicture(pictures_[i].picture(values)); }
   }
-  void showRecord(std::string_view text) override {
-    loaded_ = readRecord(text, controls_.fields());
+  void showRecord(std::string_view text) override { show(readRecord(text, controls_.fields())); }
+  void show(const Record& record) {
+    loaded_ = record;
     controls_.show(loaded_);
   }
   [[nodiscard]] std::string recordText(std::string_view name) const override {
     return writeRecord(name, record(), controls_.fields());
   }
-  bool validate() override { return textsStorable(); }
 
  private:
-  bool textsStorable() { return passes(controls_.firstUnstorable()); }
   bool passes(const std::optional<FieldProblem>& problem) {
     return !problem || refuse(problem->control, problem->message);
   }

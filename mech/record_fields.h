@@ -60,6 +60,7 @@ struct Field {
   std::string_view stored = "%.3f";               // how a number stands in the record
   double fallback = 0.0;                          // of a number that the record lacks
   double (*fallbackOf)(const Record&) = nullptr;  // the same, from the other fields
+  std::span<const char* const> pictures{};        // of the entries of a choice; a plain list where there are none
   int limit = 255;                                // characters of a text
   bool multiline = false;                         // its line breaks stand as "\N" in the record
   bool (*shown)(const Record&) = nullptr;         // whether it takes part; always where there is no rule
@@ -94,7 +95,7 @@ class FieldReader {
   void operator()(bool Record::*member) { record_.*member = whole() != 0; }
   void operator()(const Choice<Record>& member) { member.set(record_, whole()); }
   void operator()(std::string Record::*member) {
-    const std::string text = textField(text_, place());
+    const std::string text = commasRestored(wholeField(text_, place()));
     record_.*member = field_.multiline ? withLineBreaks(text) : text;
   }
 
@@ -132,7 +133,7 @@ class FieldWriter {
   std::string operator()(bool Record::*member) const { return record_.*member ? "1" : "0"; }
   std::string operator()(const Choice<Record>& member) const { return numberText::format("%d", member.get(record_)); }
   std::string operator()(std::string Record::*member) const {
-    return field_.multiline ? withStoredLineBreaks(record_.*member) : record_.*member;
+    return commasHidden(field_.multiline ? withStoredLineBreaks(record_.*member) : record_.*member);
   }
 
  private:

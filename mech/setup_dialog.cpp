@@ -2,6 +2,7 @@
 
 #include "frame/host/core_services.h"
 #include "frame/messages.h"
+#include "mech/annotation_commands.h"
 #include "mech/line_style.h"
 
 namespace ardenix::mech {
@@ -46,11 +47,10 @@ SetupDialog::SetupDialog(const Services& services, Configuration& configuration)
                                     "after ISO 128, 0 draws the thread where it is",
                          .place = {.row = 4}},
                         0.0, kWidestThreadGap, "%.2f");
-  const dialog::ButtonHandle annotation =
-      addButton(dialog_, {.caption = "Annotation Setup...",
-                          .toolTip = "Click here to set up the Mechanical Ardenix annotation functions",
-                          .place = {.row = 5}});
-  annotation.enable(false);  // the module has no annotation commands
+  addButton(dialog_, {.caption = "Annotation Setup...",
+                      .toolTip = "Click here to set up the Mechanical Ardenix annotation functions",
+                      .place = {.row = 5}})
+      .onPress([this] { runAnnotationSetup(services_, configuration_, &dialog_); });
   addOkCancel(dialog_, 6);
   dialog_.onOpen = [this] { open(); };
   dialog_.onOk = [this] { return confirm(); };

@@ -3,6 +3,7 @@
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/part_round.h"
+#include "frame/drafting/pen.h"
 #include "frame/drafting/target_layer.h"
 #include "frame/host/core_services.h"
 #include "mech/line_style.h"

@@ -6,6 +6,7 @@
 #include "frame/host/core_services.h"
 #include "frame/host/limits.h"
 #include "frame/host/number_text.h"
+#include "frame/records.h"
 #include "survey/text_row.h"
 
 namespace ardenix::survey {

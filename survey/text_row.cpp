@@ -3,28 +3,14 @@
 #include <algorithm>
 
 #include "frame/host/core_services.h"
+#include "frame/records.h"
 
 namespace ardenix::survey {
 
 namespace {
 
 constexpr char kSeparator = ',';
-constexpr std::string_view kHiddenComma = "_COMMA_";
-
-std::string replaced(std::string_view text, std::string_view what, std::string_view by) {
-  std::string result;
-  for (size_t at = 0; at < text.size();) {
-    const bool found = text.substr(at).starts_with(what);
-    result += found ? by : text.substr(at, 1);
-    at += found ? what.size() : 1;
-  }
-  return result;
-}
-
 }  // namespace
-
-std::string commasHidden(std::string_view text) { return replaced(text, ",", kHiddenComma); }
-std::string commasRestored(std::string_view text) { return replaced(text, kHiddenComma, ","); }
 
 void splitFields(std::string_view record, std::span<std::string> fields) {
   size_t at = 0;

@@ -17,6 +17,12 @@ std::string selectName(std::string_view parent, std::string_view group) {
 
 std::string linkSelection(std::string_view group) { return format("#LINKSEL %s", quotedForMacro(group)); }
 
+std::string linkSelectionOpen(std::string_view group) { return format("#LINKSEL \"%s", group); }
+
+std::string takeSymbolInto(std::string_view symbol, std::string_view parent, std::string_view group) {
+  return format("#RENAMPAT \"* %s\" %s [#]", symbol, quotedForMacro(format("%s %s", parent, group)));
+}
+
 std::string selectLayer(std::string_view layer) { return format("#SELECTLAYER %s", quotedForMacro(layer)); }
 
 std::string select(Point at) { return format("SELECT [%.8f,%.8f] [#]", at.x, at.y); }
@@ -153,6 +159,22 @@ std::string uprightDimension(Point line, Point first, Point second) {
 
 std::string addSymbol(std::string_view name, Point at) {
   return format("#ADDSYM %s [%.3f,%.3f] 1 0", name, at.x, at.y);
+}
+
+std::string placeSymbol(std::string_view name, Point at, double scale, int rotation) {
+  return format("#ADDSYM \"%s\" [%.8f,%.8f] %.8f %d", name, at.x, at.y, scale, rotation);
+}
+
+std::string placeSymbolCoarse(std::string_view name, Point at, double scale) {
+  return format("#ADDSYM \"%s\" [%.3f,%.3f] %.3f %d", name, at.x, at.y, scale, 0);
+}
+
+std::string placeSymbolTurned(std::string_view name, Point at, double scale, double rotation) {
+  return format("#ADDSYM \"%s\" [%.5f,%.5f] %.5f %.5f", name, at.x, at.y, scale, rotation);
+}
+
+std::string annotationSymbols(std::string_view path) {
+  return format("#NEWSYMFL %s \"Y\" \"N\"", quotedForMacro(path));
 }
 
 std::string addTurnedSymbol(std::string_view name, Point at, double angle) {

@@ -38,6 +38,9 @@ inline constexpr std::string_view kPlainSelectNewEnd = "SELECTNEW 0";
 inline constexpr std::string_view kPlainClearSelection = "CLEARSEL";
 inline constexpr std::string_view kTrussGroup = "BEGINGROUP \"TRUSS\"";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
+// The cursor, held, runs level and plumb; and runs free again.
+inline constexpr std::string_view kLockAxes = "#LOCKANG \"K\" 90";
+inline constexpr std::string_view kFreeAxes = "#LOCKANG U";
 // Leaves the user's own selecting to the current layer.
 inline constexpr std::string_view kAllLayersOff = "ALLLAYER \"N\"";
 inline constexpr std::string_view kThisLayerOnly = "#ALLLAYER \"N\"";  // the same, as circles of beacons send it
@@ -74,6 +77,10 @@ std::string parent(std::string_view name);
 std::string beginGroup(std::string_view name);
 std::string selectName(std::string_view parent, std::string_view group);
 std::string linkSelection(std::string_view group);
+// The same without the closing quote, for which scripts of these parts wait. The name holds no quote itself.
+std::string linkSelectionOpen(std::string_view group);
+// Gives the symbol placed last, under whatever parent, to a group.
+std::string takeSymbolInto(std::string_view symbol, std::string_view parent, std::string_view group);
 std::string selectLayer(std::string_view layer);
 std::string select(Point at);
 std::string moveToLayer(std::string_view layer);
@@ -151,6 +158,13 @@ std::string uprightDimension(Point line, Point first, Point second);
 // Places a symbol of a loaded file at its own size, unturned. The name goes out as it is, without quotes; the point
 // with three decimals.
 std::string addSymbol(std::string_view name, Point at);
+// Places a symbol at a scale, turned by degrees. The coarse form goes out with three decimals and unturned, the turned
+// one with five.
+std::string placeSymbol(std::string_view name, Point at, double scale, int rotation);
+std::string placeSymbolCoarse(std::string_view name, Point at, double scale);
+std::string placeSymbolTurned(std::string_view name, Point at, double scale, double rotation);
+// Loads a symbol file whose symbols are millimetres on paper and serve in this window.
+std::string annotationSymbols(std::string_view path);
 // Places a symbol turned by degrees; the name is quoted.
 std::string addTurnedSymbol(std::string_view name, Point at, double angle);
 // The same for the symbol that macro variable SYM$ names.

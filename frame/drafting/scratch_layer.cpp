@@ -45,9 +45,13 @@ ScratchLayer::~ScratchLayer() {
   } catch (const HostFailure&) { return; }
 }
 
-void ScratchLayer::link(std::string_view group) {
+void ScratchLayer::selectAll() {
   view_.gsClearSelection();
   view_.gsExecuteMacro(macroText::selectLayer(name_));
+}
+
+void ScratchLayer::link(std::string_view group) {
+  selectAll();
   view_.gsExecuteMacro(macroText::linkSelection(group));
 }
 

@@ -37,7 +37,9 @@ class ScratchLayer {
   ScratchLayer& operator=(const ScratchLayer&) = delete;
   ~ScratchLayer();
 
-  // Selects all that lies on the layer and makes it part of the group.
+  // Selects all that lies on the layer.
+  void selectAll();
+  // The same, and makes it part of the group.
   void link(std::string_view group);
   // The two ends: the selection goes to the target layer, or a copy of it does.
   void moveTo(std::string_view target);

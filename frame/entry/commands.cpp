@@ -9,6 +9,7 @@
 #include "frame/help.h"
 #include "frame/host/api.h"
 #include "frame/host/core_services.h"
+#include "mech/annotation_commands.h"
 #include "mech/fastener_commands.h"
 #include "mech/part_commands.h"
 #include "survey/plan/plan_commands.h"
@@ -35,12 +36,16 @@ constexpr FirstSetting kGeneralPlanJob[] = {{"SG_DEFAULTS", "SG_GenPlanFile", "G
 constexpr FirstSetting kSectionalPlanJob[] = {{"SG_DEFAULTS", "SG_SectionalFile", "Sectional Plan.ini"}};
 
 constexpr ManualChapter kNoChapter{"", ""};
+constexpr ManualChapter kParts{"mechanical-parts.md", "Flanges, gears, links, ducts"};
+constexpr ManualChapter kAnnotation{"annotations.md", "Annotations"};
 constexpr ManualChapter kArchitecture{"architectural.md", "Architectural commands"};
 constexpr ManualChapter kSurveySettings{"survey-settings.md", "Survey settings"};
 constexpr ManualChapter kSurveyDiagrams{"survey-diagrams.md", "Survey diagrams"};
 constexpr ManualChapter kGeneralPlans{"general-plans.md", "General plans"};
 
 constexpr Trade kMechanical{CommandFamily::kMechanical, kFasteners, kNoChapter};
+constexpr Trade kMechanicalParts{CommandFamily::kMechanical, kFasteners, kParts};
+constexpr Trade kAnnotations{CommandFamily::kMechanical, kFasteners, kAnnotation};
 constexpr Trade kArchitectural{CommandFamily::kArchitectural, kWalls, kArchitecture};
 constexpr Trade kDiagramSettings{CommandFamily::kSurvey, kDiagramJob, kSurveySettings};
 constexpr Trade kGeneralPlanSettings{CommandFamily::kSurvey, kGeneralPlanJob, kSurveySettings};
@@ -62,13 +67,21 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(MechDrawNuts, kMechanical, "&Nuts...", "nut", "Nuts", mech::drawNuts) \
   ROW(MechDrawHoles, kMechanical, "&Drilled Holes...", "drilled_hole", "Drilled Holes", mech::drawHoles) \
   ROW(MechDrawRivets, kMechanical, "&Rivets...", "rivet", "Rivets", mech::drawRivets) \
-  ROW(MechDrawFlanges, kMechanical, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
-  ROW(MechDrawGears, kMechanical, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
-  ROW(MechDrawLinks, kMechanical, "&Links...", "link", "Links", mech::drawLinks) \
-  ROW(MechDrawSlots, kMechanical, "Sl&ots", "slot", "", mech::drawSlots) \
-  ROW(MechDrawCircleCL, kMechanical, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
-  ROW(MechAddCentrelinesToCircles, kMechanical, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
-  ROW(MechDrawRectRnd, kMechanical, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
+  ROW(MechDrawFlanges, kMechanicalParts, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
+  ROW(MechDrawGears, kMechanicalParts, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
+  ROW(MechDrawLinks, kMechanicalParts, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawSlots, kMechanicalParts, "Sl&ots", "slot", "", mech::drawSlots) \
+  ROW(MechDrawCircleCL, kMechanicalParts, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
+  ROW(MechAddCentrelinesToCircles, kMechanicalParts, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
+  ROW(MechDrawRectRnd, kMechanicalParts, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
+  ROW(MechAnnotationSetup, kAnnotations, "Annotation Setu&p...", "annotation_setup", "Annotation Setup", \
+      mech::setUpAnnotations) \
+  ROW(MechDrawWelds, kAnnotations, "&Welds...", "weld", "Weld Annotation", mech::drawWelds) \
+  ROW(MechTolerances, kAnnotations, "&Tolerances...", "tolerance_frame", "Tolerance Annotation", \
+      mech::drawTolerances) \
+  ROW(MechDrawToleranceDatum, kAnnotations, "Tolerance Datu&m", "tolerance_datum", "", mech::drawToleranceDatum) \
+  ROW(MechSurfaceFinish, kAnnotations, "Surfac&e Finish...", "surface_finish", "Surface Finish", \
+      mech::drawSurfaceFinish) \
   ROW(DisplayArchSetup, kArchitectural, "Architectural &Setup...", "architectural_setup", "Architectural Setup", \
       arch::displayArchSetup) \
   ROW(ArchSetWalls, kArchitectural, "&Wall Setup...", "wall_setup", "Wall Setup (internal)", arch::setWalls) \

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -127,6 +128,18 @@ class DropDownHandle : public Handle {
     const auto entry = std::find(list.items.begin(), list.items.end(), text);
     list.selected = entry != list.items.end() ? static_cast<int>(entry - list.items.begin()) : -1;
     list.text = std::move(text);
+    changed();
+  }
+};
+
+class PictureListHandle : public Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] int selected() const { return as<PictureList>().selected; }
+  // Outside the list: nothing is selected.
+  void select(int item) const {
+    PictureList& list = as<PictureList>();
+    list.selected = item >= 0 && item < static_cast<int>(list.items.size()) ? item : -1;
     changed();
   }
 };
@@ -327,6 +340,15 @@ inline DropDownHandle addEditableList(Dialog& dialog, Setting setting, std::vect
   DropDown list;
   list.items = std::move(items);
   list.editable = true;
+  return {dialog, addControl(dialog, std::move(list), std::move(setting))};
+}
+
+// Captions and pictures, one for each entry; an entry without a picture has "".
+inline PictureListHandle addPictureList(Dialog& dialog, Setting setting, std::span<const char* const> captions,
+                                        std::span<const char* const> pictures) {
+  PictureList list;
+  list.items.reserve(captions.size());
+  for (size_t item = 0; item < captions.size(); ++item) { list.items.push_back({captions[item], pictures[item]}); }
   return {dialog, addControl(dialog, std::move(list), std::move(setting))};
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "host/drawing/drawing.h"
 
@@ -22,6 +24,10 @@ class DrawingSource {
 
   // The path is as a macro names it, in Windows-1252. Throws HostFailure that names the file and the reason.
   virtual ReadDrawing open(const std::string& path) = 0;
+  // A symbol file, likewise. A source may hand out the same drawing again while the file is unchanged.
+  virtual std::shared_ptr<const Drawing> symbolFile(const std::string& path) {
+    return std::make_shared<const Drawing>(std::move(open(path).drawing));
+  }
 };
 
 }  // namespace brevan

@@ -52,6 +52,18 @@ ReadDrawing readDrawing(const std::string& path) {
   return format->read(path);
 }
 
+// The stamp is older than the content: a file that changes meanwhile is read again at the next time.
+std::shared_ptr<const Drawing> FileDrawings::symbolFile(const std::string& path) {
+  const std::string native = files_.resolveForReading(toUtf8(path));
+  const FileStamp stamp = stampOf(native);
+  const auto kept = kept_.find(native);
+  if (kept != kept_.end() && kept->second.stamp == stamp) { return kept->second.drawing; }
+  auto drawing = std::make_shared<const Drawing>(readDrawing(native).drawing);
+  if (kept_.size() >= kMostKept) { kept_.clear(); }
+  kept_.insert_or_assign(native, KeptFile{stamp, drawing});
+  return drawing;
+}
+
 ReadDrawing FileDrawings::open(const std::string& path) { return readDrawing(files_.resolveForReading(toUtf8(path))); }
 
 }  // namespace brevan

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <map>
+#include <memory>
 #include <string>
 
+#include "host/core/safe_file.h"
 #include "host/drawing/drawing_source.h"
 
 namespace brevan {
@@ -22,9 +25,18 @@ class FileDrawings : public DrawingSource {
  public:
   explicit FileDrawings(const FileServices& files) : files_(files) {}
   ReadDrawing open(const std::string& path) override;
+  // Every annotation names its symbol file anew, so those used last are kept until they change.
+  std::shared_ptr<const Drawing> symbolFile(const std::string& path) override;
 
  private:
+  struct KeptFile {
+    FileStamp stamp;
+    std::shared_ptr<const Drawing> drawing;
+  };
+  static constexpr size_t kMostKept = 16;
+
   const FileServices& files_;
+  std::map<std::string, KeptFile> kept_;  // by native path
 };
 
 }  // namespace brevan

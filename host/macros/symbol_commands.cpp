@@ -1,4 +1,5 @@
 #include <cmath>
+#include <memory>
 
 #include "frame/host/core_services.h"
 #include "host/drawing/drawing.h"
@@ -11,11 +12,13 @@ namespace brevan::macroHandlers {
 
 namespace {
 
-ReadDrawing opened(MacroRun& run) {
+// What a source makes of the file that the first argument names.
+template <class Made>
+Made opened(MacroRun& run, Made (DrawingSource::*make)(const std::string& path)) {
   DrawingSource* source = run.window.services().drawings;
   if (source == nullptr) { throw MacroError(run.column(0), "no drawing files can be read here"); }
   try {
-    return source->open(run.text(0));
+    return (source->*make)(run.text(0));
   } catch (const HostFailure& failure) { throw MacroError(run.column(0), failure.what()); }
 }
 
@@ -42,14 +45,17 @@ PrimitiveId place(DrawingWindow& window, Symbol symbol) {
 }  // namespace
 
 void loadSymbolFile(MacroRun& run) {
-  const Drawing file = opened(run).drawing;
+  const std::shared_ptr<const Drawing> file = opened(run, &DrawingSource::symbolFile);
   const bool paperSize = run.text(1) == "Y";
   const bool everywhere = run.text(2) == "Y" && run.window.services().symbols != nullptr;
-  if (file.symbols().empty()) { throw MacroError(run.column(0), "\"" + run.text(0) + "\" holds no symbols"); }
+  if (file->symbols().empty()) { throw MacroError(run.column(0), "\"" + run.text(0) + "\" holds no symbols"); }
   MacroState& state = run.window.macroState();
+  const LoadedSymbols loading{file, run.text(0), paperSize, everywhere};
+  if (!everywhere && state.loaded == loading) { return; }  // its symbols are the window's already
+  state.loaded = loading;
   SymbolTable& table = everywhere ? *run.window.services().symbols : state.symbols;
   state.panel.clear();
-  for (const auto& [name, definition] : file.symbols()) {
+  for (const auto& [name, definition] : file->symbols()) {
     SymbolDefinition loaded = definition;
     loaded.paperSize = paperSize;
     loaded.upright = paperSize && run.text(2) == "Y";
@@ -160,7 +166,7 @@ class Insertion {
 
 void insertDrawing(MacroRun& run) {
   if (run.number(2) <= 0.0) { throw MacroError(run.column(2), "a drawing is inserted at a scale above 0"); }
-  const auto [source, notRead] = opened(run);
+  const auto [source, notRead] = opened(run, &DrawingSource::open);
   Drawing& drawing = run.window.drawing();
   Insertion insertion(run, source);
   std::vector<PrimitiveId> inserted;

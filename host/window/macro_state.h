@@ -38,6 +38,15 @@ struct TracedBoundary {
 // Symbols by name, with the definitions that they need.
 using SymbolTable = std::map<std::string, SymbolDefinition, std::less<>>;
 
+// The symbol file that a window loaded last, as it was then.
+struct LoadedSymbols {
+  std::shared_ptr<const Drawing> file;
+  std::string path;  // as the macro names it
+  bool paperSize = false;
+  bool everywhere = false;
+  friend bool operator==(const LoadedSymbols&, const LoadedSymbols&) = default;
+};
+
 // The paper that a command asked for and left to the host to choose.
 struct AutomaticPaper {
   bool wanted = false;
@@ -62,8 +71,9 @@ struct MacroState {
   TracedBoundary boundary;
   std::unique_ptr<BoundaryMap> boundaries;  // made at the first tracing
   SymbolTable symbols;                      // of the symbol files loaded into this window
-  std::vector<std::string> panel;           // the names of the file loaded last
-  bool allLayers = false;                   // of the user's own selecting
+  LoadedSymbols loaded;
+  std::vector<std::string> panel;  // the names of the file loaded last
+  bool allLayers = false;          // of the user's own selecting
   bool promptsForPerimeter = false;
   bool powerBar = true;
   AutomaticPaper paper;

@@ -27,7 +27,7 @@ class MadeFiles(unittest.TestCase):
     def test_dialogs_name_pictures_that_are_there_and_no_other_is(self):
         named = set()
         for source in (*(ROOT / "mech").glob("*.cpp"), *(ROOT / "arch").glob("*.cpp")):
-            named |= set(re.findall(r'"((?:nut|rivet|screw|key|wall|flange|link|shaft|duct)_[a-z_]+)"', source.read_text(encoding="utf-8")))
+            named |= set(re.findall(r'"((?:nut|rivet|screw|key|wall|flange|link|shaft|duct|finish|lay|weld|tolerance)_[a-z_]+)"', source.read_text(encoding="utf-8")))
         self.assertEqual(named, {path.stem for path in (ROOT / "data" / "pictures").glob("*.svg")})
 
     def test_pictures_are_plain_strokes_inside_their_frame(self):

@@ -192,7 +192,7 @@ TEST_P(ByHand, AnExampleIsDrawnAndRecordedAsItsScriptDraws) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, ByHand,
-                         ::testing::Values("bearing_cover", "clamp_strip", "erf_diagram", "flange_plate", "house_plan",
-                                           "own_bolts", "sloping_cover"));
+                         ::testing::Values("bearing_cover", "clamp_strip", "duct", "erf_diagram", "flange_plate",
+                                           "house_plan", "own_bolts", "pump_drive", "sloping_cover"));
 
 }  // namespace

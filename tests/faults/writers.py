@@ -60,6 +60,7 @@ def conversion(ending):
 
 ALL = [
     *[conversion(ending) for ending in ("drg", "dxf", "svg", "pdf", "png", "json")],
+    Writer("outline of a figure", "x.dxf", OLD, words=("outline", "sample.drg", "--at", "450", "300", "-o", "out/x.dxf")),
     Writer("save of a script", "x.drg", OLD, DRAWING + 'save "x.drg"\n'),
     Writer("export of a script", "x.svg", OLD, DRAWING + 'export "x.svg"\n'),
     Writer("transcript", "t.jsonl", OLD, DRAWING, ("--transcript", "out/t.jsonl")),

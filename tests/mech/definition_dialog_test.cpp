@@ -188,7 +188,7 @@ constexpr ardenix::mech::Field<Wheel> kWheelFields[] = {
      .maximum = 1000.0,
      .fallback = 25},
     {.member = &Wheel::note, .place = 8, .label = "Note", .tip = "", .limit = 20, .multiline = true},
-    {.member = &Wheel::material, .place = 6, .label = "Material", .tip = "", .limit = 10},
+    {.member = &Wheel::material, .place = 6, .label = "Material", .tip = "", .limit = 80},
     {.member = choice<&Wheel::quality>(kQualities), .place = 4, .label = "Quality", .tip = ""},
     {.member = &Wheel::hardened,
      .place = 5,
@@ -248,9 +248,12 @@ TEST_F(PlainFamilyTest, FieldsOfEverySortGoBetweenRecordAndDialog) {
   EXPECT_EQ(ardenix::mech::DefinitionStore(path_).record("GEARS", 1), "A,2.0,20,0,1,brass,0,one\\Ntwo");
 }
 
-TEST_F(PlainFamilyTest, ATextThatWouldBreakTheRecordIsNotLeft) {
-  EXPECT_THROW(visit("set \"Material\" \"brass, c\"\n"), brevan::ScriptFailure);
-  EXPECT_EQ(log_.of("message"), Texts{"Material takes no comma, which stands between the fields of a definition."});
+TEST_F(PlainFamilyTest, ATextKeepsItsCommasHowManyItHas) {
+  const std::string many(60, ',');
+  visit("set \"Material\" \"brass" + many + "\"\npress \"OK\"\nreply yes\n");
+  visit("expect \"Material\" \"brass" + many + "\"\nexpect \"Hardened\" 1\npress \"Cancel\"\n");
+  EXPECT_TRUE(
+      ardenix::mech::DefinitionStore(path_).record("GEARS", 1)->starts_with("A,2.0,20,1,1,brass_COMMA__COMMA_"));
 }
 
 TEST_F(PlainFamilyTest, AnEntryBeyondTheListIsAskedForAndACountIsNoEdit) {

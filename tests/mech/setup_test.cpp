@@ -52,6 +52,18 @@ TEST_F(SetupTest, AFileWithoutWeldSymbolsIsUsedAfterAWarning) {
             Texts{"The specified Mechanical Ardenix configuration file does not appear to be valid!"});
 }
 
+TEST_F(SetupTest, AnnotationSetupMakesALibraryOfAnyFile) {
+  useLibrary("[Setup]\n");
+  const std::string dialog = "run MechAnnotationSetup\ndialog \"Mechanical Ardenix - Annotation Setup\"\n";
+  play(dialog + "set \"Welds Symbol file\" \"mine.drg\"\npress \"OK\"\nnew \"other\"\n" + dialog +
+       "expect \"Welds Symbol file\" \"mine.drg\"\npress \"Cancel\"\n");
+  EXPECT_EQ(
+      log_.of("message"),
+      (Texts{"The specified Mechanical Ardenix configuration file does not appear to be valid!",
+             "The specified Mechanical Ardenix configuration file seems to be invalid!\nPlease check that the path "
+             "to the configuration file is specified correctly in the Mechanical Ardenix Setup dialog."}));
+}
+
 TEST_F(SetupTest, IsReadOnceForEachView) {
   useLibrary(kValid);
   const std::string visit = "run MechDrawBolts\n" + kBoltsDialog;
@@ -65,7 +77,7 @@ TEST_F(SetupTest, ShowsWhatIsOfferedForMissingKeysAndWritesAllOfThem) {
   const std::string path = useLibrary("; kept\n[Setup]\nWeldSymbols=\nSolidLT=2\n");
   play("run DisplayMechSetup\n" + kSetupDialog +
        "expect \"Solid line type\" 2\nexpect \"Hidden line type\" 21\nexpect \"Center line type\" 4\n"
-       "expect \"Hidden pen\" 13\nexpect \"Solid width\" 0.2\nexpect \"Annotation Setup...\" disabled\n"
+       "expect \"Hidden pen\" 13\nexpect \"Solid width\" 0.2\nexpect \"Annotation Setup...\" enabled\n"
        "set \"Hidden width\" 0.355\npress \"Center pen\"\npen 9\npress \"OK\"\n");
   EXPECT_EQ(read(path).substr(0, 37), "; kept\n[Setup]\nWeldSymbols=\nSolidLT=2");
   const TINIFile file(path);

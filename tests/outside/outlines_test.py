@@ -178,6 +178,41 @@ class Outlines(unittest.TestCase):
             with self.subTest(angle=angle, teeth=teeth, module=module):
                 self.check_gear(self.split(parts[n])[0], teeth, module)
 
+    def test_true_flanks_roll_on_each_other_without_play_or_overlap(self):
+        """Conjugate flanks touch in every position: an involute's law, and with 8 teeth that of its undercut."""
+        module = 2.0
+        for teeth in ((25, 50), (8, 40)):
+            script = ""
+            for n, count in enumerate(teeth):
+                setting = f'pick "Definition" "M2 Z25"\nset "Number of teeth" {count}\nset "Shaft diameter" 0\ncheck "True involute"\n'
+                script += command("MechDrawGears", "Spur Gears", setting, "point {} {}\n".format(*place(n))).replace(
+                    'press "OK"\n', 'press "OK"\nreply no\n')
+            parts, _ = self.cut(script)
+            first, second = (flattened(self.split(parts[n])[0][0], 5e-4) for n in (0, 1))
+            space = self.middle_of_space(first, teeth[0], module)
+            tooth = self.middle_of_space(second, teeth[1], module) + math.pi / teeth[1]
+            apart = module * sum(teeth) / 2
+            for phase in (0.0, 0.13, 0.31, 0.5):
+                roll = phase * 2 * math.pi / teeth[0]
+                turn = math.pi - tooth - (space + roll) * teeth[0] / teeth[1]
+                driven = [p for p in self.turned(second, turn, apart) if math.hypot(*p) < module * (teeth[0] / 2 + 1)]
+                sides = self.turned(first, roll, 0.0)
+                sides = list(zip(sides, sides[1:] + sides[:1]))
+                near = [(a, b) for a, b in sides if a[0] > 0]
+                with self.subTest(teeth=teeth, phase=phase):
+                    self.assertLess(max(self.depth(p, sides) for p in driven), 0.002 * module)
+                    self.assertLess(min(self.away(p, near) for p in driven), 0.002 * module)
+
+    def turned(self, points, angle, right):
+        cosine, sine = math.cos(angle), math.sin(angle)
+        return [(right + x * cosine - y * sine, x * sine + y * cosine) for x, y in points]
+
+    def middle_of_space(self, points, teeth, module):
+        """The angle at which the bottom of a space lies in its middle."""
+        bottom = module * (teeth / 2 - 1.25) + 1e-4
+        waves = [(math.cos(teeth * a), math.sin(teeth * a)) for a in (math.atan2(y, x) for x, y in points if math.hypot(x, y) < bottom)]
+        return math.atan2(sum(y for _, y in waves), sum(x for x, _ in waves)) / teeth
+
     def test_two_gears_mesh_at_their_centre_distance(self):
         script = "".join(chosen("MechDrawGears", "Spur Gears", n, name, points=1) for n, name in enumerate(("M2 Z25", "M2 Z50")))
         parts, _ = self.cut(script)
@@ -185,23 +220,29 @@ class Outlines(unittest.TestCase):
         turn = math.radians(6.7685)
         cosine, sine = math.cos(turn), math.sin(turn)
         meshing = [(75 + x * cosine - y * sine, x * sine + y * cosine) for x, y in second]
-        near = [(a, b) for a, b in zip(first, first[1:] + first[:1]) if a[0] > 20]
-        deepest = max((self.depth(p, near) for p in meshing if math.hypot(*p) < 27), default=0.0)
+        sides = list(zip(first, first[1:] + first[:1]))
+        deepest = max(self.depth(p, sides) for p in meshing if math.hypot(*p) < 27)
         self.assertLess(deepest, 0.001)
         self.assertGreater(sum(math.hypot(*p) < 26.9 for p in meshing), 50, "they do not reach into each other")
 
     def depth(self, point, sides):
-        """How far a point lies inside an outline whose sides around it are given; 0 outside."""
+        """How far a point lies inside an outline; 0 outside."""
         x, y = point
-        outside = False
-        best = math.inf
+        inside = False
         for (x1, y1), (x2, y2) in sides:
             if (y1 > y) != (y2 > y) and x > x1 + (x2 - x1) * (y - y1) / (y2 - y1):
-                outside = not outside
+                inside = not inside
+        return self.away(point, sides) if inside else 0.0
+
+    def away(self, point, sides):
+        """How far a point lies from the nearest side."""
+        x, y = point
+        best = math.inf
+        for (x1, y1), (x2, y2) in sides:
             along = ((x - x1) * (x2 - x1) + (y - y1) * (y2 - y1)) / ((x2 - x1) ** 2 + (y2 - y1) ** 2)
             along = min(max(along, 0), 1)
             best = min(best, math.hypot(x1 + along * (x2 - x1) - x, y1 + along * (y2 - y1) - y))
-        return 0.0 if outside else best  # the body lies to the left of its sides
+        return best
 
     def test_links_and_slots_close_and_the_pattern_of_a_duct_is_one_loop(self):
         records = shipped("LINKS", "Bolt")
