@@ -7,6 +7,8 @@
 
 namespace ardenix::survey {
 
+inline constexpr int kCentred = 15;  // the justification of texts about their middle
+
 // In place of a vertical position: on the next line. In a frame line: the end of the data table.
 inline constexpr double kNextLine = 9999.0;
 
@@ -40,6 +42,10 @@ struct LineRow {
 };
 
 LineRow lineRowOf(std::string_view value);
+
+// Settings files keep the commas of a text as "_COMMA_", since commas separate fields.
+std::string commasHidden(std::string_view text);
+std::string commasRestored(std::string_view text);
 
 // The fields of a record between its commas; those that are missing are empty, those beyond the last are cut.
 void splitFields(std::string_view record, std::span<std::string> fields);

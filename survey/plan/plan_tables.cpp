@@ -8,12 +8,12 @@
 #include "frame/host/number_text.h"
 #include "survey/number_formats.h"
 #include "survey/settings_keys.h"
+#include "survey/text_row.h"
 
 namespace ardenix::survey {
 
 namespace {
 
-constexpr int kCentred = 15;
 constexpr int kRight = 8;
 
 // ---- Sides of the figure ----------------------------------------------------------------------------------------

@@ -6,12 +6,12 @@
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/sheet_axes.h"
+#include "survey/text_row.h"
 
 namespace ardenix::survey {
 
 namespace {
 
-constexpr int kCentred = 15;
 constexpr double kSizesAMillimetre = 10.0;
 
 TableBorders bordersOf(std::string_view edges) {

@@ -5,14 +5,11 @@
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/pen.h"
 #include "frame/drafting/sheet_axes.h"
+#include "survey/text_row.h"
 
 namespace ardenix::survey {
 
-namespace {
-
-constexpr int kCentred = 15;
-
-}  // namespace
+namespace {}  // namespace
 
 SurveyTable::SurveyTable(int rows, int columns, double rowHeight, double columnWidth, Point origin, CCadWindow* view,
                          int layer)
