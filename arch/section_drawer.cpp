@@ -10,6 +10,7 @@
 #include "arch/section_drawing.h"
 #include "arch/stair_drawing.h"
 #include "arch/symbol_folder.h"
+#include "frame/drafting/line_settings.h"
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/macro_values.h"
 #include "frame/drafting/target_layer.h"
@@ -130,7 +131,7 @@ std::optional<SectionLine> SectionDrawer::askLine() {
   view_.gsExecuteMacro(macroText::kLockSquare);
   view_.gsExecuteMacro(macroText::kToggleHold);
   view_.gsExecuteMacro(macroText::lineType(settings.line.linetype, settings.line.pen));
-  SectionLine line{.close = close.at, .far = close.at};
+  SectionLine line{.close = close.at, .far = close.at, .internalWalls = {}};
   line.direction = quarterOf(close.at, close.at + quarterTurned(along(close.wall.a, close.wall.b)));
   askInternalWalls(line);
   const auto far = askFarFace(close);
@@ -195,6 +196,7 @@ bool SectionDrawer::drawRound() {
   if (!hasWallTypes()) { return false; }
   const auto position = askPoint(view_, kPositionPrompt);
   if (!position) { return false; }
+  const LineSettings usersOwn(view_, settings.line);
   const auto line = askLine();
   if (!line) { return false; }
   const std::string& layer = line->isVertical() ? settings.verticalLayer : settings.horizontalLayer;

@@ -43,10 +43,6 @@ struct LineRow {
 
 LineRow lineRowOf(std::string_view value);
 
-// Settings files keep the commas of a text as "_COMMA_", since commas separate fields.
-std::string commasHidden(std::string_view text);
-std::string commasRestored(std::string_view text);
-
 // The fields of a record between its commas; those that are missing are empty, those beyond the last are cut.
 void splitFields(std::string_view record, std::span<std::string> fields);
 std::string joinedFields(std::span<const std::string> fields);
