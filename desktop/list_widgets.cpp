@@ -78,6 +78,7 @@ class ComboWidget : public ControlWidget {
       }
       combo_->addItem(icon, brevan::shown(items[item]));
     }
+    if (pictures != nullptr) { combo_->setMinimumWidth(combo_->sizeHint().width()); }  // else names are cut
     shownItems_ = items;
   }
   QComboBox* combo_;

@@ -8,6 +8,8 @@
 #include <QStatusBar>
 #include <QStyleFactory>
 #include <QToolBar>
+#include <algorithm>
+#include <span>
 #include <utility>
 
 #include "desktop/help_window.h"
@@ -191,14 +193,22 @@ void MainWindow::buildToolMenus() {
   }
 }
 
-// A menu and a tool bar for each family that has commands. They have a row of their own, whose end may lie beyond the
-// window's edge, and so push nothing else out of sight.
+// A menu and a tool bar for each family that has commands. Bars go on in a row of their own where the one before would
+// run beyond the edge of a small screen.
 void MainWindow::buildCommandMenus() {
-  addToolBarBreak();
+  constexpr std::ptrdiff_t kMostInARow = 38;
+  const std::span<const CommandRow> commands = host_->module()->commands();
+  std::ptrdiff_t inRow = kMostInARow;
   for (const FamilyRow& row : kFamilies) {
+    const auto count = std::ranges::count(commands, row.family, &CommandRow::family);
+    inRow += count;
+    if (inRow > kMostInARow) {
+      addToolBarBreak();
+      inRow = count;
+    }
     QMenu* menu = nullptr;
     QToolBar* bar = nullptr;
-    for (const CommandRow& command : host_->module()->commands()) {
+    for (const CommandRow& command : commands) {
       if (command.family != row.family) { continue; }
       if (menu == nullptr) {
         menu = menuBar()->addMenu(tr(row.caption));

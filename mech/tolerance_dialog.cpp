@@ -105,24 +105,24 @@ void ToleranceDialog::describeSymbol() {
       .onPress([this] { show({}); });
 }
 
+// Tolerances above datums, as they follow each other in the frame.
 void ToleranceDialog::describeCells() {
+  constexpr size_t kTolerances = 2;
   const int rows[] = {dialog_.addGroup({.place = {.row = 1}}), dialog_.addGroup({.place = {.row = 2}})};
-  int column = 0;
   for (size_t i = 0; i < cells_.size(); ++i) {
     const bool tolerance = kCells[i].tolerance;
-    if (i > 0 && !tolerance && kCells[i - 1].tolerance) { column = 0; }
-    const int group =
-        dialog_.addGroup({.caption = kCells[i].box, .parent = rows[tolerance ? 0 : 1], .place = {.column = column++}});
+    const size_t column = tolerance ? i : i - kTolerances;
+    const int group = dialog_.addGroup(
+        {.caption = kCells[i].box, .parent = rows[tolerance ? 0 : 1], .place = {.column = static_cast<int>(column)}});
     if (tolerance) {
       cells_[i].diameter = addSymbols(kDiameters, {.toolTip = "Diameter symbol", .group = group, .name = "Diameter"});
     }
-    cells_[i].value = addValue(kValueLimit, {.toolTip = tolerance ? "Tolerance value" : "Datum ID",
-                                             .group = group,
-                                             .place = {.column = 1},
-                                             .name = "Value"});
+    cells_[i].value = addValue(
+        kValueLimit,
+        {.toolTip = tolerance ? "Tolerance value" : "Datum ID", .group = group, .place = {.row = 1}, .name = "Value"});
     cells_[i].modifier = addSymbols(kModifiers, {.toolTip = tolerance ? "Modifier symbol" : "Datum modifier",
                                                  .group = group,
-                                                 .place = {.column = 2},
+                                                 .place = {.row = 2},
                                                  .name = "Modifier"});
   }
 }

@@ -7,8 +7,6 @@
 
 namespace ardenix::survey {
 
-inline constexpr int kCentred = 15;  // the justification of texts about their middle
-
 // In place of a vertical position: on the next line. In a frame line: the end of the data table.
 inline constexpr double kNextLine = 9999.0;
 

@@ -199,13 +199,16 @@ void BoundaryMap::noteSources(const std::vector<Step>& steps) {
 
 std::optional<BoundaryMap::Hit> BoundaryMap::firstHit(Point p, Point ray, double from) {
   const double reach = distance(p, extents_.centre()) + extents_.width() + extents_.height();
+  // Far from the origin a crossing is rounded to the digits that coordinates have there.
+  constexpr double kExact = 1e-9;
+  constexpr double kRounding = 1e-14;  // of a coordinate
+  const double exact = std::max({kExact, std::abs(p.x) * kRounding, std::abs(p.y) * kRounding});
   double step = stride_;
   for (double start = from; start < reach; start += step, step *= 2.0) {
     const Segment look{p + ray * start, p + ray * (start + step)};
     std::optional<Hit> best;
     index_.query(boundsOf(look), [&](int near) {
-      constexpr double kExact = 1e-9;
-      for (const Crossing& crossing : crossings(look, entries_[static_cast<size_t>(near)].curve, kExact)) {
+      for (const Crossing& crossing : crossings(look, entries_[static_cast<size_t>(near)].curve, exact)) {
         const double along = dot(crossing.at - p, ray);
         if (along <= from + kJoin || (best && along >= best->along)) { continue; }
         best = Hit{near, crossing.second, along};

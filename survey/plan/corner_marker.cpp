@@ -3,6 +3,8 @@
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/pen.h"
 #include "frame/drafting/target_layer.h"
+#include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
 
 namespace ardenix::survey {
 
@@ -12,6 +14,11 @@ bool CornerMarker::mayDraw() const {
 
 void CornerMarker::drawCircle(Point corner) const {
   if (radius_ == 0.0) { return; }
+  if (corner.y + radius_ == corner.y) {
+    throw HostFailure(numberText::format("The corner at %s, %s lies too far from the origin for a circle of %s.",
+                                         numberText::shortest(corner.x), numberText::shortest(corner.y),
+                                         numberText::shortest(radius_)));
+  }
   const int current = view_.gsGetCurrentLayer();
   view_.gsAddLayer(kCornerLayer);
   view_.gsExecuteMacro(macroText::kThisLayerOnly);

@@ -135,6 +135,7 @@ void ErfNumbering::numberStroke(Point from, double angle, const std::string& fir
     giveNumber(*erf, angle, offered_, table);
     numbered.push_back(erf->inside);
   }
+  if (numbered.empty()) { ErrorMessage("No closed boundary lies along this stroke", &view_); }
 }
 
 // Nothing once the user wants no more.

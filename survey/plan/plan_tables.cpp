@@ -8,12 +8,12 @@
 #include "frame/host/number_text.h"
 #include "survey/number_formats.h"
 #include "survey/settings_keys.h"
-#include "survey/text_row.h"
 
 namespace ardenix::survey {
 
 namespace {
 
+constexpr int kCentredFigure = 15;
 constexpr int kRight = 8;
 
 // ---- Sides of the figure ----------------------------------------------------------------------------------------
@@ -44,8 +44,8 @@ constexpr HeadingCell kFigureCells[] = {{"TL"},
                                         {"TBL"},
                                         {"TRBL"}};
 // Numbers end at their place: centred there, the widest would cross its ruling.
-constexpr TableColumn kFigureColumns[] = {{2.1665, kCentred}, {10.8, kRight},   {18.666, kRight},
-                                          {23.0, kCentred},   {33.666, kRight}, {43.333, kRight}};
+constexpr TableColumn kFigureColumns[] = {{2.1665, kCentredFigure}, {10.8, kRight},   {18.666, kRight},
+                                          {23.0, kCentredFigure},   {33.666, kRight}, {43.333, kRight}};
 constexpr TableForm kFigureTable = {.kind = "A_TABLE0",
                                     .widths = kFigureWidths,
                                     .cells = kFigureCells,
@@ -58,7 +58,7 @@ constexpr TableForm kFigureTable = {.kind = "A_TABLE0",
 
 constexpr double kAreaWidths[] = {10.417, 10.417};
 constexpr HeadingCell kAreaCells[] = {{"TL"}, {"TR"}, {"TL", "ERF\\nNUMBER"}, {"TRBL"}, {"TBL"}, {"TRBL"}};
-constexpr TableColumn kAreaColumns[] = {{5.208, kCentred}, {15.625, kCentred}};
+constexpr TableColumn kAreaColumns[] = {{5.208, kCentredFigure}, {15.625, kCentredFigure}};
 constexpr TableForm kAreaTable = {.kind = "A_TABLE1",
                                   .widths = kAreaWidths,
                                   .cells = kAreaCells,
@@ -70,8 +70,8 @@ constexpr TableForm kAreaTable = {.kind = "A_TABLE1",
 
 constexpr double kPointWidths[] = {4.333, 9.9171, 9.9171};
 constexpr HeadingCell kPointCells[] = {{"TL"}, {"T"}, {"TR"}, {"TBL"}, {"TBL"}, {"TRBL"}};
-constexpr TableColumn kPointColumns[] = {{2.1665, kCentred}, {10.5, kCentred}, {19.5, kCentred}};
-constexpr TableColumn kTownMarkColumns[] = {{2.333, kCentred}, {10.5, kCentred}, {19.5, kCentred}};
+constexpr TableColumn kPointColumns[] = {{2.1665, kCentredFigure}, {10.5, kCentredFigure}, {19.5, kCentredFigure}};
+constexpr TableColumn kTownMarkColumns[] = {{2.333, kCentredFigure}, {10.5, kCentredFigure}, {19.5, kCentredFigure}};
 
 constexpr TableForm pointTable(std::string_view kind, std::span<const TableColumn> columns) {
   return {.kind = kind,

@@ -6,7 +6,6 @@
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/sheet_axes.h"
-#include "survey/text_row.h"
 
 namespace ardenix::survey {
 
@@ -69,7 +68,7 @@ SurveyTable RuledTable::grid(Point origin, size_t rowsBelow) const {
     }
   }
   grid.setRowHeight(rows - 1, lastRowHeight(rowsBelow) * unit_);
-  for (const auto& [row, column, text] : headings_) { grid.setCell(row, column, text, textStyle(kCentred)); }
+  for (const auto& [row, column, text] : headings_) { grid.setCell(row, column, text, textStyle(kCentredText)); }
   return grid;
 }
 
@@ -94,7 +93,7 @@ void RuledTable::draw(size_t rowsAColumn) const {
     const size_t end = std::min(first + most, rows_.size());
     SurveyTable grid = this->grid(origin, end - first);
     for (const auto& [across, down, text] : captions_) {
-      grid.placeText(across * unit_, down * unit_, text, textStyle(kCentred));
+      grid.placeText(across * unit_, down * unit_, text, textStyle(kCentredText));
     }
     drawRows(grid, first, end);
     if (end == rows_.size()) { grid.setKind(form_.kind); }  // which goes on with the group, and ends it

@@ -5,11 +5,8 @@
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/pen.h"
 #include "frame/drafting/sheet_axes.h"
-#include "survey/text_row.h"
 
 namespace ardenix::survey {
-
-namespace {}  // namespace
 
 SurveyTable::SurveyTable(int rows, int columns, double rowHeight, double columnWidth, Point origin, CCadWindow* view,
                          int layer)
@@ -63,7 +60,7 @@ void SurveyTable::draw() const {
       const Cell& drawn = row.at(column);
       drawEdges(drawn);
       const Point middle = origin_ + drawn.offset + Point{sign_ * drawn.width / 2.0, -sign_ * drawn.height / 2.0};
-      drawText(middle, drawn.text, drawn.style, kCentred);
+      drawText(middle, drawn.text, drawn.style, kCentredText);
     }
   }
   if (!kind_.empty()) { view_->gsExecuteMacro(macroText::kUnnamedPattern); }

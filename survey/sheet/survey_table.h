@@ -9,12 +9,14 @@
 
 namespace ardenix::survey {
 
+inline constexpr int kCentredText = 15;
+
 struct TableTextStyle {
   std::string font = "Arial";
   int pen = 1;
   int height = 0;  // tenths of a millimetre on paper
   int style = 0;
-  int justification = 15;
+  int justification = kCentredText;
 };
 
 struct TableBorders {
