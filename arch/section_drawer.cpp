@@ -192,6 +192,12 @@ SectionOpening SectionDrawer::openingAt(Point wall) {
   return file.isDoor ? SectionOpening::kDoor : SectionOpening::kWindow;
 }
 
+// Looked for before the section line is drawn, which would lie nearer than any symbol.
+std::array<SectionOpening, 2> SectionDrawer::openingsAcross(const SectionLine& line) {
+  const Point out = quarterWay(line.direction) * (external_.thickness() / 2.0);
+  return {openingAt(line.close - out), openingAt(line.far + out)};
+}
+
 bool SectionDrawer::drawRound() {
   if (!hasWallTypes()) { return false; }
   const auto position = askPoint(view_, kPositionPrompt);
@@ -206,20 +212,19 @@ bool SectionDrawer::drawRound() {
   const auto arrowWay = askArrowSide(*line);
   view_.gsRefresh();
   if (!arrowWay) { return false; }
+  const std::array<SectionOpening, 2> openings = openingsAcross(*line);
   const int planLayer = view_.gsGetCurrentLayer();
   ArchPart part(view_, {settings.parentName, line->isVertical() ? "VT" : "HZ", layer});
   drawLine(*line, *arrowWay, planLayer);
-  SectionSheet sheet{.view = view_,
-                     .settings = settings,
-                     .external = external_,
-                     .internal = internal_,
-                     .eavesHeight = store_.readDouble(kElevationSection, "EavesHeight", 2600.0),
-                     .headHeight = headHeight(store_),
-                     .line = *line,
-                     .at = *position,
-                     .openings = {}};
-  const Point out = quarterWay(line->direction) * (sheet.wallThickness() / 2.0);
-  sheet.openings = {openingAt(line->close - out), openingAt(line->far + out)};
+  const SectionSheet sheet{.view = view_,
+                           .settings = settings,
+                           .external = external_,
+                           .internal = internal_,
+                           .eavesHeight = store_.readDouble(kElevationSection, "EavesHeight", 2600.0),
+                           .headHeight = headHeight(store_),
+                           .line = *line,
+                           .at = *position,
+                           .openings = openings};
   drawSection(sheet);
   drawSectionRoof(sheet, {.pitch = store_.readDouble("ROOFS", "RoofPitch", 26.0), .overhang = eavesOverhang(store_)});
   if (settings.countsLabels) { saveLabel(store_, nextLabel(settings.label)); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -51,7 +52,7 @@ class SectionDrawer {
   std::optional<Point> askArrowSide(const SectionLine& line);
   void drawLine(const SectionLine& line, Point arrowWay, int layer);
   SectionOpening openingAt(Point wall);
-  SectionOpening cutOpening(const SectionLine& line, bool atFarWall);
+  std::array<SectionOpening, 2> openingsAcross(const SectionLine& line);
 
   ArchSpecStore& store_;
   CCadWindow& view_;

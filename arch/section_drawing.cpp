@@ -114,10 +114,6 @@ Point SectionSheet::towardsFar() const {
   return line.direction == 90 || line.direction == 180 ? Point{1.0, 0.0} : Point{-1.0, 0.0};
 }
 
-double SectionSheet::wallThickness() const {
-  return external.widths[kExtWallWidth] + external.widths[kCavityWidth] + external.widths[kIntWallWidth];
-}
-
 void drawSection(const SectionSheet& sheet) {
   const ExternalWall close(sheet, false);
   const ExternalWall far(sheet, true);

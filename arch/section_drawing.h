@@ -20,7 +20,7 @@ struct SectionSheet {
 
   // The way from the close wall to the far one, of length 1.
   [[nodiscard]] Point towardsFar() const;
-  [[nodiscard]] double wallThickness() const;
+  [[nodiscard]] double wallThickness() const { return external.thickness(); }
   // How far from the close wall's inside face, and how far above the tops of the walls.
   [[nodiscard]] Point place(double along, double up) const { return at + towardsFar() * along + Point{0.0, up}; }
   [[nodiscard]] DraftingPen pen() const { return {view, settings.section}; }
