@@ -24,6 +24,7 @@ PROGRAMS = (
     Program("paint_bench"),
     Program("diagram_bench"),
     Program("boundary_bench"),
+    Program("general_plan_bench"),
     Program("desktop_view_bench", rounds=2),
     Program("startup_against_qt.py", rounds=1, needs=("brevan-batch", "empty_qt")),
     Program("startup_of_desktop.py", rounds=1, needs=("brevan",)),
@@ -92,6 +93,11 @@ FIGURES = (
         "boundary_bench",
         ("traceParcels", "GEOS", "trace every parcel of a township", "parcels", {"ratio": 1, "growth": 1.1}),
         ("traceParcels", "CGAL", "trace every parcel of a township", "parcels", {"ratio": 1, "growth": 1.1})),
+    *_figures(
+        "general_plan_bench",
+        ("areaTable", None, "general plan: number erven and list their areas", "erven", {"seconds": 2, "growth": 1.1}),
+        ("dimensions", "tracing alone", "general plan: dimension every boundary", "erven",
+         {"ratio": 3, "seconds": 2.5, "growth": 1.1})),
     *_figures(
         "desktop_view_bench",
         ("zoomAll", "Qt alone", "desktop: zoom all", "lines", {"seconds": 1.5}),

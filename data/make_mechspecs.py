@@ -224,6 +224,43 @@ def links(tables):
         yield record(f"BELL {size.L}", size.D1, size.H1, size.L, size.D2, size.H2, none, none, size.R, none, none, 1)
 
 
+# ---- Shafts ----------------------------------------------------------------------------------------------------------
+
+FILLET, CHAMFER = range(2)
+
+
+def shaft_ends(size):
+    return [(CHAMFER, Decimal(1), size.D, size.L, CHAMFER, Decimal(0))]
+
+
+def stepped_shaft(size):
+    """Symmetrical; fillets lie at the smaller side of a step, chamfers at the larger one of the seats."""
+    edge, none = (CHAMFER, Decimal(1)), (CHAMFER, Decimal(0))
+    fillet = (FILLET, size.R)
+    left = [(*edge, size.D1, size.L1, *fillet), (*edge, size.D2, size.L2, *fillet)]
+    right = [(*s[4:], *s[2:4], *s[:2]) for s in reversed(left)]
+    return left + [(*none, size.D3, size.L3, *none)] + right
+
+
+def all_shafts(tables):
+    yield "EMPTY SHAFT", []
+    for size in tables["motor"].rows:
+        yield f"MOTOR {size.D}x{size.L}", shaft_ends(size)
+    for size in tables["stepped"].rows:
+        yield f"STEPPED {size.D1}-{size.D2}-{size.D3}", stepped_shaft(size)
+
+
+def shafts(tables):
+    return (name for name, sections in all_shafts(tables))
+
+
+def shaft_sections(tables):
+    for name, sections in all_shafts(tables):
+        if sections:
+            lines = (record(f"Sec{n}=", *section).replace("=,", "=") for n, section in enumerate(sections, 1))
+            yield "\n".join((f"[{name}]", *lines))
+
+
 # ---- The file --------------------------------------------------------------------------------------------------------
 
 # Place in the frame, key of a record, table, maker.
@@ -233,6 +270,7 @@ SECTIONS = (
     ("@nuts@", "Nut", "nuts.txt", nuts),
     ("@holes@", "Hole", "holes.txt", holes),
     ("@rivets@", "Bolt", "rivets.txt", rivets),
+    ("@shafts@", "Bolt", "shafts.txt", shafts),
     ("@gears@", "Bolt", "gears.txt", gears),
     ("@links@", "Bolt", "links.txt", links),
     ("@flanges@", "Flange", "flanges.txt", flanges),
@@ -245,6 +283,8 @@ def catalogue():
     for place, key, table, maker in SECTIONS:
         records = maker(read_tables(DATA / "tables" / table))
         text = text.replace(place, "\n".join(f"{key}{n}={line}" for n, line in enumerate(records, 1)))
+    sections = shaft_sections(read_tables(DATA / "tables" / "shafts.txt"))
+    text = text.replace("@shaft_sections@", "\n\n".join(sections))
     return text.replace("\n", "\r\n").encode("cp1252")
 
 

@@ -234,6 +234,15 @@ def round_flange():
     return strokes + cross(centre, 29)
 
 
+def shaft():
+    """A collar between two steps, the ends chamfered, one step rounded."""
+    outline = (f"M12,21L15,18H36V{8 + 4}A4,4 0 0 1 40,8H62V16H85L88,19V41L85,44H62V52H40A4,4 0 0 1 36,48V42H15L12,39Z",)
+    strokes = [path(OUTLINE, *outline, fill=BODY)]
+    for x, half in ((15, 12), (36, 18), (62, 22), (85, 14)):
+        strokes.append(line(OUTLINE, (x, 30 - half), (x, 30 + half)))
+    return strokes + [line(CENTRE, (5, 30), (95, 30))]
+
+
 def joined(ends, radius, fill):
     """The outline round circles of one radius, their centres given counter-clockwise as seen."""
     points = []
@@ -421,6 +430,7 @@ def pictures():
     yield "flange_triangular", triangular_flange()
     for shape in ("taper", "fillet", "flush"):
         yield f"link_{shape}", link(shape)
+    yield "shaft", shaft()
     yield "duct_views", duct()
     yield "wall_clockwise", wall_direction(True)
     yield "wall_anticlockwise", wall_direction(False)

@@ -189,6 +189,8 @@ void Builder::addMenuBar(int index) {
           }
           QAction* action = menu.addAction(shown(item.caption));
           action->setEnabled(item.enabled);
+          action->setStatusTip(shown(item.statusText));
+          if (description_.toolTipsShown()) { action->setToolTip(shown(item.toolTip)); }
           action->setCheckable(item.checked);
           action->setChecked(item.checked);
           QObject::connect(action, &QAction::triggered, &window_, [&owner = owner_, here] {
@@ -197,7 +199,9 @@ void Builder::addMenuBar(int index) {
         }
       };
   for (const MenuItem& menu : description_.state<MenuBar>(index).menus) {
-    fill(*bar->addMenu(shown(menu.caption)), menu.items, plainCaption(menu.caption));
+    QMenu* opened = bar->addMenu(shown(menu.caption));
+    opened->setToolTipsVisible(description_.toolTipsShown());
+    fill(*opened, menu.items, plainCaption(menu.caption));
   }
   window_.layout()->setMenuBar(bar);
 }

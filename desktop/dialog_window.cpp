@@ -146,6 +146,20 @@ void DialogWindow::focusArrived(int control) {
   operate({Verb::kFocus, control});
 }
 
+bool DialogWindow::event(QEvent* event) {
+  if (event->type() == QEvent::StatusTip) { showTip(static_cast<QStatusTipEvent*>(event)->tip()); }
+  return QDialog::event(event);
+}
+
+// What a menu item says of itself stands in the status line for as long as the item is chosen.
+void DialogWindow::showTip(const QString& tip) {
+  for (size_t control = 0; control < widgets_.controls.size(); ++control) {
+    const auto* line = std::get_if<StatusLine>(&description_.control(static_cast<int>(control)).state);
+    if (line == nullptr) { continue; }
+    static_cast<QLabel*>(widgets_.controls[control]->widget())->setText(tip.isEmpty() ? shown(line->text) : tip);
+  }
+}
+
 bool DialogWindow::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::FocusIn) { focusArrived(object->property("control").toInt()); }
   return QDialog::eventFilter(object, event);

@@ -30,6 +30,7 @@ class DialogWindow : public QDialog, private DialogOperator {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
   bool eventFilter(QObject* object, QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -45,6 +46,7 @@ class DialogWindow : public QDialog, private DialogOperator {
   void focusArrived(int control);
   void giveFocus(int control, bool selectAll);
   void refuse(const QString& what);
+  void showTip(const QString& tip);
   void endIfClosed();
   void cancel();
 

@@ -7,10 +7,10 @@
 #include <set>
 #include <vector>
 
-#include "desktop/snapping.h"
 #include "host/drawing/part_selection.h"
 #include "host/drawing/pens.h"
 #include "host/window/drawing_window.h"
+#include "host/window/snapping.h"
 
 namespace brevan {
 
@@ -19,7 +19,8 @@ struct ViewStyle {
   Ground ground = Ground::kPaper;
   bool lineWidths = false;
   bool grid = false;
-  std::set<SnapKind> snaps = {SnapKind::kEnd, SnapKind::kMiddle, SnapKind::kCentre, SnapKind::kIntersection};
+  std::set<SnapKind> snaps = {SnapKind::kEnd, SnapKind::kMiddle, SnapKind::kCentre, SnapKind::kOrigin,
+                              SnapKind::kIntersection};
 };
 
 // Shows one drawing window. Painting goes tile by tile into a picture between the user's events, so that the

@@ -28,10 +28,13 @@ void DrawingView::beginZoomWindow() {
 }
 
 void DrawingView::updateHover(QPointF at) {
-  static const std::map<SnapKind, const char*> kNames = {
-      {SnapKind::kEnd, "end"},         {SnapKind::kMiddle, "middle"},
-      {SnapKind::kCentre, "centre"},   {SnapKind::kIntersection, "intersection"},
-      {SnapKind::kNearest, "nearest"}, {SnapKind::kPerpendicular, "perpendicular"}};
+  static const std::map<SnapKind, const char*> kNames = {{SnapKind::kEnd, "end"},
+                                                         {SnapKind::kMiddle, "middle"},
+                                                         {SnapKind::kCentre, "centre"},
+                                                         {SnapKind::kIntersection, "intersection"},
+                                                         {SnapKind::kOrigin, "origin"},
+                                                         {SnapKind::kNearest, "nearest"},
+                                                         {SnapKind::kPerpendicular, "perpendicular"}};
   mouse_ = at;
   snap_.reset();
   Point shown = toDrawing(at);

@@ -156,6 +156,10 @@ void DrawingView::paintSnap(QPainter& painter) {
       painter.drawPolygon(QPolygonF({box.bottomLeft(), box.bottomRight(), QPointF(at.x(), box.top())}));
       break;
     case SnapKind::kCentre: painter.drawEllipse(box); break;
+    case SnapKind::kOrigin:
+      painter.drawLine(QLineF(box.left(), at.y(), box.right(), at.y()));
+      painter.drawLine(QLineF(at.x(), box.top(), at.x(), box.bottom()));
+      break;
     case SnapKind::kIntersection:
       painter.drawLine(box.topLeft(), box.bottomRight());
       painter.drawLine(box.bottomLeft(), box.topRight());

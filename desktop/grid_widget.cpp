@@ -112,6 +112,8 @@ class GridWidget : public ControlWidget {
     QObject::connect(table_, &QTableWidget::customContextMenuRequested, table_, [this](const QPoint& at) {
       click(table_->rowAt(at.y()), table_->columnAt(at.x()), Verb::kRightClick);
     });
+    QObject::connect(table_->horizontalHeader(), &QHeaderView::sectionResized, table_,
+                     [this](int column, int, int size) { operate(Verb::kWidth, {columnAddress(column)}, size); });
     table_->verticalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(table_->verticalHeader(), &QWidget::customContextMenuRequested, table_,
                      [this](const QPoint& at) { click(table_->rowAt(at.y()), -1, Verb::kRightClick); });
@@ -120,46 +122,72 @@ class GridWidget : public ControlWidget {
   void show() override {
     const Grid& grid = state<Grid>();
     const QSignalBlocker silent(table_);
-    table_->setColumnCount(static_cast<int>(grid.columns.size()));
+    const QSignalBlocker silentHeader(table_->horizontalHeader());
+    if (shownIn_ != table_->palette().cacheKey()) { shownRows_.clear(); }
+    shownIn_ = table_->palette().cacheKey();
+    showColumns();
     table_->setRowCount(static_cast<int>(grid.rows.size()));
-    for (size_t column = 0; column < grid.columns.size(); ++column) {
-      auto* title = new QTableWidgetItem(brevan::shown(grid.columns[column].title));
-      title->setToolTip(brevan::shown(grid.columns[column].hint));
-      table_->setHorizontalHeaderItem(static_cast<int>(column), title);
-      table_->setColumnWidth(static_cast<int>(column), widthOf(static_cast<int>(column)));
-    }
-    table_->horizontalHeader()->setStretchLastSection(grid.columns.size() == 1);
-    table_->verticalHeader()->setVisible(!grid.rowHeadings.empty());
-    for (size_t row = 0; row < grid.rows.size(); ++row) {
-      if (row < grid.rowHeadings.size()) {
-        table_->setVerticalHeaderItem(static_cast<int>(row),
-                                      new QTableWidgetItem(brevan::shown(grid.rowHeadings[row])));
-      }
-      for (size_t column = 0; column < grid.rows[row].size(); ++column) {
-        table_->setItem(static_cast<int>(row), static_cast<int>(column),
-                        itemOf(grid.rows[row][column], grid.columns[column]));
-        showBrowseButton(static_cast<int>(row), static_cast<int>(column), grid.rows[row][column]);
-      }
-    }
-    for (size_t column = 0; column < grid.columns.size(); ++column) {
-      if (grid.columns[column].sizeToContents) { table_->resizeColumnToContents(static_cast<int>(column)); }
-    }
+    showHeadings();
+    shownRows_.resize(grid.rows.size());
+    for (size_t row = 0; row < grid.rows.size(); ++row) { showRow(static_cast<int>(row)); }
     if (grid.currentRow >= 0) { table_->setCurrentCell(grid.currentRow, std::max(grid.currentColumn, 0)); }
   }
 
  private:
+  void showColumns() {
+    const Grid& grid = state<Grid>();
+    table_->setColumnCount(static_cast<int>(grid.columns.size()));
+    for (int column = 0; column < table_->columnCount(); ++column) {
+      const GridColumn& described = grid.columns[static_cast<size_t>(column)];
+      const QTableWidgetItem* old = table_->horizontalHeaderItem(column);
+      if (old == nullptr || old->text() != brevan::shown(described.title)) {
+        auto* title = new QTableWidgetItem(brevan::shown(described.title));
+        title->setToolTip(brevan::shown(described.hint));
+        table_->setHorizontalHeaderItem(column, title);
+      }
+      table_->setColumnWidth(column, widthOf(column));
+    }
+    table_->horizontalHeader()->setStretchLastSection(grid.columns.size() == 1 && !grid.columns.front().widthCounts);
+    table_->verticalHeader()->setVisible(!grid.rowHeadings.empty());
+  }
+  void showHeadings() {
+    const std::vector<std::string>& headings = state<Grid>().rowHeadings;
+    shownHeadings_.resize(std::min(shownHeadings_.size(), static_cast<size_t>(table_->rowCount())));
+    for (size_t row = 0; row < headings.size(); ++row) {
+      if (row < shownHeadings_.size() && shownHeadings_[row] == headings[row]) { continue; }
+      table_->setVerticalHeaderItem(static_cast<int>(row), new QTableWidgetItem(brevan::shown(headings[row])));
+    }
+    shownHeadings_ = headings;
+  }
+  // Makes anew what changed since it was shown: a large table is looked through faster than it is made.
+  void showRow(int row) {
+    const Grid& grid = state<Grid>();
+    const std::vector<Cell>& cells = grid.rows[static_cast<size_t>(row)];
+    std::vector<Cell>& before = shownRows_[static_cast<size_t>(row)];
+    for (size_t column = 0; column < cells.size(); ++column) {
+      const int place = static_cast<int>(column);
+      if (column < before.size() && before[column] == cells[column] && table_->item(row, place) != nullptr) {
+        continue;
+      }
+      table_->setItem(row, place, itemOf(cells[column], grid.columns[column]));
+      showBrowseButton(row, place, cells[column]);
+    }
+    if (before != cells) { before = cells; }
+  }
   [[nodiscard]] const Cell* cellAt(int row, int column) const {
     const Grid& grid = state<Grid>();
     if (row < 0 || column < 0 || static_cast<size_t>(row) >= grid.rows.size()) { return nullptr; }
     const auto& cells = grid.rows[static_cast<size_t>(row)];
     return static_cast<size_t>(column) < cells.size() ? &cells[static_cast<size_t>(column)] : nullptr;
   }
-  // As described, but never less than its title and the pictures of its cells need.
+  // As described, but where the width itself does not count never less than its title and the pictures of its cells
+  // need.
   [[nodiscard]] int widthOf(int column) const {
     constexpr int kNumber = 44;  // beside a picture
     const Grid& grid = state<Grid>();
-    int width =
-        std::max(grid.columns[static_cast<size_t>(column)].width, table_->horizontalHeader()->sectionSizeHint(column));
+    const GridColumn& described = grid.columns[static_cast<size_t>(column)];
+    if (described.widthCounts) { return described.width; }
+    int width = std::max(described.width, table_->horizontalHeader()->sectionSizeHint(column));
     for (const auto& row : grid.rows) {
       if (static_cast<size_t>(column) >= row.size()) { continue; }
       const Cell& cell = row[static_cast<size_t>(column)];
@@ -223,20 +251,20 @@ class GridWidget : public ControlWidget {
     item->setFlags(flags);
     return item;
   }
-  [[nodiscard]] std::string columnTitle(int column) const {
-    return column < 0 ? "" : state<Grid>().columns.at(static_cast<size_t>(column)).title;
+  [[nodiscard]] std::string columnAddress(int column) const {
+    return column < 0 ? "" : addressOf(state<Grid>().columns.at(static_cast<size_t>(column)));
   }
   void click(int row, int column, Verb verb, bool recorded = true) {
     if (row < 0) { return; }
     DialogOperation operation{verb, control_, row + 1, {}, recorded};
-    if (column >= 0) { operation.texts.push_back(columnTitle(column)); }
+    if (column >= 0) { operation.texts.push_back(columnAddress(column)); }
     owner_.operate(operation);
   }
   void press(int row, int column) {
     const Cell* cell = cellAt(row, column);
     if (cell != nullptr && cell->kind == CellKind::kPen && !cell->readOnly && !state<Grid>().onCellPress) {
       if (const auto pen =
-              choosePenFrom(table_, brevan::shown(columnTitle(column)), QString::fromStdString(cell->text).toInt())) {
+              choosePenFrom(table_, brevan::shown(columnAddress(column)), QString::fromStdString(cell->text).toInt())) {
         edit(row, column, QString::number(*pen));
       }
       return;
@@ -247,11 +275,18 @@ class GridWidget : public ControlWidget {
     const auto taken = hostText(text);
     const Cell* cell = cellAt(row, column);
     if (!taken || cell == nullptr || *taken == cell->text) { return; }
-    operate(Verb::kCell, {columnTitle(column), *taken}, row + 1);
-    show();
+    operate(Verb::kCell, {columnAddress(column), *taken}, row + 1);
+    // A tick that was refused stands in the widget already.
+    const QSignalBlocker silent(table_);
+    if (QTableWidgetItem* item = table_->item(row, column); item != nullptr && cell->kind == CellKind::kCheck) {
+      item->setCheckState(cellAt(row, column)->text == "1" ? Qt::Checked : Qt::Unchecked);
+    }
   }
   static constexpr QSize kLineIcon{56, 12};
   QTableWidget* table_;
+  std::vector<std::vector<Cell>> shownRows_;
+  std::vector<std::string> shownHeadings_;
+  qint64 shownIn_ = 0;  // the palette
 };
 
 }  // namespace

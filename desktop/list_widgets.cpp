@@ -97,9 +97,13 @@ class ListWidget : public ControlWidget {
   void show() override {
     const ListBox& box = state<ListBox>();
     const QSignalBlocker silent(list_);
-    list_->clear();
+    if (box.items != shownItems_) {
+      list_->clear();
+      for (const std::string& item : box.items) { list_->addItem(brevan::shown(item)); }
+      shownItems_ = box.items;
+    }
     for (size_t item = 0; item < box.items.size(); ++item) {
-      auto* row = new QListWidgetItem(brevan::shown(box.items[item]), list_);
+      QListWidgetItem* row = list_->item(static_cast<int>(item));
       row->setSelected(item < box.selected.size() && box.selected[item]);
       if (row->isSelected()) { list_->setCurrentItem(row, QItemSelectionModel::NoUpdate); }
     }
@@ -115,6 +119,7 @@ class ListWidget : public ControlWidget {
     if (!items.empty()) { operate(Verb::kSelect, std::move(items)); }
   }
   QListWidget* list_;
+  std::vector<std::string> shownItems_;
 };
 
 class ColumnsWidget : public ControlWidget {
@@ -125,28 +130,26 @@ class ColumnsWidget : public ControlWidget {
     list_->setRootIsDecorated(false);
     list_->header()->setStretchLastSection(false);  // widths are what the user drags, not what the window leaves
     list_->setMinimumSize(240, 110);
-    QStringList titles;
-    for (const ListColumn& column : state<ColumnList>().columns) { titles.append(brevan::shown(column.title)); }
-    list_->setHeaderLabels(titles);
     QObject::connect(list_, &QTreeWidget::itemSelectionChanged, list_, [this] {
       if (list_->currentItem() == nullptr) { return; }
-      const int row = list_->indexOfTopLevelItem(list_->currentItem());
-      operate(Verb::kPick, {itemTexts(this->control().state).at(static_cast<size_t>(row))});
+      operate(Verb::kClick, {}, list_->indexOfTopLevelItem(list_->currentItem()) + 1);  // rows may be alike
     });
     QObject::connect(list_->header(), &QHeaderView::sectionResized, list_, [this](int column, int, int size) {
-      operate(Verb::kWidth, {state<ColumnList>().columns.at(static_cast<size_t>(column)).title}, size);
+      operate(Verb::kWidth, {addressOf(state<ColumnList>().columns.at(static_cast<size_t>(column)))}, size);
     });
   }
   void show() override {
     const ColumnList& columns = state<ColumnList>();
     const QSignalBlocker silent(list_);
     const QSignalBlocker silentHeader(list_->header());
-    list_->clear();
-    for (const auto& row : columns.rows) {
-      QStringList texts;
-      for (const std::string& text : row) { texts.append(brevan::shown(text)); }
-      list_->addTopLevelItem(new QTreeWidgetItem(texts));
+    QStringList titles;
+    for (const ListColumn& column : columns.columns) { titles.append(brevan::shown(column.title)); }
+    if (titles != shownTitles_) {
+      list_->setColumnCount(static_cast<int>(titles.size()));
+      list_->setHeaderLabels(titles);
+      shownTitles_ = titles;
     }
+    showRows(columns.rows);
     for (size_t column = 0; column < columns.columns.size(); ++column) {
       list_->setColumnWidth(static_cast<int>(column), columns.columns[column].width);
     }
@@ -154,7 +157,27 @@ class ColumnsWidget : public ControlWidget {
   }
 
  private:
+  using Rows = std::vector<std::vector<std::string>>;
+  void showRows(const Rows& rows) {
+    while (list_->topLevelItemCount() > static_cast<int>(rows.size())) {
+      delete list_->takeTopLevelItem(list_->topLevelItemCount() - 1);
+    }
+    shownRows_.resize(std::min(shownRows_.size(), rows.size()));
+    QList<QTreeWidgetItem*> added;
+    for (size_t row = 0; row < rows.size(); ++row) {
+      if (row < shownRows_.size() && shownRows_[row] == rows[row]) { continue; }
+      QTreeWidgetItem* item = row < shownRows_.size() ? list_->topLevelItem(static_cast<int>(row))
+                                                      : added.emplace_back(new QTreeWidgetItem);
+      for (size_t column = 0; column < rows[row].size(); ++column) {
+        item->setText(static_cast<int>(column), brevan::shown(rows[row][column]));
+      }
+    }
+    list_->addTopLevelItems(added);
+    shownRows_ = rows;
+  }
   QTreeWidget* list_;
+  QStringList shownTitles_;
+  Rows shownRows_;
 };
 
 class BranchesWidget : public ControlWidget {

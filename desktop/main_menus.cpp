@@ -38,6 +38,7 @@ struct SnapRow {
 constexpr SnapRow kSnaps[] = {{SnapKind::kEnd, "&Ends"},
                               {SnapKind::kMiddle, "&Middles"},
                               {SnapKind::kCentre, "&Centres"},
+                              {SnapKind::kOrigin, "&Origins"},
                               {SnapKind::kIntersection, "&Intersections"},
                               {SnapKind::kPerpendicular, "&Perpendiculars"},
                               {SnapKind::kNearest, "&Nearest"}};

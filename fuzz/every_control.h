@@ -37,8 +37,7 @@ class EveryControl {
     using namespace dialog;
     length = addFloat(dialog, {.caption = "&Length:"}, 0.0, 10000.0, "%.3f");
     count = addInteger(dialog, {.caption = "Number ="}, 1, 50);
-    copies = {dialog, addInteger(dialog, {.caption = "Copies"}, 1, 3).index()};
-    dialog.state<NumberEdit>(copies.index()).spin = true;
+    copies = addSpin(dialog, {.caption = "Copies"}, 1, 3);
     name = addText(dialog, {.caption = "Name"}, 8);
     notes = addText(dialog, {.caption = "Notes"}, 40, true);
     plan = addCheck(dialog, {.caption = "&Plan"});
@@ -119,7 +118,10 @@ class EveryControl {
     walls.onCellRightClick = note("cell rightclick");
     walls.onCellSelect = note("cell select");
     walls.onCellClick = note("cell click");
-    dialog.onCancel = [this] { log.emplace_back("cancel"); };
+    dialog.onCancel = [this] {
+      log.emplace_back("cancel");
+      return name.text() != "KEPT";
+    };
     dialog.onOk = [this] {
       log.emplace_back("ok");
       return name.text() != "WRONG";

@@ -124,6 +124,7 @@ void DefinitionDialog::settleByQuestion() {
 bool DefinitionDialog::saveCurrent() {
   if (currentIndex_ < 0) { return addDefinition(); }
   if (!mayBeSaved()) { return false; }
+  storing(currentName_);
   store_.put(kind_.section, currentIndex_ + 1, textOf(currentName_));
   changed_ = false;
   return true;
@@ -140,6 +141,7 @@ bool DefinitionDialog::addDefinition() {
   const std::optional<std::string> name = askNewName();
   if (!name || !mayBeSaved()) { return false; }
   const std::string record = textOf(*name);
+  storing(recordName(record));
   store_.append(kind_.section, record);
   list_.addItem(recordName(record));
   list_.select(list_.count() - 1);
@@ -155,6 +157,7 @@ std::optional<std::string> DefinitionDialog::askNewName() {
       continue;
     }
     std::string name = nameWithinLimit(*typed, kind_.word, kNameLimit, &dialog_);
+    if (!nameFree(name)) { continue; }
     if (!checked || std::ranges::find(list_.items(), name) == list_.items().end()) { return name; }
     warn(&dialog_, "This name already exists! Please enter a different name.");
   }
@@ -163,8 +166,9 @@ std::optional<std::string> DefinitionDialog::askNewName() {
 
 void DefinitionDialog::remove() {
   const int index = list_.selected();
-  if (index < 0) { return; }
+  if (index < 0 || (kind_.keepsPlaceholder && shownName() == kind_.placeholder)) { return; }
   if (!removalWanted()) { return noteSelection(); }
+  removing(shownName());
   store_.remove(kind_.section, index);
   list_.removeItem(index);
   list_.select(std::max(index - 1, 0));
@@ -186,6 +190,11 @@ bool DefinitionDialog::confirm() {
   store_.setCurrent(kind_.section, std::max(list_.selected(), 0));
   store_.flush();
   return true;
+}
+
+void DefinitionDialog::noteEdit() {
+  changed_ = true;
+  fieldsChanged();
 }
 
 bool DefinitionDialog::refuse(const dialog::Handle& field, std::string_view message) {

@@ -40,6 +40,11 @@ class DefinitionDialog {
   virtual bool drawable() { return true; }
   // A last check before a record is stored, new ones included; tells what is wrong.
   virtual bool mayBeSaved() { return true; }
+  // Whether a new definition may be called so; tells why not.
+  virtual bool nameFree(std::string_view /*name*/) { return true; }
+  // A record is about to be stored under a name, or removed: what a kind keeps elsewhere in the file goes with it.
+  virtual void storing(std::string_view /*name*/) {}
+  virtual void removing(std::string_view /*name*/) {}
   // Hands the values to the part to be drawn.
   virtual void accept() = 0;
   virtual void writeOptions() {}
@@ -52,6 +57,8 @@ class DefinitionDialog {
   [[nodiscard]] virtual std::string recordText(std::string_view name) const = 0;
 
   // ---- For the rules ---------------------------------------------------------------------------------------
+  // The user changed the definition by something that is no field.
+  void noteEdit();
   // Warns and puts the focus on a field; false, for the rule that is not met.
   bool refuse(const dialog::Handle& field, std::string_view message);
   // The name that the list shows, "" where nothing is selected.

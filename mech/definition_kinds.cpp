@@ -11,6 +11,7 @@
 #include "mech/nut_drawer.h"
 #include "mech/rivet_drawer.h"
 #include "mech/screw_drawer.h"
+#include "mech/shaft_drawer.h"
 #include "mech/surface_finish.h"
 #include "mech/weld.h"
 
@@ -137,7 +138,9 @@ constexpr DefinitionKind kKinds[] = {
      .checksEditsFirst = false,
      .listTip = "Select a shaft from the list of shaft definitions",
      .addTip = "Add the current shaft settings as a new shaft definition",
-     .deleteTip = "Delete the currently selected shaft definition"},
+     .deleteTip = "Delete the currently selected shaft definition",
+     .keepsPlaceholder = true,
+     .drawer = make<ShaftDrawer>},
     {.section = "GEARS",
      .keyPrefix = "Bolt",
      .family = kPlain,

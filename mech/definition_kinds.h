@@ -36,6 +36,7 @@ struct DefinitionKind {
   std::string_view listTip;
   std::string_view addTip;
   std::string_view deleteTip;
+  bool keepsPlaceholder = false;  // it cannot be deleted either
   // Makes a drawer of the kind's parts; null where no command draws them.
   std::unique_ptr<PartDrawer> (*drawer)(CCadWindow& view, const DefinitionStore& store) = nullptr;
 };

@@ -1,12 +1,11 @@
+#include "frame/drafting/part_round.h"
+#include "frame/help.h"
 #include "frame/host/core_services.h"
+#include "frame/messages.h"
 #include "mech/duct_drawer.h"
 #include "mech/line_style.h"
 #include "mech/part_commands.h"
 #include "mech/record_controls.h"
-
-#include "frame/drafting/part_round.h"
-#include "frame/help.h"
-#include "frame/messages.h"
 
 namespace ardenix::mech {
 
@@ -14,6 +13,7 @@ namespace {
 
 constexpr std::string_view kDuctSection = "DUCT";
 constexpr std::string_view kDimensionsKey = "Dims";
+constexpr std::string_view kThinFoldsKey = "ThinFolds";
 
 // What the dialog asks for, its round end by the diameter.
 struct DuctFields {
@@ -59,14 +59,23 @@ class DuctDialog {
     controls_.describe(box_, 0);
     addPicture(box_, {.group = addSideGroup(1), .name = "Views"}, {.name = "duct_views"});
     addPreview();
-    addOkCancel(box_, 1);
-    box_.onOpen = [this] { show(readDuct(store_.file())); };
+    thinFolds_ =
+        addCheck(box_, {.caption = "Fold lines thin",
+                        .toolTip = "Check this to draw the lines along which the pattern is folded 0.25 mm wide",
+                        .place = {.row = 1}});
+    addOkCancel(box_, 2);
+    box_.onOpen = [this] { open(); };
     box_.onOk = [this] { return confirm(); };
   }
 
-  // The duct that the user left with OK.
-  std::optional<Duct> run() {
-    return services_.mainFrame->RunDialog(box_, services_.mainFrame) ? std::optional(duct()) : std::nullopt;
+  // True when the user left it with OK.
+  bool run() { return services_.mainFrame->RunDialog(box_, services_.mainFrame); }
+
+  [[nodiscard]] DuctDrawer drawerIn(CCadWindow& view) const {
+    DuctDrawer drawer(view, lineStyle(store_, LineKind::kSolid));
+    drawer.take(duct());
+    if (thinFolds_.checked()) { drawer.drawThinFolds(); }
+    return drawer;
   }
 
  private:
@@ -75,12 +84,20 @@ class DuctDialog {
   void addPreview() {
     constexpr int kWide = 160;
     constexpr int kHigh = 120;
-    const auto draw = [this](CCadWindow& view) {
-      DuctDrawer drawer(view, lineStyle(store_, LineKind::kSolid));
-      drawer.take(duct());
-      drawer.draw({});
-    };
+    const auto draw = [this](CCadWindow& view) { drawerIn(view).draw({}); };
     dialog::addControl(box_, dialog::Preview{kWide, kHigh, draw}, {.group = addSideGroup(2)});
+  }
+
+  void open() {
+    show(readDuct(store_.file()));
+    thinFolds_.setChecked(store_.file().ReadInt(kDuctSection, kThinFoldsKey, 0) != 0);
+  }
+
+  // A file that does not name it is left without it where it is not wanted.
+  void writeThinFolds(TINIFile& file) const {
+    if (thinFolds_.checked() || !file.ReadString(kDuctSection, kThinFoldsKey, "").empty()) {
+      file.WriteInt(kDuctSection, kThinFoldsKey, thinFolds_.checked() ? 1 : 0);
+    }
   }
 
   void show(const Duct& duct) {
@@ -97,6 +114,7 @@ class DuctDialog {
       return false;
     }
     writeDuct(store_.file(), duct());
+    writeThinFolds(store_.file());
     store_.flush();
     return true;
   }
@@ -105,6 +123,7 @@ class DuctDialog {
   DefinitionStore& store_;
   dialog::Dialog box_;
   RecordControls<DuctFields> controls_;
+  dialog::CheckHandle thinFolds_;
 };
 
 }  // namespace
@@ -112,11 +131,9 @@ class DuctDialog {
 void drawDucts(MechToolset& toolset) {
   if (!toolset.checkConfiguration()) { return; }
   DefinitionStore& store = toolset.configuration().store();
-  const std::optional<Duct> duct = DuctDialog(toolset.services(), store).run();
-  if (!duct) { return; }
-  DuctDrawer drawer(toolset.view(), lineStyle(store, LineKind::kSolid));
-  drawer.take(*duct);
-  drawer.placeDucts();
+  DuctDialog dialog(toolset.services(), store);
+  if (!dialog.run()) { return; }
+  dialog.drawerIn(toolset.view()).placeDucts();
   endPart(toolset.view());
 }
 

@@ -37,12 +37,20 @@ double textHeight(CCadWindow& view, double length) {
 }  // namespace
 
 DuctDrawer::DuctDrawer(CCadWindow& view, const LineStyle& style)
-    : view_(view), pen_(view, style), text_{.justification = 2, .font = "Arial", .pen = style.pen, .ninth = 1.0} {}
+    : view_(view),
+      pen_(view, style),
+      folds_(style),
+      text_{.justification = 2, .font = "Arial", .pen = style.pen, .ninth = 1.0} {}
 
 void DuctDrawer::take(const Duct& duct) {
   duct_ = duct;
   pattern_ = ductPattern(duct).value_or(DuctPattern{});
   text_.height = textHeight(view_, duct.length);
+}
+
+void DuctDrawer::drawThinFolds() {
+  constexpr double kThin = 2.5;
+  folds_.width = kThin;
 }
 
 void DuctDrawer::placeDucts() {
@@ -135,10 +143,11 @@ void DuctDrawer::strokeLeftHalf(Point corner, const DuctHalf& half) const {
     pen_.line(corner + half[i], corner + half[i + 1]);
     label(kNames[i], corner + half[i], -1, 1, i == 0 ? 5.0 : 6.0);
   }
-  pen_.line(corner, corner + v);
+  foldPen().line(corner, corner + v);
   label("r", corner + r, -1, 1, 6.0);
   label("o", corner, -1, -1, 6.0);
-  for (const Point to : {u, t, s, r}) { pen_.line(corner, corner + to); }
+  for (const Point to : {u, t, s}) { foldPen().line(corner, corner + to); }
+  pen_.line(corner, corner + r);
 }
 
 void DuctDrawer::strokeRightHalf(Point corner, const DuctHalf& half) const {
@@ -149,7 +158,7 @@ void DuctDrawer::strokeRightHalf(Point corner, const DuctHalf& half) const {
     label(kNames[i], onRight(i + 1), i + 1 < std::size(kNames) ? 1 : -1, 1, 6.0);
   }
   label("p", corner, -1, -1, 6.0);
-  for (size_t i = 0; i < half.size(); ++i) { pen_.line(corner, onRight(i)); }
+  for (size_t i = 0; i < half.size(); ++i) { (i + 1 < half.size() ? foldPen() : pen_).line(corner, onRight(i)); }
 }
 
 void DuctDrawer::strokeTitles() const {

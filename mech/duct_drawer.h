@@ -15,6 +15,8 @@ class DuctDrawer {
   DuctDrawer(CCadWindow& view, const LineStyle& style);
 
   void take(const Duct& duct);
+  // The lines along which the pattern is folded, a quarter of a millimetre wide.
+  void drawThinFolds();
   // At each point that the user gives.
   void placeDucts();
   // At the origin.
@@ -34,12 +36,14 @@ class DuctDrawer {
   void label(std::string_view text, Point at) const;
   void label(std::string_view text, Point point, int across, int up, double part) const;
 
+  [[nodiscard]] DraftingPen foldPen() const { return {view_, folds_}; }
   [[nodiscard]] Point at(double x, double y) const { return origin_ + Point{x, y}; }
   [[nodiscard]] Point plan(double x, double y) const { return at(x, 2.0 * duct_.height + y); }
   [[nodiscard]] double toLeft() const { return duct_.length / 2.0 - duct_.offset; }
 
   CCadWindow& view_;
   DraftingPen pen_;
+  LineStyle folds_;
   TextStyle text_;
   Duct duct_;
   DuctPattern pattern_{};

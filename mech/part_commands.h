@@ -8,6 +8,7 @@ namespace ardenix::mech {
 void drawFlanges(MechToolset& toolset);
 void drawGears(MechToolset& toolset);
 void drawLinks(MechToolset& toolset);
+void drawShafts(MechToolset& toolset);
 
 // Circles about one centre with centre lines, by a list of diameters; centre lines of circles that are there.
 void drawCircles(MechToolset& toolset);

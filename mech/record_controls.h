@@ -71,7 +71,7 @@ struct ShowMember {
   }
 };
 
-// Takes a member's value from its control; a list without a choice gives -1.
+// Takes a member's value from its control; a list without a choice leaves what the record holds.
 template <class Record>
 struct TakeMember {
   Record& record;
@@ -81,7 +81,9 @@ struct TakeMember {
   void operator()(int Record::*member) const { record.*member = std::get<CIntEdit>(control).GetValue(); }
   void operator()(bool Record::*member) const { record.*member = std::get<dialog::CheckHandle>(control).checked(); }
   void operator()(std::string Record::*member) const { record.*member = std::get<dialog::TextHandle>(control).text(); }
-  void operator()(const Choice<Record>& member) const { member.set(record, selectedIn(control)); }
+  void operator()(const Choice<Record>& member) const {
+    if (const int entry = selectedIn(control); entry >= 0) { member.set(record, entry); }
+  }
 };
 
 inline dialog::Handle handleOf(const FieldControl& control) {

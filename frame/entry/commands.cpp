@@ -12,6 +12,7 @@
 #include "mech/annotation_commands.h"
 #include "mech/fastener_commands.h"
 #include "mech/part_commands.h"
+#include "mech/table_commands.h"
 #include "survey/plan/plan_commands.h"
 #include "survey/setup_commands.h"
 #include "survey/trace_tool.h"
@@ -70,10 +71,14 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(MechDrawFlanges, kMechanicalParts, "&Flanges...", "flange", "Flanges", mech::drawFlanges) \
   ROW(MechDrawGears, kMechanicalParts, "Spur &Gears...", "spur_gear", "Spur Gears", mech::drawGears) \
   ROW(MechDrawLinks, kMechanicalParts, "&Links...", "link", "Links", mech::drawLinks) \
+  ROW(MechDrawShafts, kMechanicalParts, "S&hafts...", "shaft", "Shafts", mech::drawShafts) \
   ROW(MechDrawSlots, kMechanicalParts, "Sl&ots", "slot", "", mech::drawSlots) \
   ROW(MechDrawCircleCL, kMechanicalParts, "C&ircles with Centre Lines", "circles", "", mech::drawCircles) \
   ROW(MechAddCentrelinesToCircles, kMechanicalParts, "&Add Centre Lines to Circles", "centre_lines", "", mech::addCentreLines) \
   ROW(MechDrawRectRnd, kMechanicalParts, "Rectangle to Round D&uct...", "duct", "Rectangle to Round Duct", mech::drawDucts) \
+  ROW(MechDrawCoordTable, kMechanicalParts, "Coor&dinate Table...", "coordinate_table", "Coordinate Table", mech::drawCoordinateTable) \
+  ROW(MechDrawPartList, kMechanicalParts, "&Parts List...", "parts_list", "Parts List", mech::drawPartsList) \
+  ROW(MechDrawTabBox, kMechanicalParts, "&Table...", "table", "Table", mech::drawUserTable) \
   ROW(MechAnnotationSetup, kAnnotations, "Annotation Setu&p...", "annotation_setup", "Annotation Setup", \
       mech::setUpAnnotations) \
   ROW(MechDrawWelds, kAnnotations, "&Welds...", "weld", "Weld Annotation", mech::drawWelds) \

@@ -132,6 +132,16 @@ class DropDownHandle : public Handle {
   }
 };
 
+// The width in pixels of a column that holds a text of so many characters, the same at the desktop and in a script,
+// since tables are drawn from it.
+[[nodiscard]] constexpr int widthForText(size_t characters) {
+  constexpr int kCharacter = 7;
+  constexpr int kMargins = 10;
+  constexpr int kLeast = 26;
+  constexpr int kMost = 400;
+  return std::clamp(static_cast<int>(std::min<size_t>(characters, kMost)) * kCharacter + kMargins, kLeast, kMost);
+}
+
 class PictureListHandle : public Handle {
  public:
   using Handle::Handle;
@@ -153,6 +163,36 @@ class GridHandle : public Handle {
   }
   // To be called after a rule changed cells.
   void update() const { changed(); }
+  // Gives each column the width of its longest text.
+  void sizeToContents() const {
+    Grid& table = grid();
+    for (size_t column = 0; column < table.columns.size(); ++column) {
+      size_t longest = 0;
+      for (const auto& row : table.rows) {
+        longest = std::max(longest, column < row.size() ? row[column].text.size() : 0);
+      }
+      table.columns[column].width = widthForText(longest);
+    }
+    changed();
+  }
+};
+
+class ColumnListHandle : public Handle {
+ public:
+  using Handle::Handle;
+  [[nodiscard]] ColumnList& list() const { return as<ColumnList>(); }
+  // To be called after a rule changed rows or columns.
+  void update() const { changed(); }
+  // Widens columns whose texts would not fit; what the user made wider stays.
+  void widenToContents() const {
+    ColumnList& table = list();
+    for (size_t column = 0; column < table.columns.size(); ++column) {
+      size_t longest = 0;
+      for (const auto& row : table.rows) { longest = std::max(longest, column < row.size() ? row[column].size() : 0); }
+      table.columns[column].width = std::max(table.columns[column].width, widthForText(longest));
+    }
+    changed();
+  }
 };
 
 class PictureHandle : public Handle {
@@ -300,6 +340,12 @@ inline CIntEdit addInteger(Dialog& dialog, Setting setting, int minimum, int max
   return handle;
 }
 
+inline CIntSpinCtrl addSpin(Dialog& dialog, Setting setting, int minimum, int maximum) {
+  const CIntEdit number = addInteger(dialog, std::move(setting), minimum, maximum);
+  dialog.state<NumberEdit>(number.index()).spin = true;
+  return {dialog, number.index()};
+}
+
 // Empty to begin with.
 inline COptionalIntEdit addOptionalInteger(Dialog& dialog, Setting setting, int minimum, int maximum) {
   const CIntEdit edit = addInteger(dialog, std::move(setting), minimum, maximum);
@@ -354,6 +400,10 @@ inline PictureListHandle addPictureList(Dialog& dialog, Setting setting, std::sp
 
 inline GridHandle addGrid(Dialog& dialog, Setting setting, Grid grid) {
   return {dialog, addControl(dialog, std::move(grid), std::move(setting))};
+}
+
+inline ColumnListHandle addColumnList(Dialog& dialog, Setting setting, std::vector<ListColumn> columns) {
+  return {dialog, addControl(dialog, ColumnList{std::move(columns), {}, -1}, std::move(setting))};
 }
 
 inline PictureHandle addPicture(Dialog& dialog, Setting setting, Picture picture) {

@@ -87,7 +87,9 @@ struct ListBox {
 
 struct ListColumn {
   std::string title;
-  int width = 80;  // pixels; the user drags it
+  int width = 80;           // pixels; the user drags it
+  bool widthCounts = true;  // shown exactly so
+  std::string name{};       // its address where the title does not tell it apart; else empty
 };
 
 struct ColumnList {
@@ -167,8 +169,10 @@ struct MenuItem {
   std::string caption;  // "&" marks the mnemonic; empty: a separator
   bool enabled = true;
   bool checked = false;
-  std::vector<MenuItem> items;
-  std::function<void()> action;
+  std::vector<MenuItem> items{};
+  std::function<void()> action{};
+  std::string toolTip{};
+  std::string statusText{};  // stands in the dialog's status line while the item is chosen
 };
 
 struct MenuBar {
@@ -190,15 +194,25 @@ struct Cell {
   double maximum = 0.0;
   std::string format{};              // of numbers
   std::vector<std::string> items{};  // of lists
+  int limit = 0;                     // characters of a text on one line; 0: any text
   uint32_t ground = 0xFFFFFFFF;      // background 0xRRGGBB; 0xFFFFFFFF: as usual
+  friend bool operator==(const Cell&, const Cell&) = default;
 };
 
 struct GridColumn {
   std::string title;
   std::string hint{};  // shown while the mouse rests on the column
   int width = 60;      // pixels
-  bool sizeToContents = false;
+  bool widthCounts =
+      false;           // shown exactly so, and not at least as wide as the title: the user dragged it or it is drawn
+  std::string name{};  // its address where the title does not tell it apart; else empty
 };
+
+// What scripts call a column.
+template <class Column>
+[[nodiscard]] const std::string& addressOf(const Column& column) {
+  return column.name.empty() ? column.title : column.name;
+}
 
 struct Grid {
   std::vector<GridColumn> columns;

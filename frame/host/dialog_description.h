@@ -77,10 +77,9 @@ class Dialog : public CWnd {
   }
 
   std::function<void()> onOpen;
-  // OK closes the dialog when this returns true (or is not set); Cancel, Escape and the window's cross
-  // run onCancel and close it.
+  // OK closes the dialog when this returns true (or is not set); so do Cancel, Escape and the window's cross.
   std::function<bool()> onOk;
-  std::function<void()> onCancel;
+  std::function<bool()> onCancel;
   // F1, with the control in focus (-1: none).
   std::function<void(int control)> onHelp;
 

@@ -81,6 +81,14 @@ std::optional<std::string> toWindows1252(std::string_view utf8) {
   return out;
 }
 
+bool holdsUtf8(std::string_view bytes) {
+  if (isAscii(bytes)) { return false; }
+  for (size_t at = 0; at < bytes.size();) {
+    if (nextCharacter(bytes, at) == kMalformed) { return false; }
+  }
+  return true;
+}
+
 std::string toUtf8(std::string_view windows1252) {
   if (isAscii(windows1252)) { return std::string(windows1252); }
   std::string out;

@@ -14,6 +14,8 @@ namespace brevan {
 
 // Nothing for malformed UTF-8 and for characters that Windows-1252 lacks.
 std::optional<std::string> toWindows1252(std::string_view utf8);
+// Well-formed, and with a character beyond ASCII, which in another encoding would hardly come out well-formed.
+bool holdsUtf8(std::string_view bytes);
 std::string toUtf8(std::string_view windows1252);
 
 // Each character that Windows-1252 lacks as the nearest that it has, a diameter sign as the letter that drawings use

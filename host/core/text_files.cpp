@@ -8,7 +8,7 @@
 namespace brevan {
 
 int TextFiles::openForReading(const std::string& path) {
-  File file{path, false, decodeText(readWhole(path, kMaxTextBytes), messageText(path)), 0};
+  File file{path, false, decodeText(readWhole(path, kMaxTextBytes), messageText(path), Unmarked::kAsTheyLook), 0};
   files_.emplace(++lastHandle_, std::move(file));
   return lastHandle_;
 }

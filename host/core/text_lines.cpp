@@ -96,15 +96,16 @@ std::string_view PlainText::lineEnd() const {
   return std::string_view(text).substr(line.textEnd, line.end - line.textEnd);
 }
 
-PlainText decodeText(std::string bytes, std::string_view name) {
+PlainText decodeText(std::string bytes, std::string_view name, Unmarked unmarked) {
   for (const std::string_view mark : kUtf16Marks) {
     if (bytes.starts_with(mark)) { refuse(name, bytes, 0, "the text is UTF-16; Windows-1252 or UTF-8 is needed"); }
   }
   PlainText plain;
-  plain.utf8 = bytes.starts_with(kUtf8Mark);
+  const bool marked = bytes.starts_with(kUtf8Mark);
+  plain.utf8 = marked || (unmarked == Unmarked::kAsTheyLook && holdsUtf8(bytes));
   plain.text = std::move(bytes);
   if (plain.utf8) {
-    plain.text.erase(0, kUtf8Mark.size());
+    if (marked) { plain.text.erase(0, kUtf8Mark.size()); }
     std::optional<std::string> converted = toWindows1252(plain.text);
     if (!converted) {
       refuse(name, plain.text, firstUnknownCharacter(plain.text),

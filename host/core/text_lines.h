@@ -23,7 +23,7 @@ struct LineSpan {
 // The text of a file, in Windows-1252.
 struct PlainText {
   std::string text;
-  bool utf8 = false;    // the file is UTF-8 and says so by a byte-order mark, which is not part of text
+  bool utf8 = false;    // the file is UTF-8; a byte-order mark is not part of text
   bool loneCr = false;  // a CR without LF occurs, so it ends lines, too
 
   // The line that starts at a position below text.size().
@@ -32,9 +32,12 @@ struct PlainText {
   [[nodiscard]] std::string_view lineEnd() const;
 };
 
+// How bytes without a byte-order mark are read: spreadsheets leave it out of the UTF-8 that they write.
+enum class Unmarked { kWindows1252, kAsTheyLook };
+
 // Takes a file's bytes: Windows-1252, or UTF-8 with a byte-order mark. Throws HostFailure with the name
 // and line for UTF-16, NUL bytes, lines beyond the limit and UTF-8 that Windows-1252 cannot hold.
-PlainText decodeText(std::string bytes, std::string_view name);
+PlainText decodeText(std::string bytes, std::string_view name, Unmarked unmarked = Unmarked::kWindows1252);
 // The bytes of a text that goes back into such a file.
 std::string encodeText(std::string text, bool utf8);
 

@@ -203,6 +203,7 @@ class Drawing {
   void flushIndex() const;
   void noteIndexed(const Geometry& geometry) const;
   [[nodiscard]] PrimitiveId nearestWithin(Point p, double reach, const Filter& filter) const;
+  [[nodiscard]] PrimitiveId closestOfCentre(PrimitiveId id, Point p, const Filter& filter) const;
   void indexAnew();
   void unindex(PrimitiveId id, Slot& slot);
   std::string_view keptParent(std::string_view parent);

@@ -89,7 +89,30 @@ PrimitiveId Drawing::nearestWithin(Point p, double reach, const Filter& filter) 
     bestDistance = away;
     bestIsSymbol = symbol;
   });
-  return best;
+  const Primitive* found = find(best);
+  return found != nullptr && std::holds_alternative<Arc>(found->geometry) ? closestOfCentre(best, p, filter) : best;
+}
+
+// Of arcs that are equally near by the centre that they share, the one whose curve is nearest is meant: of a
+// counterbore, picked at its centre, the hole.
+PrimitiveId Drawing::closestOfCentre(PrimitiveId id, Point p, const Filter& filter) const {
+  const Arc& meant = std::get<Arc>(find(id)->geometry);
+  const double away = distance(p, meant.centre);
+  if (away > distanceTo(*find(id), p)) { return id; }
+  const auto rank = [p](const Arc& arc) { return std::pair{distance(p, nearestOnArc(arc, p)), arcRadius(arc)}; };
+  auto best = rank(meant);
+  Box around;
+  around.add(meant.centre);
+  const double same = 1e-8 + 1e-12 * std::max(std::fabs(p.x), std::fabs(p.y));
+  index_.query(around.grownBy(same), [&](PrimitiveId other) {
+    const Primitive& primitive = *find(other);
+    const Arc* arc = std::get_if<Arc>(&primitive.geometry);
+    if (arc == nullptr || distance(arc->centre, meant.centre) > same || !(rank(*arc) < best)) { return; }
+    if (!filter(other, primitive)) { return; }
+    best = rank(*arc);
+    id = other;
+  });
+  return id;
 }
 
 Box Drawing::extents() const {

@@ -33,14 +33,26 @@ int addressed(const ScriptCursor& cursor, const Statement& statement, dialog::Di
   return found;
 }
 
+const std::string& textOf(const dialog::Cell& cell) { return cell.text; }
+const std::string& textOf(const std::string& cell) { return cell; }
+
+bool hasCells(const dialog::State& state) {
+  return std::holds_alternative<dialog::Grid>(state) || std::holds_alternative<dialog::ColumnList>(state);
+}
+
 // The text of the cell in a row, counted from 1, and column; nothing where there is no such cell.
-std::optional<std::string> cellText(const dialog::Grid& grid, int row, const std::string& column) {
-  if (row < 1 || row > static_cast<int>(grid.rows.size())) { return std::nullopt; }
-  const auto& cells = grid.rows[static_cast<size_t>(row) - 1];
-  for (size_t i = 0; i < cells.size() && i < grid.columns.size(); ++i) {
-    if (equalWithoutCase(grid.columns[i].title, column)) { return cells[i].text; }
-  }
-  return std::nullopt;
+template <class Table>
+std::optional<std::string> cellText(const Table& table, int row, const std::string& column) {
+  if (row < 1 || row > static_cast<int>(table.rows.size())) { return std::nullopt; }
+  const auto& cells = table.rows[static_cast<size_t>(row) - 1];
+  const int place = columnNamed(table.columns, column);
+  if (place < 0 || static_cast<size_t>(place) >= cells.size()) { return std::nullopt; }
+  return textOf(cells[static_cast<size_t>(place)]);
+}
+
+std::optional<std::string> cellText(const dialog::State& state, int row, const std::string& column) {
+  if (const auto* grid = std::get_if<dialog::Grid>(&state)) { return cellText(*grid, row, column); }
+  return cellText(std::get<dialog::ColumnList>(state), row, column);
 }
 
 bool sameValue(const std::string& shown, const ScriptWord& expected) {
@@ -95,8 +107,8 @@ void expectControl(const ScriptCursor& cursor, const Statement& statement, Dialo
   }
   const int index = addressed(cursor, statement, dialog, 1);
   const dialog::Control& control = dialog.control(index);
-  if (const auto* grid = std::get_if<dialog::Grid>(&control.state); grid != nullptr && statement.words.size() == 5) {
-    const auto text = cellText(*grid, cursor.integer(statement, 2), cursor.string(statement, 3));
+  if (hasCells(control.state) && statement.words.size() == 5 && statement.words[2].text != "items") {
+    const auto text = cellText(control.state, cursor.integer(statement, 2), cursor.string(statement, 3));
     if (text && sameValue(*text, statement.words[4])) { return; }
     cursor.fail(statement, (text ? "the cell is \"" + toUtf8(*text) + '"' : "there is no such cell") +
                                ", the script gave: " + statement.shown());

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "frame/host/dialog_controls.h"
+#include "host/core/text_encoding.h"
 #include "host/window/dialog_operations.h"
 
 // What the host knows of each kind of control: one row a kind in control_kinds.cpp, found by the type of its contents,
@@ -49,6 +51,14 @@ Refusal typeInto(dialog::State& state, const std::string& text, const std::strin
 std::string inQuotes(std::string_view text);
 // `"Name" is a check box and WHAT`.
 std::string notThisKind(const std::string& name, const dialog::State& state, std::string_view what);
+
+// The place of the column that a script calls so, -1 where there is none.
+template <class Columns>
+int columnNamed(const Columns& columns, std::string_view address) {
+  const auto found = std::ranges::find_if(
+      columns, [address](const auto& column) { return equalWithoutCase(dialog::addressOf(column), address); });
+  return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
+}
 
 // The place of an entry, the exact one before one that differs in case; -1 where there is none.
 int entryNamed(const std::vector<std::string>& entries, std::string_view name);

@@ -2,6 +2,7 @@
 
 #include "host/drawing/drawing.h"
 #include "host/geometry/transform.h"
+#include "host/window/snapping.h"
 
 namespace brevan {
 
@@ -67,21 +68,10 @@ Point Cursor::snapped(Point p, const Drawing& drawing) const {
     return std::abs(p.x - origin.x) >= std::abs(p.y - origin.y) ? Point{p.x, origin.y} : Point{origin.x, p.y};
   }
   if (!snapToNear_) { return p; }
-  const auto onVisibleLayer = [&drawing](PrimitiveId, const Primitive& primitive) {
-    return drawing.layer(primitive.layer)->visible;
-  };
-  const Primitive* near = drawing.find(drawing.nearest(p, aperture(drawing), onVisibleLayer));
-  if (near == nullptr) { return p; }
-  Point best = p;
-  double bestDistance = aperture(drawing);
-  forEachPoint(near->geometry, [&](Point candidate) {
-    const double away = distance(candidate, p);
-    if (away <= bestDistance) {
-      best = candidate;
-      bestDistance = away;
-    }
-  });
-  return best;
+  static const std::set<SnapKind> kDefining = {SnapKind::kCentre, SnapKind::kEnd, SnapKind::kOrigin,
+                                               SnapKind::kIntersection, SnapKind::kMiddle};
+  const auto found = snapAt(drawing, p, aperture(drawing), kDefining, std::nullopt);
+  return found ? found->at : p;
 }
 
 // An angle lock offers two lines through its origin, at the angle and square to it; the nearer one counts.

@@ -224,8 +224,7 @@ Refusal DialogSession::accept() {
 }
 
 void DialogSession::cancel() {
-  run(dialog_.onCancel);
-  dialog_.close(false);
+  if (!dialog_.onCancel || dialog_.onCancel()) { dialog_.close(false); }
 }
 
 void DialogSession::help(int control) {
@@ -261,11 +260,9 @@ Refusal DialogSession::chooseMenu(const std::string& path) {
 
 namespace {
 
-int columnOf(const Grid& grid, const std::string& title) {
-  for (size_t column = 0; column < grid.columns.size(); ++column) {
-    if (equalWithoutCase(grid.columns[column].title, title)) { return static_cast<int>(column); }
-  }
-  return -1;
+Refusal rowRefusal(const std::string& name, int row, size_t rows) {
+  if (row >= 1 && static_cast<size_t>(row) <= rows) { return std::nullopt; }
+  return name + " has no row " + std::to_string(row) + ", it has " + std::to_string(rows);
 }
 
 // Why a cell does not take a text; the text in the cell's own form where it does.
@@ -295,6 +292,13 @@ Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& te
   if (cell.kind == CellKind::kList && entryNamed(cell.items, text) < 0) {
     return inQuotes(column) + " has no entry " + inQuotes(text);
   }
+  if (cell.limit > 0 && text.find_first_of("\r\n") != std::string::npos) {
+    return inQuotes(column) + " takes one line of text";
+  }
+  if (cell.limit > 0 && text.size() > static_cast<size_t>(cell.limit)) {
+    return inQuotes(column) + " takes " + std::to_string(cell.limit) + " characters at most, got " +
+           std::to_string(text.size());
+  }
   if (cell.kind == CellKind::kCheck && text != "0" && text != "1") { return inQuotes(column) + " takes 0 or 1"; }
   return std::nullopt;
 }
@@ -303,7 +307,7 @@ Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& te
 
 Refusal DialogSession::editCell(int control, int row, const std::string& column, const std::string& text) {
   const auto* before = std::get_if<Grid>(&dialog_.control(control).state);
-  if (before != nullptr && columnOf(*before, column) < 0) {
+  if (before != nullptr && columnNamed(before->columns, column) < 0) {
     return named(control) + " has no column " + inQuotes(column);
   }
   if (auto refusal = clickCell(control, row, column, Click::kSelect)) { return refusal; }
@@ -327,12 +331,16 @@ Refusal DialogSession::editCell(int control, int row, const std::string& column,
 // Rows are counted from 1 as the user sees them; without a column the row's heading is meant.
 Refusal DialogSession::clickCell(int control, int row, const std::string& column, Click click) {
   if (auto refusal = focus(control)) { return refusal; }
+  if (auto* list = std::get_if<ColumnList>(&dialog_.control(control).state)) {
+    if (auto refusal = rowRefusal(named(control), row, list->rows.size())) { return refusal; }
+    list->selected = row - 1;
+    edited(control);
+    return std::nullopt;
+  }
   auto* grid = std::get_if<Grid>(&dialog_.control(control).state);
   if (grid == nullptr) { return notThisKind(named(control), dialog_.control(control).state, "has no cells"); }
-  if (row < 1 || row > static_cast<int>(grid->rows.size())) {
-    return named(control) + " has no row " + std::to_string(row) + ", it has " + std::to_string(grid->rows.size());
-  }
-  const int place = column.empty() ? -1 : columnOf(*grid, column);
+  if (auto refusal = rowRefusal(named(control), row, grid->rows.size())) { return refusal; }
+  const int place = column.empty() ? -1 : columnNamed(grid->columns, column);
   if (place < 0 && !column.empty()) { return named(control) + " has no column " + inQuotes(column); }
   grid->currentRow = row - 1;
   grid->currentColumn = place;
@@ -347,22 +355,16 @@ Refusal DialogSession::clickCell(int control, int row, const std::string& column
 Refusal DialogSession::setColumnWidth(int control, const std::string& column, int pixels) {
   if (auto refusal = inoperable(control)) { return refusal; }
   if (pixels < 0) { return "a column's width is 0 pixels or more, got " + std::to_string(pixels); }
-  if (auto* list = std::get_if<ColumnList>(&dialog_.control(control).state)) {
-    for (ListColumn& candidate : list->columns) {
-      if (!equalWithoutCase(candidate.title, column)) { continue; }
-      candidate.width = pixels;
-      edited(control);
-      return std::nullopt;
-    }
-  }
-  if (auto* grid = std::get_if<Grid>(&dialog_.control(control).state)) {
-    const int place = columnOf(*grid, column);
-    if (place >= 0) {
-      grid->columns[static_cast<size_t>(place)].width = pixels;
-      edited(control);
-      return std::nullopt;
-    }
-  }
+  const auto widen = [&](auto& columns) -> Refusal {
+    const int place = columnNamed(columns, column);
+    if (place < 0) { return named(control) + " has no column " + inQuotes(column); }
+    columns[static_cast<size_t>(place)].width = pixels;
+    columns[static_cast<size_t>(place)].widthCounts = true;
+    edited(control);
+    return std::nullopt;
+  };
+  if (auto* list = std::get_if<ColumnList>(&dialog_.control(control).state)) { return widen(list->columns); }
+  if (auto* grid = std::get_if<Grid>(&dialog_.control(control).state)) { return widen(grid->columns); }
   return named(control) + " has no column " + inQuotes(column);
 }
 

@@ -3,9 +3,11 @@
 #include <cmath>
 #include <random>
 
+#include "frame/host/number_text.h"
 #include "host/drawing/font_metrics.h"
 #include "host/drawing/strokes.h"
 #include "host/files/drg_reader.h"
+#include "mech/annotation_style.h"
 #include "mech/definition_store.h"
 #include "mech/tolerance_frame.h"
 #include "tests/mech/command_session.h"
@@ -127,20 +129,28 @@ TEST_F(AnnotationLibraryTest, NoTextOfAFinishIsCrossed) {
 TEST_F(AnnotationLibraryTest, WhatIsSaidOfASideStandsOnIt) {
   constexpr double kOnLine = 1e-6;
   std::mt19937 random(7);
-  const auto below = [&random](int most) { return std::to_string(random() % static_cast<unsigned>(most)); };
+  const auto below = [&random](int most) { return static_cast<int>(random() % static_cast<unsigned>(most)); };
   for (int round = 0; round < 60; ++round) {
     const bool arrow = round % 2 == 0;
-    const std::string side = below(16) + ',' + below(4) + ',' + below(5);
-    const std::string sides = arrow ? "0,0,0," + side : side + ",0,0,0";
-    const std::string sizes = arrow ? ",,z" + below(9) + ",a5" : ",s" + below(9) + ",,";
-    useLibrary(setup() + "Weld1=W," + sides + ',' + sizes + ",0.000,0.000,0,0,\n");
+    const std::string side = numberText::format("%d,%d,%d", below(16), below(4), below(5));
+    const std::string_view form =
+        arrow ? "Weld1=W,0,0,0,%s,,,z%d,a5,0.000,0.000,0,0,\n" : "Weld1=W,%s,0,0,0,,s%d,,,0.000,0.000,0,0,\n";
+    const std::string weld = numberText::format(form, side, below(9));
+    useLibrary(setup() + weld);
     drawWeld("W", round % 4 < 2 ? 1 : -1);
     drawing().forEach([&](brevan::PrimitiveId id, const brevan::Primitive& primitive) {
       if (std::holds_alternative<brevan::Arrow>(primitive.geometry)) { drawing().remove(id); }
     });
     const Box box = inkOf(drawing()).bounds();
-    EXPECT_TRUE(arrow ? box.high.y <= kOnLine : box.low.y >= -kOnLine) << sides << ' ' << sizes;
+    EXPECT_TRUE(arrow ? box.high.y <= kOnLine : box.low.y >= -kOnLine) << weld;
   }
+}
+
+TEST_F(AnnotationLibraryTest, TheProgramsSymbolsLieBesideTheFolderOfItsUsers) {
+  brevan::FileServices ofUser(folder(), folder() + "/Program/USERS/Ann/USERS");
+  brevan::CoreContext context{ofUser, settings(), "", nullptr};
+  const brevan::CoreContextBinding binding{context};
+  EXPECT_EQ(ardenix::mech::shippedSymbolFile("MechWelds.drg"), folder() + "/Program/Symbols\\MechWelds.drg");
 }
 
 // ---- Symbols ------------------------------------------------------------------------------------------------

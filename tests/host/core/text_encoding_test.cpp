@@ -48,6 +48,14 @@ TEST(TextLines, allLineEndsGiveTheSameLines) {
   }
 }
 
+TEST(TextLines, unmarkedUtf8IsKnownByItsBytesWhereItMayBe) {
+  const auto read = [](const char* bytes) { return decodeText(bytes, "t", Unmarked::kAsTheyLook).text; };
+  EXPECT_EQ(read("\xC3\x98 12"), "\xD8 12");
+  EXPECT_EQ(read("\xD8 12"), "\xD8 12");
+  EXPECT_EQ(read("\xC3\x98 \xD8"), "\xC3\x98 \xD8");
+  EXPECT_EQ(decodeText("\xC3\x98", "t").text, "\xC3\x98");
+}
+
 TEST(TextLines, refusalsNameFileAndLine) {
   const std::string longest(kMaxLineBytes, 'x');
   const std::pair<std::string, std::string> rows[] = {{std::string("a\r\nb\0c", 6), "f.ini:2: "},

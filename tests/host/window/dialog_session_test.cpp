@@ -178,6 +178,16 @@ TEST_F(DialogUse, CancelClosesWhateverTheFieldsHold) {
   }
 }
 
+TEST_F(DialogUse, CancelMayBeRefused) {
+  session_->typeText(at("Name"), "KEPT");
+  session_->press(at("Cancel"));
+  session_->perform({Verb::kClose});
+  EXPECT_FALSE(session_->closed());
+  session_->typeText(at("Name"), "");
+  session_->perform({Verb::kClose});
+  EXPECT_TRUE(session_->closed() && !session_->accepted());
+}
+
 TEST_F(DialogUse, OpenedAgainItStartsAtItsFirstControl) {
   session_->focus(at("Apply"));
   session_->cancel();
@@ -250,6 +260,24 @@ TEST_F(DialogUse, GridCellsAreTypedAndCountedFromOne) {
   EXPECT_EQ(takeLog(), (Log{"cell rightclick 0 -1", "cell press 1 3"}));
   every_.dialog.state<dialog::Grid>(walls).onCellSelect = [&rows](int, int) { rows.clear(); };
   EXPECT_NE(why(session_->editCell(walls, 2, "Name", "x")), "") << "the click took the row away";
+}
+
+TEST_F(DialogUse, ColumnsAndRowsOfOneTextAreToldApart) {
+  auto& walls = every_.dialog.state<dialog::Grid>(every_.grid);
+  walls.columns[0].name = "Left";
+  walls.columns[1].title = "Name";
+  EXPECT_EQ(why(session_->editCell(every_.grid, 1, "left", "a")), "");
+  EXPECT_EQ(why(session_->editCell(every_.grid, 1, "Name", "2")), "");
+  EXPECT_EQ(walls.rows[0][0].text + walls.rows[0][1].text, "a2.0");
+  EXPECT_EQ(why(session_->setColumnWidth(every_.grid, "Left", 33)), "");
+  EXPECT_EQ(walls.columns[0].width, 33);
+  auto& list = every_.dialog.state<dialog::ColumnList>(every_.rows);
+  list.rows.assign(3, {"M8"});
+  EXPECT_EQ(why(session_->clickCell(every_.rows, 3, "", DialogSession::Click::kClick)), "");
+  EXPECT_EQ(list.selected, 2);
+  EXPECT_EQ(every_.log.back(), "edit Table");
+  EXPECT_EQ(why(session_->clickCell(every_.rows, 4, "", DialogSession::Click::kClick)),
+            "\"Table\" has no row 4, it has 3");
 }
 
 TEST_F(DialogUse, MenusPensAndColumnWidths) {

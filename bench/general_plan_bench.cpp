@@ -1,0 +1,123 @@
+// A general plan of ever more erven: the table of their areas, and dimensions of all their sides beside the tracing of
+// the erven alone.
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include "bench/report.h"
+#include "bench/township.h"
+#include "host/window/dialog_session.h"
+#include "host/window/host.h"
+#include "host/window/silent_user.h"
+
+namespace {
+
+using namespace brevan;
+
+// Confirms every dialog, gives points in turn and takes what is offered for the numbers.
+class Surveyor : public SilentUser {
+ public:
+  std::vector<Point> points;
+
+  PointAnswer askPoint(const std::string&) override {
+    if (next_ == points.size()) { return {PromptEnd::kSpace, {}}; }
+    return {PromptEnd::kGiven, points.at(next_++)};
+  }
+  TextAnswer askText(const std::string&, const std::string& offered) override {
+    return {PromptEnd::kGiven, offered.empty() ? "1" : offered, !offered.empty()};
+  }
+  BoxAnswer showMessage(const MessageBox& box) override {
+    if (box.buttons == BoxButtons::kOk) { throw std::logic_error(box.text); }
+    return BoxAnswer::kYes;
+  }
+  bool runDialog(dialog::Dialog& dialog) override {
+    DialogSession session(dialog, *this, nullptr);
+    session.open();
+    for (int control = 0; !session.closed(); ++control) {
+      const auto* button = std::get_if<dialog::Button>(&dialog.control(control).state);
+      if (button != nullptr && button->role == dialog::ButtonRole::kOk) { session.press(control); }
+    }
+    return session.accepted();
+  }
+
+ private:
+  size_t next_ = 0;
+};
+
+// A host whose drawing is a township in metres at 1:500.
+class Office {
+ public:
+  explicit Office(const bench::Township& town) {
+    settings_.SetString("SG_DEFAULTS", "SG_GenPlanFile", BREVAN_DATA "/General Plan.ini");
+    host_.loadModule(ARDENIX_MODULE);
+    Parameters parameters;
+    parameters.setUnit(1000.0);
+    parameters.setScale(500.0);
+    parameters.setCoordinateSystem(0);
+    parameters.setAreaUnit(8);
+    drawing().setParameters(parameters);
+    for (const Segment& side : town.sides) { drawing().add({.geometry = side}); }
+  }
+  [[nodiscard]] Drawing& drawing() { return host_.window().drawing(); }
+  void numberErven(const bench::Township& town) {
+    user_.points = {Point{-100, 0}};
+    user_.points.insert(user_.points.end(), town.insides.begin(), town.insides.end());
+    host_.runCommand("SG_AreaTable");
+  }
+  void addNumbers(const bench::Township& town) {
+    const int layer = drawing().addLayer({"STAND_NO"});
+    for (size_t erf = 0; erf < town.insides.size(); ++erf) {
+      drawing().add({.layer = layer, .geometry = Text{.at = town.insides[erf], .text = std::to_string(erf + 1)}});
+    }
+  }
+  void dimensionErven() { host_.runCommand("SG_MultiSurveyDims"); }
+  // Without drawing anything.
+  size_t traceErven(const bench::Township& town) {
+    size_t found = 0;
+    for (const Point inside : town.insides) {
+      found += static_cast<size_t>(host_.window().gsAutoPerim(inside.x, inside.y));
+    }
+    return found;
+  }
+
+ private:
+  std::string folder_ = (std::filesystem::temp_directory_path() / "brevan_general_plan_bench").string();
+  Surveyor user_;
+  FileServices files_{BREVAN_DATA, BREVAN_DATA, FileServices::Confinement{folder_, [](const std::string&) {}}};
+  INI_LIST settings_{""};
+  Host host_{HostParts{user_, files_, settings_, nullptr, ""}};
+};
+
+void areaTable(benchmark::State& state) {
+  const bench::Township town = bench::township(static_cast<int>(state.range(0)));
+  bench::BestTime best;
+  for (auto _ : state) {
+    Office office(town);
+    best.measure([&] {
+      office.numberErven(town);
+      return office.drawing().count();
+    });
+  }
+  bench::report(state, static_cast<double>(town.insides.size()), best.seconds(), {});
+}
+BENCHMARK(areaTable)->Arg(50)->Arg(100)->Arg(200)->Iterations(3)->Unit(benchmark::kMillisecond);
+
+void dimensions(benchmark::State& state) {
+  const bench::Township town = bench::township(static_cast<int>(state.range(0)));
+  bench::BestTime best;
+  bench::BestTime alone;
+  for (auto _ : state) {
+    Office tracing(town);
+    alone.measure([&] { return tracing.traceErven(town); });
+    Office office(town);
+    office.addNumbers(town);
+    best.measure([&] {
+      office.dimensionErven();
+      return office.drawing().count();
+    });
+  }
+  bench::report(state, static_cast<double>(town.insides.size()), best.seconds(), {{"tracing alone", alone.seconds()}});
+}
+BENCHMARK(dimensions)->Arg(50)->Arg(100)->Arg(200)->Iterations(3)->Unit(benchmark::kMillisecond);
+
+}  // namespace

@@ -1,0 +1,115 @@
+#include "mech/list_command.h"
+
+#include <array>
+
+#include "frame/drafting/part_round.h"
+#include "frame/drafting/target_layer.h"
+#include "frame/host/core_services.h"
+#include "frame/messages.h"
+
+namespace ardenix::mech {
+
+namespace {
+
+constexpr int kListRow = 1;
+constexpr int kButtonRow = 2;
+constexpr int kClosingRow = 3;
+
+}  // namespace
+
+ListCommand::ListCommand(MechToolset& toolset, const ListTrade& trade)
+    : services_(toolset.services()),
+      view_(toolset.view()),
+      trade_(trade),
+      dialog_(std::string(trade.title)),
+      options_(dialog_.addGroup({.caption = "Options"})),
+      buttons_(dialog_.addGroup({.place = {.row = kButtonRow}})),
+      list_(addColumnList(
+          dialog_,
+          {.toolTip = std::string(trade.listTip), .place = {.row = kListRow}, .name = std::string(trade.listName)},
+          {})) {
+  equip(dialog_, services_, helpTopic(trade.help));
+  addOkCancel(dialog_, kClosingRow);
+  dialog_.onOk = [this] { return confirm(); };
+}
+
+void ListCommand::addPickButton(std::string caption, std::string toolTip, int group, int column) {
+  addButton(dialog_,
+            {.caption = std::move(caption), .toolTip = std::move(toolTip), .group = group, .place = {.column = column}})
+      .onPress([this] {
+        picks_ = true;
+        dialog_.close(false);
+      });
+}
+
+void ListCommand::addFrameChoice(std::string toolTip, dialog::Place place) {
+  frame_ =
+      addCheck(dialog_, {.caption = "Draw frame", .toolTip = std::move(toolTip), .group = options_, .place = place});
+  frame_.setChecked(true);
+}
+
+void ListCommand::run() {
+  for (;;) {
+    picks_ = false;
+    const bool accepted = services_.mainFrame->RunDialog(dialog_, services_.mainFrame);
+    if (accepted) { place(); }
+    if (!picks_) { break; }
+    pick();
+  }
+  endPart(view_);
+  view_.gsSetViewDirty(1);
+  view_.gsRefresh();
+}
+
+void ListCommand::pick() {
+  view_.SetFocus();
+  while (pickRow()) {}
+  donePicking();
+  view_.gsSetViewDirty(1);
+  view_.gsRefresh();
+}
+
+void ListCommand::showRows(std::vector<TableRow> rows) const {
+  list_.list().rows = std::move(rows);
+  list_.widenToContents();
+}
+
+std::string ListCommand::textAt(Point at) const {
+  constexpr size_t kLongest = 15;
+  std::array<char, kLongest + 1> text{};
+  Point origin;
+  if (view_.gsNearestPrim(kTextPrimitive, at.x, at.y) != 0) {
+    view_.gsGetText(origin.x, origin.y, text.data(), static_cast<int>(text.size()));
+  } else {
+    view_.gsSetStatus("No text lies near this point.");
+  }
+  return text.data();
+}
+
+// ---- OK -------------------------------------------------------------------------------------------------------
+
+bool ListCommand::confirm() {
+  if (!list_.list().rows.empty() && ask(&dialog_, trade_.saveQuestion, "")) { save(); }
+  return true;
+}
+
+void ListCommand::save() {
+  std::string path;
+  if (coreChooseFile(&dialog_, false, kTextFilesFilter, "txt", "*.txt", path) == 0) { return; }
+  writeLines(path, fileLines(), &dialog_);
+}
+
+void ListCommand::place() {
+  if (list_.list().rows.empty() || !mayDrawOn(view_, view_.gsGetCurrentLayerName())) { return; }
+  const auto origin = askPoint(view_, trade_.placePrompt);
+  if (!origin) { return; }
+  std::vector<int> pixels;
+  pixels.reserve(columnsDrawn());
+  for (size_t column = 0; column < columnsDrawn(); ++column) { pixels.push_back(list_.list().columns[column].width); }
+  ListTable table = listTable(view_, trade_.kind, pixels);
+  table.frame = frame_.checked();
+  table.rows = rowsDrawn();
+  drawListTable(view_, table, *origin);
+}
+
+}  // namespace ardenix::mech

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/drafting/point.h"
+#include "mech/mech_toolset.h"
+#include "mech/table_drawer.h"
+
+namespace ardenix::mech {
+
+// What a list that is collected from the drawing is called and asks.
+struct ListTrade {
+  std::string_view title;
+  std::string_view help;
+  std::string_view listName;
+  std::string_view listTip;
+  std::string_view saveQuestion;
+  std::string_view kind;  // the name of the group that its table is drawn into
+  std::string_view placePrompt;
+};
+
+// The command of a list: its dialog, which is shown again after each round of picking in the drawing, and its table.
+class ListCommand {
+ public:
+  ListCommand(MechToolset& toolset, const ListTrade& trade);
+  ListCommand(const ListCommand&) = delete;
+  ListCommand& operator=(const ListCommand&) = delete;
+  virtual ~ListCommand() = default;
+
+  void run();
+
+ protected:
+  // ---- Of a kind of list
+  // One row from the drawing; false when the user has enough.
+  virtual bool pickRow() = 0;
+  virtual void donePicking() {}
+  [[nodiscard]] virtual std::vector<std::string> fileLines() const = 0;
+  // The columns that are drawn, and the rows with the header before them.
+  [[nodiscard]] virtual size_t columnsDrawn() const { return list().list().columns.size(); }
+  [[nodiscard]] virtual std::vector<TableRow> rowsDrawn() const = 0;
+
+  // ---- For it
+  // Closes the dialog, for picking in the drawing.
+  void addPickButton(std::string caption, std::string toolTip, int group, int column);
+  // Rows changed: columns become wide enough for them.
+  void showRows(std::vector<TableRow> rows) const;
+  // The text nearest to a point, as far as rows hold it; says so where there is none.
+  [[nodiscard]] std::string textAt(Point at) const;
+  [[nodiscard]] dialog::Dialog& box() { return dialog_; }
+  [[nodiscard]] const dialog::ColumnListHandle& list() const { return list_; }
+  [[nodiscard]] CCadWindow& view() const { return view_; }
+  [[nodiscard]] const Services& services() const { return services_; }
+  [[nodiscard]] int optionsGroup() const { return options_; }
+  [[nodiscard]] int buttonGroup() const { return buttons_; }
+  void addFrameChoice(std::string toolTip, dialog::Place place);
+
+ private:
+  void pick();
+  bool confirm();
+  void save();
+  void place();
+
+  const Services& services_;
+  CCadWindow& view_;
+  const ListTrade& trade_;
+  dialog::Dialog dialog_;
+  int options_;
+  int buttons_;
+  dialog::ColumnListHandle list_;
+  dialog::CheckHandle frame_;
+  bool picks_ = false;  // the dialog was closed for picking
+};
+
+}  // namespace ardenix::mech
