@@ -31,7 +31,7 @@ double FacingTruss::uprightDepth() const { return depth * std::hypot(1.0, slope)
 
 std::string FacingTruss::fault() const {
   if (depth <= 0.0 || depth > middle() / 3.0) { return "The battons are too wide for the span of the truss"; }
-  if (tieDepth >= apex()) { return "The support truss reaches up to the apex of the roof"; }
+  if (tieDepth >= slope * (middle() - depth / 2.0)) { return "The support truss reaches up to the apex of the roof"; }
   return "";
 }
 
