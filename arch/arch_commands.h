@@ -6,6 +6,7 @@ class ArchToolset;
 
 // The architectural commands.
 void displayArchSetup(ArchToolset& toolset);
+void placeSymbols(ArchToolset& toolset);
 void setWalls(ArchToolset& toolset);
 void drawWalls(ArchToolset& toolset);
 void setElevations(ArchToolset& toolset);

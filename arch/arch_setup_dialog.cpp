@@ -120,6 +120,19 @@ void ArchSetupDialog::writeSymbolFolder() {
   rememberSymbolFolder(toolset_.store(), symbols_.text());
 }
 
-void displayArchSetup(ArchToolset& toolset) { ArchSetupDialog(toolset).run(); }
+namespace {
+
+// Whether the symbol library can be shown without another question.
+bool hasSymbolFolder(ArchToolset& toolset) {
+  if (!isSpecFile(rememberedSpecFile()) && !isSpecFile(defaultSpecFile())) { return false; }
+  return toolset.openSpecification() &&
+         (folderExists(rememberedSymbolFolder(toolset.store())) || folderExists(defaultSymbolFolder()));
+}
+
+}  // namespace
+
+void displayArchSetup(ArchToolset& toolset) {
+  if (ArchSetupDialog(toolset).run() && hasSymbolFolder(toolset)) { placeSymbols(toolset); }
+}
 
 }  // namespace ardenix::arch

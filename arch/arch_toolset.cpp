@@ -16,8 +16,8 @@ void ArchToolset::open(std::string_view path) {
   store_ = std::make_unique<ArchSpecStore>(path, view());
 }
 
-std::unique_ptr<ArchToolset> makeArchToolset(CCadWindow* view, const Services& services) {
-  return std::make_unique<ArchToolset>(view, services);
+std::unique_ptr<ArchToolset> makeArchToolset(CCadWindow* view, const Services& services, SymbolBrowser* browser) {
+  return std::make_unique<ArchToolset>(view, services, browser);
 }
 
 }  // namespace ardenix::arch

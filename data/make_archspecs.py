@@ -66,7 +66,7 @@ SETTINGS = """\
 [ELEVATION]
 ParentName=HOUSE
 EavesHeight=2600.000
-WinDoorHeight=2150.000
+WinDoorHeight=2100.000
 Pen=1
 Linetyp=1
 NorthView=ELEVATION_NORTH

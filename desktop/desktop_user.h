@@ -33,6 +33,7 @@ class DesktopUser : public QObject, public User {
   std::optional<int> choosePen(const std::string& title, int pen) override;
   bool runDialog(dialog::Dialog& dialog) override;
   void showStatus(const std::string& text) override;
+  void showSideBar(bool shown) override { emit sideBarShown(shown); }
   void showPrompt(const std::string& text) override;
   void showProgress(int done, int total, const std::string& text) override;
   bool stopsAtProgress(int done, int total, const std::string& text) override;
@@ -55,6 +56,7 @@ class DesktopUser : public QObject, public User {
   void asking();
   void pointWanted(bool wanted);
   void pointGiven(Point at);
+  void sideBarShown(bool shown);
   void statusChanged(const QString& text);
   void progressed(int done, int total, const QString& text);
 

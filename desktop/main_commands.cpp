@@ -53,6 +53,13 @@ void MainWindow::recordSelection() {
   document().selection = std::move(selection);
 }
 
+void MainWindow::browse(const QString& file) {
+  runner_.run(tr("Place Symbols"), [this, file] {
+    recorder_.statement("browse " + scriptString(file));
+    host_->browse(file.toStdString());
+  });
+}
+
 void MainWindow::undo() { step(tr("Undo"), "undo", &Drawing::undo); }
 
 void MainWindow::redo() { step(tr("Redo"), "redo", &Drawing::redo); }

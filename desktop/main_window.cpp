@@ -36,6 +36,7 @@ constexpr int kStartHeight = 820;
 constexpr QSize kFrame(16, 40);
 constexpr const char* kGeometryKey = "Window";
 constexpr const char* kPanelsKey = "Panels";
+constexpr const char* kFavouritesKey = "FavouriteSymbols";
 constexpr std::string_view kSection = "Desktop";
 
 }  // namespace
@@ -54,7 +55,7 @@ MainWindow::MainWindow(const DesktopParts& parts)
       promptBar_(new PromptBar(this)),
       user_(
           new DesktopUser(*promptBar_, recorder_, QString::fromStdString(parts.places.dataFolder) + "/pictures", this)),
-      shortcutBar_(new ShortcutBar(this)),
+      shortcutBar_(new ShortcutBar(files_, this)),
       tabs_(new QTabWidget(this)),
       coordinates_(new QLabel(this)),
       unitLabel_(new QLabel(this)),
@@ -122,6 +123,12 @@ void MainWindow::connectUser() {
     host_->window().drawing().clearSelection();
     view().update();
   });
+  connect(shortcutBar_, &ShortcutBar::picked, this, &MainWindow::browse);
+  shortcutBar_->setFavourites(QString::fromStdString(setting(kFavouritesKey)).split('|', Qt::SkipEmptyParts));
+  connect(shortcutBar_, &ShortcutBar::favouritesChanged, this,
+          [this](const QStringList& files) { setSetting(kFavouritesKey, files.join('|').toStdString()); });
+  connect(user_, &DesktopUser::sideBarShown, this,
+          [this](bool shown) { findChild<QWidget*>("shortcutDock")->setVisible(shown); });
   auto* typeAhead = new TypeAhead(
       [this](const QKeyEvent& key) {
         return runner_.busy() && !user_->wantsAnything() && QApplication::activeModalWidget() == nullptr &&

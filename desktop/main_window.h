@@ -60,6 +60,8 @@ class MainWindow : public QMainWindow {
   void runTyped(const QString& text);
   void runCommand(const QString& name);
   void runTool(const QString& name);
+  // Picks a file of the symbol library.
+  void browse(const QString& file);
   void undo();
   void redo();
 

@@ -185,6 +185,8 @@ std::string realSymbols(std::string_view path) { return format("NEWSYMFL %s \"N\
 
 std::string addNamedSymbol(Point at) { return addSymbol("SYM$", at); }
 
+std::string sharedSymbols(std::string_view path) { return format("NEWSYMFL %s \"N\" \"Y\"", quotedForMacro(path)); }
+
 std::string paperSymbols(std::string_view path) { return format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(path)); }
 
 std::string load(std::string_view path, Point at) {

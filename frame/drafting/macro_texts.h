@@ -171,6 +171,10 @@ std::string addTurnedSymbol(std::string_view name, Point at, double angle);
 std::string addNamedSymbol(Point at);
 // Loads a symbol file whose symbols have their real size and serve in this window.
 std::string realSymbols(std::string_view path);
+// The same for every window.
+std::string sharedSymbols(std::string_view path);
+// Lets the user place symbols of the file loaded last.
+inline constexpr std::string_view kPlaceSymbols = "SYMBOL";
 // Loads a symbol file whose symbols are millimetres on paper and serve in every window.
 std::string paperSymbols(std::string_view path);
 // Inserts a drawing at its own size, unturned; the point with five decimals.

@@ -103,7 +103,8 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(ArchSetXSect, kArchitectural, "&Cross Section Setup...", "cross_section_setup", "Cross Section Setup", \
       arch::setSections) \
   ROW(ArchDrawXSect, kArchitectural, "Draw Cr&oss Sections...", "cross_section", "Cross Section Setup", \
-      arch::drawSections)
+      arch::drawSections) \
+  ROW(ArchPlaceSym, kArchitectural, "Place S&ymbols", "place_symbol", "", arch::placeSymbols)
 
 #define COMMANDS_OF_GIVEN_VIEW(ROW) \
   ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults", \
@@ -144,7 +145,9 @@ void run(void (*operation)(mech::MechToolset&)) {
 void run(void (*operation)(arch::ArchToolset&)) {
   ardenix::ModuleState& state = ardenix::moduleState();
   state.currentView = cadGetCurrentView();
-  const auto make = [&state](CCadWindow* view) { return arch::makeArchToolset(view, state.services); };
+  const auto make = [&state](CCadWindow* view) {
+    return arch::makeArchToolset(view, state.services, state.symbolBrowser.get());
+  };
   ardenix::withToolsetOfCommand(state.architectural, state.currentView, make, operation);
 }
 

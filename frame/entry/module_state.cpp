@@ -9,9 +9,9 @@ namespace {
 
 // Unloading goes down the rows.
 constexpr void (*kUnloadOrder[])(ModuleState&) = {
-    [](ModuleState& state) { state.mechanical.reset(); },       [](ModuleState& state) { state.architectural.reset(); },
-    [](ModuleState& state) { state.surveyTrace.reset(); },      [](ModuleState& state) { state.surveySheet.reset(); },
-    [](ModuleState& state) { state.sectionalPlanJob.reset(); },
+    [](ModuleState& state) { state.mechanical.reset(); },    [](ModuleState& state) { state.architectural.reset(); },
+    [](ModuleState& state) { state.symbolBrowser.reset(); }, [](ModuleState& state) { state.surveyTrace.reset(); },
+    [](ModuleState& state) { state.surveySheet.reset(); },   [](ModuleState& state) { state.sectionalPlanJob.reset(); },
 };
 
 }  // namespace
@@ -19,6 +19,7 @@ constexpr void (*kUnloadOrder[])(ModuleState&) = {
 void ModuleState::initialise(CMDIFrameWnd* mainFrame, COXShortcutBar* bar) {
   services.mainFrame = mainFrame;
   shortcutBar = bar;
+  symbolBrowser = std::make_unique<arch::SymbolBrowser>(*bar);
   services.help = &help_;
   services.toolTips = coreGetDefaultInt("Global", "ToolTips", 1) != 0;
 }

@@ -33,6 +33,7 @@ class ModuleState {
 
   std::unique_ptr<mech::MechToolset> mechanical;
   std::unique_ptr<arch::ArchToolset> architectural;
+  std::unique_ptr<arch::SymbolBrowser> symbolBrowser;  // from the start
   std::unique_ptr<Toolset> surveyTrace;
   std::unique_ptr<Toolset> surveySheet;
   std::unique_ptr<Toolset> sectionalPlanJob;

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <string>
+#include <string_view>
+
 #include "frame/host/window.h"
 
 class CCadWindow;
@@ -24,11 +28,33 @@ class CMDIFrameWnd : public CWnd {
   virtual CCadWindow* SendUserMessage(unsigned message) = 0;
 };
 
+// A tree of folders and files in the host's side bar.
+class COXShellFolderTree : public CWnd {
+ public:
+  // Hears of an item that the user selected, or that is selected no longer: its full path.
+  using Selection = std::function<void(const std::string& path, bool selected)>;
+
+  virtual void SetShowDesktopItem(bool shown) = 0;
+  virtual void SetShowFiles(bool shown) = 0;
+  // The ending of the files shown, in any case: "DRG".
+  virtual void SetFilter(std::string_view extension) = 0;
+  // Shows what lies in a folder, read afresh.
+  virtual void InitializeTree(std::string_view folder) = 0;
+  virtual void OpenFolder(std::string_view folder) = 0;
+  // Of the item selected last.
+  [[nodiscard]] virtual std::string GetFullPath() const = 0;
+  // Runs as a step of undo of its own, after a command that was asking has ended. Null: nobody listens.
+  virtual void OnSelection(Selection selection) = 0;
+};
+
 // The host's side bar; the symbol library browser puts its group there.
 class COXShortcutBar : public CWnd {
  public:
-  // Returns the new group's index.
-  virtual int InsertGroup(const char* caption) = 0;
+  // Makes a folder tree with a sunken edge; it belongs to the bar.
+  virtual COXShellFolderTree& CreateFolderTree(int childId) = 0;
+  // Shows the child in a group of its own; returns the group's index. In the caption the key of a picture may stand
+  // before a backslash.
+  virtual int InsertGroup(const char* caption, COXShellFolderTree& child) = 0;
   virtual void SetGroupMargin(int group, int pixels) = 0;
   virtual void ExpandGroup(int group) = 0;
   virtual void RedrawBar() = 0;

@@ -318,9 +318,7 @@ void ScriptPlayer::runTool(const Statement& statement) {
   host_.runTool(tool->name, tool->run);
 }
 
-void ScriptPlayer::browse(const Statement& statement) {
-  cursor_.fail(statement, "this version has no symbol browser yet");
-}
+void ScriptPlayer::browse(const Statement& statement) { host_.browse(toUtf8(cursor_.string(statement, 1))); }
 
 void ScriptPlayer::undo(const Statement& statement) {
   if (!host_.window().drawing().undo()) { cursor_.fail(statement, "there is nothing to undo"); }

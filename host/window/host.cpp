@@ -5,6 +5,7 @@
 
 #include "frame/host/core_services.h"
 #include "frame/host/dialog_description.h"
+#include "host/core/text_encoding.h"
 #include "host/macros/command.h"
 
 namespace brevan {
@@ -22,18 +23,14 @@ CCadWindow* MainFrame::SendUserMessage(unsigned message) {
 
 void MainFrame::closeDrawingView(CCadWindow& view) { host_.dropWindow(view); }
 
-int PlainShortcutBar::InsertGroup(const char* caption) {
-  groups_.emplace_back(caption);
-  return static_cast<int>(groups_.size()) - 1;
-}
-
 Host::Host(const HostParts& parts)
     : parts_(parts),
       paths_{&parts.settings},
       context_{parts.files, parts.settings, parts.helpFile, nullptr, parts.showHelp, {}, this},
       binding_(context_),
       fileDrawings_(parts.files),
-      mainFrame_(*this) {
+      mainFrame_(*this),
+      shortcutBar_(parts.files) {
   openWindow("Drawing1");
 }
 
@@ -41,7 +38,7 @@ Host::~Host() = default;
 
 void Host::loadModule(const std::string& path) {
   module_ = std::make_unique<Module>(path);
-  module_->initialise(mainFrame_, parts_.shortcutBar != nullptr ? *parts_.shortcutBar : shortcutBar_);
+  module_->initialise(mainFrame_, sideBar());
 }
 
 DrawingWindow& Host::openWindow(std::string name) {
@@ -167,6 +164,17 @@ void Host::runStep(std::string name, const std::function<void(DrawingWindow&)>& 
     throw;
   }
   endCommand(windowsBefore, window, true);
+}
+
+void Host::browse(const std::string& file) {
+  FolderTree* const tree = sideBar().tree();
+  if (tree == nullptr) { throw HostFailure("There is no symbol browser yet, ArchPlaceSym puts it up."); }
+  const auto found = tree->find(file);
+  if (!found) {
+    throw HostFailure("The symbol library \"" + tree->folder() + "\" has no file \"" + messageText(file) + "\".");
+  }
+  const StyleOfUser style(window().style());
+  runStep("Place Symbols", [&](DrawingWindow&) { tree->pick(*found); });
 }
 
 void Host::runMacro(std::string_view text) {

@@ -14,6 +14,7 @@
 #include "host/macros/variables.h"
 #include "host/window/drawing_window.h"
 #include "host/window/module.h"
+#include "host/window/side_bar.h"
 
 namespace brevan {
 
@@ -30,31 +31,15 @@ class MainFrame : public CMDIFrameWnd {
   Host& host_;
 };
 
-// The side bar as far as a host without a desktop has one: it remembers its groups.
-class PlainShortcutBar : public COXShortcutBar {
- public:
-  int InsertGroup(const char* caption) override;
-  void SetGroupMargin(int, int) override {}
-  void ExpandGroup(int group) override { expanded_ = group; }
-  void RedrawBar() override {}
-  void SetFocus() override {}
-  [[nodiscard]] const std::vector<std::string>& groups() const { return groups_; }
-  [[nodiscard]] int expanded() const { return expanded_; }
-
- private:
-  std::vector<std::string> groups_;
-  int expanded_ = -1;
-};
-
 // What a host is built from; all of it outlives the host.
 struct HostParts {
   User& user;
   FileServices& files;
   INI_LIST& settings;
   EventSink* events = nullptr;
-  std::string helpFile;                   // of the host, in Windows-1252
-  DrawingSource* drawings = nullptr;      // where inserted drawings and symbol files come from; null: the files
-  COXShortcutBar* shortcutBar = nullptr;  // the side bar; null: one that only remembers its groups
+  std::string helpFile;               // of the host, in Windows-1252
+  DrawingSource* drawings = nullptr;  // where inserted drawings and symbol files come from; null: the files
+  SideBar* shortcutBar = nullptr;     // null: one that nobody sees
   std::function<bool(const std::string& topic)> showHelp{};  // opens a page of help; null: there is no viewer
 };
 
@@ -80,6 +65,9 @@ class Host {
   [[nodiscard]] const CommandRow* runningCommand() const { return command_; }
   // Runs a tool of the host's own likewise; what is selected stays so for it.
   void runTool(std::string_view name, void (*work)(DrawingWindow& window));
+  // Picks a file in the symbol browser, as one undo step; the file as FolderTree::find takes it. Throws HostFailure
+  // where there is no such file, or no browser yet.
+  void browse(const std::string& file);
   // Runs one macro command as typed by the user. Throws MacroError.
   void runMacro(std::string_view text);
 
@@ -104,6 +92,7 @@ class Host {
 
  private:
   friend class MainFrame;
+  [[nodiscard]] SideBar& sideBar() { return parts_.shortcutBar != nullptr ? *parts_.shortcutBar : shortcutBar_; }
   void runStep(std::string name, const std::function<void(DrawingWindow&)>& work);
   void dropWindow(const CCadWindow& view);
   void endCommand(size_t windowsBefore, DrawingWindow& window, bool well);
@@ -115,7 +104,7 @@ class Host {
   FileDrawings fileDrawings_;
   SymbolTable symbols_;  // of the symbol files loaded for every window
   MainFrame mainFrame_;
-  PlainShortcutBar shortcutBar_;
+  SideBar shortcutBar_;
   std::vector<std::unique_ptr<DrawingWindow>> windows_;
   size_t current_ = 0;
   DrawingWindow* running_ = nullptr;     // where a command runs; the windows that it opens belong to its step

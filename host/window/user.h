@@ -87,6 +87,7 @@ class User {
   virtual std::optional<int> choosePen(const std::string& title, int pen) = 0;
   // Operates the dialog until it is closed; true for OK.
   virtual bool runDialog(dialog::Dialog& dialog) = 0;
+  virtual void showSideBar(bool) {}
   virtual void showStatus(const std::string& text) = 0;
   virtual void showPrompt(const std::string& text) = 0;
   // Called often on long work; may throw to cancel it.

@@ -109,7 +109,10 @@ void DrawingWindow::gsDisplayLine(double x1, double y1, double x2, double y2, in
 
 void DrawingWindow::gsSetDisplayToCopy() { call("gsSetDisplayToCopy"); }
 
-void DrawingWindow::gsShowLegendBar(int shown) { call("gsShowLegendBar", {shown}); }
+void DrawingWindow::gsShowLegendBar(int shown) {
+  services_.user.showSideBar(shown != 0);
+  call("gsShowLegendBar", {shown});
+}
 
 void DrawingWindow::gsCenterPaper(double x, double y) {
   call("gsCenterPaper", {x, y});

@@ -7,6 +7,9 @@
 
 #include "frame/host/number_text.h"
 #include "host/drawing/text_layout.h"
+#include "host/window/dialog_session.h"
+#include "host/window/host.h"
+#include "host/window/silent_user.h"
 #include "tests/mech/command_session.h"
 
 // What holds for the plan of every township; tests/cases/general_plans has what a plan holds.
@@ -161,6 +164,54 @@ TEST_F(GeneralPlanLaws, NumbersStandInTheirErvenAndAreasSumToTheFigure) {
     }
     EXPECT_NEAR(sum, width_ * depth_, 0.5 * static_cast<double>(erven_.size()));
   }
+}
+
+// Confirms the dialog and presses Escape when it is shown the third time how far the work went.
+class Impatient : public brevan::SilentUser {
+ public:
+  bool runDialog(dialog::Dialog& dialog) override {
+    brevan::DialogSession session(dialog, *this, nullptr);
+    session.open();
+    for (int control = 0; !session.closed(); ++control) {
+      const auto* button = std::get_if<dialog::Button>(&dialog.control(control).state);
+      if (button != nullptr && button->role == dialog::ButtonRole::kOk) { session.press(control); }
+    }
+    return session.accepted();
+  }
+  bool stopsAtProgress(int, int, const std::string&) override { return ++shown_ == 3; }
+
+ private:
+  int shown_ = 0;
+};
+
+using StoppedPlan = CoreFixture;
+
+TEST_F(StoppedPlan, KeepsTheDimensionsThatAreDrawnInOneStepOfUndo) {
+  settings().SetString("SG_DEFAULTS", "SG_GenPlanFile", write("plan.ini", "[DEFAULTS]\nBearing=D\n"));
+  Impatient user;
+  brevan::Host host(brevan::HostParts{user, files(), settings(), nullptr, ""});
+  host.loadModule(ARDENIX_MODULE);
+  brevan::Drawing& drawing = host.window().drawing();
+  brevan::Parameters parameters;
+  parameters.setCoordinateSystem(0);
+  drawing.setParameters(parameters);
+  const int numbers = drawing.addLayer({"STAND_NO"});
+  constexpr int kAlong = 15;
+  for (int n = 0; n <= kAlong; ++n) {
+    drawing.add({.geometry = brevan::Line{{n * 20.0, 0}, {n * 20.0, kAlong * 30.0}}});
+    drawing.add({.geometry = brevan::Line{{0, n * 30.0}, {kAlong * 20.0, n * 30.0}}});
+  }
+  for (int erf = 0; erf < kAlong * kAlong; ++erf) {
+    const int row = erf / kAlong;
+    const brevan::Point inside{erf % kAlong * 20.0 + 10.0, row * 30.0 + 15.0};
+    drawing.add({.layer = numbers, .geometry = brevan::Text{.at = inside, .text = std::to_string(erf + 1)}});
+  }
+  const size_t before = drawing.count();
+  host.runCommand("SG_MultiSurveyDims");
+  EXPECT_EQ(drawing.count(), before + 100) << "two steps of tracing, one of drawing";
+  EXPECT_LT(drawing.layerNamed("Z___SURV_DIMS_SCRATCH"), 0);
+  ASSERT_TRUE(drawing.undo());
+  EXPECT_EQ(drawing.count(), before);
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ TEST(ShippedSymbols, OpeningsHaveAPlanAndAnElevationAsWide) {
       const SymbolDefinition* plan = drawing.symbol(name + "P");
       const SymbolDefinition* elevation = drawing.symbol(name + "PE");
       ASSERT_TRUE(plan != nullptr && elevation != nullptr) << name;
-      const double width = *numberText::parseDouble(name.substr(1));
+      const double width = numberText::leadingDouble(name.substr(name.find_first_of("123456789"))).value_or(0.0);
       EXPECT_NEAR(boxOf(*plan).width(), width, kSame);
       const Box face = boxOf(*elevation);
       EXPECT_NEAR(face.width(), width, kSame);
