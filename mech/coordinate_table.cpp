@@ -3,6 +3,7 @@
 
 #include "frame/drafting/part_round.h"
 #include "frame/host/number_text.h"
+#include "mech/labelled_holes.h"
 #include "mech/list_command.h"
 #include "mech/table_commands.h"
 
@@ -58,7 +59,6 @@ class CoordinateTable : public ListCommand {
   explicit CoordinateTable(MechToolset& toolset);
 
  protected:
-  bool pickRow() override;
   void donePicking() override { show(); }
   [[nodiscard]] std::vector<std::string> fileLines() const override;
   [[nodiscard]] size_t columnsDrawn() const override { return diameters_.checked() ? 4 : 3; }
@@ -66,12 +66,17 @@ class CoordinateTable : public ListCommand {
 
  private:
   void describeOptions();
+  void describeButtons();
+  bool pickRow();
+  bool pickOrigin();
+  void addHoles();
   void show() const;
   [[nodiscard]] TableRow texts(const CoordinateRow& row) const;
   // The label where the user clicks; nothing where he gives up the row.
   [[nodiscard]] std::optional<std::string> askLabel() const;
 
   std::vector<CoordinateRow> rows_;
+  Point origin_;  // from which coordinates count
   dialog::CheckHandle diameters_;
   CIntSpinCtrl decimals_;
 };
@@ -81,7 +86,18 @@ CoordinateTable::CoordinateTable(MechToolset& toolset) : ListCommand(toolset, kT
   for (const char* title : {"ID", "X", "Y", "\xD8"}) {
     list().list().columns.push_back({.title = title, .width = kColumnWidth});
   }
-  addPickButton("Add Coords", "Click here to add coordinates from the drawing", buttonGroup(), 0);
+  describeButtons();
+}
+
+void CoordinateTable::describeButtons() {
+  addPickButton("Add Coords", "Click here to add coordinates from the drawing", 0, [this] { return pickRow(); });
+  addButton(box(),
+            {.caption = "Add All Holes",
+             .toolTip = "Add every circle of the drawing that has a label within 10 mm, in the order of the labels",
+             .group = buttonGroup(),
+             .place = {.column = 1}})
+      .onPress([this] { addHoles(); });
+  addPickButton("Origin...", "Choose the point from which the coordinates count", 2, [this] { return pickOrigin(); });
 }
 
 void CoordinateTable::describeOptions() {
@@ -106,7 +122,7 @@ void CoordinateTable::describeOptions() {
 TableRow CoordinateTable::texts(const CoordinateRow& row) const {
   const int decimals = std::clamp(decimals_.GetValue(), 0, kMostDecimals);
   const auto number = [decimals](double value) { return numberText::fixed(value, decimals); };
-  return {row.label, number(row.at.x), number(row.at.y), number(row.diameter)};
+  return {row.label, number(row.at.x - origin_.x), number(row.at.y - origin_.y), number(row.diameter)};
 }
 
 void CoordinateTable::show() const {
@@ -116,12 +132,27 @@ void CoordinateTable::show() const {
   showRows(std::move(rows));
 }
 
-bool CoordinateTable::pickRow() {
-  std::optional<Point> at;
-  {
-    const PointSnap snap(view());
-    at = askPoint(view(), "Click on a coordinate to add (spacebar to finish)");
+// A point of the drawing near the click.
+std::optional<Point> askSnapped(CCadWindow& view, std::string_view prompt) {
+  const PointSnap snap(view);
+  return askPoint(view, prompt);
+}
+
+// Coordinates count from it from now on, those of the rows that are there as well.
+bool CoordinateTable::pickOrigin() {
+  if (const auto at = askSnapped(view(), "Click on the origin of the coordinates")) { origin_ = *at; }
+  return false;
+}
+
+void CoordinateTable::addHoles() {
+  for (LabelledHole& hole : labelledHoles(view())) {
+    rows_.push_back({std::move(hole.label), hole.centre, hole.diameter});
   }
+  show();
+}
+
+bool CoordinateTable::pickRow() {
+  const auto at = askSnapped(view(), "Click on a coordinate to add (spacebar to finish)");
   if (!at) { return false; }
   const double diameter = diameters_.checked() ? diameterAt(view(), *at) : 0.0;
   const auto label = askLabel();

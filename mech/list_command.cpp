@@ -33,11 +33,12 @@ ListCommand::ListCommand(MechToolset& toolset, const ListTrade& trade)
   dialog_.onOk = [this] { return confirm(); };
 }
 
-void ListCommand::addPickButton(std::string caption, std::string toolTip, int group, int column) {
-  addButton(dialog_,
-            {.caption = std::move(caption), .toolTip = std::move(toolTip), .group = group, .place = {.column = column}})
-      .onPress([this] {
-        picks_ = true;
+void ListCommand::addPickButton(std::string caption, std::string toolTip, int column, std::function<bool()> pickOne) {
+  addButton(
+      dialog_,
+      {.caption = std::move(caption), .toolTip = std::move(toolTip), .group = buttons_, .place = {.column = column}})
+      .onPress([this, pickOne = std::move(pickOne)] {
+        picks_ = pickOne;
         dialog_.close(false);
       });
 }
@@ -50,20 +51,19 @@ void ListCommand::addFrameChoice(std::string toolTip, dialog::Place place) {
 
 void ListCommand::run() {
   for (;;) {
-    picks_ = false;
-    const bool accepted = services_.mainFrame->RunDialog(dialog_, services_.mainFrame);
-    if (accepted) { place(); }
+    picks_ = nullptr;
+    if (services_.mainFrame->RunDialog(dialog_, services_.mainFrame)) { place(); }
     if (!picks_) { break; }
-    pick();
+    pick(picks_);
   }
   endPart(view_);
   view_.gsSetViewDirty(1);
   view_.gsRefresh();
 }
 
-void ListCommand::pick() {
+void ListCommand::pick(const std::function<bool()>& pickOne) {
   view_.SetFocus();
-  while (pickRow()) {}
+  while (pickOne()) {}
   donePicking();
   view_.gsSetViewDirty(1);
   view_.gsRefresh();

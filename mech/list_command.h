@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,8 +34,7 @@ class ListCommand {
 
  protected:
   // ---- Of a kind of list
-  // One row from the drawing; false when the user has enough.
-  virtual bool pickRow() = 0;
+  // The dialog is about to be shown again.
   virtual void donePicking() {}
   [[nodiscard]] virtual std::vector<std::string> fileLines() const = 0;
   // The columns that are drawn, and the rows with the header before them.
@@ -42,8 +42,8 @@ class ListCommand {
   [[nodiscard]] virtual std::vector<TableRow> rowsDrawn() const = 0;
 
   // ---- For it
-  // Closes the dialog, for picking in the drawing.
-  void addPickButton(std::string caption, std::string toolTip, int group, int column);
+  // Closes the dialog for picking in the drawing, one thing after another until the user has enough: false.
+  void addPickButton(std::string caption, std::string toolTip, int column, std::function<bool()> pickOne);
   // Rows changed: columns become wide enough for them.
   void showRows(std::vector<TableRow> rows) const;
   // The text nearest to a point, as far as rows hold it; says so where there is none.
@@ -57,7 +57,7 @@ class ListCommand {
   void addFrameChoice(std::string toolTip, dialog::Place place);
 
  private:
-  void pick();
+  void pick(const std::function<bool()>& pickOne);
   bool confirm();
   void save();
   void place();
@@ -70,7 +70,7 @@ class ListCommand {
   int buttons_;
   dialog::ColumnListHandle list_;
   dialog::CheckHandle frame_;
-  bool picks_ = false;  // the dialog was closed for picking
+  std::function<bool()> picks_;  // what the dialog was closed for
 };
 
 }  // namespace ardenix::mech

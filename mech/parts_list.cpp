@@ -30,12 +30,12 @@ class PartsList : public ListCommand {
   explicit PartsList(MechToolset& toolset);
 
  protected:
-  bool pickRow() override;
   void donePicking() override { showRows(rows_); }
   [[nodiscard]] std::vector<std::string> fileLines() const override;
   [[nodiscard]] std::vector<TableRow> rowsDrawn() const override;
 
  private:
+  bool pickRow();
   void addColumn();
   [[nodiscard]] TableRow titles() const;
 
@@ -49,7 +49,8 @@ PartsList::PartsList(MechToolset& toolset) : ListCommand(toolset, kTrade) {
   }
   addButton(box(), {.caption = "Add Column", .toolTip = "Add a column to the parts list", .group = buttonGroup()})
       .onPress([this] { addColumn(); });
-  addPickButton("Add Parts", "Add a part to this list (from a text entity in the drawing)", buttonGroup(), 1);
+  addPickButton("Add Parts", "Add a part to this list (from a text entity in the drawing)", 1,
+                [this] { return pickRow(); });
 }
 
 void PartsList::addColumn() {
