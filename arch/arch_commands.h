@@ -15,5 +15,9 @@ void setRoofLine(ArchToolset& toolset);
 void drawRoofLine(ArchToolset& toolset);
 void setRoofs(ArchToolset& toolset);
 void drawRoofs(ArchToolset& toolset);
+void setStairs(ArchToolset& toolset);
+void drawStairs(ArchToolset& toolset);
+void setSections(ArchToolset& toolset);
+void drawSections(ArchToolset& toolset);
 
 }  // namespace ardenix::arch

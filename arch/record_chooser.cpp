@@ -11,10 +11,10 @@ void RecordChooser::describe(int group, RecordRules rules) {
   list_ = addEditableList(
       dialog_, {.caption = std::string(words_.caption), .toolTip = std::string(words_.listTip), .group = group});
   list_.onEdit([this] {
-    if (!list_.typed()) { choose(); }
+    if (!list_.typed()) { chooseAnother(); }
   });
   list_.onLeave([this] {
-    if (list_.selected() >= 0 && list_.selected() != index_) { choose(); }
+    if (list_.selected() >= 0 && list_.selected() != index_) { chooseAnother(); }
   });
   const auto button = [&](std::string caption, std::string_view toolTip, int column) {
     return addButton(
@@ -37,8 +37,18 @@ void RecordChooser::choose() {
   rules_.show(number());
 }
 
+void RecordChooser::leave() {
+  if (rules_.leaving && index_ >= 0) { rules_.leaving(); }
+}
+
+void RecordChooser::chooseAnother() {
+  leave();
+  choose();
+}
+
 void RecordChooser::add() {
   if (!rules_.mayBeSaved()) { return; }
+  leave();
   const auto name = askNewName(services_, &dialog_, words_.namePrompt);
   if (!name) { return; }
   store_.addRecord(rules_.record(*name), list_, words_.section);
@@ -46,7 +56,7 @@ void RecordChooser::add() {
 }
 
 void RecordChooser::remove() {
-  if (index_ < 0) { return; }
+  if (index_ < 0 || (rules_.mayBeRemoved && !rules_.mayBeRemoved())) { return; }
   store_.removeRecord(index_, list_, words_.section);
   choose();
 }

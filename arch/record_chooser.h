@@ -27,6 +27,8 @@ struct RecordRules {
   std::function<void(int number)> show;                        // record `number`, counted from 1; 0: there is none
   std::function<bool()> mayBeSaved;                            // else says why what is shown makes no record
   std::function<std::string(const std::string& name)> record;  // of what is shown
+  std::function<void()> leaving{};                             // before another is shown than the one chosen
+  std::function<bool()> mayBeRemoved{};                        // the one chosen
 };
 
 // The list of a dialog's records with Add and Delete, which act on the file at once. The first record is chosen where
@@ -50,6 +52,8 @@ class RecordChooser {
 
  private:
   void choose();
+  void chooseAnother();
+  void leave();
   void add();
   void remove();
 

@@ -42,9 +42,10 @@ void StyleFields::take(LineStyle& style) const {
 
 // ---- Layers -------------------------------------------------------------------------------------------------
 
-void LayerFields::describe(dialog::Dialog& dialog, std::vector<Row> rows, dialog::Place place) {
+void LayerFields::describe(dialog::Dialog& dialog, std::vector<Row> rows, dialog::Place place, int parent) {
   dialog_ = &dialog;
-  const int group = dialog.addGroup({.caption = rows.size() > 1 ? "Layer names:" : "", .place = place});
+  const int group =
+      dialog.addGroup({.caption = rows.size() > 1 ? "Layer names:" : "", .parent = parent, .place = place});
   fields_.reserve(rows.size());
   for (Row& row : rows) {
     const int line = static_cast<int>(fields_.size());

@@ -50,8 +50,8 @@ class LayerFields {
   LayerFields(const LayerFields&) = delete;
   LayerFields& operator=(const LayerFields&) = delete;
 
-  // In a group of their own, which bears their heading where there are several.
-  void describe(dialog::Dialog& dialog, std::vector<Row> rows, dialog::Place place);
+  // In a group of their own within another, which bears their heading where there are several.
+  void describe(dialog::Dialog& dialog, std::vector<Row> rows, dialog::Place place, int parent = 0);
   // Lists the layers and shows those stored.
   void show() const;
   // Whether parts can lie on the layers shown; else says which name is kept for parts in the making.

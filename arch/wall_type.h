@@ -30,6 +30,11 @@ struct WallType {
   bool filletsCorners = false;
   std::array<LayerStyle, kWallRows> rows;
   std::array<double, kWallWidths> widths = {};
+
+  // Of an external wall, from its outer to its inside face.
+  [[nodiscard]] double thickness() const {
+    return widths[kExtWallWidth] + widths[kCavityWidth] + widths[kIntWallWidth];
+  }
 };
 
 // Whether the host can cut a wall's end at this angle: 1 to 179 degrees, or 181 to 359. Nearer to its direction of

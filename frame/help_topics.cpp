@@ -15,6 +15,7 @@ constexpr HelpTopic kHelpTopics[] = {
     {"Elevation Setup", "Ardenix/Architectural_Tools/Dialogs/Elevation_Setup_Dialog.htm"},
     {"Roof Line Setup", "Ardenix/Architectural_Tools/Dialogs/Roof_Line_Setup_Dialog.htm"},
     {"Roof Setup", "Ardenix/Architectural_Tools/Dialogs/Roof_Setup_Dialog.htm"},
+    {"Stairs Setup", "Ardenix/Architectural_Tools/Dialogs/Architectural_Setup_Dialog.htm"},
     {"Wall Setup (internal)", "Ardenix/Architectural_Tools/Dialogs/Wall_Setup_Dialog.htm#Internal_Wall_Setup_Dialog"},
     {"Wall Setup (external)", "Ardenix/Architectural_Tools/Dialogs/Wall_Setup_Dialog.htm#External_Wall_Setup_Dialog"},
     {"Cross Section Setup", "Ardenix/Architectural_Tools/Dialogs/Cross_Section_Setup_Dialog.htm"},

@@ -91,29 +91,29 @@ def windows():
 
 # ---- Doors -------------------------------------------------------------------------------------------------------
 
-def jambs(width):
-    return [line(0, 0, 0, WALL), line(width, 0, width, WALL), line(0, 0, width, 0)]
+def jambs(width, wall=WALL):
+    return [line(0, 0, 0, wall), line(width, 0, width, wall), line(0, 0, width, 0)]
 
 
-def leaf_plan(hinge, leaf, inward):
+def leaf_plan(hinge, leaf, inward, wall=WALL):
     edge = hinge + inward * LEAF
-    return [rectangle(min(hinge, edge), WALL, max(hinge, edge), WALL + leaf),
-            quarter(hinge, WALL, leaf, 0 if inward == 1 else 90)]
+    return [rectangle(min(hinge, edge), wall, max(hinge, edge), wall + leaf),
+            quarter(hinge, wall, leaf, 0 if inward == 1 else 90)]
 
 
 def leaf_elevation(left, right, head, leaf, handle):
     return [rectangle(left, -head, right, -head + leaf)] + ([circle(handle, 950 - head, 25)] if handle else [])
 
 
-def hinged(width, right_hand=False, head=HEAD, leaf_height=LEAF_HEIGHT):
+def hinged(width, right_hand=False, head=HEAD, leaf_height=LEAF_HEIGHT, wall=WALL):
     if width > WIDEST_LEAF:
         leaves = [(0, width / 2, 1), (width, width / 2, -1)]
     else:
         leaves = [(width, width, -1)] if right_hand else [(0, width, 1)]
-    plan = jambs(width)
+    plan = jambs(width, wall)
     elevation = [rectangle(0, -head, width, 0)]
     for hinge, leaf, inward in leaves:
-        plan += leaf_plan(hinge, leaf, inward)
+        plan += leaf_plan(hinge, leaf, inward, wall)
         left, right = sorted((hinge, hinge + inward * leaf))
         left, right = left + (FRAME if left == 0 else 0), right - (FRAME if right == width else 0)
         handle = hinge + inward * (leaf - 2 * FRAME)
@@ -172,6 +172,10 @@ def doors():
     for width in (610, 750, 762, 813, 900, 926):
         yield f"D{width}", hinged(width)
         yield f"D{width}R", hinged(width, right_hand=True)
+    for width in (762, 813, 900):
+        for wall in WALLS:
+            yield f"D{width}-{wall}", hinged(width, wall=wall)
+            yield f"D{width}R-{wall}", hinged(width, right_hand=True, wall=wall)
     for width in (1500, 1800):
         yield f"D{width}", hinged(width)
         yield f"DB{width}", bifold(width)

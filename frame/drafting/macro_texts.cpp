@@ -68,6 +68,10 @@ std::string repeatLinear(int copies, Point from, Point to) {
   return format("#REPEAT %d \"Y\" [%.8f,%.8f] [%.8f,%.8f] [#]", copies, from.x, from.y, to.x, to.y);
 }
 
+std::string repeatSteps(int copies, Point from, Point to) {
+  return format("#REPEAT %d \"Y\" [%.8f,%.8f] [%.8f,%.8f]", copies, from.x, from.y, to.x, to.y);
+}
+
 std::string repeatPolar(int copies, Point centre, double angle) {
   return format("#REPEAT %d \"N\" [%.8f,%.8f] %.8f", copies, centre.x, centre.y, angle);
 }
@@ -104,12 +108,22 @@ std::string arcOfRadius(Point from, Point to, double radius) {
   return format("ARCR [%.8f,%.8f] [%.8f,%.8f] %.8f [#]", from.x, from.y, to.x, to.y, radius);
 }
 
+std::string turnOverSideways(Point axis) { return format("#MIRROR [%.8f,%.8f] \"Y\" \"N\"", axis.x, axis.y); }
+
+std::string turnOverUpDown(Point axis) { return format("#MIRROR [%.8f,%.8f] \"N\" \"N\"", axis.x, axis.y); }
+
+std::string mirrorKeeping(Point axis) { return format("MIRROR [%.5f,%.5f] \"Y\" \"Y\"", axis.x, axis.y); }
+
 std::string cutOut(Point corner, Point opposite) {
   return format("#SNIP \"Y\" \"Y\" \"N\" [%.8f,%.8f] [%.8f,%.8f] [#]", corner.x, corner.y, opposite.x, opposite.y);
 }
 
 std::string cutAround(Point corner, Point opposite) {
   return format("#SNIP \"Y\" \"N\" \"N\" [%.3f,%.3f] [%.3f,%.3f] [#]", corner.x, corner.y, opposite.x, opposite.y);
+}
+
+std::string cutWindow(Point corner, Point opposite) {
+  return format("SNIP \"Y\" \"Y\" \"Y\" [%.3f,%.3f] [%.3f,%.3f] [#]", corner.x, corner.y, opposite.x, opposite.y);
 }
 
 std::string cutCircle(Point centre, Point onCircle) {

@@ -32,6 +32,11 @@ inline constexpr std::string_view kDeleteSelection = "#DELSELECT";
 inline constexpr std::string_view kClearCurrent = "#CLEARCURROBJ";
 inline constexpr std::string_view kClearWorkSpace = "#CLEARWS";
 inline constexpr std::string_view kShowPowerBar = "SHOWPOWERBAR";
+// The same without the mark, as trusses send it, with the group that they open.
+inline constexpr std::string_view kPlainSelectNew = "SELECTNEW 1";
+inline constexpr std::string_view kPlainSelectNewEnd = "SELECTNEW 0";
+inline constexpr std::string_view kPlainClearSelection = "CLEARSEL";
+inline constexpr std::string_view kTrussGroup = "BEGINGROUP \"TRUSS\"";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
 // The cursor, held, runs level and plumb; and runs free again.
 inline constexpr std::string_view kLockAxes = "#LOCKANG \"K\" 90";
@@ -48,6 +53,7 @@ inline constexpr std::string_view kFreeCursor = "curmode \"F\"";
 // Moves the cursor onto the line near it; locks it onto that line; turns the lock square to it; holds the cursor where
 // it is, or releases it; frees it.
 inline constexpr std::string_view kJumpToLine = "jumpnear \"L\"";
+inline constexpr std::string_view kJumpNearest = "jumpnear \"N\"";
 inline constexpr std::string_view kLockOntoCursorLine = "lockang \"L\"[#]";
 inline constexpr std::string_view kLockSquare = "yperp";
 inline constexpr std::string_view kToggleHold = "cursorhold";
@@ -104,6 +110,8 @@ std::string mirrorAcross(Point first, Point second);
 // Adds copies of the selection, each displaced by the vector from -> to, or turned about `centre` by the
 // angle.
 std::string repeatLinear(int copies, Point from, Point to);
+// The same without the closing mark, as stairs send it.
+std::string repeatSteps(int copies, Point from, Point to);
 std::string repeatPolar(int copies, Point centre, double angle);
 // Round a gear, with the blanks that its macros have had from the start.
 std::string repeatTeeth(int copies, Point centre, double angle);
@@ -124,11 +132,19 @@ std::string filletFlank(double radius, Point near);  // of a gear's tooth
 std::string arcThrough(Point first, Point second, Point third);
 std::string arcOfRadius(Point from, Point to, double radius);
 
+// Mirrors the selection about the vertical line through a point, or about the horizontal one; nothing is kept.
+std::string turnOverSideways(Point axis);
+std::string turnOverUpDown(Point axis);
+// About the vertical line through a point, keeping the original; the point with five decimals.
+std::string mirrorKeeping(Point axis);
+
 // Removes what the selection, or else the drawing, has inside the window between two corners.
 std::string cutOut(Point corner, Point opposite);
 // As above with three decimals: removes what lies outside a window, or inside a circle, whose outline is then drawn.
 std::string cutAround(Point corner, Point opposite);
 std::string cutCircle(Point centre, Point onCircle);
+// Removes what lies inside a window, whose outline is then drawn.
+std::string cutWindow(Point corner, Point opposite);
 // Removes what lies outside a polygon; its corners go out with one decimal.
 std::string cutAroundPolygon(std::span<const Point> corners);
 // Enlarges the selection from a point; three decimals, or eight.

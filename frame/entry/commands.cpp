@@ -101,7 +101,13 @@ constexpr Trade kPlans{CommandFamily::kSurvey, kGeneralPlanJob, kGeneralPlans};
   ROW(ArchRoofLine, kArchitectural, "Draw Roof L&ine...", "roof_line", "Roof Line Setup", arch::drawRoofLine) \
   ROW(ArchSetRoofs, kArchitectural, "Roof Set&up...", "roof_setup", "Roof Setup", arch::setRoofs) \
   ROW(ArchDrawRoofs, kArchitectural, "Draw &Roofs...", "roof", "Roof Setup", arch::drawRoofs) \
-  ROW(ArchPlaceSym, kArchitectural, "&Place Symbols", "place_symbol", "", arch::placeSymbols)
+  ROW(ArchSetStairs, kArchitectural, "Stairs Setu&p...", "stairs_setup", "Stairs Setup", arch::setStairs) \
+  ROW(ArchDrawStairs, kArchitectural, "Draw St&airs...", "stairs", "Stairs Setup", arch::drawStairs) \
+  ROW(ArchSetXSect, kArchitectural, "&Cross Section Setup...", "cross_section_setup", "Cross Section Setup", \
+      arch::setSections) \
+  ROW(ArchDrawXSect, kArchitectural, "Draw Cr&oss Sections...", "cross_section", "Cross Section Setup", \
+      arch::drawSections) \
+  ROW(ArchPlaceSym, kArchitectural, "Place S&ymbols", "place_symbol", "", arch::placeSymbols)
 
 #define COMMANDS_OF_GIVEN_VIEW(ROW) \
   ROW(SG_DiagramEditor, kDiagramSettings, "SG &Diagram: Setup...", "diagram_setup", "Diagram Defaults", \

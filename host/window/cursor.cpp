@@ -63,8 +63,8 @@ std::optional<double> Cursor::lockedAngle() const {
 }
 
 Point Cursor::snapped(Point p, const Drawing& drawing) const {
-  if (snapMode_ == kOrthogonal) {
-    const Point origin = heldAt();
+  if (snapMode_ == kOrthogonal && held_) {
+    const Point origin = *held_;
     return std::abs(p.x - origin.x) >= std::abs(p.y - origin.y) ? Point{p.x, origin.y} : Point{origin.x, p.y};
   }
   if (!snapToNear_) { return p; }

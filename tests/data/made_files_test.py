@@ -11,6 +11,7 @@ ROOT = Path(__file__).resolve().parents[2]
 SYMBOLS = ROOT / "data" / "symbols"
 sys.path.insert(0, str(SYMBOLS))
 sys.dont_write_bytecode = True
+import make_furnishings  # noqa: E402
 import make_openings  # noqa: E402
 
 
@@ -19,9 +20,9 @@ class MadeFiles(unittest.TestCase):
         for script in ("make_mechspecs.py", "make_archspecs.py", "make_pictures.py"):
             done = subprocess.run([ROOT / "data" / script, "--check"], capture_output=True, text=True, check=False)
             self.assertEqual(done.returncode, 0, done.stderr)
-        written = {name: make_openings.text(lines) for name, lines in make_openings.files()}
-        committed = {str(path.relative_to(SYMBOLS)): path.read_text(encoding="utf-8")
-                     for folder in ("Windows", "Doors") for path in (SYMBOLS / folder).glob("*.sym")}
+        written = {name: make_openings.text(lines, f"{script.__name__}.py")
+                   for script in (make_openings, make_furnishings) for name, lines in script.files()}
+        committed = {str(path.relative_to(SYMBOLS)): path.read_text(encoding="utf-8") for path in SYMBOLS.glob("*/*.sym")}
         self.assertEqual(written, committed)
 
     def test_dialogs_name_pictures_that_are_there_and_no_other_is(self):

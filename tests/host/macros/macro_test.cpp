@@ -150,7 +150,7 @@ TEST_F(CursorMacros, ALineLockAndItsSquare) {
 }
 
 TEST_F(CursorMacros, SnappingComesBeforeTheLock) {
-  start("point 10.4 0.4\npoint 30 2\npoint 12 0.4\n");
+  start("point 10.4 0.4\npoint 30 2\npoint 40 1\npoint 12 0.4\n");
   line(0, 0, 10, 0);
   macro("CURMODE \"A\"");
   EXPECT_EQ(given(), (Point{10, 0}));
@@ -158,6 +158,8 @@ TEST_F(CursorMacros, SnappingComesBeforeTheLock) {
   window().gsSetCursorHold(1);
   window().gsSetSnapMode(9);
   EXPECT_EQ(given(), (Point{30, 0}));
+  window().gsSetCursorHold(0);
+  EXPECT_EQ(given(), (Point{40, 1})) << "without a held coordinate there is nothing to be square to";
   window().beginCommand("next");
   EXPECT_EQ(given(), (Point{12, 0.4})) << "a command starts with a free cursor";
   window().endCommand(true);
