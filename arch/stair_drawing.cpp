@@ -5,6 +5,7 @@
 #include "arch/elevation_view.h"
 #include "arch/plan_geometry.h"
 #include "frame/drafting/macro_texts.h"
+#include "frame/drafting/scratch_layer.h"
 
 namespace ardenix::arch {
 
