@@ -25,6 +25,20 @@ class MadeFiles(unittest.TestCase):
         committed = {str(path.relative_to(SYMBOLS)): path.read_text(encoding="utf-8") for path in SYMBOLS.glob("*/*.sym")}
         self.assertEqual(written, committed)
 
+    def test_openings_fill_their_frames(self):
+        for path in (*SYMBOLS.glob("Windows/*.sym"), *SYMBOLS.glob("Doors/*.sym")):
+            nominal = float(re.match(r"[A-Z]+(\d+)", path.stem)[1])
+            wall = float((re.findall(r"-(\d+)$", path.stem) or ["220"])[0])
+            plan, elevation = ([[float(n) for n in row.split()[1:]] for row in part.splitlines() if row.startswith(("  line", "  closed"))]
+                               for part in path.read_text(encoding="utf-8").split("symbol ")[1:])
+            y = {v for row in plan for v in row[1::2]}
+            self.assertTrue(min(y) == 0 and wall in y, path.name)
+            for rows in (plan, elevation):
+                x = {v for row in rows for v in row[0::2]}
+                if not path.stem.startswith("DP"):  # the leaf slides into the wall
+                    self.assertEqual((min(x), max(x)), (0, nominal), path.name)
+            self.assertEqual(max(v for row in elevation for v in row[1::2]), 0, path.name)
+
     def test_dialogs_name_pictures_that_are_there_and_no_other_is(self):
         named = set()
         for source in (*(ROOT / "mech").glob("*.cpp"), *(ROOT / "arch").glob("*.cpp")):
