@@ -20,14 +20,17 @@ inline Township township(int parcelsAlong) {
   const auto printed = [](double value) { return std::round(value * 1000.0) / 1000.0; };
   const int corners = parcelsAlong + 1;
   std::vector<brevan::Point> grid;
-  for (int place = 0; place < corners * corners; ++place) {
-    grid.push_back({printed(place % corners * 20.0 + off(random)), printed(place / corners * 30.0 + off(random))});
+  grid.reserve(static_cast<size_t>(corners) * static_cast<size_t>(corners));
+  for (int up = 0; up < corners; ++up) {
+    for (int across = 0; across < corners; ++across) {
+      grid.push_back({printed(across * 20.0 + off(random)), printed(up * 30.0 + off(random))});
+    }
   }
   Township town;
   for (int row = 0; row < corners; ++row) {
     for (int column = 0; column < corners; ++column) {
       const auto corner = [&](int right, int up) {
-        return grid[static_cast<size_t>((row + up) * corners + column + right)];
+        return grid[static_cast<size_t>(row + up) * static_cast<size_t>(corners) + static_cast<size_t>(column + right)];
       };
       const bool across = column < parcelsAlong;
       const bool along = row < parcelsAlong;

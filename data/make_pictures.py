@@ -430,7 +430,7 @@ def pictures():
     yield "flange_triangular", triangular_flange()
     for shape in ("taper", "fillet", "flush"):
         yield f"link_{shape}", link(shape)
-    yield "shaft", shaft()
+    yield "shaft_stepped", shaft()
     yield "duct_views", duct()
     yield "wall_clockwise", wall_direction(True)
     yield "wall_anticlockwise", wall_direction(False)

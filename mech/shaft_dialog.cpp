@@ -151,8 +151,8 @@ ShaftDialog::ShaftDialog(const Services& services, DefinitionStore& store, Shaft
 
 void ShaftDialog::describePictures() {
   constexpr int kPreviewWidth = 240;
-  constexpr int kPreviewHeight = 90;
-  addPicture(box(), {.group = body_, .place = {.column = 2}, .name = "Shaft"}, {.name = "shaft"});
+  constexpr int kPreviewHeight = 50;
+  addPicture(box(), {.group = body_, .place = {.column = 2}, .name = "Shaft"}, {.name = "shaft_stepped"});
   const auto draw = [this](CCadWindow& view) {
     if (faultySection(shaft())) { return; }
     ShaftDrawer part(view, store());

@@ -40,6 +40,7 @@ class EveryDialog : public DesktopSession {
     name_ = name;
     shown_ = 0;
     seen_.clear();
+    pressed_.clear();
     QTimer eyes;
     QObject::connect(&eyes, &QTimer::timeout, [this] { look(); });
     eyes.start(15);
@@ -66,7 +67,6 @@ class EveryDialog : public DesktopSession {
   struct Open {
     QPointer<QWidget> window;
     std::deque<std::function<void()>> trials;
-    std::set<QPushButton*> pressed;
     int closings = 0;
   };
 
@@ -85,7 +85,7 @@ class EveryDialog : public DesktopSession {
       seen_.pop_back();
     }
     if (seen_.empty() || seen_.back().window != top) {
-      seen_.push_back({top, trialsOf(top), {}, 0});
+      seen_.push_back({top, trialsOf(top), 0});
       inspect(*top);
     } else if (!seen_.back().trials.empty()) {
       // On its own, since what it opens waits in an event loop of its own.
@@ -119,13 +119,15 @@ class EveryDialog : public DesktopSession {
   }
   void pressAllOf(const QPointer<QWidget>& top) {
     if (top == nullptr || seen_.empty()) { return; }
+    int place = 0;
     for (QPushButton* button : top->findChildren<QPushButton*>()) {
+      ++place;
       const QString caption = button->text().remove('&');
       if (!button->isVisible() || !button->isEnabled() || QStringList{"OK", "Cancel", "Close"}.contains(caption)) {
         continue;
       }
-      if (seen_.back().pressed.contains(button)) { continue; }
-      seen_.back().pressed.insert(button);
+      // Once, since what it does may end with the same dialog again.
+      if (!pressed_.insert(top->windowTitle() + QString::number(place) + caption).second) { continue; }
       seen_.back().trials.push_front([press = QPointer<QPushButton>(button)] {
         if (press != nullptr && press->isEnabled()) { press->click(); }
       });
@@ -202,6 +204,7 @@ class EveryDialog : public DesktopSession {
 
   QString name_;
   std::deque<Open> seen_;
+  std::set<QString> pressed_;  // since the visit began
 };
 
 TEST_F(EveryDialog, IsWhollyReadable) {
