@@ -259,7 +259,7 @@ void ShaftDialog::showRecord(std::string_view text) {
 
 // Sections match without regard to case.
 bool sameSection(std::string_view a, std::string_view b) {
-  constexpr auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
   return std::ranges::equal(a, b, {}, lower, lower);
 }
 
