@@ -18,8 +18,7 @@ std::vector<BuildingSection> byBuilding(const SectionList& list) {
   all.reserve(list.sections().size());
   for (const Section& section : list.sections()) { all.emplace_back(section.building, section.plainNumber()); }
   std::ranges::sort(all);
-  const auto again = std::ranges::unique(all);  // parts of one section
-  all.erase(again.begin(), again.end());
+  all.erase(std::unique(all.begin(), all.end()), all.end());  // parts of one section
   return all;
 }
 
