@@ -42,7 +42,7 @@ std::optional<Columns> columnsOf(const JobSettings& job) {
 }
 
 // As a settings file holds it while none is chosen.
-bool isEmpty(const ControlPoint& point) {
+bool holdsNothing(const ControlPoint& point) {
   return point.name.empty() && point.number.empty() && point.y == 0.0 && point.x == 0.0;
 }
 
@@ -92,7 +92,7 @@ class DataTable {
   void drawControlPoint(std::string_view key) {
     const std::string value = sheet_.job().value(kControlSection, key);
     const ControlPoint point = controlPointOf(value);
-    if (isEmpty(point)) { return; }
+    if (holdsNothing(point)) { return; }
     const bool beacon = point.category == ControlCategory::kTrigonometricalBeacon;
     Line line;
     line[kDistance] = beacon ? point.number : "";
@@ -134,7 +134,7 @@ TextRow dataTableRow(const JobSettings& job) {
 double heightOfDataTable(const SheetWriter& sheet, const TextRow& row, const Figure& figure) {
   if (!columnsOf(sheet.job()) || row.size == 0) { return 0.0; }
   const auto controls = std::ranges::count_if(kControlKeys, [&](std::string_view key) {
-    return !isEmpty(controlPointOf(sheet.job().value(kControlSection, key)));
+    return !holdsNothing(controlPointOf(sheet.job().value(kControlSection, key)));
   });
   return std::fabs(sheet.nextLine(row)) * static_cast<double>(figure.size() + 1 + static_cast<size_t>(controls));
 }
