@@ -19,7 +19,7 @@ constexpr void (*kUnloadOrder[])(ModuleState&) = {
 void ModuleState::initialise(CMDIFrameWnd* mainFrame, COXShortcutBar* bar) {
   services.mainFrame = mainFrame;
   shortcutBar = bar;
-  symbolBrowser = std::make_unique<arch::SymbolBrowser>(*bar);
+  if (bar != nullptr) { symbolBrowser = std::make_unique<arch::SymbolBrowser>(*bar); }
   services.help = &help_;
   services.toolTips = coreGetDefaultInt("Global", "ToolTips", 1) != 0;
 }
