@@ -81,6 +81,9 @@ UserTableDialog::UserTableDialog(const Services& services, CCadWindow& view) : s
   equip(dialog_, services_, helpTopic("Table"));
   describeMenu();
   table_ = addGrid(dialog_, {.place = {.row = 1}, .name = "Table"}, {});
+  grid().onGrow = [this](size_t rows, size_t columns) {
+    if (rows <= kMostRows && columns <= kMostColumns) { growTo(rows, columns); }
+  };
   growTo(kStartSize, kStartSize);
   describeButtons();
   addControl(dialog_, dialog::StatusLine{}, {.place = {.row = 4}, .name = "Status"});

@@ -32,6 +32,8 @@ enum class Verb {
   kClick,
   kRightClick,
   kPress,
+  kInsertRow,
+  kPaste,
   kWidth,
   kTab,
   kMenu,

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "frame/drafting/point.h"
+#include "frame/host/cad_window.h"
+
+namespace ardenix::mech {
+
+// A row of a parts list that gets its number in a circle beside the part.
+struct BalloonRow {
+  std::string part;
+  std::optional<Point> at;  // on the part's outline; else the user is asked for it
+};
+
+// Asks for a balloon's place row after row and draws it, with a leader to the part. A row whose prompt the user ends by
+// the space bar is left out, Escape leaves out the rest.
+void placeBalloons(CCadWindow& view, const std::vector<BalloonRow>& rows);
+
+}  // namespace ardenix::mech
