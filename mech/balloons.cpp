@@ -1,5 +1,8 @@
 #include "mech/balloons.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "frame/drafting/part_round.h"
 #include "frame/drafting/pen.h"
 #include "frame/drafting/sheet_axes.h"
@@ -39,6 +42,10 @@ void drawBalloon(CCadWindow& view, size_t number, Point centre, Point part) {
   endPart(view);
 }
 
+Point nearestTo(Point centre, const std::vector<Point>& points) {
+  return *std::ranges::min_element(points, {}, [centre](Point p) { return distance(p, centre); });
+}
+
 std::optional<Point> askFor(CCadWindow& view, std::string_view what, size_t number, const std::string& part) {
   return askPoint(
       view, numberText::format("%s balloon %d, %s (spacebar to leave it out)", what, static_cast<int>(number), part));
@@ -48,11 +55,14 @@ std::optional<Point> askFor(CCadWindow& view, std::string_view what, size_t numb
 
 void placeBalloons(CCadWindow& view, const std::vector<BalloonRow>& rows) {
   for (size_t number = 1; number <= rows.size() && view.gsEscapePressed() == 0; ++number) {
-    const BalloonRow& row = rows[number - 1];
-    const auto part = row.at ? row.at : askFor(view, "Click on the part of", number, row.part);
-    if (!part) { continue; }
+    BalloonRow row = rows[number - 1];
+    if (row.outline.empty()) {
+      const auto part = askFor(view, "Click on the part of", number, row.part);
+      if (!part) { continue; }
+      row.outline = {*part};
+    }
     if (const auto centre = askFor(view, "Click to place", number, row.part)) {
-      drawBalloon(view, number, *centre, *part);
+      drawBalloon(view, number, *centre, nearestTo(*centre, row.outline));
     }
   }
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,11 +11,11 @@ namespace ardenix::mech {
 // A row of a parts list that gets its number in a circle beside the part.
 struct BalloonRow {
   std::string part;
-  std::optional<Point> at;  // on the part's outline; else the user is asked for it
+  std::vector<Point> outline;  // points of the part; where none are known the user is asked for one
 };
 
-// Asks for a balloon's place row after row and draws it, with a leader to the part. A row whose prompt the user ends by
-// the space bar is left out, Escape leaves out the rest.
+// Asks for a balloon's place row after row and draws it, with a leader to the nearest point of the part. A row whose
+// prompt the user ends by the space bar is left out, Escape leaves out the rest.
 void placeBalloons(CCadWindow& view, const std::vector<BalloonRow>& rows);
 
 }  // namespace ardenix::mech

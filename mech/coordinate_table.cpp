@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "frame/drafting/part_round.h"
+#include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "mech/labelled_holes.h"
 #include "mech/list_command.h"
@@ -192,9 +193,9 @@ bool CoordinateTable::pickOrigin() {
 }
 
 void CoordinateTable::addHoles() {
-  for (LabelledHole& hole : labelledHoles(view())) {
-    rows_.push_back({std::move(hole.label), hole.centre, hole.diameter});
-  }
+  std::vector<LabelledHole> holes = labelledHoles(view());
+  if (holes.empty()) { return InfoMessage("No circle of the drawing has a label within 10 mm.", &box()); }
+  for (LabelledHole& hole : holes) { rows_.push_back({std::move(hole.label), hole.centre, hole.diameter}); }
   show();
 }
 

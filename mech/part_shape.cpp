@@ -29,7 +29,7 @@ double sweepOf(Point start, Point centre, Point end, int sense) {
 
 }  // namespace
 
-void PartShape::add(CCadWindow& view, const LineStyle& axisStyle) {
+bool PartShape::add(CCadWindow& view, const LineStyle& axisStyle) {
   PrimHeader header;
   view.gsGetPrimHeader(header);
   const bool axis = header.pen == axisStyle.pen && header.linetype == axisStyle.linetype;
@@ -47,9 +47,10 @@ void PartShape::add(CCadWindow& view, const LineStyle& axisStyle) {
     size = distance(b, c);
     sweep = sweepOf(a, b, c, sense);
   } else {
-    return;
+    return false;
   }
   ++counts_[{header.type, axis ? 1 : 0, inSteps(size), inSteps(sweep)}];
+  return !axis;
 }
 
 int PartShape::copies() const {

@@ -12,8 +12,9 @@ namespace ardenix::mech {
 // The strokes of a part by their measures, which moving, turning and mirroring leave as they are.
 class PartShape {
  public:
-  // Takes in the current line or arc of a view; others do not tell parts apart.
-  void add(CCadWindow& view, const LineStyle& axisStyle);
+  // Takes in the current line or arc of a view; others do not tell parts apart. Whether it was one of the outline, and
+  // no axis.
+  bool add(CCadWindow& view, const LineStyle& axisStyle);
 
   // How many copies of one part the strokes can be. A part of its own has a stroke that no other of its strokes equals,
   // such as its axis.

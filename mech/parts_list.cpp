@@ -2,6 +2,7 @@
 
 #include "frame/add_item_dialog.h"
 #include "frame/drafting/part_round.h"
+#include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "frame/messages.h"
 #include "frame/names.h"
@@ -40,10 +41,10 @@ class PartsList : public ListCommand {
   void placed() override;
 
  private:
-  // A row, and a point on the part where the drawing told it.
+  // A row, and points of the part where the drawing told them.
   struct Part {
     TableRow texts;
-    std::optional<Point> at;
+    std::vector<Point> outline;
   };
 
   bool pickRow();
@@ -136,26 +137,26 @@ bool PartsList::pickRow() {
     }
     row.push_back(std::move(answer));
   }
-  rows_.push_back({std::move(row), std::nullopt});
+  rows_.push_back({std::move(row), {}});
   return escapedBefore || view().gsEscapePressed() == 0;
 }
 
 // A part that was counted before is counted anew.
 PartsList::Part& PartsList::rowOf(const PlacedPart& part) {
   const auto same = [&part](const Part& row) {
-    return row.at && row.texts[0] == part.name && row.texts[1] == part.description;
+    return !row.outline.empty() && row.texts[0] == part.name && row.texts[1] == part.description;
   };
   const auto found = std::ranges::find_if(rows_, same);
   if (found != rows_.end()) { return *found; }
   TableRow texts(titles().size());
   texts[0] = part.name;
   texts[1] = part.description;
-  return rows_.emplace_back(Part{std::move(texts), part.at});
+  return rows_.emplace_back(Part{std::move(texts), part.outline});
 }
 
 void PartsList::addPlacedParts() {
   const std::vector<PlacedPart> parts = placedParts(view(), store_, *services().mainFrame);
-  if (parts.empty()) { return view().gsSetStatus("The drawing holds no parts of the libraries."); }
+  if (parts.empty()) { return InfoMessage("The drawing holds no parts of the libraries.", &box()); }
   const size_t quantity = columnCalled("Qty");
   for (const PlacedPart& part : parts) { rowOf(part).texts[quantity] = std::to_string(part.quantity); }
   showRows(texts());
@@ -189,7 +190,7 @@ void PartsList::placed() {
   if (!balloons_.checked()) { return; }
   std::vector<BalloonRow> balloons;
   balloons.reserve(rows_.size());
-  for (const Part& row : rows_) { balloons.push_back({row.texts.front(), row.at}); }
+  for (const Part& row : rows_) { balloons.push_back({row.texts.front(), row.outline}); }
   placeBalloons(view(), balloons);
 }
 

@@ -46,7 +46,7 @@ struct DrawnGroup {
   const PartGroups* kind = nullptr;
   std::string name;
   PartShape shape;
-  Point at;
+  std::vector<Point> outline;
 };
 
 // A point of the current line or arc, for a leader to end on.
@@ -78,9 +78,9 @@ std::vector<DrawnGroup> drawnGroups(CCadWindow& view, const LineStyle& axis) {
       std::string_view parent;
       std::string_view name;
       view.gsGetObject(parent, name);
-      group = {groupsOf(parent), std::string(name), {}, pointOnCurrent(view)};
+      group = {groupsOf(parent), std::string(name), {}, {}};
     }
-    if (group.kind != nullptr) { group.shape.add(view, axis); }
+    if (group.kind != nullptr && group.shape.add(view, axis)) { group.outline.push_back(pointOnCurrent(view)); }
   });
   std::vector<DrawnGroup> parts;
   parts.reserve(groups.size());
@@ -107,6 +107,14 @@ bool numbersUnder(std::string_view name, std::string_view prefix) {
   cleanName(cleaned, true);
   return name.starts_with(std::string_view(cleaned).substr(0, kGroupNameLimit)) &&
          (cleaned.size() >= name.size() || withoutNumber(name) == cleaned);
+}
+
+// Another name behind names, without the words that they begin with: DN80 PN10/PN16.
+std::string both(const std::string& names, std::string_view other) {
+  const auto differ = std::ranges::mismatch(names, other).in2;
+  const size_t alike = static_cast<size_t>(differ - other.begin());
+  const size_t word = other.substr(0, alike).rfind(' ');
+  return names + '/' + std::string(other.substr(word == std::string_view::npos ? 0 : word + 1));
 }
 
 // The libraries of the kinds met, each definition drawn once where nobody sees it.
@@ -147,7 +155,7 @@ class DrawnLibrary {
     if (best == nullptr) { return std::nullopt; }
     std::string names;
     for (const Drawn& definition : all) {
-      if (definition.shape == best->shape) { names += (names.empty() ? "" : " / ") + definition.name; }
+      if (definition.shape == best->shape) { names = names.empty() ? definition.name : both(names, definition.name); }
     }
     return names;
   }
@@ -215,7 +223,7 @@ struct Counted {
   const PartGroups* kind;
   std::string name;
   std::optional<PartShape> shape;
-  Point at;
+  std::vector<Point> outline;
   int fromSide = 0;
   int fromAbove = 0;
 };
@@ -248,8 +256,8 @@ class PartCount {
     };
     const auto found = std::ranges::find_if(counted_, same);
     if (found != counted_.end()) { return *found; }
-    if (definition) { return counted_.emplace_back(Counted{group.kind, *definition, std::nullopt, group.at}); }
-    return counted_.emplace_back(Counted{group.kind, group.name, group.shape, group.at});
+    if (definition) { return counted_.emplace_back(Counted{group.kind, *definition, std::nullopt, group.outline}); }
+    return counted_.emplace_back(Counted{group.kind, group.name, group.shape, group.outline});
   }
   // Groups of one name, but for their number, or of one shape are asked for once.
   std::optional<std::string> definitionOf(const DrawnGroup& group) {
@@ -276,7 +284,7 @@ std::vector<PlacedPart> placedParts(CCadWindow& view, const DefinitionStore& sto
   std::vector<PlacedPart> parts;
   for (const Counted& counted : count.sorted()) {
     parts.push_back({counted.name, describe(store, *counted.kind, counted.name),
-                     std::max(counted.fromSide, counted.fromAbove), counted.at});
+                     std::max(counted.fromSide, counted.fromAbove), counted.outline});
   }
   return parts;
 }

@@ -14,7 +14,7 @@ struct PlacedPart {
   std::string name;         // of the definition; of a group where no definition fits
   std::string description;  // with its standard, as the library tells it
   int quantity = 0;
-  Point at;  // on the first one's outline
+  std::vector<Point> outline;  // points of the strokes of the first one
 };
 
 // What the commands of bolts, screws, nuts, rivets, shafts, gears, links and flanges drew, counted by definition; by
