@@ -21,7 +21,7 @@ void drawRounds(CCadWindow& view, Round&& round) {
 std::optional<Point> askPoint(CCadWindow& view, std::string_view prompt);
 
 // The same for a place to draw at, asked again, with a message, where the point lies so far from the origin that
-// coordinates cannot hold a thousandth there: the part's outline would fall apart.
+// coordinates cannot hold a thousandth there and outlines would fall apart.
 std::optional<Point> askPlace(CCadWindow& view, std::string_view prompt);
 
 // A point, asked again until it differs from another: together they are to give a direction.
