@@ -111,7 +111,7 @@ void ListCommand::save() {
 
 void ListCommand::place() {
   if (list_.list().rows.empty() || !mayDrawOn(view_, view_.gsGetCurrentLayerName())) { return; }
-  const auto origin = askPoint(view_, trade_.placePrompt);
+  const auto origin = askPlace(view_, trade_.placePrompt);
   if (!origin) { return; }
   DrawnList list = drawn();
   ListTable table = listTable(view_, trade_.kind, list.pixels);

@@ -288,7 +288,7 @@ void UserTableDialog::save(const std::string& path) {
 
 void placeUserTable(CCadWindow& view, const GridTable& table) {
   if (!mayDrawOn(view, view.gsGetCurrentLayerName())) { return; }
-  if (const auto corner = askPoint(view, "Click to place the table")) { drawGridTable(view, table, *corner); }
+  if (const auto corner = askPlace(view, "Click to place the table")) { drawGridTable(view, table, *corner); }
 }
 
 }  // namespace
