@@ -6,7 +6,6 @@
 #include "frame/drafting/sheet_axes.h"
 #include "frame/drafting/target_layer.h"
 #include "frame/host/core_services.h"
-#include "frame/host/limits.h"
 #include "frame/host/number_text.h"
 
 namespace ardenix::mech {
@@ -14,8 +13,6 @@ namespace ardenix::mech {
 // ---- Strokes ------------------------------------------------------------------------------------------------
 
 namespace {
-
-constexpr LineStyle kStrokes{.pen = limits::kPenByLayer, .linetype = 1, .width = 0.0};
 
 double flipOf(CCadWindow& view) {
   DrawingParms parms;
@@ -42,6 +39,12 @@ bool AnnotationPen::loadSymbols() const {
 
 void AnnotationPen::symbol(std::string_view name, std::string_view command) {
   if (view_.gsExecuteMacro(command) == 0 && missing_.empty()) { missing_ = name; }
+}
+
+AnnotationPen sketchingPen(CCadWindow& view, const AnnotationStyle& style) {
+  AnnotationPen pen(view, style);
+  static_cast<void>(pen.loadSymbols());
+  return pen;
 }
 
 // ---- Whether an annotation can be drawn ---------------------------------------------------------------------

@@ -7,6 +7,7 @@
 #include "frame/drafting/pen.h"
 #include "frame/drafting/scratch_layer.h"
 #include "frame/host/cad_window.h"
+#include "frame/host/limits.h"
 #include "mech/annotation_style.h"
 
 namespace ardenix::mech {
@@ -18,6 +19,8 @@ inline constexpr double kCellScale = 0.5;
 // are units: millimetres on paper x symbol scale.
 class AnnotationPen {
  public:
+  static constexpr LineStyle kStrokes{.pen = limits::kPenByLayer, .linetype = 1, .width = 0.0};
+
   AnnotationPen(CCadWindow& view, const AnnotationStyle& style);
 
   [[nodiscard]] CCadWindow& view() const { return view_; }
@@ -44,6 +47,9 @@ class AnnotationPen {
   std::string missing_;
 };
 
+// The pen of a picture: without its symbols the annotation is still to be seen.
+AnnotationPen sketchingPen(CCadWindow& view, const AnnotationStyle& style);
+
 // How the macro command that links an annotation ends.
 enum class LinkEnding { kQuote, kOpen };
 
@@ -61,9 +67,12 @@ class AnnotationPart {
   ~AnnotationPart();
 
   [[nodiscard]] AnnotationPen& pen() { return pen_; }
+  [[nodiscard]] const AnnotationPen& pen() const { return pen_; }
   [[nodiscard]] const std::string& group() const { return group_; }
   // Opens the group, named prefix + next free number.
   void begin(std::string_view prefix);
+  // Shows the annotations that are there while a point is asked for, or hides them again.
+  void showLayer(bool shown) const { view_.gsSetLayerVisibility(target_, shown ? 1 : 0, 0); }
   // False, after a message, where the file lacked a symbol that was to be placed.
   [[nodiscard]] bool hasSymbols() const;
   // Makes one group of what was drawn and puts it on its layer. False, after a message and with nothing drawn, where a

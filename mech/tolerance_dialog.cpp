@@ -73,7 +73,11 @@ ToleranceDialog::ToleranceDialog(const Services& services, const DefinitionStore
   constexpr int kHeight = 60;
   dialog::addControl(dialog_,
                      dialog::Preview{kWidth, kHeight,
-                                     [this, &store](CCadWindow& view) { sketchToleranceFrame(view, store, shown()); }},
+                                     [this, &store](CCadWindow& view) {
+                                       AnnotationPen pen =
+                                           sketchingPen(view, annotationStyle(store, kToleranceAnnotation));
+                                       sketchToleranceFrame(pen, shown(), {});
+                                     }},
                      {.group = preview});
   addOkCancel(dialog_, 5);
   dialog_.onOpen = [this] { show(frame_); };
