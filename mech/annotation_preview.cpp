@@ -11,20 +11,26 @@ namespace {
 // Each as it stands in daily use.
 WeldRecord sampleWeld() {
   constexpr int kFillet = 10;
-  return {.otherSymbol = kFillet,
-          .arrowSymbol = kFillet,
-          .otherLower = "a5",
-          .arrowLower = "a5",
-          .allAround = true,
-          .tail = "135"};
+  WeldRecord weld;
+  weld.otherSymbol = weld.arrowSymbol = kFillet;
+  weld.otherLower = weld.arrowLower = "a5";
+  weld.allAround = true;
+  weld.tail = "135";
+  return weld;
 }
 SurfaceFinishRecord sampleFinish() {
-  return {.removal = MaterialRemoval::kRequired, .lay = Lay::kPerpendicular, .roughness = "3.2", .note = "planed"};
+  SurfaceFinishRecord finish;
+  finish.removal = MaterialRemoval::kRequired;
+  finish.lay = Lay::kPerpendicular;
+  finish.roughness = "3.2";
+  finish.note = "planed";
+  return finish;
 }
 ToleranceFrame sampleFrame() {
   constexpr int kPosition = 9;
   constexpr int kMaximumMaterial = 12;
-  ToleranceFrame frame{.characteristic = kPosition};
+  ToleranceFrame frame;
+  frame.characteristic = kPosition;
   frame.cells[0] = {.diameter = true, .value = "0.2", .modifier = kMaximumMaterial};
   frame.cells[2].value = "A";
   frame.cells[3].value = "B";

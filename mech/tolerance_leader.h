@@ -14,9 +14,9 @@ inline constexpr std::string_view kStackKey = "ToleranceStack";
 
 // A leader from where it begins, by way of a bend, to the feature that a tolerance or a datum belongs to.
 struct Leader {
-  Point begin;
-  Point bend;
-  Point feature;
+  Point begin{};
+  Point bend{};
+  Point feature{};
   bool onOutline = false;  // an arrow ends it there, a dot within a surface
 };
 
