@@ -91,7 +91,9 @@ AnnotationPart::AnnotationPart(CCadWindow& view, const AnnotationKind& kind, con
       pen_(view, style),
       before_(view.gsGetCurrentLayer()),
       isNew_(view.gsGetLayerIndexFromName(style.layer) < 0),
-      target_(view.gsAddLayer(style.layer)) {}
+      target_(view.gsAddLayer(style.layer)) {
+  settings_.emplace(view, AnnotationPen::kStrokes);
+}
 
 // What the host refuses here it rolls back.
 AnnotationPart::~AnnotationPart() {
@@ -102,6 +104,16 @@ AnnotationPart::~AnnotationPart() {
 
 void AnnotationPart::begin(std::string_view prefix) {
   beginOnLayer(prefix);
+  openScratch();
+}
+
+void AnnotationPart::beginOnScratch(std::string_view prefix) {
+  clearAll(view_);
+  openScratch();
+  beginOnLayer(prefix);
+}
+
+void AnnotationPart::openScratch() {
   scratch_ = std::make_unique<ScratchLayer>(view_, scratchNames::kMechanical, Surroundings::kCurrentHidden);
 }
 
@@ -138,6 +150,7 @@ void AnnotationPart::leave() {
   clearAll(view_);
   view_.gsExecuteMacro(macroText::kRootParent);
   view_.gsSetCurrentLayer(before_);
+  settings_.reset();
   view_.gsSetViewDirty(1);
   view_.gsRefresh();
 }

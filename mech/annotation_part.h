@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "frame/drafting/line_settings.h"
 #include "frame/drafting/pen.h"
 #include "frame/drafting/scratch_layer.h"
 #include "frame/host/cad_window.h"
@@ -53,9 +55,9 @@ AnnotationPen sketchingPen(CCadWindow& view, const AnnotationStyle& style);
 // How the macro command that links an annotation ends.
 enum class LinkEnding { kQuote, kOpen };
 
-// One annotation while it is drawn. First its layer is current; from begin() on its group is open on the scratch layer
-// and its layer hidden. An annotation that is not finished leaves nothing behind, and the layer that was current is
-// current again.
+// One annotation while it is drawn. First its layer is current, and symbols take the layer's pen; from begin() on its
+// group is open on the scratch layer and its layer hidden. An annotation that is not finished leaves nothing behind,
+// and layer and pen are the user's again.
 class AnnotationPart {
  public:
   // Loads the symbols and makes the layer current. Nothing, after a message, where the annotation cannot be drawn: the
@@ -69,8 +71,9 @@ class AnnotationPart {
   [[nodiscard]] AnnotationPen& pen() { return pen_; }
   [[nodiscard]] const AnnotationPen& pen() const { return pen_; }
   [[nodiscard]] const std::string& group() const { return group_; }
-  // Opens the group, named prefix + next free number.
+  // Opens the group, named prefix + next free number, and the scratch layer; or the scratch layer first.
   void begin(std::string_view prefix);
+  void beginOnScratch(std::string_view prefix);
   // Shows the annotations that are there while a point is asked for, or hides them again.
   void showLayer(bool shown) const { view_.gsSetLayerVisibility(target_, shown ? 1 : 0, 0); }
   // False, after a message, where the file lacked a symbol that was to be placed.
@@ -84,6 +87,7 @@ class AnnotationPart {
 
  private:
   AnnotationPart(CCadWindow& view, const AnnotationKind& kind, const AnnotationStyle& style);
+  void openScratch();
   void leave();
   void abandon();
 
@@ -94,6 +98,7 @@ class AnnotationPart {
   bool isNew_;  // the annotation's layer
   int target_ = 0;
   std::string group_;
+  std::optional<LineSettings> settings_;
   std::unique_ptr<ScratchLayer> scratch_;
   bool finished_ = false;
 };

@@ -193,7 +193,7 @@ void WeldDrawer::sketch() {
 void WeldDrawer::draw() const {
   const auto part = AnnotationPart::prepare(view_, store_, kWeldAnnotation);
   if (!part) { return; }
-  part->begin("WS");
+  part->beginOnScratch("WS");
   WeldStrokes strokes(part->pen(), record_, headOf(store_));
   const auto joint = askPoint(view_, "Indicate the arrow head position for the Weld indicator");
   if (!joint) { return; }
