@@ -37,8 +37,10 @@ bool AnnotationPen::loadSymbols() const {
   return view_.gsExecuteMacro(macroText::annotationSymbols(style_.symbols)) != 0;
 }
 
-void AnnotationPen::symbol(std::string_view name, std::string_view command) {
-  if (view_.gsExecuteMacro(command) == 0 && missing_.empty()) { missing_ = name; }
+bool AnnotationPen::symbol(std::string_view name, std::string_view command) {
+  const bool placed = view_.gsExecuteMacro(command) != 0;
+  if (!placed && missing_.empty()) { missing_ = name; }
+  return placed;
 }
 
 AnnotationPen sketchingPen(CCadWindow& view, const AnnotationStyle& style) {

@@ -35,8 +35,8 @@ class AnnotationPen {
   void text(Point at, std::string_view text, int justification) const;
   // Makes the symbols of the file known to the view; false where they cannot be read.
   [[nodiscard]] bool loadSymbols() const;
-  // Places a symbol by its macro command. Where the file has none of the name, the first of them is remembered.
-  void symbol(std::string_view name, std::string_view command);
+  // Places a symbol by its macro command. Where the file has none of the name, answers false and remembers the first.
+  bool symbol(std::string_view name, std::string_view command);
   // The first symbol that the file lacks; "" where it had them all.
   [[nodiscard]] const std::string& missingSymbol() const { return missing_; }
 

@@ -7,9 +7,11 @@
 #include "frame/drafting/part_round.h"
 #include "frame/drafting/sheet_axes.h"
 #include "frame/host/core_services.h"
+#include "frame/host/number_text.h"
 #include "mech/annotation_commands.h"
 #include "mech/annotation_part.h"
 #include "mech/nearest_line.h"
+#include "mech/tolerance_frame.h"
 #include "mech/tolerance_leader.h"
 
 namespace ardenix::mech {
@@ -84,6 +86,18 @@ void leadFrom(const AnnotationPen& pen, const DatumPlace& place, Leader leader) 
   drawLeader(pen, leader);
 }
 
+// "" where the user gives none. One that would break its line is asked for again.
+std::string askLetter(CCadWindow& view) {
+  std::string letter = "A";
+  view.gsGetTextFromPromptBar("Enter datum ID:", letter, 1);
+  while (breaksLine(letter)) {
+    ErrorMessage(numberText::format("A datum has one line: \"%s\" cannot hold \"\\N\", which breaks it.", letter),
+                 &view);
+    view.gsGetTextFromPromptBar("Enter datum ID:", letter, 1);
+  }
+  return letter;
+}
+
 void takeBack(CCadWindow& view) {
   view.gsExecuteMacro(macroText::selectName(kToleranceAnnotation.parent, kDatum));
   view.gsExecuteMacro(macroText::kDeleteSelection);
@@ -100,8 +114,7 @@ void drawDatum(CCadWindow& view, const DefinitionStore& store) {
   part->beginOnLayer("TSD");
   placeMark(part->pen(), *place);
   if (!part->hasSymbols()) { return; }
-  std::string letter = "A";
-  view.gsGetTextFromPromptBar("Enter datum ID:", letter, 1);
+  const std::string letter = askLetter(view);
   const auto leader = leads && !letter.empty() ? askLeader(view) : std::nullopt;
   if (letter.empty() || (place->onOwn && !leader)) { return takeBack(view); }
   if (leader) { leadFrom(part->pen(), *place, *leader); }

@@ -53,11 +53,6 @@ void showNumber(const dialog::PictureListHandle& list, std::span<const SymbolRow
   list.select(row == rows.end() ? -1 : static_cast<int>(row - rows.begin()));
 }
 
-// The host breaks texts there.
-bool breaksLine(std::string_view text) {
-  return text.find("\\N") != std::string_view::npos || text.find("\\n") != std::string_view::npos;
-}
-
 }  // namespace
 
 // ---- Description --------------------------------------------------------------------------------------------

@@ -138,8 +138,10 @@ class WeldStrokes {
   // They grow with the arrow's head.
   void drawMark(std::string_view name, std::string_view group) {
     constexpr double kMarkScale = 0.05;
-    pen_.symbol(name, macroText::placeSymbol(name, knee_, head_.length * pen_.style().scale * kMarkScale, 0));
-    pen_.view().gsExecuteMacro(macroText::takeSymbolInto(name, kWeldAnnotation.parent, group));
+    const double scale = head_.length * pen_.style().scale * kMarkScale;
+    if (pen_.symbol(name, macroText::placeSymbol(name, knee_, scale, 0))) {
+      pen_.view().gsExecuteMacro(macroText::takeSymbolInto(name, kWeldAnnotation.parent, group));
+    }
   }
 
   void drawWeld(const WeldSide& side, bool above) {
