@@ -389,7 +389,7 @@ def turned_over(word, figures):
 
 def weld(name, lines, above):
     """On the reference line, on the other side of the joint above it and on the arrow side below it."""
-    level = 58 if above else 8
+    level = 57 if above else 3
     turned = above != (name in CONTOURS)
     strokes = [turned_over(*statement) for statement in lines] if turned else lines
     return [line(MATERIAL, (20, level), (80, level)), *symbol_strokes(strokes, (50, level), 11)]
