@@ -130,10 +130,13 @@ Refusal DialogSession::ensureText(int control, const std::string& text) {
   if (valueText(dialog_.control(control).state) == text) { return std::nullopt; }
   const auto operation = operationThatSets(control, dialog_.control(control).state, text);
   if (!operation) { return notThisKind(named(control), dialog_.control(control).state, "holds no value"); }
-  if (const std::string page = pageOf(dialog_, control); !page.empty()) {
-    if (auto refusal = goToPage(page)) { return refusal; }
-  }
+  if (auto refusal = showPageOf(control)) { return refusal; }
   return perform(*operation);
+}
+
+Refusal DialogSession::showPageOf(int control) {
+  const std::string page = pageOf(dialog_, control);
+  return page.empty() ? std::nullopt : goToPage(page);
 }
 
 Refusal DialogSession::typeText(int control, const std::string& text) {
