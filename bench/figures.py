@@ -119,7 +119,7 @@ FIGURES = (
         ("flanges", "ezdxf", "flanges by one script, to DXF", "flanges", {"ratio": 1 / 10}),
         ("gears", "ezdxf", "ten gears by one script, to DXF", "teeth", {"ratio": 1 / 10, "growth": 1.1}),
         ("sheetOfWelds", "ezdxf", "a thousand welds by one script, to DXF", "welds", {"seconds": 0.3}),
-        ("welds", "bolts", "welds, beside as many bolts", "welds", {"ratio": 2, "growth": 1.1}),
+        ("welds", "single bolts", "welds, beside as many bolts by a command each", "welds", {"ratio": 2}),
         ("shafts", "bolts", "shafts, beside as many bolts", "shafts", {"ratio": 1.2, "growth": 1.1})),
     *_figures("labelled_holes_bench", (
         "addAllHoles", None, "coordinate table: add all holes", "primitives", {"seconds": 0.05, "growth": 1.1})),
