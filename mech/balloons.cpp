@@ -57,7 +57,7 @@ void placeBalloons(CCadWindow& view, const std::vector<BalloonRow>& rows) {
   for (size_t number = 1; number <= rows.size() && view.gsEscapePressed() == 0; ++number) {
     BalloonRow row = rows[number - 1];
     if (row.outline.empty()) {
-      const auto part = askFor(view, "Click on the part of", number, row.part);
+      const auto part = askFor(view, "Click on a part for", number, row.part);
       if (!part) { continue; }
       row.outline = {*part};
     }

@@ -41,7 +41,7 @@ class PartsList : public ListCommand {
   void placed() override;
 
  private:
-  // A row, and points of the part where the drawing told them.
+  // A row, and points of its part where the drawing told them.
   struct Part {
     TableRow texts;
     std::vector<Point> outline;
