@@ -120,19 +120,8 @@ void ArchSetupDialog::writeSymbolFolder() {
   rememberSymbolFolder(toolset_.store(), symbols_.text());
 }
 
-namespace {
-
-// Whether the symbol library can be shown without another question.
-bool hasSymbolFolder(ArchToolset& toolset) {
-  if (!isSpecFile(rememberedSpecFile()) && !isSpecFile(defaultSpecFile())) { return false; }
-  return toolset.openSpecification() &&
-         (folderExists(rememberedSymbolFolder(toolset.store())) || folderExists(defaultSymbolFolder()));
-}
-
-}  // namespace
-
 void displayArchSetup(ArchToolset& toolset) {
-  if (ArchSetupDialog(toolset).run() && hasSymbolFolder(toolset)) { placeSymbols(toolset); }
+  if (ArchSetupDialog(toolset).run()) { placeSymbols(toolset); }
 }
 
 }  // namespace ardenix::arch

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -26,7 +27,7 @@ class SymbolBrowser {
   static void picked(const std::string& path, bool selected);
 
   COXShortcutBar& bar_;
-  COXShellFolderTree* tree_ = nullptr;  // belongs to the bar
+  std::shared_ptr<COXShellFolderTree> tree_;  // which the bar holds, too
 };
 
 // Where the symbol folder of a picked file ends: just after its first "Symbols"; "" where the path has none.

@@ -54,8 +54,8 @@ class COXShellFolderTree : public CWnd {
 // The host's side bar; the symbol library browser puts its group there.
 class COXShortcutBar : public CWnd {
  public:
-  // Makes a folder tree with a sunken edge; it belongs to the bar.
-  virtual COXShellFolderTree& CreateFolderTree(int childId) = 0;
+  // Makes a folder tree with a sunken edge. It belongs to the bar and to whoever asked: neither knows who goes first.
+  virtual std::shared_ptr<COXShellFolderTree> CreateFolderTree(int childId) = 0;
   // Shows the child in a group of its own; returns the group's index. In the caption the key of a picture may stand
   // before a backslash.
   virtual int InsertGroup(const char* caption, COXShellFolderTree& child) = 0;

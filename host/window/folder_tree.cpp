@@ -85,16 +85,26 @@ const std::vector<std::string>& FolderTree::allFiles() {
   return *all_;
 }
 
-std::optional<std::string> FolderTree::find(std::string_view file) {
+namespace {
+
+// As it is among the names, by its own spelling rather than by another case.
+std::optional<std::string> spelledAs(const std::string& asked, const std::vector<std::string>& names) {
+  const auto same = [&](const std::string& name) { return equalWithoutCase(name, asked); };
+  const auto exact = std::ranges::find(names, asked);
+  const auto found = exact != names.end() ? exact : std::ranges::find_if(names, same);
+  return found == names.end() ? std::nullopt : std::optional(*found);
+}
+
+}  // namespace
+
+std::optional<std::string> FolderTree::find(std::string_view item) {
   std::string folder;
-  const std::vector<std::string> parts = pathParts(forwardSlashes(file));
+  const std::vector<std::string> parts = pathParts(forwardSlashes(item));
   for (size_t at = 0; at < parts.size(); ++at) {
     const Listing& listing = list(folder);
-    const std::vector<std::string>& names = at + 1 < parts.size() ? listing.folders : listing.files;
-    const auto same = [&](const std::string& name) { return equalWithoutCase(name, parts[at]); };
-    const auto exact = std::ranges::find(names, parts[at]);
-    const auto found = exact != names.end() ? exact : std::ranges::find_if(names, same);
-    if (found == names.end()) { return std::nullopt; }
+    auto found = spelledAs(parts[at], listing.folders);
+    if (at + 1 == parts.size() && !found) { found = spelledAs(parts[at], listing.files); }
+    if (!found) { return std::nullopt; }
     folder = below(folder, *found);
   }
   return parts.empty() ? std::nullopt : std::optional(folder);

@@ -36,8 +36,8 @@ class FolderTree : public COXShellFolderTree {
   const Listing& list(const std::string& folder);
   // Every file below the top; read once.
   const std::vector<std::string>& allFiles();
-  // A file as it is spelled on disk, named without regard to case and with either separator.
-  std::optional<std::string> find(std::string_view file);
+  // A file or folder as it is spelled on disk, named without regard to case and with either separator.
+  std::optional<std::string> find(std::string_view item);
 
   // Whoever shows the tree hears of another folder.
   std::function<void()> onChanged;

@@ -171,12 +171,12 @@ void Host::runStep(std::string name, const std::function<void(DrawingWindow&)>& 
   endCommand(windowsBefore, window, true);
 }
 
-void Host::browse(const std::string& file) {
+void Host::browse(const std::string& item) {
   FolderTree* const tree = sideBar().tree();
   if (tree == nullptr) { throw HostFailure("There is no symbol browser yet, ArchPlaceSym puts it up."); }
-  const auto found = tree->find(file);
+  const auto found = tree->find(item);
   if (!found) {
-    throw HostFailure("The symbol library \"" + tree->folder() + "\" has no file \"" + messageText(file) + "\".");
+    throw HostFailure("The symbol library \"" + tree->folder() + "\" has no file \"" + messageText(item) + "\".");
   }
   const StyleOfUser style(window().style());
   runStep("Place Symbols", [&](DrawingWindow&) { tree->pick(*found); });

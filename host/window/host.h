@@ -66,9 +66,9 @@ class Host {
   [[nodiscard]] const CommandRow* runningCommand() const { return command_; }
   // Runs a tool of the host's own likewise; what is selected stays so for it.
   void runTool(std::string_view name, void (*work)(DrawingWindow& window));
-  // Picks a file in the symbol browser, as one undo step; the file as FolderTree::find takes it. Throws HostFailure
-  // where there is no such file, or no browser yet.
-  void browse(const std::string& file);
+  // Picks a file or folder in the symbol browser, as one undo step; named as FolderTree::find takes it. Throws
+  // HostFailure where there is none of this name, or no browser yet.
+  void browse(const std::string& item);
   // Runs one macro command as typed by the user. Throws MacroError.
   void runMacro(std::string_view text);
 

@@ -14,9 +14,9 @@ class SideBar : public COXShortcutBar {
  public:
   explicit SideBar(FileServices& files) : files_(files) {}
 
-  COXShellFolderTree& CreateFolderTree(int) override {
-    tree_ = std::make_unique<FolderTree>(files_);
-    return *tree_;
+  std::shared_ptr<COXShellFolderTree> CreateFolderTree(int) override {
+    tree_ = std::make_shared<FolderTree>(files_);
+    return tree_;
   }
   int InsertGroup(const char* caption, COXShellFolderTree&) override {
     groups_.emplace_back(shownCaption(caption));
@@ -40,7 +40,7 @@ class SideBar : public COXShortcutBar {
  private:
   FileServices& files_;
   std::vector<std::string> groups_;
-  std::unique_ptr<FolderTree> tree_;
+  std::shared_ptr<FolderTree> tree_;
 };
 
 }  // namespace brevan

@@ -14,6 +14,11 @@ const std::string kThreeStandards =
     "; kept\n[BLDG_STD]\nCurrent=2\n[BLDG_STD_TYPES]\nBldgStd1=One,190.00,250.00,800.00,20.00,100.00\n"
     "BldgStd2=Two,180.00\nBldgStd3=Three,170.00,280.00,1000.00,25.00,90.00\n";
 
+// The setup is followed by the symbol library, which needs a folder.
+const std::string kNoSymbols =
+    "expect message \"Symbol file not found, please set file path, else press cancel in next dialog to exit this "
+    "function\"\ndialog \"Architectural Setup\"\n";
+
 class ArchSetup : public ArchSession {
  protected:
   // Looks at the wall types of the file that is found; returns the path remembered then.
@@ -68,9 +73,9 @@ TEST_F(ArchSetup, OkRemembersBothPathsAndCancelNothing) {
   play(kArchSetup + edits + kCancel);
   EXPECT_EQ(remembered(), first);
   EXPECT_EQ(read(first), before);
-  play(kArchSetup + "press \"Browse folder\"\ncancel\n" + kOk);
+  play(kArchSetup + "press \"Browse folder\"\ncancel\n" + kOk + kNoSymbols + kCancel);
   EXPECT_EQ(read(first), before) << "a folder out of reach is not forgotten";
-  play(kArchSetup + edits + "expect \"Initialization file path\" \"" + second + "\"\n" + kOk);
+  play(kArchSetup + edits + "expect \"Initialization file path\" \"" + second + "\"\n" + kOk + kNoSymbols + kCancel);
   EXPECT_EQ(remembered(), second);
   EXPECT_EQ(value(first, "SYMBOL", "SymbolPath"), folder() + "/Mine");
   EXPECT_TRUE(read(first).starts_with("; kept\n"));
@@ -79,9 +84,9 @@ TEST_F(ArchSetup, OkRemembersBothPathsAndCancelNothing) {
 TEST_F(ArchSetup, AFileThatIsNoTextCanBeReplacedByAnother) {
   useSpecs(std::string("[A]\0B", 5));
   const std::string good = write("Good ArchSpecs.ini", "");
-  play(kArchSetup + "press \"Browse file\"\nfile \"" + good + "\"\n" + kOk);
+  play(kArchSetup + "press \"Browse file\"\nfile \"" + good + "\"\n" + kOk + kNoSymbols + kCancel);
   EXPECT_EQ(remembered(), good);
-  EXPECT_EQ(log_.of("message").size(), 1U);
+  EXPECT_EQ(log_.of("message").size(), 2U) << "the file, and that it names no symbol folder";
 }
 
 // ---- Building standards, whose list of records is the same as that of the walls ---------------------------------
@@ -117,7 +122,7 @@ TEST_F(ArchSetup, AddedStandardsTakeTheValuesShownAndNamesWithoutCommas) {
 TEST_F(ArchSetup, NamesAreSavedWithoutTheBlanksAroundThem) {
   const std::string path = useSpecs(
       "[BLDG_STD]\nCurrent=1\n[BLDG_STD_TYPES]\nBldgStd1=One ,180\n[WALLS]\nCurrent=1\n[WALL_TYPES]\nWall1=Thin ,W\n");
-  play(kArchSetup + kStandards + kOk + kOk + "run ArchSetWalls\ndialog \"Wall Setup\"\n" + kOk);
+  play(kArchSetup + kStandards + kOk + kCancel + "run ArchSetWalls\ndialog \"Wall Setup\"\n" + kOk);
   EXPECT_TRUE(value(path, "BLDG_STD_TYPES", "BldgStd1").starts_with("One,180.00,"));
   EXPECT_TRUE(value(path, "WALL_TYPES", "Wall1").starts_with("Thin,W,"));
 }
@@ -156,14 +161,11 @@ TEST_F(ArchServices, AStandardReplacesWhatMissesItIfTheUserAgrees) {
 }
 
 TEST_F(ArchServices, TheSymbolFolderIsTheFilesOwnElseTheDefaultElseTheUsersChoice) {
-  const std::string message =
-      "expect message \"Symbol file not found, please set file path, else press cancel in next dialog to exit this "
-      "function\"\ndialog \"Architectural Setup\"\n";
   const std::string before = read(path_);
-  play("test symbols\n" + message + "set \"Symbol file path\" \"nowhere\"\n" + kOk + message + kCancel);
+  play("test symbols\n" + kNoSymbols + "set \"Symbol file path\" \"nowhere\"\n" + kOk + kNoSymbols + kCancel);
   EXPECT_EQ(symbols_, "cancelled");
   std::filesystem::create_directories(folder() + "/Chosen");
-  play("test symbols\n" + message + "set \"Symbol file path\" \"Chosen\"\n" + kOk + "test symbols\n");
+  play("test symbols\n" + kNoSymbols + "set \"Symbol file path\" \"Chosen\"\n" + kOk + "test symbols\n");
   EXPECT_EQ(symbols_, "Chosen");
   write("My ArchSpecs.ini", before);
   std::filesystem::create_directories(folder() + "/Symbols");
