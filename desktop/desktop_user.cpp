@@ -48,6 +48,7 @@ DesktopUser::DesktopUser(PromptBar& promptBar, Recorder& recorder, QString pictu
   connect(&promptBar, &PromptBar::pointTyped, this, &DesktopUser::givePoint);
   connect(&promptBar, &PromptBar::spacePressed, this, &DesktopUser::giveSpace);
   connect(&promptBar, &PromptBar::escapePressed, this, &DesktopUser::giveEscape);
+  connect(&promptBar, &PromptBar::keyPressed, this, &DesktopUser::giveKey);
   connect(&promptBar, &PromptBar::backPressed, this, &DesktopUser::giveBack);
   connect(&promptBar, &PromptBar::textTyped, this, [this](const QString& typed, bool acceptedDefault) {
     if (wants_ != Wants::kText) { return; }
@@ -114,6 +115,18 @@ void DesktopUser::giveSpace() {
 }
 
 void DesktopUser::allowBack(bool allowed) { promptBar_.allowBack(allowed); }
+
+void DesktopUser::allowKeys(const std::vector<std::string>& keys) {
+  keys_.clear();
+  for (const std::string& key : keys) { keys_.append(shown(key)); }
+  promptBar_.allowKeys(keys_);
+}
+
+void DesktopUser::giveKey(const QString& key) {
+  if (wants_ != Wants::kPoint) { return; }
+  point_ = {PromptEnd::kKey, {}, key.toStdString()};
+  answered();
+}
 
 void DesktopUser::giveBack() {
   if (wants_ != Wants::kText) { return; }

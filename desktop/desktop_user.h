@@ -26,6 +26,7 @@ class DesktopUser : public QObject, public User {
   PointAnswer askPoint(const std::string& prompt) override;
   TextAnswer askText(const std::string& prompt, const std::string& fallback) override;
   void allowBack(bool allowed) override;
+  void allowKeys(const std::vector<std::string>& keys) override;
   bool isAskedToGiveUp() override { return !cancelled_; }
   BoxAnswer showMessage(const MessageBox& box) override;
   std::optional<size_t> chooseFromMenu(const std::vector<std::string>& items) override;
@@ -46,6 +47,9 @@ class DesktopUser : public QObject, public User {
   void giveSpace();
   void giveBack();
   void giveEscape();
+  void giveKey(const QString& key);
+  // Whether Tab answers the prompt, rather than going to the next field.
+  [[nodiscard]] bool wantsTab() const { return wants_ == Wants::kPoint && keys_.contains("Tab"); }
   [[nodiscard]] bool wantsPoint() const { return wants_ == Wants::kPoint; }
   [[nodiscard]] bool wantsAnything() const { return wants_ != Wants::kNothing; }
   // A long computation lets events in, so that Escape can stop it.
@@ -76,6 +80,7 @@ class DesktopUser : public QObject, public User {
   QPointer<QWidget> modal_;
   PointAnswer point_;
   TextAnswer text_;
+  QStringList keys_;
   bool cancelled_ = false;
   bool showsProgress_ = false;
   int refusals_ = 0;

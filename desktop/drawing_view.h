@@ -41,6 +41,8 @@ class DrawingView : public QWidget {
   void refreshIfChanged();
   // While a command waits for a point, clicks answer it and the rubber band follows the mouse.
   void setPicking(bool picking);
+  // Whether the key Tab is typed here, rather than leading to the next field.
+  void setTakesTab(bool takes) { takesTab_ = takes; }
   // Lets the user draw the window that a zoom shall show.
   void beginZoomWindow();
   // Of tests and measurements: paints all of the picture now.
@@ -68,6 +70,7 @@ class DrawingView : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override { return !takesTab_ && QWidget::focusNextPrevChild(next); }
 
  private:
   // Where the middle of the view lies in the drawing, and how large a drawing unit is.
@@ -104,6 +107,7 @@ class DrawingView : public QWidget {
   uint64_t paintedRevision_ = 0;
   QTimer painting_;
   bool picking_ = false;
+  bool takesTab_ = false;
   bool zoomWindow_ = false;
   std::optional<QPointF> dragFrom_;  // of a window being drawn
   std::optional<QPointF> panFrom_;

@@ -6,7 +6,7 @@
 #include "desktop/drawing_view.h"
 #include "frame/host/core_services.h"
 #include "host/drawing/pens.h"
-#include "host/drawing/symbol_expansion.h"
+#include "host/macros/macro_drawing.h"
 #include "render/drawing_painter.h"
 
 // What lies over the drawing's picture: sheet, grid, selection, what a click would make, where it would snap to.
@@ -95,10 +95,10 @@ void DrawingView::paintWhatComes(QPainter& painter, std::vector<Geometry> shapes
   size_t shownParts = 0;
   for (Geometry& shape : shapes) {
     if (const Symbol* symbol = std::get_if<Symbol>(&shape)) {
-      const size_t parts = window_.drawing().symbolParts(symbol->name);
+      copySymbol(window_, symbol->name, scratch);
+      const size_t parts = scratch.symbolParts(symbol->name);
       if (shownParts + parts > kMostSymbolParts) { continue; }
       shownParts += parts;
-      copyDefinition(window_.drawing(), symbol->name, scratch);
     }
     scratch.add({.geometry = std::move(shape)});
   }

@@ -144,7 +144,10 @@ void MainWindow::connectUser() {
     keepAll();
   });
   connect(user_, &DesktopUser::pointWanted, this, [this](bool wanted) {
-    for (auto& [name, document] : documents_) { document.view->setPicking(wanted); }
+    for (auto& [name, document] : documents_) {
+      document.view->setPicking(wanted);
+      document.view->setTakesTab(wanted && user_->wantsTab());
+    }
     promptBar_->setOrigin(host_->window().cursor().held() ? host_->window().cursor().heldAt()
                                                           : host_->window().cursor().lastGiven());
     if (wanted) { view().setFocus(); }

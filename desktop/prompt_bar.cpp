@@ -125,7 +125,18 @@ void PromptBar::enter() {
   }
 }
 
+// "" for one that is none of them.
+QString PromptBar::allowedKey(const QKeyEvent& event) const {
+  if (asks_ != Asks::kPoint || !edit_->text().isEmpty() || event.modifiers() != Qt::NoModifier) { return {}; }
+  const QString name = QKeySequence(event.key()).toString(QKeySequence::PortableText);
+  return keys_.contains(name) ? name : QString();
+}
+
 bool PromptBar::pressed(QKeyEvent* event) {
+  if (const QString key = allowedKey(*event); !key.isEmpty()) {
+    emit keyPressed(key);
+    return true;
+  }
   const bool completing = completer_ != nullptr && edit_->completer() != nullptr && completer_->popup()->isVisible();
   switch (event->key()) {
     case Qt::Key_Return:

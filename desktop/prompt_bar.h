@@ -26,6 +26,8 @@ class PromptBar : public QWidget {
   void askText(const QString& prompt, const QString& fallback);
   // Whether Backspace on an empty answer goes to the question before.
   void allowBack(bool allowed) { mayGoBack_ = allowed; }
+  // What is pressed on an empty line instead of giving a point: a letter in capitals, or "Tab".
+  void allowKeys(const QStringList& keys) { keys_ = keys; }
   void showPrompt(const QString& text) { prompt_->setText(text); }
   // Of relative input: "@5,0" and "@5<30" count from here.
   void setOrigin(Point origin) { origin_ = origin; }
@@ -44,6 +46,7 @@ class PromptBar : public QWidget {
   void spacePressed();
   void escapePressed();
   void backPressed();
+  void keyPressed(const QString& key);
   void mistyped(const QString& what);
 
  protected:
@@ -53,12 +56,14 @@ class PromptBar : public QWidget {
   enum class Asks { kCommand, kPoint, kText };
   void enter();
   bool pressed(QKeyEvent* event);
+  [[nodiscard]] QString allowedKey(const QKeyEvent& event) const;
   void recall(int step);
   QLabel* prompt_;
   QLineEdit* edit_;
   QCompleter* completer_ = nullptr;
   Asks asks_ = Asks::kCommand;
   bool mayGoBack_ = false;
+  QStringList keys_;
   QString fallback_;
   Point origin_;
   QStringList history_;

@@ -173,6 +173,8 @@ void Recorder::pointPrompted(std::string_view, PromptEnd end, Point at) {
   }
 }
 
+void Recorder::keyPressed(std::string_view key) { answer("key \"" + shown(key) + '"'); }
+
 void Recorder::textPrompted(std::string_view, const TextAnswer& given) {
   if (given.end != PromptEnd::kGiven) {
     answer(shown(promptEndWord(given.end)));

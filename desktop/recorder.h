@@ -38,6 +38,7 @@ class Recorder : public EventSink {
 
   void macroSent(std::string_view) override {}
   void primitiveAdded(const Drawing&, PrimitiveId) override {}
+  void keyPressed(std::string_view key) override;
   void pointPrompted(std::string_view prompt, PromptEnd end, Point at) override;
   void textPrompted(std::string_view prompt, const TextAnswer& answer) override;
   void messageShown(const MessageBox& box, BoxAnswer answer) override;

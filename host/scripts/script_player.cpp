@@ -62,8 +62,8 @@ const std::vector<ScriptPlayer::StatementRow>& ScriptPlayer::rows() {
 
 namespace {
 
-constexpr std::array<std::string_view, 12> kPlainAnswers = {"point", "space", "escape", "back",   "text", "accept",
-                                                            "menu",  "reply", "file",   "cancel", "pen",  "dialog"};
+constexpr std::array<std::string_view, 13> kPlainAnswers = {
+    "point", "space", "escape", "key", "back", "text", "accept", "menu", "reply", "file", "cancel", "pen", "dialog"};
 
 bool isAnswer(std::string_view name) {
   return operationNamed(name) != nullptr ||

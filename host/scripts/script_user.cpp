@@ -134,7 +134,18 @@ PointAnswer ScriptUser::askPoint(const std::string& prompt) {
   if (cursor_.nextIs("space") || cursor_.nextIs("escape")) {
     return {takeAnswer("").name() == "space" ? PromptEnd::kSpace : PromptEnd::kEscape, {}};
   }
+  if (cursor_.nextIs("key") && !keys_.empty()) { return pressedKey(); }
   cursor_.failHere(quotedUtf8(prompt) + " asks for a point");
+}
+
+PointAnswer ScriptUser::pressedKey() {
+  const Statement& answer = takeAnswer("");
+  cursor_.expectWords(answer, 2, 2);
+  const std::string& key = cursor_.string(answer, 1);
+  if (std::ranges::find(keys_, key) == keys_.end()) {
+    cursor_.fail(answer, "this prompt takes the keys " + titles(keys_) + ", the script gave " + quotedUtf8(key));
+  }
+  return {PromptEnd::kKey, {}, key};
 }
 
 TextAnswer ScriptUser::askText(const std::string& prompt, const std::string& fallback) {

@@ -35,6 +35,7 @@ class ScriptUser : public User {
   PointAnswer askPoint(const std::string& prompt) override;
   TextAnswer askText(const std::string& prompt, const std::string& fallback) override;
   void allowBack(bool allowed) override { mayGoBack_ = allowed; }
+  void allowKeys(const std::vector<std::string>& keys) override { keys_ = keys; }
   bool isAskedToGiveUp() override { return cursor_.nextIs("reply"); }
   BoxAnswer showMessage(const MessageBox& box) override;
   std::optional<size_t> chooseFromMenu(const std::vector<std::string>& items) override;
@@ -49,6 +50,7 @@ class ScriptUser : public User {
   // Reads the `expect` statements before an answer; `kind` is what was asked, `text` its wording.
   void readExpectations(std::string_view kind, const std::string& text);
   const Statement& takeAnswer(std::string_view asked);
+  PointAnswer pressedKey();
   void operate(DialogSession& session, dialog::Dialog& dialog);
 
   ScriptCursor& cursor_;
@@ -59,6 +61,7 @@ class ScriptUser : public User {
   std::string status_;
   bool counting_ = false;
   bool mayGoBack_ = false;
+  std::vector<std::string> keys_;
   std::string lastMessage_;
   int messagesSince_ = 0;
 };

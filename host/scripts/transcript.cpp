@@ -85,6 +85,8 @@ void Transcript::pointPrompted(std::string_view prompt, PromptEnd end, Point at)
   if (end == PromptEnd::kGiven) { event.object().point("at", at); }
 }
 
+void Transcript::keyPressed(std::string_view key) { Event(lines_, "key").object().text("text", key); }
+
 void Transcript::textPrompted(std::string_view prompt, const TextAnswer& answer) {
   Event event(lines_, "prompt");
   const std::string_view how = answer.end != PromptEnd::kGiven ? promptEndWord(answer.end)

@@ -15,6 +15,7 @@ class Transcript : public EventSink {
 
   void macroSent(std::string_view text) override;
   void primitiveAdded(const Drawing& drawing, PrimitiveId id) override;
+  void keyPressed(std::string_view key) override;
   void pointPrompted(std::string_view prompt, PromptEnd end, Point at) override;
   void textPrompted(std::string_view prompt, const TextAnswer& answer) override;
   void messageShown(const MessageBox& box, BoxAnswer answer) override;

@@ -121,6 +121,10 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] bool isChangeable(PrimitiveId id) const;
   // Nearest on a visible layer within the aperture; what the open group holds comes first.
   [[nodiscard]] PrimitiveId pick(Point p, int type) const;
+  // Asks for a point as gsGetPointFromUser does; the keys given (see User::allowKeys) are told and the prompt goes on.
+  // Nothing when it was left.
+  std::optional<Point> askPoint(std::string_view prompt, const std::vector<std::string>& keys,
+                                const std::function<void(std::string_view key)>& pressed);
   // SETMACUNDO: what lies in the bracket is a step of undo of its own.
   void setUndoBracket(bool open);
 
@@ -230,6 +234,7 @@ class DrawingWindow : public CCadWindow {
     size_t end = 0;                // what is drawn after the scan began is not met
   };
 
+  std::optional<Point> take(std::string_view prompt, const PointAnswer& answer);
   BoxAnswer ask(const MessageBox& box);
   void call(std::string_view name, std::initializer_list<CallArgument> arguments = {}) {
     if (services_.events != nullptr) { services_.events->called(name, arguments); }

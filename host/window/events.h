@@ -27,6 +27,8 @@ class EventSink {
   virtual void macroSent(std::string_view text) = 0;
   virtual void primitiveAdded(const Drawing& drawing, PrimitiveId id) = 0;
   virtual void pointPrompted(std::string_view prompt, PromptEnd end, Point at) = 0;
+  // Instead of a point.
+  virtual void keyPressed(std::string_view) {}
   virtual void textPrompted(std::string_view prompt, const TextAnswer& answer) = 0;
   virtual void messageShown(const MessageBox& box, BoxAnswer answer) = 0;
   virtual void dialogClosed(std::string_view title, bool accepted) = 0;

@@ -47,6 +47,13 @@ struct LoadedSymbols {
   friend bool operator==(const LoadedSymbols&, const LoadedSymbols&) = default;
 };
 
+// How symbols are placed by hand.
+struct SymbolPlacing {
+  bool snapsToWalls = false;
+  bool cutsWalls = false;               // by openings that stand in them
+  std::vector<std::string> wallLayers;  // in any case
+};
+
 // The paper that a command asked for and left to the host to choose.
 struct AutomaticPaper {
   bool wanted = false;
@@ -73,6 +80,7 @@ struct MacroState {
   SymbolTable symbols;                      // of the symbol files loaded into this window
   LoadedSymbols loaded;
   std::vector<std::string> panel;  // the names of the file loaded last
+  SymbolPlacing placing;           // of the next placing alone
   bool allLayers = false;          // of the user's own selecting
   bool promptsForPerimeter = false;
   bool powerBar = true;

@@ -15,7 +15,7 @@ class Dialog;
 namespace brevan {
 
 // How the user left a prompt.
-enum class PromptEnd { kGiven, kSpace, kEscape, kBack };
+enum class PromptEnd { kGiven, kSpace, kEscape, kBack, kKey };
 
 // As scripts and transcripts call the way in which a prompt was left without an answer.
 std::string_view promptEndWord(PromptEnd end);
@@ -23,6 +23,7 @@ std::string_view promptEndWord(PromptEnd end);
 struct PointAnswer {
   PromptEnd end = PromptEnd::kEscape;
   Point at;
+  std::string key{};  // which was pressed instead, of those allowed
 };
 
 struct TextAnswer {
@@ -78,6 +79,8 @@ class User {
   virtual TextAnswer askText(const std::string& prompt, const std::string& fallback) = 0;
   // Whether prompts for a text may be left backwards, with PromptEnd::kBack.
   virtual void allowBack(bool) {}
+  // The keys that prompts for a point take, with PromptEnd::kKey: a letter in capitals, or "Tab".
+  virtual void allowKeys(const std::vector<std::string>&) {}
   // Whether Escape is followed by the question if what is being made is given up.
   virtual bool isAskedToGiveUp() { return false; }
   virtual BoxAnswer showMessage(const MessageBox& box) = 0;

@@ -30,6 +30,7 @@ std::string_view promptEndWord(PromptEnd end) {
   switch (end) {
     case PromptEnd::kSpace: return "space";
     case PromptEnd::kBack: return "back";
+    case PromptEnd::kKey: return "key";
     case PromptEnd::kGiven:
     case PromptEnd::kEscape: break;
   }
@@ -46,18 +47,49 @@ std::string tooLongAnswer(size_t characters) {
          std::to_string(characters) + ".";
 }
 
-int DrawingWindow::gsGetPointFromUser(std::string_view prompt, double& x, double& y) {
-  const PointAnswer answer = services_.user.askPoint(std::string(prompt));
-  Point at = cursor_.position();
-  if (answer.end == PromptEnd::kGiven) {
-    at = cursor_.give(answer.at, drawing_);
-    if (!isFinite(at)) { throw HostFailure("A point's coordinates must be finite numbers."); }
-    x = at.x;
-    y = at.y;
-  }
+// Brings it through the cursor; nothing when the prompt was left.
+std::optional<Point> DrawingWindow::take(std::string_view prompt, const PointAnswer& answer) {
+  const bool given = answer.end == PromptEnd::kGiven;
+  const Point at = given ? cursor_.give(answer.at, drawing_) : cursor_.position();
+  if (given && !isFinite(at)) { throw HostFailure("A point's coordinates must be finite numbers."); }
   escaped_ = escaped_ || answer.end == PromptEnd::kEscape;
   if (services_.events != nullptr) { services_.events->pointPrompted(prompt, answer.end, at); }
-  return answer.end == PromptEnd::kGiven ? 0 : 1;
+  return given ? std::optional(at) : std::nullopt;
+}
+
+int DrawingWindow::gsGetPointFromUser(std::string_view prompt, double& x, double& y) {
+  const auto at = take(prompt, services_.user.askPoint(std::string(prompt)));
+  if (!at) { return 1; }
+  x = at->x;
+  y = at->y;
+  return 0;
+}
+
+namespace {
+
+// The keys are allowed as long as this lives.
+class KeysOfPrompt {
+ public:
+  KeysOfPrompt(User& user, const std::vector<std::string>& keys) : user_(user) { user_.allowKeys(keys); }
+  KeysOfPrompt(const KeysOfPrompt&) = delete;
+  KeysOfPrompt& operator=(const KeysOfPrompt&) = delete;
+  ~KeysOfPrompt() { user_.allowKeys({}); }
+
+ private:
+  User& user_;
+};
+
+}  // namespace
+
+std::optional<Point> DrawingWindow::askPoint(std::string_view prompt, const std::vector<std::string>& keys,
+                                             const std::function<void(std::string_view key)>& pressed) {
+  const KeysOfPrompt allowed(services_.user, keys);
+  while (true) {
+    const PointAnswer answer = services_.user.askPoint(std::string(prompt));
+    if (answer.end != PromptEnd::kKey) { return take(prompt, answer); }
+    if (services_.events != nullptr) { services_.events->keyPressed(answer.key); }
+    pressed(answer.key);
+  }
 }
 
 void DrawingWindow::gsGetTextFromPromptBar(std::string_view prompt, std::string& text, int) {
