@@ -26,6 +26,8 @@ class ArchPart {
   ArchPart& operator=(const ArchPart&) = delete;
   ~ArchPart();
 
+  [[nodiscard]] const std::string& group() const { return group_; }
+
   // Makes one group of what lies on the scratch layer and moves it to the part's layer.
   void finish(CurrentLayer afterwards);
 

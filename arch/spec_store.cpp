@@ -56,6 +56,10 @@ void ArchSpecStore::writeInt(std::string_view section, std::string_view key, int
   records_.file().WriteInt(section, key, value);
 }
 
+void ArchSpecStore::writeOption(std::string_view section, std::string_view key, bool on) {
+  if (on != (readInt(section, key) != 0)) { writeInt(section, key, on ? 1 : 0); }
+}
+
 double ArchSpecStore::readDouble(std::string_view section, std::string_view key, double fallback) const {
   return records_.file().ReadDouble(section, key, fallback);
 }
@@ -86,12 +90,18 @@ std::vector<std::string> ArchSpecStore::layersOfView() const {
   return names;
 }
 
-std::vector<std::string> ArchSpecStore::layersAndWallLayers() const {
+std::vector<std::string> ArchSpecStore::wallLayers() const {
   constexpr int kLayerField = 2;
-  std::vector<std::string> names = layersOfView();
+  std::vector<std::string> names;
   for (int number = 1; const auto record = readRecord(kWallTypes, number); ++number) {
     addMissing(names, textField(*record, kLayerField));
   }
+  return names;
+}
+
+std::vector<std::string> ArchSpecStore::layersAndWallLayers() const {
+  std::vector<std::string> names = layersOfView();
+  for (const std::string& name : wallLayers()) { addMissing(names, name); }
   return names;
 }
 

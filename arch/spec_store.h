@@ -45,6 +45,8 @@ class ArchSpecStore {
   // ---- Single settings ------------------------------------------------------------------------------------
   [[nodiscard]] int readInt(std::string_view section, std::string_view key, int fallback = 0) const;
   void writeInt(std::string_view section, std::string_view key, int value);
+  // A switch that is off where its key is missing: a key for it is made only to switch it on.
+  void writeOption(std::string_view section, std::string_view key, bool on);
   [[nodiscard]] double readDouble(std::string_view section, std::string_view key, double fallback) const;
   // With three decimals; more that a user wrote into the file stay until the value changes.
   void writeDouble(std::string_view section, std::string_view key, double value);
@@ -55,6 +57,8 @@ class ArchSpecStore {
   // ---- Layers offered by a dialog: those of the view, then others that are not among them ------------------
   // Those of all wall types.
   [[nodiscard]] std::vector<std::string> layersAndWallLayers() const;
+  // Those of wall types alone, each once.
+  [[nodiscard]] std::vector<std::string> wallLayers() const;
   // That of a setting.
   [[nodiscard]] std::vector<std::string> layersAndSetting(std::string_view section, std::string_view key) const;
   [[nodiscard]] std::vector<std::string> layersAnd(std::string_view name) const;

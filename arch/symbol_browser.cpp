@@ -1,5 +1,7 @@
 #include "arch/symbol_browser.h"
 
+#include <memory>
+
 #include "arch/arch_commands.h"
 #include "arch/arch_toolset.h"
 #include "arch/spec_file.h"
@@ -20,13 +22,29 @@ bool isSymbolFile(const std::string& path) {
   return named && coreFileExist(path) != 0;
 }
 
-// The folder of what was picked is where the other commands look from now on.
-void rememberFolderOf(const std::string& path, CCadWindow& view) {
-  const std::string folder = symbolFolderOf(path);
+// Nothing where no file is remembered.
+std::unique_ptr<ArchSpecStore> rememberedStore(CCadWindow& view) {
   const std::string file = rememberedSpecFile();
-  if (folder.empty() || file == kNoPath || coreFileExist(file) == 0) { return; }
-  ArchSpecStore store(file, view);
-  if (rememberedSymbolFolder(store) != folder) { rememberSymbolFolder(store, folder); }
+  if (file == kNoPath || coreFileExist(file) == 0) { return nullptr; }
+  return std::make_unique<ArchSpecStore>(file, view);
+}
+
+// The folder of what was picked is where the other commands look from now on.
+void rememberFolderOf(const std::string& path, ArchSpecStore& store) {
+  const std::string folder = symbolFolderOf(path);
+  if (!folder.empty() && rememberedSymbolFolder(store) != folder) { rememberSymbolFolder(store, folder); }
+}
+
+// Without the settings symbols are placed freely, as ever.
+void definePlacing(const ArchSpecStore& store, CCadWindow& view) {
+  const macroText::SymbolPlacing placing{
+      .snapsToWalls = store.readInt(kSymbolSection, "SnapToWalls") != 0,
+      .cutsWalls = store.readInt(kSymbolSection, "CutWalls") != 0,
+      .wallLayers = store.wallLayers(),
+  };
+  if (!placing.wallLayers.empty() && (placing.snapsToWalls || placing.cutsWalls)) {
+    view.gsExecuteMacro(macroText::symbolPlacing(placing));
+  }
 }
 
 }  // namespace
@@ -61,7 +79,7 @@ bool SymbolBrowser::setUp(ArchToolset& toolset) {
 }
 
 void SymbolBrowser::makeTree() {
-  tree_ = &bar_.CreateFolderTree(kTreeId);
+  tree_ = bar_.CreateFolderTree(kTreeId);
   tree_->SetShowDesktopItem(false);
   tree_->SetShowFiles(true);
   tree_->SetFilter(kFileEnding);
@@ -72,9 +90,13 @@ void SymbolBrowser::makeTree() {
 void SymbolBrowser::picked(const std::string& path, bool selected) {
   CCadWindow* const view = cadGetCurrentView();
   if (view == nullptr || !selected || !isSymbolFile(path)) { return; }
-  rememberFolderOf(path, *view);
+  const std::unique_ptr<ArchSpecStore> store = rememberedStore(*view);
+  if (store != nullptr) { rememberFolderOf(path, *store); }
   view->SetFocus();
-  if (view->gsExecuteMacro(macroText::sharedSymbols(path)) != 0) { view->gsExecuteMacro(macroText::kPlaceSymbols); }
+  if (view->gsExecuteMacro(macroText::sharedSymbols(path)) != 0) {
+    if (store != nullptr) { definePlacing(*store, *view); }
+    view->gsExecuteMacro(macroText::kPlaceSymbols);
+  }
   view->SetFocus();
 }
 

@@ -7,7 +7,6 @@ namespace ardenix::arch {
 
 namespace {
 
-constexpr std::string_view kSymbolSection = "SYMBOL";
 constexpr std::string_view kSymbolKey = "SymbolPath";
 
 constexpr std::string_view kSymbolsNotFound =

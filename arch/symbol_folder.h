@@ -8,6 +8,8 @@
 
 namespace ardenix::arch {
 
+inline constexpr std::string_view kSymbolSection = "SYMBOL";
+
 // The folder of the symbol files, as the specification file names it; "" where it names none.
 std::string rememberedSymbolFolder(const ArchSpecStore& store);
 void rememberSymbolFolder(ArchSpecStore& store, std::string_view folder);

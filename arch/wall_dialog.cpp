@@ -143,6 +143,10 @@ void WallDialog::describeEnds(int parent) {
                               .toolTip = "Draw a line across each end",
                               .group = group,
                               .place = {.row = 1, .column = 1}});
+  join_ = addCheck(dialog_, {.caption = "&Join walls",
+                             .toolTip = "Open walls to each other where they meet",
+                             .group = group,
+                             .place = {.row = 2, .column = 1}});
 }
 
 // ---- What is shown ------------------------------------------------------------------------------------------
@@ -163,6 +167,7 @@ void WallDialog::showSettings() {
   justification_.choose(choiceOf(settings.outside));
   direction_.choose(choiceOf(settings.clockwise));
   direction_.enable(!settings.tracks);
+  join_.setChecked(settings.joins);
   showDirection();
 }
 
@@ -237,6 +242,7 @@ void WallDialog::takeSettings() {
   settings.outside = justification_.chosen() == kFirst;
   settings.clockwise = direction_.chosen() == kFirst;
   settings.current = chooser_.number();
+  settings.joins = join_.checked();
 }
 
 // The host cuts no end at a sharper angle, and the scratch layers come and go.

@@ -74,6 +74,7 @@ class WallDialog {
   CFloatEdit endAngle_;
   dialog::CheckHandle fillet_;
   dialog::CheckHandle close_;
+  dialog::CheckHandle join_;
 };
 
 }  // namespace ardenix::arch

@@ -7,6 +7,7 @@
 #include "frame/drafting/target_layer.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "frame/names.h"
 
 namespace ardenix::arch {
 
@@ -35,8 +36,19 @@ bool WallDrawer::drawRound() {
   load();
   ArchPart part(view, {settings.parentName, kPlanPrefix, type.layer});
   if (!define()) { return false; }
-  if (send(macroText::parallelLine(*first))) { part.finish(CurrentLayer::kTarget); }
+  if (!send(macroText::parallelLine(*first))) { return true; }
+  part.finish(CurrentLayer::kTarget);
+  if (settings.joins) { join(part.group()); }
   return true;
+}
+
+void WallDrawer::join(const std::string& group) {
+  CCadWindow& view = store_.view();
+  std::string parent = settings.parentName;
+  cleanName(parent, true);
+  view.gsExecuteMacro(macroText::selectName(parent, group));
+  view.gsExecuteMacro(macroText::joinWalls(store_.wallLayers()));
+  clearAll(view);
 }
 
 // The host says in its status line why it does not take a macro.

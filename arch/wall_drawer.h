@@ -28,6 +28,7 @@ class WallDrawer {
  private:
   bool define();
   bool send(const std::string& macro);
+  void join(const std::string& group);
 
   ArchSpecStore& store_;
 };

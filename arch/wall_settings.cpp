@@ -5,6 +5,7 @@ namespace ardenix::arch {
 namespace {
 
 constexpr std::string_view kWallSection = "WALLS";
+constexpr std::string_view kJoinKey = "JoinWalls";
 
 }  // namespace
 
@@ -16,6 +17,7 @@ WallSettings readWallSettings(const ArchSpecStore& store) {
   settings.tracks = !flag("Method");
   settings.clockwise = settings.tracks || flag("Direction");
   settings.outside = flag("Face");
+  settings.joins = store.readInt(kWallSection, kJoinKey) != 0;
   return settings;
 }
 
@@ -25,6 +27,7 @@ void saveWall(ArchSpecStore& store, const WallSettings& settings, const WallType
   store.writeInt(kWallSection, "Method", settings.tracks ? 0 : 1);
   store.writeInt(kWallSection, "Direction", settings.clockwise ? 1 : 0);
   store.writeInt(kWallSection, "Face", settings.outside ? 1 : 0);
+  store.writeOption(kWallSection, kJoinKey, settings.joins);
   store.writeInt(kWallSection, wall.internal ? "InternalWall" : "ExternalWall", settings.current);
   store.writeRecord(settings.current, wallRecord(wall), kWallTypes);
   store.flush();

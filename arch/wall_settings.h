@@ -14,6 +14,7 @@ struct WallSettings {
   bool clockwise = true;
   bool outside = true;  // the wall stands outside of the line followed, which is its inside face; else inside
   int current = 0;      // number of the wall type; 0: none
+  bool joins = false;   // opens walls to each other where they meet
 
   // Which way the offsets of the wall's lines count: above 0 is to the right of travel.
   [[nodiscard]] double sign() const { return clockwise == outside ? -1.0 : 1.0; }

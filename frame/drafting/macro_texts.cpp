@@ -15,6 +15,12 @@ std::string selectName(std::string_view parent, std::string_view group) {
   return format("#SELECTNAME %s", quotedForMacro(format("%s %s", parent, group)));
 }
 
+std::string selectPattern(std::string_view pattern) { return format("#SELECTNAME %s", quotedForMacro(pattern)); }
+
+std::string renamePattern(std::string_view pattern, std::string_view name) {
+  return format("#RENAMPAT %s %s [#]", quotedForMacro(pattern), quotedForMacro(name));
+}
+
 std::string linkSelection(std::string_view group) { return format("#LINKSEL %s", quotedForMacro(group)); }
 
 std::string linkSelectionOpen(std::string_view group) { return format("#LINKSEL \"%s", group); }
@@ -59,6 +65,10 @@ std::string rotateOnto(Point centre, Point from, Point onto) {
 std::string move(Point from, Point to) { return format("#MOVE [%.8f,%.8f] [%.8f,%.8f]", from.x, from.y, to.x, to.y); }
 
 std::string mirrorUpDown(Point centre) { return format("#MIRROR [%.8f,%.8f] \"N\" \"Y\"", centre.x, centre.y); }
+
+std::string turnOverAcross(Point first, Point second) {
+  return format("#MIRROR [%.8f,%.8f] \"A\" [%.8f,%.8f] \"N\"", first.x, first.y, second.x, second.y);
+}
 
 std::string mirrorAcross(Point first, Point second) {
   return format("#MIRROR [%.8f,%.8f] \"A\" [%.8f,%.8f] \"Y\"", first.x, first.y, second.x, second.y);
@@ -189,6 +199,21 @@ std::string addNamedSymbol(Point at) { return addSymbol("SYM$", at); }
 
 std::string sharedSymbols(std::string_view path) { return format("NEWSYMFL %s \"N\" \"Y\"", quotedForMacro(path)); }
 
+namespace {
+
+std::string withNames(std::string macro, const std::vector<std::string>& names) {
+  for (const std::string& name : names) { macro.append(" ").append(quotedForMacro(name)); }
+  return macro;
+}
+
+}  // namespace
+
+std::string joinWalls(const std::vector<std::string>& layers) { return withNames("#JOINWALLS", layers); }
+
+std::string symbolPlacing(const SymbolPlacing& placing) {
+  return withNames(format("SYMDEF %d %d", placing.snapsToWalls ? 1 : 0, placing.cutsWalls ? 1 : 0), placing.wallLayers);
+}
+
 std::string paperSymbols(std::string_view path) { return format("NEWSYMFL %s \"Y\" \"Y\"", quotedForMacro(path)); }
 
 std::string load(std::string_view path, Point at) {
@@ -219,6 +244,10 @@ std::string enter(std::string_view prompt, std::string_view variable, char gap) 
 
 std::string enquire(std::string_view what, std::string_view variables, char gap) {
   return ("#ENQUIRE " + quotedForMacro(what) + gap).append(variables);
+}
+
+std::string symbolOnLine(Point first, Point second, int number) {
+  return format("SYMBOLON [%.8f,%.8f] [%.8f,%.8f] %d count xs ys", first.x, first.y, second.x, second.y, number);
 }
 
 std::string queryElement(Point at) { return format("QUERYEL [%.3f,%.3f] A$ B$ C$ [#]", at.x, at.y); }

@@ -76,6 +76,9 @@ inline constexpr std::string_view kNoWidth = "#WIDTH 0";
 std::string parent(std::string_view name);
 std::string beginGroup(std::string_view name);
 std::string selectName(std::string_view parent, std::string_view group);
+// The same by both in one, as the host tells a pattern; and gives one another's name.
+std::string selectPattern(std::string_view pattern);
+std::string renamePattern(std::string_view pattern, std::string_view name);
 std::string linkSelection(std::string_view group);
 // The same without the closing quote, for which scripts of these parts wait. The name holds no quote itself.
 std::string linkSelectionOpen(std::string_view group);
@@ -107,6 +110,8 @@ std::string move(Point from, Point to);
 // Mirrors the selection about a level line through a point, or the line of two points; the original stays.
 std::string mirrorUpDown(Point centre);
 std::string mirrorAcross(Point first, Point second);
+// The same about the line of two points; the original goes.
+std::string turnOverAcross(Point first, Point second);
 // Adds copies of the selection, each displaced by the vector from -> to, or turned about `centre` by the
 // angle.
 std::string repeatLinear(int copies, Point from, Point to);
@@ -175,6 +180,15 @@ std::string addNamedSymbol(Point at);
 std::string realSymbols(std::string_view path);
 // The same for every window.
 std::string sharedSymbols(std::string_view path);
+// Opens the walls selected to those that they meet on these layers.
+std::string joinWalls(const std::vector<std::string>& layers);
+// How the next symbols are placed by hand: whether they snap to walls and openings cut these, and the walls' layers.
+struct SymbolPlacing {
+  bool snapsToWalls = false;
+  bool cutsWalls = false;
+  std::vector<std::string> wallLayers{};
+};
+std::string symbolPlacing(const SymbolPlacing& placing);
 // Lets the user place symbols of the file loaded last.
 inline constexpr std::string_view kPlaceSymbols = "SYMBOL";
 // Loads a symbol file whose symbols are millimetres on paper and serve in every window.
@@ -217,6 +231,8 @@ inline constexpr std::string_view kEnquireLineSettings = "ENQUIRE \"LINEDEF\" L 
 
 // What lies at a point: A$ tells its kind and, of a symbol, the file and the name.
 std::string queryElement(Point at);
+// The n-th symbol that stands on the line of two points: how many there are, and a point in the middle of it.
+std::string symbolOnLine(Point first, Point second, int number);
 // Brings the cursor to a point as if it were typed.
 std::string cursorTo(Point at);
 // Locks the cursor at an angle, or to the line at a point.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <initializer_list>
 #include <variant>
 
@@ -74,6 +75,7 @@ std::string elementText(const Drawing& drawing, const Primitive& primitive) {
   if (const auto* symbol = std::get_if<Symbol>(&primitive.geometry)) {
     const SymbolDefinition* definition = drawing.symbol(symbol->name);
     text += " '" + (definition == nullptr ? std::string() : definition->file) + " " + symbol->name + "'";
+    if (symbol->mirrored) { text += " MIRRORED"; }
   }
   return text;
 }
@@ -114,6 +116,84 @@ void enquireNearSymbol(MacroRun& run) {
   answer(run, 0,
          {symbol.name, symbol.at.x, symbol.at.y, symbol.scale, symbol.rotation, own.low.x, own.low.y, own.high.x,
           own.high.y});
+}
+
+namespace {
+
+// A symbol that stands on a line: how far along, and its middle.
+struct SymbolOnLine {
+  double along = 0.0;
+  Point middle;
+};
+
+// Its own x axis runs along the line, which passes through it or bounds it.
+std::optional<SymbolOnLine> standsOn(const Drawing& drawing, const Primitive& primitive, const Segment& line) {
+  const auto* symbol = std::get_if<Symbol>(&primitive.geometry);
+  if (symbol == nullptr || !drawing.layer(primitive.layer)->visible) { return std::nullopt; }
+  const Point unit = (line.b - line.a) * (1.0 / distance(line.a, line.b));
+  const Point own = unitOfDegrees(symbol->rotation);
+  const double millimetre = 1.0 / drawing.parameters().unit();
+  constexpr double kParallel = 1e-3;
+  if (std::abs(cross(unit, own)) > kParallel) { return std::nullopt; }
+  Primitive unturned = primitive;
+  unturned.geometry = Symbol{symbol->name, {}, symbol->scale, 0.0, symbol->mirrored};
+  const Box box = drawing.bounds(unturned);
+  const auto placed = [&](Point p) { return symbol->at + own * p.x + Point{-own.y, own.x} * p.y; };
+  const double low = cross(unit, placed(box.low) - line.a);
+  const double high = cross(unit, placed(box.high) - line.a);
+  const Point middle = placed(box.centre());
+  const double along = dot(middle - line.a, unit);
+  const bool meets = std::min(low, high) <= millimetre && std::max(low, high) >= -millimetre;
+  if (!meets || along < 0.0 || along > distance(line.a, line.b)) { return std::nullopt; }
+  return SymbolOnLine{along, middle};
+}
+
+// A face that openings have cut: as far as lines of its part run on in one line with it.
+Segment wholeFace(const Drawing& drawing, const Segment& line) {
+  const Point unit = (line.b - line.a) * (1.0 / distance(line.a, line.b));
+  const double close = 1.0 / drawing.parameters().unit();
+  const auto isIt = [&](PrimitiveId, const Primitive& primitive) {
+    const auto* other = std::get_if<Line>(&primitive.geometry);
+    if (primitive.group == 0 || other == nullptr) { return false; }
+    const auto ends = [&](Point a, Point b) {
+      return distance(other->a, a) <= close && distance(other->b, b) <= close;
+    };
+    return ends(line.a, line.b) || ends(line.b, line.a);
+  };
+  const Primitive* const piece = drawing.find(drawing.nearest(middle(line.a, line.b), close, isIt));
+  if (piece == nullptr) { return line; }
+  double from = 0.0;
+  double to = distance(line.a, line.b);
+  for (const PrimitiveId id : drawing.group(piece->group).members) {
+    const auto* other = std::get_if<Line>(&drawing.find(id)->geometry);
+    if (other == nullptr) { continue; }
+    for (const Point end : {other->a, other->b}) {
+      const bool isOn =
+          std::max(std::abs(cross(unit, other->a - line.a)), std::abs(cross(unit, other->b - line.a))) <= close;
+      if (!isOn) { break; }
+      from = std::min(from, dot(end - line.a, unit));
+      to = std::max(to, dot(end - line.a, unit));
+    }
+  }
+  return {line.a + unit * from, line.a + unit * to};
+}
+
+}  // namespace
+
+// In their order from the first point.
+void symbolOnLine(MacroRun& run) {
+  if (run.point(0) == run.point(1)) { throw MacroError(run.column(1), "a line has two different points"); }
+  const Drawing& drawing = run.window.drawing();
+  const Segment line = wholeFace(drawing, {run.point(0), run.point(1)});
+  std::vector<SymbolOnLine> found;
+  for (const PrimitiveId id : drawing.inBox(boundsOf(Curve{line}).grownBy(aperture(drawing)))) {
+    if (const auto symbol = standsOn(drawing, *drawing.find(id), line)) { found.push_back(*symbol); }
+  }
+  std::ranges::sort(found, {}, &SymbolOnLine::along);
+  const double number = run.number(2);
+  const bool isThere = number >= 1.0 && number <= static_cast<double>(found.size());
+  const Point middle = isThere ? found.at(static_cast<size_t>(number) - 1).middle : Point{};
+  answer(run, 3, {static_cast<double>(found.size()), middle.x, middle.y});
 }
 
 void enquireLineDefinition(MacroRun& run) {

@@ -1,4 +1,5 @@
 #include "host/drawing/drawing.h"
+#include "host/drawing/wall_openings.h"
 #include "host/macros/command.h"
 #include "host/macros/handlers.h"
 #include "host/window/drawing_window.h"
@@ -71,9 +72,9 @@ void clearWorkSpace(MacroRun& run) { run.window.gsClearWorkSpace(); }
 
 void deleteSelection(MacroRun& run) {
   Drawing& drawing = run.window.drawing();
-  for (const PrimitiveId id : drawing.selection()) {
-    if (run.window.isChangeable(id)) { drawing.remove(id); }
-  }
+  std::vector<PrimitiveId> going = drawing.selection();
+  std::erase_if(going, [&run](PrimitiveId id) { return !run.window.isChangeable(id); });
+  removeParts(drawing, going);
 }
 
 void linkSelection(MacroRun& run) {

@@ -50,6 +50,12 @@ void defineParallels(MacroRun& run);
 void drawParallels(MacroRun& run);
 void drawParallelsFrom(MacroRun& run);
 
+// The symbols of a face (enquiry_commands.cpp)
+void symbolOnLine(MacroRun& run);
+
+// Walls (wall_commands.cpp)
+void joinSelectedWalls(MacroRun& run);
+
 // Dimensions (dimension_commands.cpp)
 void horizontalDimension(MacroRun& run);
 void verticalDimension(MacroRun& run);
@@ -83,6 +89,8 @@ void enterText(MacroRun& run);
 // Symbols and inserted drawings (symbol_commands.cpp)
 void loadSymbolFile(MacroRun& run);
 void addSymbol(MacroRun& run);
+// Placing them by hand (symbol_placing.cpp)
+void defineSymbolPlacing(MacroRun& run);
 void symbolPanel(MacroRun& run);
 void insertDrawing(MacroRun& run);
 

@@ -22,13 +22,27 @@ const SymbolDefinition* definitionOf(DrawingWindow& window, const std::string& n
 
 bool hasSymbol(DrawingWindow& window, const std::string& name) { return definitionOf(window, name) != nullptr; }
 
-void takeSymbol(DrawingWindow& window, const std::string& name) {
+void copySymbol(DrawingWindow& window, const std::string& name, Drawing& onto) {
   const SymbolDefinition* definition = definitionOf(window, name);
-  if (definition == nullptr || window.drawing().symbol(name) != nullptr) { return; }
-  window.drawing().addSymbol(*definition);
-  for (const Primitive& part : window.drawing().symbol(name)->parts) {
-    if (const auto* inner = std::get_if<Symbol>(&part.geometry)) { takeSymbol(window, inner->name); }
+  if (definition == nullptr || onto.symbol(name) != nullptr) { return; }
+  onto.addSymbol(*definition);
+  for (const Primitive& part : onto.symbol(name)->parts) {
+    if (const auto* inner = std::get_if<Symbol>(&part.geometry)) { copySymbol(window, inner->name, onto); }
   }
+}
+
+void takeSymbol(DrawingWindow& window, const std::string& name) { copySymbol(window, name, window.drawing()); }
+
+PrimitiveId placeSymbol(DrawingWindow& window, Symbol symbol) {
+  Drawing& drawing = window.drawing();
+  const std::string name = symbol.name;
+  const GroupId group = drawing.addGroup(window.openGroup().parent(), name);
+  const PrimitiveId id = drawInStyle(window, std::move(symbol));
+  takeSymbol(window, name);  // last: a placing that is refused leaves none behind
+  Primitive grouped = *drawing.find(id);
+  grouped.group = group;
+  drawing.replace(id, std::move(grouped));
+  return id;
 }
 
 std::optional<Curve> curveOf(const Primitive& primitive) {

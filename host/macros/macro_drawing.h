@@ -8,6 +8,7 @@
 
 namespace brevan {
 
+class Drawing;
 class DrawingWindow;
 
 // What the commands that draw, cut and trace share.
@@ -24,6 +25,10 @@ PrimitiveId nearestCurve(DrawingWindow& window, Point p, double reach);
 bool hasSymbol(DrawingWindow& window, const std::string& name);
 // Brings such a symbol into the drawing with all that it is made of; the drawing's own definition of a name stays.
 void takeSymbol(DrawingWindow& window, const std::string& name);
+// The same for a drawing that only shows it.
+void copySymbol(DrawingWindow& window, const std::string& name, Drawing& onto);
+// Places a symbol as a pattern of its own, named for it.
+PrimitiveId placeSymbol(DrawingWindow& window, Symbol symbol);
 // The group that is open and has members; 0 where there is none.
 GroupId groupInTheMaking(DrawingWindow& window);
 

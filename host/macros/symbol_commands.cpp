@@ -29,19 +29,6 @@ std::string baseName(const std::string& path) {
   return file.substr(0, file.find_last_of('.'));
 }
 
-// A symbol placed is a pattern of its own, named for the symbol.
-PrimitiveId place(DrawingWindow& window, Symbol symbol) {
-  Drawing& drawing = window.drawing();
-  const std::string name = symbol.name;
-  const GroupId group = drawing.addGroup(window.openGroup().parent(), name);
-  const PrimitiveId id = drawInStyle(window, std::move(symbol));
-  takeSymbol(window, name);  // last: a placing that is refused leaves none behind
-  Primitive grouped = *drawing.find(id);
-  grouped.group = group;
-  drawing.replace(id, std::move(grouped));
-  return id;
-}
-
 }  // namespace
 
 void loadSymbolFile(MacroRun& run) {
@@ -69,27 +56,7 @@ void addSymbol(MacroRun& run) {
   const std::string& name = run.text(0);
   if (!hasSymbol(run.window, name)) { throw MacroError(run.column(0), "there is no symbol \"" + name + "\""); }
   if (run.number(2) <= 0.0) { throw MacroError(run.column(2), "a symbol's scale is above 0"); }
-  place(run.window, Symbol{name, run.point(1), run.number(2), run.number(3)});
-}
-
-// Which symbol, when the file holds several, and then its positions until the user has enough.
-void symbolPanel(MacroRun& run) {
-  const std::vector<std::string>& panel = run.window.macroState().panel;
-  if (panel.empty()) { throw MacroError(1, "SYMBOL expects a symbol file to be loaded first"); }
-  run.window.requireDrawable();
-  size_t chosen = 0;
-  if (panel.size() > 1) {
-    std::string items;
-    for (const std::string& name : panel) { items += (items.empty() ? "" : ",") + name; }
-    const int item = run.window.gsSubMenu(items);
-    if (item == 0) { return; }
-    chosen = static_cast<size_t>(item) - 1;
-  }
-  const std::string name = panel.at(chosen);
-  Point at;
-  while (run.window.gsGetPointFromUser("Indicate the position of the symbol (space bar to stop)", at.x, at.y) == 0) {
-    place(run.window, Symbol{name, at, 1.0, run.window.cursor().lockedAngle().value_or(0.0)});
-  }
+  placeSymbol(run.window, Symbol{name, run.point(1), run.number(2), run.number(3)});
 }
 
 namespace {

@@ -1,6 +1,7 @@
 #include <map>
 
 #include "host/drawing/primitive.h"
+#include "host/drawing/wall_openings.h"
 #include "host/tools/tool_handlers.h"
 #include "host/tools/tool_prompts.h"
 #include "host/window/drawing_window.h"
@@ -86,7 +87,7 @@ void select(DrawingWindow& window) {
 
 void erase(DrawingWindow& window) {
   if (!askSelection(window)) { return; }
-  for (const PrimitiveId id : window.drawing().selection()) { window.drawing().remove(id); }
+  removeParts(window.drawing(), window.drawing().selection());
 }
 
 void move(DrawingWindow& window) {

@@ -16,7 +16,7 @@ void onLayerSeen(DrawingWindow& window) {
   Draw(window);
 }
 
-constexpr std::array<DrawingTool, 15> kTools = {{
+constexpr std::array<DrawingTool, 16> kTools = {{
     {"line", "&Line", "Lines from point to point", false, onLayerSeen<toolHandlers::line>},
     {"polyline", "&Polyline", "A chain of lines that is one group", false, onLayerSeen<toolHandlers::polyline>},
     {"rectangle", "&Rectangle", "A rectangle by two corners", false, onLayerSeen<toolHandlers::rectangle>},
@@ -31,6 +31,7 @@ constexpr std::array<DrawingTool, 15> kTools = {{
     {"mirror", "M&irror", "Mirrors items about a line", true, toolHandlers::mirror},
     {"group", "&Group", "Makes one part of items, under a name", true, toolHandlers::group},
     {"ungroup", "&Ungroup", "Takes a part apart into its items", true, toolHandlers::ungroup},
+    {"joinwalls", "&Join Walls", "Opens walls to each other where they meet", true, toolHandlers::joinwalls},
     {"trim", "Tri&m", "Cuts off the piece of a line or arc between its neighbours", false, toolHandlers::trim},
 }};
 
