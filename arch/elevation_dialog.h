@@ -17,6 +17,7 @@ class ElevationDialog {
   bool run();
 
  private:
+  void describeOptions();
   void open();
   [[nodiscard]] bool mayBeSaved();
   bool confirm();
@@ -28,6 +29,11 @@ class ElevationDialog {
   StyleFields style_;
   CFloatEdit eavesHeight_;
   CFloatEdit headHeight_;
+  CFloatEdit groundBeyond_;
+  dialog::CheckHandle names_;
+  dialog::CheckHandle levels_;
+  dialog::CheckHandle wholeFaces_;
+  dialog::CheckHandle replaces_;
 };
 
 }  // namespace ardenix::arch

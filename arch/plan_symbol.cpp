@@ -14,9 +14,11 @@ std::optional<PlanSymbol> symbolIn(std::string_view element) {
   named = named.substr(0, named.find('\''));
   const size_t blank = named.find(' ');
   if (blank == 0 || blank == std::string_view::npos || blank != named.rfind(' ')) { return std::nullopt; }
-  const bool isClosed = element.find('\'', opening + 1) != std::string_view::npos;
-  if (!isClosed || blank + 1 == named.size()) { return std::nullopt; }
-  return PlanSymbol{std::string(named.substr(0, blank)), std::string(named.substr(blank + 1))};
+  const size_t closing = element.find('\'', opening + 1);
+  if (closing == std::string_view::npos || blank + 1 == named.size()) { return std::nullopt; }
+  return PlanSymbol{.file = std::string(named.substr(0, blank)),
+                    .name = std::string(named.substr(blank + 1)),
+                    .mirrored = element.substr(closing).ends_with("MIRRORED")};
 }
 
 std::optional<PlanSymbol> symbolAt(CCadWindow& view, Point at) {

@@ -13,10 +13,11 @@ namespace ardenix::arch {
 struct PlanSymbol {
   std::string file;
   std::string name;
+  bool mirrored = false;
 };
 
-// What the host's words for an element say of it: SYMBOL 'W1200 W1200P'. Nothing for what is no symbol, nor for a file
-// or a symbol with blanks in its name, which cannot be told apart there.
+// What the host's words for an element say of it: SYMBOL 'W1200 W1200P', and MIRRORED after it. Nothing for what is no
+// symbol, nor for a file or a symbol with blanks in its name, which cannot be told apart there.
 std::optional<PlanSymbol> symbolIn(std::string_view element);
 
 // The symbol at a point; nothing where there is none, and never what an earlier query found.

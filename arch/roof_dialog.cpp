@@ -23,6 +23,10 @@ RoofDialog::RoofDialog(const Services& services, ArchSpecStore& store, RoofDrawe
   const int group = dialog_.addGroup({.place = {.row = 1}});
   style_.describe(dialog_, "", group, {.row = 0});
   pitch_ = addNumber(dialog_, kPitchRow, group, {.row = 2});
+  fromPlan_ = addCheck(dialog_, {.caption = "&Whole roof from plan",
+                                 .toolTip = "A roof line with its ridges on plan gives the roof as it is seen",
+                                 .group = group,
+                                 .place = {.row = 3}});
   pitch_.onEdit([this] { typedPitch_ = pitch_.GetValue(); });
   addOkCancel(dialog_, 2);
   dialog_.onOpen = [this] { open(); };
@@ -35,6 +39,7 @@ void RoofDialog::open() {
   typedPitch_ = drawer_.settings.pitch;
   pitch_.SetValue(typedPitch_);
   style_.show(drawer_.settings.style);
+  fromPlan_.setChecked(drawer_.settings.fromPlan);
   layers_.show();
 }
 
@@ -53,6 +58,7 @@ bool RoofDialog::confirm() {
   RoofSettings& settings = drawer_.settings;
   settings.pitch = pitch();
   style_.take(settings.style);
+  settings.fromPlan = fromPlan_.checked();
   layers_.take(settings.layers);
   drawer_.save();
   return true;

@@ -27,6 +27,7 @@ class RoofDialog {
   LayerFields layers_;
   StyleFields style_;
   CFloatEdit pitch_;
+  dialog::CheckHandle fromPlan_;
   double typedPitch_ = 0.0;  // with the minutes and seconds that the field does not show
 };
 

@@ -7,6 +7,8 @@
 #include "arch/arch_part.h"
 #include "arch/plan_geometry.h"
 #include "arch/roof_line_drawer.h"
+#include "arch/roof_plan.h"
+#include "arch/roof_shape.h"
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/target_layer.h"
 #include "frame/host/core_services.h"
@@ -22,6 +24,7 @@ constexpr std::string_view kRoofLinePrompt = "Select roof lines for this view (e
 constexpr std::string_view kHeightPrompt = "Select height of side gable (else spacebar for facing gable)";
 
 constexpr std::string_view kPitchKey = "RoofPitch";
+constexpr std::string_view kFromPlanKey = "FromPlan";
 constexpr std::string_view kForeignLine = "This roof line does not belong to the face";
 
 constexpr double kSquareDegrees = 90.0;
@@ -59,11 +62,13 @@ RoofDrawer::RoofDrawer(ArchSpecStore& store) : store_(store), view_(store.view()
   readViewSettings(store, kRoofSection, settings);
   settings.pitch = store.readDouble(kRoofSection, kPitchKey, settings.pitch);
   settings.overhang = eavesOverhang(store);
+  settings.fromPlan = store.readInt(kRoofSection, kFromPlanKey) != 0;
 }
 
 void RoofDrawer::save() {
   writeViewSettings(store_, kRoofSection, settings);
   store_.writeDouble(kRoofSection, kPitchKey, settings.pitch);
+  store_.writeOption(kRoofSection, kFromPlanKey, settings.fromPlan);
   store_.flush();
 }
 
@@ -109,7 +114,7 @@ bool RoofDrawer::drawRound() {
 
 // A roof higher than the room between plan and elevation is drawn all the same.
 void RoofDrawer::warnOfPlan() const {
-  double highest = 0.0;
+  double highest = highest_;
   for (const FacingGable& gable : facing_) {
     highest = std::max(highest,
                        distance(gable.apex, footOfPerpendicular(gable.apex, elevation_.eaves.a, elevation_.eaves.b)));
@@ -128,9 +133,28 @@ void RoofDrawer::takeRoofLines() {
   while (view_.gsEscapePressed() == 0) {
     const auto line = askRoofLine();
     if (!line) { return; }
+    if (settings.fromPlan && takeWholeRoof(line->plan)) { continue; }
     drawOverhangs(*line);
     takeGable(*line);
   }
+}
+
+// As it is seen in the elevation, by its outline and its ridges on plan. False where the roof line is not closed.
+bool RoofDrawer::takeWholeRoof(const PlanLine& side) {
+  const PlanLine& eaves = elevation_.eaves;
+  const Point foot = footOfPerpendicular(elevation_.foot, eaves.a, eaves.b);
+  auto outline = outlineThrough(linesOnLayer(view_, roofLineLayer(store_)), side);
+  if (!outline || nearlyEqual(foot, elevation_.foot)) { return false; }
+  takeGablesFrom(*outline, linesOnLayer(view_, ridgeLayer(store_)));
+  const auto shape = RoofShape::over(*outline, std::tan(coreDmsRad(settings.pitch)));
+  if (!shape) { return false; }
+  const Point away = unit(foot - elevation_.foot);
+  const Point right = quarterTurned(away);
+  const auto drawn = [&](Point seen) { return right * seen.x + away * (dot(foot, away) - seen.y); };
+  const DraftingPen pen(view_, settings.style);
+  for (const PlanLine& stroke : shape->seenFrom(away, right)) { pen.line(drawn(stroke.a), drawn(stroke.b)); }
+  highest_ = std::max(highest_, shape->highest());
+  return true;
 }
 
 std::optional<RoofDrawer::RoofLine> RoofDrawer::askRoofLine() const {

@@ -13,6 +13,7 @@ inline constexpr std::string_view kRoofSection = "ROOFS";
 struct RoofSettings : ViewSettings {
   double pitch = 26.0;  // degrees, minutes and seconds as d.mmss
   double overhang = 550.0;
+  bool fromPlan = false;  // roof lines with ridges on plan give the whole roof, and no height is asked for
 };
 
 // Whether a pitch can be built: above 0 and below 90 degrees, with fewer than 60 minutes and seconds.
@@ -51,6 +52,7 @@ class RoofDrawer {
   [[nodiscard]] std::optional<RoofLine> projected(const PlanLine& plan) const;
   void drawOverhangs(const RoofLine& line) const;
   void takeGable(const RoofLine& line);
+  bool takeWholeRoof(const PlanLine& side);
   [[nodiscard]] double riseOver(double width) const;
   void warnOfPlan() const;
 
@@ -59,6 +61,7 @@ class RoofDrawer {
   Elevation elevation_;
   std::vector<FacingGable> facing_;
   std::vector<SideGable> sides_;
+  double highest_ = 0.0;  // of whole roofs
 };
 
 }  // namespace ardenix::arch

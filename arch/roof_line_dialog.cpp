@@ -17,6 +17,10 @@ RoofLineDialog::RoofLineDialog(const Services& services, ArchSpecStore& store, R
   const int group = dialog_.addGroup({.place = {.row = 0}});
   style_.describe(dialog_, "", group, {.row = 0});
   overhang_ = addNumber(dialog_, kOverhangRow, group, {.row = 2});
+  ridges_ = addCheck(dialog_, {.caption = "&Ridges, hips and valleys",
+                               .toolTip = "Draw them within the roof line, by the gable ends that you indicate",
+                               .group = group,
+                               .place = {.row = 3}});
   layer_.describe(dialog_, {{"Layer name:", "Layer", "The layer on which roof lines are drawn"}}, {.row = 1});
   addOkCancel(dialog_, 2);
   dialog_.onOpen = [this] { open(); };
@@ -29,12 +33,14 @@ void RoofLineDialog::open() {
   overhang_.SetValue(turnedOver(drawer_.settings.offset));
   style_.show(drawer_.settings.style);
   layer_.show();
+  ridges_.setChecked(drawer_.settings.ridges);
 }
 
 bool RoofLineDialog::confirm() {
   if (!layer_.mayBeSaved()) { return false; }
   drawer_.settings.offset = turnedOver(overhang_.GetValue());
   style_.take(drawer_.settings.style);
+  drawer_.settings.ridges = ridges_.checked();
   layer_.take({&drawer_.settings.layer, 1});
   drawer_.save();
   return true;

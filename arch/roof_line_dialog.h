@@ -26,6 +26,7 @@ class RoofLineDialog {
   LayerFields layer_;
   StyleFields style_;
   CFloatEdit overhang_;
+  dialog::CheckHandle ridges_;
 };
 
 }  // namespace ardenix::arch
