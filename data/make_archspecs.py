@@ -13,7 +13,10 @@ HEAD = """\
 ; Lengths are millimetres, angles degrees; a copy of your own may be edited freely.
 
 [SYMBOL]
+; 1: symbols picked in the library snap to walls, and windows and doors cut these.
 SymbolPath=Symbols
+SnapToWalls=1
+CutWalls=1
 """
 
 # Name, then maximum rise, minimum going, clear width, nosing and the gap between balusters.
@@ -67,6 +70,12 @@ SETTINGS = """\
 ParentName=HOUSE
 EavesHeight=2600.000
 WinDoorHeight=2100.000
+; 1: the name below, heights at the edge, all openings of a wall at once, one pointed at is drawn again.
+NameUnder=1
+LevelMarks=0
+WholeFace=1
+DrawInPlace=1
+GroundBeyond=1000.000
 Pen=1
 Linetyp=1
 NorthView=ELEVATION_NORTH
@@ -80,11 +89,16 @@ EavesOverHang=-550.000
 Pen=1
 Linetyp=2
 Layer=ROOF_LINE
+; 1: ridges, hips and valleys are drawn within it.
+Ridges=1
+RidgeLayer=ROOF_LINE_RIDGES
 
 [ROOFS]
 ; The pitch is degrees, minutes and seconds as d.mmss: 26 degrees suit concrete tiles.
 ParentName=HOUSE
 RoofPitch=26.000
+; 1: a roof line with its ridges on plan gives the whole roof as it is seen.
+FromPlan=1
 Pen=1
 Linetyp=1
 NorthView=ELEVATION_NORTH
@@ -182,7 +196,7 @@ def catalogue():
     standards = [",".join((name, *(f"{limit:.2f}" for limit in limits))) for name, *limits, _ in STANDARDS]
     sources = [f"; {name}: {source}." for name, *_, source in STANDARDS]
     walls = [external(*walls) for walls in EXTERNAL] + [internal(*walls) for walls in INTERNAL]
-    drawing = (f"[WALLS]\nParentName=HOUSE\nMethod=1\nDirection=1\nFace=1\nCurrent=1\n"
+    drawing = (f"[WALLS]\nParentName=HOUSE\nMethod=1\nDirection=1\nFace=1\nJoinWalls=1\nCurrent=1\n"
                f"InternalWall={len(EXTERNAL) + 2}\nExternalWall=1\n")
     return "\n".join((
         HEAD,
