@@ -24,6 +24,9 @@ PROGRAMS = (
     Program("paint_bench"),
     Program("diagram_bench"),
     Program("boundary_bench"),
+    Program("roof_skeleton_bench"),
+    Program("elevation_bench"),
+    Program("symbol_tree_bench"),
     Program("general_plan_bench"),
     Program("labelled_holes_bench"),
     Program("desktop_view_bench", rounds=2),
@@ -95,6 +98,15 @@ FIGURES = (
         "boundary_bench",
         ("traceParcels", "GEOS", "trace every parcel of a township", "parcels", {"ratio": 1, "growth": 1.1}),
         ("traceParcels", "CGAL", "trace every parcel of a township", "parcels", {"ratio": 1, "growth": 1.1})),
+    *_figures(
+        "elevation_bench",
+        ("elevation/oneByOne", "picks alone", "elevation, windows and walls picked", "windows", {"over": 0.05}),
+        ("elevation/byTheWall", "picks alone", "elevation, all windows by their wall", "windows", {"over": 0.05})),
+    *_figures(
+        "symbol_tree_bench",
+        ("setUp", None, "set up the symbol library", "files", {"seconds": 0.1}),
+        ("search", None, "search in it, a key", "files", {"seconds": 0.02})),
+    *_figures("roof_skeleton_bench", ("seamsOfRoof", "CGAL", "ridges, hips and valleys of a roof", "corners", {"ratio": 3})),
     *_figures(
         "general_plan_bench",
         ("areaTable", None, "general plan: number erven and list their areas", "erven", {"seconds": 2, "growth": 1.1}),

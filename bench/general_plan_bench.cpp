@@ -4,18 +4,17 @@
 #include <stdexcept>
 #include <string>
 
+#include "bench/confirming_user.h"
 #include "bench/report.h"
 #include "bench/township.h"
-#include "host/window/dialog_session.h"
 #include "host/window/host.h"
-#include "host/window/silent_user.h"
 
 namespace {
 
 using namespace brevan;
 
-// Confirms every dialog, gives points in turn and takes what is offered for the numbers.
-class Surveyor : public SilentUser {
+// Gives points in turn and takes what is offered for the numbers.
+class Surveyor : public bench::ConfirmingUser {
  public:
   std::vector<Point> points;
 
@@ -25,19 +24,6 @@ class Surveyor : public SilentUser {
   }
   TextAnswer askText(const std::string&, const std::string& offered) override {
     return {PromptEnd::kGiven, offered.empty() ? "1" : offered, !offered.empty()};
-  }
-  BoxAnswer showMessage(const MessageBox& box) override {
-    if (box.buttons == BoxButtons::kOk) { throw std::logic_error(box.text); }
-    return BoxAnswer::kYes;
-  }
-  bool runDialog(dialog::Dialog& dialog) override {
-    DialogSession session(dialog, *this, nullptr);
-    session.open();
-    for (int control = 0; !session.closed(); ++control) {
-      const auto* button = std::get_if<dialog::Button>(&dialog.control(control).state);
-      if (button != nullptr && button->role == dialog::ButtonRole::kOk) { session.press(control); }
-    }
-    return session.accepted();
   }
 
  private:
