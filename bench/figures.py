@@ -126,7 +126,7 @@ FIGURES = (
     *_figures(
         "tables_against_python.py",
         ("importTable", "python csv", "table of seven columns: import, whole program", "rows",
-         {"ratio": 20, "seconds": 0.2, "growth": 1.1}),
+         {"seconds": 0.2, "growth": 1.1}),
         ("exportTable", "python csv", "table: import and export, whole program", "rows",
          {"seconds": 0.4, "growth": 1.1}),
         ("drawTable", "ezdxf", "table: import, draw, to DXF, whole program", "rows",

@@ -138,7 +138,7 @@ std::optional<std::vector<TableRow>> readTable(const std::string& path, size_t l
   return rows;
 }
 
-bool writeLines(const std::string& path, std::span<const std::string> lines, CWnd* owner) {
+bool writeLines(const std::string& path, std::span<const std::string> lines, CCadWindow& view, CWnd* owner) {
   try {
     const int file = coreFileOpen(path, "w");
     bool whole = file != 0;
@@ -147,7 +147,7 @@ bool writeLines(const std::string& path, std::span<const std::string> lines, CWn
       coreFileClose(file);
       return true;
     }
-  } catch (const HostFailure&) {}
+  } catch (const HostFailure& failure) { view.gsSetStatus(failure.what()); }
   ErrorMessage(numberText::format("Unable to create CSV file %s", path), owner);
   return false;
 }
