@@ -1,8 +1,5 @@
-#include <QComboBox>
 #include <QMenu>
-#include <QMessageBox>
 #include <QRadioButton>
-#include <QTableWidget>
 
 #include "host/scripts/plain_primitives.h"
 #include "host/window/dialog_fields.h"
@@ -93,7 +90,7 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
       when([] { return QApplication::activePopupWidget() != nullptr; },
            [&statement] { choose(*qobject_cast<QMenu*>(QApplication::activePopupWidget()), word(statement, 1)); });
     } else if (statement.name() == "reply") {
-      when([] { return boxShown() != nullptr; }, [] { boxShown()->button(QMessageBox::Yes)->click(); });
+      whenAsked(QMessageBox::Yes);
     } else if (statement.name() == "expect") {
       if (statement.words[1].text != "message" || cursor.nextIs("reply")) { return; }
       when([] { return boxShown() != nullptr; }, [] { QTest::keyClick(boxShown(), Qt::Key_Return); });
@@ -109,7 +106,6 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
     }
   }
 
-  static QMessageBox* boxShown() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
   void answer(const Statement& statement) {
     if (statement.name() == "space") { return key(Qt::Key_Space); }
     if (statement.name() == "escape") { return key(Qt::Key_Escape); }

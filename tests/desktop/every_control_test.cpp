@@ -1,11 +1,9 @@
 #include <QCheckBox>
-#include <QComboBox>
 #include <QHeaderView>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QTableWidget>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -62,6 +60,8 @@ class EveryControlByHand : public DesktopSession {
     }
     auto& grid = widget<QTableWidget>();
     editCell(grid, 0, "Wall");
+    editCell(grid, 2, "33");
+    EXPECT_EQ(grid.item(1, 2)->background().color(), QColor(QRgb(window_->host().window().gsGetPenColor(33))));
     grid.item(1, 4)->setCheckState(Qt::Checked);
     emit grid.customContextMenuRequested(grid.visualItemRect(grid.item(0, 5)).center());
     emit grid.cellDoubleClicked(1, 0);
@@ -82,7 +82,7 @@ class EveryControlByHand : public DesktopSession {
     ASSERT_NE(editor, nullptr);
     editor->setText(text);
     QTest::keyClick(editor, Qt::Key_Return);
-    QApplication::processEvents();  // the toolkit commits later
+    QTest::qWait(1);  // the toolkit commits and closes the editor later
   }
 };
 

@@ -1,7 +1,5 @@
 #include <QCheckBox>
-#include <QComboBox>
 #include <QMenu>
-#include <QMessageBox>
 #include <QRadioButton>
 #include <random>
 
@@ -65,7 +63,7 @@ class RandomSessions : public DesktopSession {
       return QTest::keyClick(menu, static_cast<Qt::Key>(Qt::Key_1 + below(static_cast<int>(menu->actions().size()))));
     }
     QWidget* top = QApplication::activeModalWidget();
-    if (auto* message = qobject_cast<QMessageBox*>(top)) { return message->buttons().front()->click(); }
+    if (boxShown() != nullptr) { return boxShown()->buttons().front()->click(); }
     if (dialogShown() != nullptr) { return operate(*dialogShown()); }
     if (top != nullptr) { return QTest::keyClick(top, Qt::Key_Escape); }
     if (!user().wantsAnything()) { return; }

@@ -1,6 +1,5 @@
 #include "desktop/recovery.h"
 
-#include <QMessageBox>
 #include <QProcess>
 #include <csignal>
 
@@ -34,8 +33,7 @@ class RecoveryTest : public DesktopSession {
     return file;
   }
   void acceptOffer() {
-    when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
-         [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+    when([] { return boxShown() != nullptr; }, [] { QTest::keyClick(boxShown(), Qt::Key_Return); });
     act([this] { EXPECT_TRUE(window_->offerRecovery()); });
   }
   void drawLine(int number) {
@@ -121,11 +119,10 @@ TEST_F(KilledSession, DISABLED_lacksMemoryForABolt) {
   QString said;
   QTimer reader;
   QObject::connect(&reader, &QTimer::timeout, [&] {
-    auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (message == nullptr) { return; }
-    said = message->text();
+    if (boxShown() == nullptr) { return; }
+    said = boxShown()->text();
     giveUp();
-    message->accept();
+    boxShown()->accept();
   });
   reader.start(10);
   whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });

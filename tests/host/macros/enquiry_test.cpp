@@ -46,16 +46,6 @@ class Enquiries : public MacroSession {
   MadeDrawings files_;
 };
 
-TEST_F(Enquiries, TheUserIsAskedWithWhatTheVariableHolds) {
-  answer("text \"B12\"\naccept\nescape\n");
-  macro("#ENTER \"Enter label for first point\"\tLBL1$");
-  EXPECT_EQ(text("LBL1$"), "B12");
-  macro("ENTER \"Enter number\"\t\tLBL1$");
-  EXPECT_EQ(text("LBL1$"), "B12");
-  macro("ENTER \"Enter number\"  LBL1$");
-  EXPECT_EQ(text("LBL1$"), "");
-}
-
 TEST_F(Enquiries, SymbolsArePatternsOfTheirOwn) {
   answer("", &files_);
   expectRefused({{"NEWSYMFL \"\\none.DRG\" \"N\" \"N\"", "10: cannot read \"\\none.DRG\": no such file"}});

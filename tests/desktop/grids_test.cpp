@@ -1,7 +1,4 @@
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTabBar>
-#include <QTableWidget>
 #include <QToolButton>
 
 #include "tests/desktop/desktop_session.h"
@@ -10,12 +7,10 @@ namespace {
 
 using namespace brevan;
 
-// The survey setup dialog as a person meets it: grids with pens, fonts, buttons, and rows removed by a click.
-class SurveyWindow : public DesktopSession {
+// Dialogs that are made of grids as a person meets them: rows removed by a click, layouts and names by a list.
+class Grids : public DesktopSession {
  protected:
-  static QTableWidget& grid(size_t index) {
-    return *dialogShown()->findChildren<QTableWidget*>().at(static_cast<qsizetype>(index));
-  }
+  static QTableWidget& grid(qsizetype index) { return *dialogShown()->findChildren<QTableWidget*>().at(index); }
   // After the event that brings us here, since what the click opens waits in an event loop of its own.
   static void clickCell(int row, int column) {
     QTimer::singleShot(0, [row, column] {
@@ -25,20 +20,13 @@ class SurveyWindow : public DesktopSession {
       QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, at);
     });
   }
-  void whenAsked(const QString& text, QMessageBox::StandardButton answer) {
-    when(
-        [text] {
-          const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-          return box != nullptr && box->text() == text;
-        },
-        [answer] {
-          auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-          QTimer::singleShot(0, box, [box, answer] { box->button(answer)->click(); });
-        });
+  static int rowsShown() {
+    const auto grids = dialogShown()->findChildren<QTableWidget*>();
+    return (*std::ranges::find_if(grids, &QTableWidget::isVisible))->rowCount();
   }
 };
 
-TEST_F(SurveyWindow, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
+TEST_F(Grids, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
   QStringList texts;
   const auto first = [&texts] { texts.append(grid(1).item(7, 0)->text()); };
   whenDialog([](DialogWindow& dialog) {
@@ -48,15 +36,34 @@ TEST_F(SurveyWindow, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
     grid(1).setCurrentCell(7, 1);
     clickCell(7, 0);
   });
-  whenAsked("Delete this row?", QMessageBox::No);
+  whenAsked(QMessageBox::No, "Delete this row?");
   whenDialog([&](DialogWindow&) { first(), clickCell(7, 0); });
-  whenAsked("Delete this row?", QMessageBox::Yes);
+  whenAsked(QMessageBox::Yes, "Delete this row?");
   whenDialog([&](DialogWindow& dialog) { first(), QTest::keyClick(&dialog, Qt::Key_Escape); });
   act([this] { window_->runCommand("SG_DiagramEditor"); });
   EXPECT_EQ(texts, (QStringList{"SIDES", "Metres"}));
   const QString recorded = window_->recorder().script();
   EXPECT_EQ(recorded.count("click \"Settings\" 8"), 2) << recorded.toStdString();
   EXPECT_LT(recorded.indexOf("reply no"), recorded.indexOf("reply yes")) << recorded.toStdString();
+}
+
+TEST_F(Grids, FollowTheEntryThatIsChosenAndNotANameThatIsTyped) {
+  whenDialog([](DialogWindow& dialog) {
+    auto* walls = dialog.findChildren<QComboBox*>().front();
+    EXPECT_EQ(rowsShown(), 6);
+    walls->setCurrentIndex(walls->findText("Brick 110"));
+    emit walls->activated(walls->currentIndex());
+    EXPECT_EQ(rowsShown(), 4);
+    walls->lineEdit()->selectAll();
+    QTest::keyClicks(walls->lineEdit(), "Block cavity 300 of clay");  // through the name of another type
+    EXPECT_EQ(walls->currentText(), "Block cavity 300 of clay");
+    EXPECT_EQ(rowsShown(), 4);
+    press(dialog, "OK");
+  });
+  act([this] { type("ArchSetWalls"); });
+  const std::string renamed =
+      TINIFile(root_.toStdString() + "/data/ArchSpecs.ini").ReadString("WALL_TYPES", "Wall6", "");
+  EXPECT_TRUE(renamed.starts_with("Block cavity 300 of clay,WALLS_INTERNAL,")) << renamed;
 }
 
 }  // namespace
