@@ -32,9 +32,7 @@ inline constexpr std::string_view kDeleteSelection = "#DELSELECT";
 inline constexpr std::string_view kClearCurrent = "#CLEARCURROBJ";
 inline constexpr std::string_view kClearWorkSpace = "#CLEARWS";
 inline constexpr std::string_view kShowPowerBar = "SHOWPOWERBAR";
-// The same without the mark, as trusses send it, with the group that they open.
-inline constexpr std::string_view kPlainSelectNew = "SELECTNEW 1";
-inline constexpr std::string_view kPlainSelectNewEnd = "SELECTNEW 0";
+// Trusses send these two without the mark.
 inline constexpr std::string_view kPlainClearSelection = "CLEARSEL";
 inline constexpr std::string_view kTrussGroup = "BEGINGROUP \"TRUSS\"";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
@@ -210,6 +208,8 @@ std::string parallelLine(Point first);
 inline constexpr std::string_view kEnterDiameters =
     "#ENTER \"Enter circle diameters with spaces between (enter nothing to stop)\"  cirDiamStr$";
 std::string enter(std::string_view prompt, std::string_view variable, char gap = ' ');
+// The same without the mark, as the numbers of a general plan are asked for, with a gap of one tab or more.
+std::string plainEnter(std::string_view prompt, std::string_view variable, std::string_view gap);
 // Puts what the host knows of a thing into macro variables, named with blanks between them.
 std::string enquire(std::string_view what, std::string_view variables, char gap = ' ');
 // The style of what is drawn next: line type, pen and width in L, P and W.
@@ -225,6 +225,8 @@ std::string lockOntoLine(Point at);
 // The same with three decimals.
 std::string lockOntoPickedLine(Point at);
 
+// Tells of the boundary found last: its area in A1, in units of area in A9, and a point inside in X3 and Y3.
+inline constexpr std::string_view kQueryBoundary = "#QRYAREAPERIM A1 A9 X3 Y3";
 // Draws the smallest closed boundary round a point as lines; three decimals.
 std::string drawBoundary(Point inside);
 

@@ -144,7 +144,7 @@ std::optional<std::string> ErfNumbering::askNumber() {
   constexpr std::string_view kNumber = "E$";
   while (true) {
     view_.gsSetMacStrVar(kNumber, offered_);
-    view_.gsExecuteMacro("ENTER \"Enter erf number\"\t\tE$");
+    view_.gsExecuteMacro(macroText::plainEnter("Enter erf number", kNumber, "\t\t"));
     if (view_.gsEscapePressed() != 0) { return std::nullopt; }
     std::string number = textVariable(view_, kNumber);
     if (!number.empty()) { return number; }
@@ -154,7 +154,7 @@ std::optional<std::string> ErfNumbering::askNumber() {
 std::optional<Erf> ErfNumbering::erfAt(Point at) const {
   view_.gsExecuteMacro(macroText::kClearWorkSpace);
   if (view_.gsAutoPerim(at.x, at.y) == 0) { return std::nullopt; }
-  view_.gsExecuteMacro("#QRYAREAPERIM A1 A9 X3 Y3");
+  view_.gsExecuteMacro(macroText::kQueryBoundary);
   return Erf{numberVariable(view_, "A1"), {numberVariable(view_, "X3"), numberVariable(view_, "Y3")}};
 }
 

@@ -52,7 +52,7 @@ constexpr PointKind kTownSurveyMarks{3,
 std::optional<std::string> askLabel(CCadWindow& view, std::string_view offered) {
   constexpr std::string_view kLabel = "LBL1$";
   view.gsSetMacStrVar(kLabel, offered);
-  view.gsExecuteMacro("ENTER \"Enter number\"\tLBL1$");
+  view.gsExecuteMacro(macroText::plainEnter("Enter number", kLabel, "\t"));
   if (view.gsEscapePressed() != 0) { return std::nullopt; }
   return textVariable(view, kLabel);
 }

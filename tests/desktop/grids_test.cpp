@@ -20,9 +20,9 @@ class Grids : public DesktopSession {
       QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, at);
     });
   }
-  static int rowsShown() {
+  static QTableWidget& gridShown() {
     const auto grids = dialogShown()->findChildren<QTableWidget*>();
-    return (*std::ranges::find_if(grids, &QTableWidget::isVisible))->rowCount();
+    return **std::ranges::find_if(grids, &QTableWidget::isVisible);
   }
 };
 
@@ -48,16 +48,18 @@ TEST_F(Grids, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
 }
 
 TEST_F(Grids, FollowTheEntryThatIsChosenAndNotANameThatIsTyped) {
-  whenDialog([](DialogWindow& dialog) {
+  whenDialog([this](DialogWindow& dialog) {
     auto* walls = dialog.findChildren<QComboBox*>().front();
-    EXPECT_EQ(rowsShown(), 6);
+    EXPECT_EQ(gridShown().rowCount(), 6);
+    const QTableWidgetItem& pen = *gridShown().item(0, 0);
+    EXPECT_EQ(pen.background().color(), QColor(QRgb(window_->host().window().gsGetPenColor(pen.text().toInt()))));
     walls->setCurrentIndex(walls->findText("Brick 110"));
     emit walls->activated(walls->currentIndex());
-    EXPECT_EQ(rowsShown(), 4);
+    EXPECT_EQ(gridShown().rowCount(), 4);
     walls->lineEdit()->selectAll();
     QTest::keyClicks(walls->lineEdit(), "Block cavity 300 of clay");  // through the name of another type
     EXPECT_EQ(walls->currentText(), "Block cavity 300 of clay");
-    EXPECT_EQ(rowsShown(), 4);
+    EXPECT_EQ(gridShown().rowCount(), 4);
     press(dialog, "OK");
   });
   act([this] { type("ArchSetWalls"); });
