@@ -107,7 +107,7 @@ constexpr StairRule kStairRules[] = {
      {"Balluster width", "The balluster width must be a whole number!"}},
 };
 
-// Of a stair with a railing.
+// These hold for a stair that has a railing.
 constexpr StairRule kRailingRules[] = {
     {[](const Stair& stair) { return 2.0 * (stair.railing.newelWidth + stair.railing.railWidth) < stair.treads.width; },
      {"Tread width", "The tread width must be larger than the newels and rails of both sides!"}},

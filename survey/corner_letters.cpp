@@ -51,7 +51,7 @@ double distanceTo(const PaperBox& box, Point p) {
 // A column of a justification is 0 left, 1 centre, 2 right; a row 0 bottom, 1 middle, 2 top.
 int justificationOf(int column, int row) { return 3 * column + row + 1; }
 
-// Of eight directions: the text lies to the right of a point on its left, and so on.
+// A direction falls into one of eight parts: the text lies to the right of a point on its left, and so on.
 int part(double component) {
   constexpr double kEighth = 0.382683432365;  // sine of an eighth of half a turn
   return component > kEighth ? 0 : component < -kEighth ? 2 : 1;
@@ -118,7 +118,7 @@ class LetterPlacing {
   std::vector<size_t> starts_;    // of each side among them
   std::vector<PaperBox> placed_;  // on paper, from the drawing's origin
 
-  // Of the corner in hand, on paper from it.
+  // The corner in hand; what follows is measured on paper from it.
   Point corner_;
   std::vector<Stroke> sides_;
   std::vector<Stroke> lines_;

@@ -59,7 +59,7 @@ inline constexpr std::string_view kUnlock = "lockang \"U\"";
 // What lies at the cursor: the line, the pattern; and where the cursor is.
 inline constexpr std::string_view kNearLine = "enquire \"NEARLINE\" X1 Y1 X2 Y2 pen linetype";
 inline constexpr std::string_view kNearPattern = "ENQUIRE \"NEARPATNAME\" pat$ xl yl xr yr";
-// Of the symbol: its extent is that of the symbol unturned at the origin.
+// Tells of the symbol near the cursor; its extent is that of the symbol unturned at the origin.
 inline constexpr std::string_view kNearSymbol = "ENQUIRE \"NEARSYMBOL\" pat$ xs ys scale angle xl yl xr yr";
 inline constexpr std::string_view kCursorPosition = "enquire \"CURPOSN\" xf yf";
 // Brings the cursor to the middle of the paper.

@@ -172,7 +172,7 @@ struct KindRow {
   KindName usual;
   // The operation that writes the value down for a script.
   Verb written = Verb::kLeave;
-  // Of a kind whose controls differ among themselves.
+  // Set for a kind whose controls differ among themselves.
   KindName (*own)(const Kind&, KindName usual) = nullptr;
   std::string (*value)(const Kind&) = nullptr;
   std::string (*range)(const Kind&) = nullptr;

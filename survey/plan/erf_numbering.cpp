@@ -216,7 +216,7 @@ void addTotals(RuledTable& table, const ErfNumbering& erven) {
   table.addRow({numberText::format("%d ERVEN", erven.count()), formattedArea(erven.sum())});
 }
 
-// What the figure has more than the erven are streets and open spaces.
+// The figure is larger than its erven by the streets and open spaces.
 void reportSum(SheetTool& tool, const JobSettings& job, const ErfNumbering& erven) {
   std::string text = numberText::format("%d erven: %s", erven.count(), formattedNumber(erven.sum(), job.numbers()));
   if (const auto figure = tool.lastFigure()) {

@@ -17,7 +17,7 @@ namespace {
 
 using numberText::format;
 
-// Of the coordinate system, asked for below the figure. Places are heights of the table's text.
+// The constants of the coordinate system, asked for below the figure. Places are heights of the table's text.
 struct Constants {
   std::string system;
   std::string y;

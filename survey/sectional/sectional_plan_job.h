@@ -35,7 +35,7 @@ class SectionalPlanJob : public Toolset {
 
   // Reads the settings file afresh, as every command begins. False, with a message, where nothing can be drawn.
   bool begin() { return beginJob(settings_, SurveyMode::kSectionalPlan, view()); }
-  // Of the command that begin() began.
+  // The settings of the command that begin() began.
   [[nodiscard]] JobSettings& settings() { return *settings_; }
 
   SectionList sections;

@@ -19,7 +19,7 @@ Point homeOf(CCadWindow& view) {
   return at;
 }
 
-// Of the lines that are selected; of all lines where nothing is.
+// How far the lines reach that are selected, or all lines where nothing is.
 Extents linesOf(CCadWindow& view) {
   constexpr double kFar = std::numeric_limits<int>::max();
   Extents extents{{kFar, kFar}, {-kFar, -kFar}};

@@ -1,4 +1,5 @@
 #include "tests/desktop/desktop_session.h"
+#include "tests/host/drawing/survey_parameters.h"
 
 namespace {
 
@@ -10,9 +11,7 @@ class DiagramWindow : public DesktopSession {
     when([this, what] { return !user().wantsPoint() && prompt().startsWith(what); }, action);
   }
   void traceErf() {
-    brevan::Parameters parameters;
-    parameters.setCoordinateSystem(0);
-    drawing().setParameters(parameters);
+    drawing().setParameters(brevan::surveyParameters(1.0, 1.0, 0));
     const char* const corners[] = {"0,0", "20,0", "20,30", "0,0"};
     for (size_t n = 0; n < std::size(corners); ++n) {
       whenPrompted(n == 0 ? "Enter first corner" : "Enter next corner", [this, n, corner = corners[n]] {

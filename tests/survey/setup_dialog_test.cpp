@@ -36,9 +36,7 @@ class SurveySetup : public CommandSession {
     return path;
   }
   std::string remembered(const std::string& key = "SG_DiaramFile") {
-    std::string buffer(300, '\0');
-    buffer.resize(static_cast<size_t>(settings().GetString("SG_DEFAULTS", key, "nothing", buffer.data(), 300)));
-    return buffer;
+    return CommandSession::remembered("SG_DEFAULTS", key);
   }
   // A visit of the diagram setup.
   void visit(const std::string& steps) { play("run SG_DiagramEditor\ndialog \"*\"\n" + steps); }

@@ -2,6 +2,7 @@
 
 #include "frame/host/core_services.h"
 #include "host/macros/command.h"
+#include "tests/host/drawing/survey_parameters.h"
 #include "tests/host/macros/macro_session.h"
 
 namespace {
@@ -103,10 +104,7 @@ TEST_F(Enquiries, AnInsertedDrawingComesInTheDrawingsUnit) {
 TEST_F(Enquiries, AnInsertedDrawingStandsUprightOnATurnedSheet) {
   answer("", &files_);
   files_.lettered = true;
-  Parameters south = drawing().parameters();
-  south.setCoordinateSystem(0);
-  south.setOrientation(1);
-  drawing().setParameters(south);
+  drawing().setParameters(surveyParameters());
   macro("#LOAD \"Sheet.drg\" [100.00000, 200.00000] 1 0");
   EXPECT_EQ(shape<Line>(1).b, (Point{-900, -1800}));
   EXPECT_NEAR(shape<Text>(2).angle, 100.0, 1e-9);
