@@ -1,5 +1,6 @@
 #include <QTabBar>
 #include <QToolButton>
+#include <regex>
 
 #include "tests/desktop/desktop_session.h"
 
@@ -19,6 +20,10 @@ class Grids : public DesktopSession {
       const QPoint at = table.visualItemRect(table.item(row, column)).center();
       QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, at);
     });
+  }
+  static std::string contentOf(const std::string& file) {
+    std::ifstream in(file);
+    return {std::istreambuf_iterator<char>(in), {}};
   }
   static QTableWidget& gridShown() {
     const auto grids = dialogShown()->findChildren<QTableWidget*>();
@@ -45,6 +50,21 @@ TEST_F(Grids, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
   const QString recorded = window_->recorder().script();
   EXPECT_EQ(recorded.count("click \"Settings\" 8"), 2) << recorded.toStdString();
   EXPECT_LT(recorded.indexOf("reply no"), recorded.indexOf("reply yes")) << recorded.toStdString();
+}
+
+TEST_F(Grids, ARecordingCarriesEveryPageAndTemplate) {
+  whenDialog([](DialogWindow& dialog) {
+    dialog.findChild<QTabBar*>()->setCurrentIndex(2);
+    press(dialog, "OK");
+  });
+  act([this] { window_->runCommand("SG_DiagramEditor"); });
+  const std::string shipped = contentOf(root_.toStdString() + "/data/SG Diagram.ini");
+  const std::string libraries = root_.toStdString() + "/other";
+  std::filesystem::copy(BREVAN_DATA, libraries, std::filesystem::copy_options::recursive);
+  const std::regex shown("Metres|Title(?=\\.drg)|21(?=,7,Arial)");
+  std::ofstream(libraries + "/SG Diagram.ini") << std::regex_replace(shipped, shown, "7");
+  replayed("", "", libraries);
+  EXPECT_EQ(contentOf(root_.toStdString() + "/out1/SG Diagram.ini"), shipped);
 }
 
 TEST_F(Grids, FollowTheEntryThatIsChosenAndNotANameThatIsTyped) {
