@@ -1,4 +1,3 @@
-#include <QFileDialog>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -12,16 +11,6 @@ using namespace brevan;
 class Files : public DesktopSession {
  protected:
   void trigger(const QString& caption) { action(caption).trigger(); }
-  // The next chooser takes this file.
-  void chooses(const QString& path) {
-    when([] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
-         [path] {
-           auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-           auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
-           name->setText(path);
-           QTest::keyClick(name, Qt::Key_Return);
-         });
-  }
   void drawLine(const QString& from, const QString& to) {
     whenPrompted("Indicate the start", [this, from] { type(from); });
     whenPrompted("Indicate the next", [this, to] { type(to); });
