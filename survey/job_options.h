@@ -25,7 +25,7 @@ struct JobOptions : NumberStyle {
   double polySnipFactor = 0.0;  // above 1
   bool delLines = false;
   int lineType = 0;
-  bool lettersClear = false;  // letters of corners stand outside the figure, clear of its lines
+  bool lettersClear = false;  // letters of corners stand beside them, clear of lines and circles
   bool hectares = false;      // areas from 1 ha in hectares, thousands grouped
   double cornerDiam = 0.0;    // millimetres on paper
   double blockDiam = 0.0;     // millimetres on paper
