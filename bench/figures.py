@@ -30,6 +30,7 @@ PROGRAMS = (
     Program("startup_of_desktop.py", rounds=1, needs=("brevan",)),
     Program("parts_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
     Program("dxf_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
+    Program("township_against_shapely.py", rounds=1, needs=("brevan-batch",), timeout=600),
 )
 
 
@@ -38,7 +39,8 @@ class Figure:
     """A row of the table: a benchmark beside one of its peers, at all its sizes.
 
     What is asked, each None for nothing: that our time be at most `ratio` times the peer's, at most `seconds`, at most
-    `over` seconds above the peer's, at every size; and that it grow with at most this power of the size.
+    `over` seconds above the peer's, at every size; that it take at most so many `megabytes`; and that it grow with at
+    most this power of the size.
     """
 
     program: str
@@ -49,6 +51,7 @@ class Figure:
     ratio: float | None = None
     seconds: float | None = None
     over: float | None = None
+    megabytes: float | None = None
     growth: float | None = None
 
 
@@ -97,7 +100,8 @@ FIGURES = (
         "general_plan_bench",
         ("areaTable", None, "general plan: number erven and list their areas", "erven", {"seconds": 2, "growth": 1.1}),
         ("dimensions", "tracing alone", "general plan: dimension every boundary", "erven",
-         {"ratio": 3, "seconds": 2.5, "growth": 1.1})),
+         {"ratio": 3, "seconds": 2.5, "growth": 1.1}),
+        ("escape", None, "general plan: an Escape while dimensions are made", "erven", {"seconds": 0.1})),
     *_figures(
         "desktop_view_bench",
         ("zoomAll", "Qt alone", "desktop: zoom all", "lines", {"seconds": 1.5}),
@@ -120,4 +124,9 @@ FIGURES = (
         ("welds", "bolts", "welds, beside as many bolts", "welds", {"ratio": 2, "growth": 1.1})),
     *_figures("dxf_against_ezdxf.py", (
         "readAndWrite", "ezdxf", "DXF: read and write, whole program", "primitives", {})),
+    *_figures("township_against_shapely.py", (
+        "dimensionsToDxf", "shapely and ezdxf", "general plan: dimension every boundary by script, to DXF", "erven",
+        {"megabytes": 400, "growth": 1.1}), (
+        "areasToDxf", "shapely and ezdxf", "general plan: number and list erven by script, to DXF", "erven",
+        {"megabytes": 400, "growth": 1.1})),
 )
