@@ -51,8 +51,8 @@ void drawAllSheets(SectionalPlanJob& job) {
   if (job.settings().options().checkOutlines) { tellOfFaults(job, tracedOutlines(job)); }
   Series series(job, 2 + floors.size() + quotaSheets(job));
   if (!series.next() || !drawSheetOne(job)) { return; }
-  if (!series.next() || !drawBlockPlan(job, *land)) { return; }
-  if (drawFloors(job, series, floors) && series.next()) { drawQuotaSheets(job); }
+  if (!series.next() || !drawBlockPlan(job, *land, "Block plan")) { return; }
+  if (drawFloors(job, series, floors) && series.next()) { drawQuotaSheets(job, "Participation quotas"); }
 }
 
 }  // namespace ardenix::survey

@@ -65,7 +65,7 @@ std::optional<Figure> traceLand(SectionalPlanJob& job) {
   return std::move(traced->figure);
 }
 
-bool drawBlockPlan(SectionalPlanJob& job, const Figure& figure) {
+bool drawBlockPlan(SectionalPlanJob& job, const Figure& figure, std::string_view title) {
   auto sheet = SectionalSheet::open(job, SheetKind::kBlockPlan);
   if (!sheet) { return false; }
   JobSettings& settings = job.settings();
@@ -74,7 +74,8 @@ bool drawBlockPlan(SectionalPlanJob& job, const Figure& figure) {
   sheet->useLayer(settings.options().figureLayer, "ST_FIGURE");
   clipSurroundings(settings, sheet->view(), figure);
   sheet->setUp({extentsOf(figure).centre(), {}});
-  sheet->writeFrame();
+  FrameAnswer unasked;
+  sheet->writeFrame(unasked, title);
   if (ask(job.services().mainFrame, "Do you want a table of sides and directions for the outside figure?", "Table")) {
     drawTable(*sheet, settings, figure);
   }

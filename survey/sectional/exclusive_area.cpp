@@ -12,8 +12,12 @@ namespace {
 
 constexpr int kLongestLetters = 9;
 
+// A, B, ...; of letters with a number the next number.
 std::string offeredLetters(const SectionalPlanJob& job) {
-  return job.exclusiveAreas.empty() ? "A" : nextLettersThenDigits(job.exclusiveAreas.back().letters);
+  if (job.exclusiveAreas.empty()) { return "A"; }
+  const std::string& last = job.exclusiveAreas.back().letters;
+  const bool numbered = !last.empty() && last.back() >= '0' && last.back() <= '9';
+  return numbered ? nextPrefixAndNumber(last) : nextLettersThenDigits(last);
 }
 
 // Shows what is offered and takes what is entered. False where the user gives it up.

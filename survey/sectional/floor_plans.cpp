@@ -121,9 +121,11 @@ class FloorPlan {
 // Lines and arcs of the traced drawing, in grey, on a layer of their own.
 void copyFaintly(SectionalPlanJob& job, CCadWindow& onto, const Extents& extents) {
   constexpr int kGrey = 8;
-  constexpr double kAround = 1000.0;  // millimetres
+  constexpr double kAround = 300.0;  // millimetres
   onto.gsExecuteMacro(macroText::newLayer("ST_PLAN"));
-  copyLinesInPen(job.view(), onto, extents.grownBy(kAround / job.settings().unitFactor()), kGrey);
+  const auto [low, high] = extents.grownBy(kAround / job.unitFactor());
+  copyLinesInPen(job.view(), onto, {low, high}, kGrey);
+  onto.gsExecuteMacro(macroText::cutAround({high.x, low.y}, {low.x, high.y}));
 }
 
 }  // namespace

@@ -133,7 +133,7 @@ std::optional<OutlineFault> faultBetween(const SectionOutline& one, const Sectio
 }  // namespace
 
 std::vector<OutlineFault> faultsBetween(const Outlines& outlines, double millimetresAUnit) {
-  constexpr double kLeastMillimetres = 1.0;
+  constexpr double kLeastMillimetres = 10.0;
   constexpr double kWallMillimetres = 250.0;
   const double least = kLeastMillimetres / millimetresAUnit;
   const double most = kWallMillimetres / millimetresAUnit;

@@ -24,7 +24,7 @@ struct OutlineFault {
   double gap = 0.0;  // drawing units, where they do not overlap
 };
 
-// Outlines that run into each other by more than a millimetre, and those whose corners miss each other's boundary by
+// Outlines that run into each other by more than a centimetre, and those whose corners miss each other's boundary by
 // more than that and by less than a wall's thickness.
 std::vector<OutlineFault> faultsBetween(const Outlines& outlines, double millimetresAUnit);
 

@@ -77,11 +77,14 @@ class Schedule {
   // Below the closed schedule, from its left edge, as many words a line as its width holds.
   void note(std::string_view text) {
     constexpr double kWidthOfLetter = 0.6;  // of the height, in most founts
-    const double letters = std::max(1.0, sheet_.width() / (kWidthOfLetter / kRowHeightOfText * std::fabs(step_)));
+    const double letters =
+        std::max(1.0, 0.95 * sheet_.width() / (kWidthOfLetter / kRowHeightOfText * std::fabs(step_)));
+    const double indent = writer().axisSign() * std::fabs(step_);
+    down_ += 1.0 - kBelowLine;
     for (const std::string& words : brokenIntoLines(text, static_cast<size_t>(letters))) {
       constexpr int kLeft = 1;
       down_ += 1.0;
-      writer().write(row_, {left_, y()}, words, kLeft);
+      writer().write(row_, {left_ + indent, y()}, words, kLeft);
     }
   }
 
@@ -196,7 +199,7 @@ size_t quotaSheets(SectionalPlanJob& job) {
   return lines == 0 ? 1 : (lines - 1) / each + 1;
 }
 
-bool drawQuotaSheets(SectionalPlanJob& job) {
+bool drawQuotaSheets(SectionalPlanJob& job, std::string_view title) {
   const Quotas quotas(job.sections.sections());
   tellOfTotal(job, quotas);
   const std::vector<ScheduleLine> lines = scheduleOf(job, quotas);
@@ -208,7 +211,7 @@ bool drawQuotaSheets(SectionalPlanJob& job) {
     sheet->setUp({});
     const size_t taken = std::min(rest.size(), linesASheet(job.settings()));
     drawSchedule(job, *sheet, rest.first(taken), taken == rest.size() ? &quotas : nullptr);
-    sheet->writeFrame(frame);
+    sheet->writeFrame(frame, title);
     ++job.sheet.number;
     rest = rest.subspan(taken);
   } while (!rest.empty());

@@ -58,6 +58,7 @@ void SectionalSheet::setUp(const Setup& setup) {
   view_.gsExecuteMacro(macroText::kHome);
   view_.gsExecuteMacro(isUpright() ? macroText::kPortrait : macroText::kLandscape);
   view_.gsExecuteMacro(macroText::newScale(setup.middle));
+  view_.gsFitPaper(extents_.low.x, extents_.low.y, extents_.high.x, extents_.high.y);
   writer_.emplace(view_, settings, topRightOnPaper(settings, extents_));
 }
 

@@ -9,26 +9,25 @@
 #include "survey/sectional/sectional_sheet.h"
 
 // The sheets of a sectional plan for a job that has begun, each in a window of its own. False, with a message, where
-// the host opens none.
+// the host opens none. A title is offered in place of that of the settings.
 namespace ardenix::survey {
 
 bool drawSheetOne(SectionalPlanJob& job);
 
 // Traces the outside figure of the land. Nothing, with a message, for what is no figure.
 std::optional<Figure> traceLand(SectionalPlanJob& job);
-bool drawBlockPlan(SectionalPlanJob& job, const Figure& figure);
+bool drawBlockPlan(SectionalPlanJob& job, const Figure& figure, std::string_view title = {});
 
 // What the user answered to the first of some plans and the others take over.
 struct PlanAnswers {
   FrameAnswer frame;
   std::optional<bool> notes;  // whether they are wanted
 };
-// A floor's plan in a series has the floor's name as its title.
 bool drawFloorPlan(SectionalPlanJob& job, const Outlines& outlines, PlanAnswers& answers, std::string_view title = {});
 
 // As many as the schedule takes.
 size_t quotaSheets(SectionalPlanJob& job);
-bool drawQuotaSheets(SectionalPlanJob& job);
+bool drawQuotaSheets(SectionalPlanJob& job, std::string_view title = {});
 
 // All of them, one after the other, numbered.
 void drawAllSheets(SectionalPlanJob& job);
