@@ -36,7 +36,7 @@ class Surveyor : public SilentUser {
   size_t next_ = 0;
 };
 
-// A host whose drawing is a township in metres at 1:500.
+// A host whose drawing is a township in metres at 1:25,000.
 class Office {
  public:
   explicit Office(int parcelsAlong) {
@@ -45,7 +45,7 @@ class Office {
     Drawing& drawing = host_.window().drawing();
     Parameters parameters;
     parameters.setUnit(1000.0);
-    parameters.setScale(500.0);
+    parameters.setScale(25000.0);  // at which the largest figure fits the sheet
     parameters.setCoordinateSystem(0);
     drawing.setParameters(parameters);
     drawing.beginLoading();

@@ -44,7 +44,7 @@ def gears(teeth):
 
 
 # What is drawn, at which sizes; the first of them alone for a quick run.
-PARTS = (("bolts", bolts, (2500, 5000, 10000)), ("flanges", flanges, (1000, 2000)), ("gears", gears, (100, 300, 1000)))
+PARTS = (("bolts", bolts, (2500, 5000, 10000)), ("flanges", flanges, (1000, 2000)), ("gears", gears, (250, 500, 1000)))
 
 
 def play(batch, folder, script, ending):
