@@ -47,7 +47,7 @@ TEST_F(SectionalLaws, AdjustedQuotasTotalAHundredAndChangeByNoMoreThanTheRuleAll
     EXPECT_LE(std::llabs(adjustment->correction), (static_cast<long long>(list.sections().size()) + 1) / 2);
     const Quota step = n % 3 == 0 ? std::llabs(adjustment->correction) : 1;
     for (const Section& section : adjustment->adjusted) {
-      EXPECT_EQ(std::llabs(quotaOf(section.fixedQuota) - before.of(section)), step);
+      EXPECT_EQ(std::llabs(quotaOf(section.fixedQuota) - before.computed(section)), step);
       list.replace(section);
     }
     EXPECT_EQ(shownTotal(list, PartView::kCollapsed), kWholeQuota);
