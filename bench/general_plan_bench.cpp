@@ -1,21 +1,19 @@
 // A general plan of ever more erven: the table of their areas, and dimensions of all their sides beside the tracing of
 // the erven alone.
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
 #include "bench/report.h"
 #include "bench/township.h"
-#include "host/window/dialog_session.h"
+#include "bench/yes_user.h"
 #include "host/window/host.h"
-#include "host/window/silent_user.h"
 
 namespace {
 
 using namespace brevan;
 
-// Confirms every dialog, gives points in turn and takes what is offered for the numbers.
-class Surveyor : public SilentUser {
+// Gives points in turn and takes what is offered for the numbers.
+class Surveyor : public bench::YesUser {
  public:
   std::vector<Point> points;
 
@@ -25,19 +23,6 @@ class Surveyor : public SilentUser {
   }
   TextAnswer askText(const std::string&, const std::string& offered) override {
     return {PromptEnd::kGiven, offered.empty() ? "1" : offered, !offered.empty()};
-  }
-  BoxAnswer showMessage(const MessageBox& box) override {
-    if (box.buttons == BoxButtons::kOk) { throw std::logic_error(box.text); }
-    return BoxAnswer::kYes;
-  }
-  bool runDialog(dialog::Dialog& dialog) override {
-    DialogSession session(dialog, *this, nullptr);
-    session.open();
-    for (int control = 0; !session.closed(); ++control) {
-      const auto* button = std::get_if<dialog::Button>(&dialog.control(control).state);
-      if (button != nullptr && button->role == dialog::ButtonRole::kOk) { session.press(control); }
-    }
-    return session.accepted();
   }
 
  private:

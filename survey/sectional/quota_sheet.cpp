@@ -147,6 +147,7 @@ size_t linesASheet(const JobSettings& settings) {
   const TextRow row = scheduleRow(settings);
   if (row.size == 0) { return std::numeric_limits<size_t>::max(); }
   const VerticalExtent extent = extentOf(settings, "PQ");
+  if (extent.upper == extent.lower) { return std::numeric_limits<size_t>::max(); }
   return static_cast<size_t>(
       std::max(1.0, std::floor(std::fabs((extent.upper - extent.lower) / rowHeight(row)) - kOther)));
 }

@@ -36,6 +36,12 @@ std::span<const KeyRow> frameRows(SheetKind kind) { return rowsOf(kind).rows.fir
 
 constexpr size_t kScaleParameter = 1;
 
+// The frame of an upright A4 sheet.
+Extents uprightA4(const JobSettings& settings, Point middle) {
+  const Point half = Point{190.0, 277.0} / 2.0 * settings.paperFactor();
+  return {middle - half, middle + half};
+}
+
 }  // namespace
 
 std::optional<SectionalSheet> SectionalSheet::open(SectionalPlanJob& job, SheetKind kind) {
@@ -52,14 +58,19 @@ void SectionalSheet::setUp(const Setup& setup) {
     view_.gsSetDrawingParms(parms);
   }
   settings.readScale(view_);
+  fitPaper(uprightA4(settings, setup.middle));  // the sheet where there is no template
   extents_ = insertTemplate(settings, view_, settings.templates().at(static_cast<size_t>(kind_)), setup.middle);
   view_.gsZoomAll();
   view_.gsSetCurrCoord(setup.middle.x, setup.middle.y);
   view_.gsExecuteMacro(macroText::kHome);
   view_.gsExecuteMacro(isUpright() ? macroText::kPortrait : macroText::kLandscape);
   view_.gsExecuteMacro(macroText::newScale(setup.middle));
-  view_.gsFitPaper(extents_.low.x, extents_.low.y, extents_.high.x, extents_.high.y);
+  fitPaper(extents_);
   writer_.emplace(view_, settings, topRightOnPaper(settings, extents_));
+}
+
+void SectionalSheet::fitPaper(const Extents& held) {
+  view_.gsFitPaper(held.low.x, held.low.y, held.high.x, held.high.y);
 }
 
 void SectionalSheet::useLayer(const std::string& named, std::string_view otherwise) {

@@ -56,6 +56,7 @@ class SectionalSheet {
   void writeNotes();
 
  private:
+  void fitPaper(const Extents& held);
   [[nodiscard]] std::optional<FrameTexts> askFrame(std::string_view title) const;
   // What stands in the place of a row's text on this sheet; nothing where the text stays.
   [[nodiscard]] std::optional<std::string> given(size_t row, std::string_view title) const;
