@@ -7,6 +7,7 @@
 
 #include "bench/report.h"
 #include "bench/yes_user.h"
+#include "frame/host/number_text.h"
 #include "host/window/host.h"
 #include "survey/control_listings.h"
 #include "survey/control_store.h"

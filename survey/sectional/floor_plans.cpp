@@ -3,6 +3,7 @@
 
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/pen.h"
+#include "frame/drafting/sheet_axes.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "frame/messages.h"
