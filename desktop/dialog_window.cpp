@@ -128,6 +128,7 @@ void DialogWindow::operate(const DialogOperation& operation) {
   --operating_;
   if (description_.closed() && description_.accepted()) { recorder_.insert(place, values); }
   if (refusal) {
+    if (operation.recorded) { recorder_.refused(*refusal); }
     if (!rulesMovedFocus_) { refuse(shown(*refusal)); }
     // After the event that brought the focus elsewhere.
     QTimer::singleShot(0, this, [this] {

@@ -48,7 +48,7 @@ class CellEditors : public QStyledItemDelegate {
 
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
     const Cell* cell = cellAt_(index);
-    if (cell == nullptr || cell->readOnly) { return nullptr; }
+    if (cell == nullptr || cell->readOnly || cell->kind == CellKind::kBrowse) { return nullptr; }
     const QStringList entries = offered(*cell);
     if (entries.isEmpty()) { return new QLineEdit(parent); }
     auto* list = new QComboBox(parent);
@@ -229,9 +229,10 @@ class GridWidget : public ControlWidget {
     if (cell.kind == CellKind::kCheck) {
       item->setCheckState(cell.text == "1" ? Qt::Checked : Qt::Unchecked);
       if (!cell.readOnly) { flags |= Qt::ItemIsUserCheckable; }
+    } else if (cell.kind == CellKind::kBrowse) {  // its button is its editor
     } else if (!cell.readOnly) {
       flags |= Qt::ItemIsEditable;
-    } else if (cell.kind != CellKind::kBrowse) {
+    } else {
       item->setForeground(table_->palette().color(QPalette::Disabled, QPalette::Text));
     }
     if (cell.kind == CellKind::kPen && !cell.text.empty() && cell.ground == kUsual) {

@@ -44,6 +44,7 @@ class UserTableDialog {
   void addRow();
   void addColumn();
   void growTo(size_t rows, size_t columns);
+  void resizeRows(int count);
   [[nodiscard]] bool rowEmpty(size_t row) const;
   [[nodiscard]] bool columnEmpty(size_t column) const;
   void removeExcessRows();
@@ -81,6 +82,7 @@ UserTableDialog::UserTableDialog(const Services& services, CCadWindow& view) : s
   equip(dialog_, services_, helpTopic("Table"));
   describeMenu();
   table_ = addGrid(dialog_, {.place = {.row = 1}, .name = "Table"}, {});
+  grid().onRowCount = [this](int rows) { resizeRows(rows); };
   growTo(kStartSize, kStartSize);
   describeButtons();
   addControl(dialog_, dialog::StatusLine{}, {.place = {.row = 4}, .name = "Status"});
@@ -163,6 +165,15 @@ void UserTableDialog::growTo(size_t rows, size_t columns) {
   for (auto& row : table.rows) { row.resize(table.columns.size(), emptyCell()); }
 }
 
+void UserTableDialog::resizeRows(int count) {
+  const size_t rows = std::min(static_cast<size_t>(count), kMostRows);
+  grid().rows.resize(std::min(rows, rowCount()));
+  grid().rowHeadings.resize(rowCount());
+  grid().currentRow = std::min(grid().currentRow, static_cast<int>(rows) - 1);
+  growTo(rows, columnCount());
+  table_.update();
+}
+
 void UserTableDialog::addRow() {
   if (rowCount() >= kMostRows) { return warn(&dialog_, "A table has %d rows at most.", static_cast<int>(kMostRows)); }
   growTo(rowCount() + 1, columnCount());
@@ -186,12 +197,9 @@ bool UserTableDialog::columnEmpty(size_t column) const {
 }
 
 void UserTableDialog::removeExcessRows() {
-  while (rowCount() > 1 && rowEmpty(rowCount() - 1)) {
-    grid().rows.pop_back();
-    grid().rowHeadings.pop_back();
-  }
-  grid().currentRow = std::min(grid().currentRow, static_cast<int>(rowCount()) - 1);
-  table_.update();
+  size_t rows = rowCount();
+  while (rows > 1 && rowEmpty(rows - 1)) { --rows; }
+  resizeRows(static_cast<int>(rows));
 }
 
 void UserTableDialog::removeExcessColumns() {

@@ -52,6 +52,13 @@ Refusal cell(DialogSession& session, const DialogOperation& operation) {
   return session.editCell(operation.control, operation.number.value_or(0), textAt(operation, 0), textAt(operation, 1));
 }
 
+Refusal haveRow(DialogSession& session, const DialogOperation& operation) {
+  return session.ensureRow(operation.control, operation.number.value_or(0), operation.texts);
+}
+Refusal haveRows(DialogSession& session, const DialogOperation& operation) {
+  return session.ensureRowCount(operation.control, operation.number.value_or(0));
+}
+
 Refusal click(DialogSession& session, const DialogOperation& operation) {
   const Click kind = operation.verb == Verb::kClick        ? Click::kClick
                      : operation.verb == Verb::kRightClick ? Click::kRight
@@ -84,6 +91,7 @@ constexpr OperationRow::Arguments kNothing{};
 constexpr OperationRow::Arguments kControl{Argument::kControl};
 constexpr OperationRow::Arguments kText{Argument::kText};
 constexpr OperationRow::Arguments kControlText{Argument::kControl, Argument::kText};
+constexpr OperationRow::Arguments kControlNumber{Argument::kControl, Argument::kNumber};
 constexpr OperationRow::Arguments kControlTextNumber{Argument::kControl, Argument::kText, Argument::kNumber};
 constexpr OperationRow::Arguments kCellPlace{Argument::kControl, Argument::kNumber, Argument::kText};
 constexpr OperationRow::Arguments kCellText{Argument::kControl, Argument::kNumber, Argument::kText, Argument::kText};
@@ -100,6 +108,8 @@ constexpr auto kRows = std::to_array<OperationRow>({
     {Verb::kFocus, "focus", kControl, 1, 1, focus},
     {Verb::kLeave, "leave", kNothing, 0, 0, leave},
     {Verb::kCell, "cell", kCellText, 4, 4, cell},
+    {Verb::kHaveRow, "haverow", kCellText, 4, kAny, haveRow},  // columns, each with its text
+    {Verb::kHaveRows, "haverows", kControlNumber, 2, 2, haveRows},
     {Verb::kClick, "click", kCellPlace, 2, 3, click},
     {Verb::kRightClick, "rightclick", kCellPlace, 2, 3, click},
     {Verb::kPress, "press", kCellPlace, 1, 3, press},

@@ -29,6 +29,8 @@ enum class Verb {
   kFocus,
   kLeave,
   kCell,
+  kHaveRow,
+  kHaveRows,
   kClick,
   kRightClick,
   kPress,

@@ -128,10 +128,13 @@ Refusal DialogSession::ensureText(int control, const std::string& text) {
   if (valueText(dialog_.control(control).state) == text) { return std::nullopt; }
   const auto operation = operationThatSets(control, dialog_.control(control).state, text);
   if (!operation) { return notThisKind(named(control), dialog_.control(control).state, "holds no value"); }
-  if (const std::string page = pageOf(dialog_, control); !page.empty()) {
-    if (auto refusal = goToPage(page)) { return refusal; }
-  }
+  if (auto refusal = showPageOf(control)) { return refusal; }
   return perform(*operation);
+}
+
+Refusal DialogSession::showPageOf(int control) {
+  const std::string page = pageOf(dialog_, control);
+  return page.empty() ? std::nullopt : goToPage(page);
 }
 
 Refusal DialogSession::typeText(int control, const std::string& text) {
@@ -265,6 +268,13 @@ Refusal rowRefusal(const std::string& name, int row, size_t rows) {
   return name + " has no row " + std::to_string(row) + ", it has " + std::to_string(rows);
 }
 
+const Cell* cellIn(const Grid& grid, int row, const std::string& column) {
+  const int place = columnNamed(grid.columns, column);
+  if (place < 0 || row < 1 || static_cast<size_t>(row) > grid.rows.size()) { return nullptr; }
+  const auto& cells = grid.rows[static_cast<size_t>(row) - 1];
+  return static_cast<size_t>(place) < cells.size() ? &cells[static_cast<size_t>(place)] : nullptr;
+}
+
 // Why a cell does not take a text; the text in the cell's own form where it does.
 Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& text) {
   if (cell.readOnly) { return inQuotes(column) + " cannot be edited in this row"; }
@@ -326,6 +336,38 @@ Refusal DialogSession::editCell(int control, int row, const std::string& column,
   if (grid.onCellEdit) { grid.onCellEdit(grid.currentRow, grid.currentColumn); }
   run(dialog_.control(control).onEdit);
   return std::nullopt;
+}
+
+Refusal DialogSession::ensureRow(int control, int row, const std::vector<std::string>& cells) {
+  if (cells.size() % 2 != 0) { return named(control) + " needs a text for the column " + inQuotes(cells.back()); }
+  if (auto refusal = showPageOf(control)) { return refusal; }
+  for (size_t column = 0; column < cells.size(); column += 2) {
+    if (auto refusal = ensureCell(control, row, cells[column], cells[column + 1])) { return refusal; }
+  }
+  return std::nullopt;
+}
+
+Refusal DialogSession::ensureCell(int control, int row, const std::string& column, const std::string& text) {
+  const auto holds = [&] {
+    const auto* grid = std::get_if<Grid>(&dialog_.control(control).state);
+    const Cell* cell = grid == nullptr ? nullptr : cellIn(*grid, row, column);
+    return cell != nullptr && valueOf(*cell) == text;
+  };
+  if (holds()) { return std::nullopt; }
+  if (auto refusal = editCell(control, row, column, text)) { return refusal; }
+  if (holds()) { return std::nullopt; }
+  return inQuotes(column) + " in row " + std::to_string(row) + " does not take " + inQuotes(text);
+}
+
+Refusal DialogSession::ensureRowCount(int control, int rows) {
+  const auto* grid = std::get_if<Grid>(&dialog_.control(control).state);
+  if (grid == nullptr) { return notThisKind(named(control), dialog_.control(control).state, "has no rows"); }
+  if (static_cast<int>(grid->rows.size()) == rows) { return std::nullopt; }
+  if (auto refusal = showPageOf(control)) { return refusal; }
+  if (auto refusal = focus(control)) { return refusal; }
+  if (const auto rule = grid->onRowCount; rule && rows > 0) { rule(rows); }
+  const size_t now = dialog_.state<Grid>(control).rows.size();
+  return static_cast<int>(now) == rows ? std::nullopt : rowRefusal(named(control), rows, now);
 }
 
 // Rows are counted from 1 as the user sees them; without a column the row's heading is meant.

@@ -51,6 +51,10 @@ class DialogSession : public dialog::Presenter {
   Refusal press(int control);
   // An entry of the dialog's menu bar, levels separated by "/".
   Refusal chooseMenu(const std::string& path);
+  // Gives the cells of a row the texts that follow their columns' names, and a grid so many rows. What is so already is
+  // left alone.
+  Refusal ensureRow(int grid, int row, const std::vector<std::string>& cells);
+  Refusal ensureRowCount(int grid, int rows);
   Refusal editCell(int grid, int row, const std::string& column, const std::string& text);
   enum class Click { kSelect, kClick, kPress, kRight };
   // kSelect makes the cell current, as the keyboard does; kClick is the mouse on it.
@@ -74,6 +78,8 @@ class DialogSession : public dialog::Presenter {
  private:
   // Why a control cannot be operated: hidden, disabled, or of a kind that takes no input.
   Refusal inoperable(int control);
+  Refusal showPageOf(int control);
+  Refusal ensureCell(int grid, int row, const std::string& column, const std::string& text);
   void edited(int control);
   [[nodiscard]] std::string named(int control);
 

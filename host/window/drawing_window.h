@@ -115,6 +115,8 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] PrimitiveId lastDrawn() const { return lastDrawn_; }
   // Draws as the desktop's own tools do: current layer and style, outside of any group, a step of undo.
   PrimitiveId addPlain(Geometry geometry, GroupId group = 0);
+  // Throws RefusedChange where the current layer is locked, or hidden: nobody draws what he cannot see.
+  void requireDrawable() const;
   // A layer that is there, visible and not locked: what lies on it may be changed.
   [[nodiscard]] bool isChangeable(PrimitiveId id) const;
   // Nearest on a visible layer within the aperture; what the open group holds comes first.

@@ -100,18 +100,20 @@ class DesktopSession : public ::testing::Test {
   brevan::Drawing& drawing() { return window_->host().window().drawing(); }
   std::string json() { return drawingJson(drawing()); }
   // What the recorded session draws in a host without a window, or why it does not. Statements given before it are
-  // played when its settings have been set; the host starts from those that ship or from a file's.
-  std::string replayed(const std::string& before = "", const std::string& otherSettings = "") {
+  // played when its settings have been set; the host starts from those that ship or from a file's. The libraries are
+  // those that ship, without what the recorded session changed in its own, or those of another folder.
+  std::string replayed(const std::string& before = "", const std::string& otherSettings = "",
+                       const std::string& libraries = BREVAN_DATA) {
     std::string text = window_->recorder().script().toStdString();
     text.insert(text.find('\n', std::max(text.rfind("\nsetting ") + 1, text.find("\nsettings none") + 1)) + 1, before);
-    return replay(text, otherSettings);
+    return replay(text, otherSettings, libraries);
   }
-  std::string replay(const std::string& text, const std::string& otherSettings = "") {
+  std::string replay(const std::string& text, const std::string& otherSettings = "",
+                     const std::string& libraries = BREVAN_DATA) {
     const brevan::Script script = brevan::readScript("recorded.scr", text);
     const std::string root = folder_.path().toStdString();
-    // The libraries are those that ship, without what the recorded session changed in its own.
     const std::string out = root + "/out" + std::to_string(++replays_);
-    brevan::FileServices files(root, BREVAN_DATA, brevan::FileServices::Confinement{out, nullptr, {root}});
+    brevan::FileServices files(root, libraries, brevan::FileServices::Confinement{out, nullptr, {root}});
     INI_LIST settings(otherSettings);
     if (window_) { brevan::addFirstSettings(window_->host().module()->commands(), settings); }
     brevan::ScriptPlayer player(script, brevan::PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});

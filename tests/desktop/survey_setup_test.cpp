@@ -3,6 +3,7 @@
 #include <QTabBar>
 #include <QTableWidget>
 #include <QToolButton>
+#include <regex>
 
 #include "tests/desktop/desktop_session.h"
 
@@ -57,6 +58,27 @@ TEST_F(SurveyWindow, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
   const QString recorded = window_->recorder().script();
   EXPECT_EQ(recorded.count("click \"Settings\" 8"), 2) << recorded.toStdString();
   EXPECT_LT(recorded.indexOf("reply no"), recorded.indexOf("reply yes")) << recorded.toStdString();
+}
+
+std::string contentOf(const std::string& file) {
+  std::stringstream text;
+  text << std::ifstream(file).rdbuf();
+  return text.str();
+}
+
+TEST_F(SurveyWindow, ARecordingCarriesEveryPageAndTemplate) {
+  whenDialog([](DialogWindow& dialog) {
+    dialog.findChild<QTabBar*>()->setCurrentIndex(2);
+    press(dialog, "OK");
+  });
+  act([this] { window_->runCommand("SG_DiagramEditor"); });
+  const std::string shipped = contentOf(root_.toStdString() + "/data/SG Diagram.ini");
+  const std::string libraries = root_.toStdString() + "/other";
+  std::filesystem::copy(BREVAN_DATA, libraries, std::filesystem::copy_options::recursive);
+  const std::regex shown("Metres|Title(?=\\.drg)|21(?=,7,Arial)");
+  std::ofstream(libraries + "/SG Diagram.ini") << std::regex_replace(shipped, shown, "7");
+  replayed("", "", libraries);
+  EXPECT_EQ(contentOf(root_.toStdString() + "/out1/SG Diagram.ini"), shipped);
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ TEST(Page, ADrawingOfAnySizeStandsWholeInTheMiddleOfItsPaper) {
     Drawing drawing;
     drawing.setParameters(anyParameters(random));
     const double millimetre = drawing.parameters().paperMillimetre();
-    const auto size = [&] { return std::pow(10.0, std::uniform_real_distribution<double>(-2.0, 6.0)(random)); };
+    const auto size = [&] { return std::pow(10.0, std::uniform_real_distribution<double>(-2.0, 8.0)(random)); };
     const double width = size() * millimetre;
     const double height = size() * millimetre;
     const Point corner = {1e4 * millimetre, -2e4 * millimetre};
@@ -87,6 +87,7 @@ TEST(Page, ADrawingOfAnySizeStandsWholeInTheMiddleOfItsPaper) {
     EXPECT_NEAR(lines.centre().x, page.sheet.width / 2.0, 1e-6) << what;
     EXPECT_NEAR(lines.centre().y, page.sheet.height / 2.0, 1e-6) << what;
     EXPECT_EQ(page.zoom == 1.0, page.told.empty()) << what;
+    EXPECT_EQ(page.told.find_first_of(".+"), std::string::npos) << "scales are whole: " << page.told;
     EXPECT_DOUBLE_EQ(shown.width, 0.5) << "widths of lines are those on paper";
     if (page.zoom == 1.0) { continue; }
     EXPECT_EQ(page.sheet.name, "A3");
