@@ -25,10 +25,12 @@ PROGRAMS = (
     Program("diagram_bench"),
     Program("boundary_bench"),
     Program("general_plan_bench"),
+    Program("labelled_holes_bench"),
     Program("desktop_view_bench", rounds=2),
     Program("startup_against_qt.py", rounds=1, needs=("brevan-batch", "empty_qt")),
     Program("startup_of_desktop.py", rounds=1, needs=("brevan",)),
     Program("parts_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
+    Program("tables_against_python.py", rounds=1, needs=("brevan-batch",)),
     Program("dxf_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
 )
 
@@ -117,7 +119,18 @@ FIGURES = (
         ("flanges", "ezdxf", "flanges by one script, to DXF", "flanges", {"ratio": 1 / 10}),
         ("gears", "ezdxf", "ten gears by one script, to DXF", "teeth", {"ratio": 1 / 10, "growth": 1.1}),
         ("sheetOfWelds", "ezdxf", "a thousand welds by one script, to DXF", "welds", {"seconds": 0.3}),
-        ("welds", "single bolts", "welds, beside as many bolts by a command each", "welds", {"ratio": 2})),
+        ("welds", "single bolts", "welds, beside as many bolts by a command each", "welds", {"ratio": 2}),
+        ("shafts", "bolts", "shafts, beside as many bolts", "shafts", {"ratio": 1.2, "growth": 1.1})),
+    *_figures("labelled_holes_bench", (
+        "addAllHoles", None, "coordinate table: add all holes", "primitives", {"seconds": 0.05, "growth": 1.1})),
+    *_figures(
+        "tables_against_python.py",
+        ("importTable", "python csv", "table of seven columns: import, whole program", "rows",
+         {"ratio": 20, "seconds": 0.2, "growth": 1.1}),
+        ("exportTable", "python csv", "table: import and export, whole program", "rows",
+         {"seconds": 0.4, "growth": 1.1}),
+        ("drawTable", "ezdxf", "table: import, draw, to DXF, whole program", "rows",
+         {"ratio": 0.1, "seconds": 0.5, "growth": 1.1})),
     *_figures("dxf_against_ezdxf.py", (
         "readAndWrite", "ezdxf", "DXF: read and write, whole program", "primitives", {})),
 )

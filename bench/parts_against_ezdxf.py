@@ -43,6 +43,10 @@ def gears(teeth):
             + placed(10, (2500, 2500), "{at}"))
 
 
+def shafts(count):
+    return begun("MechDrawShafts", "Shafts", 'pick "Definition" "STEPPED 25-30-36"\n') + placed(count, (250, 60), "{at}{at}")
+
+
 def one_by_one(count, command, title, definition, apart, answers):
     """In a square, a command with its dialog for each; the answers are points counted from its place."""
     side = math.ceil(math.sqrt(count))
@@ -64,7 +68,7 @@ def welds(count):
 # What is drawn, at which sizes, the first of them alone for a quick run, and as many of what is measured beside it.
 PARTS = (("bolts", bolts, (2500, 5000, 10000), None), ("flanges", flanges, (1000, 2000), None),
          ("gears", gears, (250, 500, 1000), None), ("sheetOfWelds", welds, (1000,), None),
-         ("welds", welds, (1000, 10000), single_bolts))
+         ("welds", welds, (1000, 10000), single_bolts), ("shafts", shafts, (1000, 5000), bolts))
 
 
 def play(batch, folder, script, ending):

@@ -12,6 +12,10 @@ NEW_WALL = (
     'set "External wall width" 115\npress "Add"\ndialog "Ardenix - Add New Item"\nset "Name for new wall" "OWN"\n'
     'press "OK"\npress "OK"\n')
 
+TABLE = LIBRARY_OF.format("ISO Mechspecs.ini") + (
+    'run MechDrawTabBox\ndialog "*"\ncell "Table" 1 "1" "x"\nmenu "Actions/Export Data"\nfile "t.csv"\n'
+    'expect no message\npress "Cancel"\nreply yes\n')
+
 
 class Writer:
     """A row: what it is called, the files it needs, its command line, and the file below "out" that it writes."""
@@ -67,6 +71,7 @@ ALL = [
     Writer("library changed in place", "lib.ini", shipped_library, LIBRARY_OF.format("out/lib.ini") + add_bolt("OWN")),
     Writer("library copied at the first change", "own.ini", None, LIBRARY_OF.format("own.ini") + add_bolt("OWN"),
            files=[("own.ini", shipped_library)]),
+    Writer("table", "t.csv", OLD, TABLE),
     Writer("survey settings", "job.ini", settings_file, CONTROL_VISIT),
     Writer("architectural specifications", "ArchSpecs.ini", specification_file, NEW_WALL),
 ]
