@@ -25,6 +25,8 @@ PROGRAMS = (
     Program("diagram_bench"),
     Program("boundary_bench"),
     Program("general_plan_bench"),
+    Program("sectional_bench"),
+    Program("quotas_against_python.py", rounds=1, needs=("brevan-batch",)),
     Program("labelled_holes_bench"),
     Program("desktop_view_bench", rounds=2),
     Program("startup_against_qt.py", rounds=1, needs=("brevan-batch", "empty_qt")),
@@ -104,6 +106,14 @@ FIGURES = (
         ("dimensions", "tracing alone", "general plan: dimension every boundary", "erven",
          {"ratio": 3, "seconds": 2.5, "growth": 1.1}),
         ("escape", None, "general plan: an Escape while dimensions are made", "erven", {"seconds": 0.1})),
+    *_figures(
+        "sectional_bench",
+        ("loadList", None, "sectional plan: load a list", "sections", {"seconds": 1, "growth": 1.1}),
+        ("adjustQuotas", None, "sectional plan: adjust and list the quotas", "sections", {"seconds": 0.05, "growth": 1.1}),
+        ("drawSchedule", None, "sectional plan: a sheet of the quota schedule", "sections", {"seconds": 0.1, "growth": 0.1}),
+        ("readListing", None, "control points: read a listing", "points", {"seconds": 1, "growth": 1.1})),
+    *_figures("quotas_against_python.py", (
+        "quotas", "csv and decimal", "sectional plan: load, adjust and save a list, whole program", "sections", {})),
     *_figures(
         "desktop_view_bench",
         ("zoomAll", "Qt alone", "desktop: zoom all", "lines", {"seconds": 1.5}),

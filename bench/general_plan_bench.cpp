@@ -2,22 +2,20 @@
 // erven alone, and how long an Escape waits while they are drawn.
 #include <algorithm>
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 
 #include "bench/report.h"
 #include "bench/township.h"
-#include "host/window/dialog_session.h"
+#include "bench/yes_user.h"
 #include "host/window/host.h"
-#include "host/window/silent_user.h"
 
 namespace {
 
 using namespace brevan;
 
-// Confirms every dialog, gives points in turn and takes what is offered for the numbers. Measures how long he is not
-// listened to, and presses Escape if he is told to.
-class Surveyor : public SilentUser {
+// Gives points in turn and takes what is offered for the numbers. Measures how long he is not listened to, and presses
+// Escape if he is told to.
+class Surveyor : public bench::YesUser {
  public:
   std::vector<Point> points;
   int escapeAt = 0;  // the how manieth time that he is shown how far the work went; 0: never
@@ -38,20 +36,6 @@ class Surveyor : public SilentUser {
   }
   TextAnswer askText(const std::string&, const std::string& offered) override {
     return {PromptEnd::kGiven, offered.empty() ? "1" : offered, !offered.empty()};
-  }
-  BoxAnswer showMessage(const MessageBox& box) override {
-    if (box.buttons == BoxButtons::kOk) { throw std::logic_error(box.text); }
-    return BoxAnswer::kYes;
-  }
-  bool runDialog(dialog::Dialog& dialog) override {
-    DialogSession session(dialog, *this, nullptr);
-    session.open();
-    for (int control = 0; !session.closed(); ++control) {
-      const auto* button = std::get_if<dialog::Button>(&dialog.control(control).state);
-      if (button != nullptr && button->role == dialog::ButtonRole::kOk) { session.press(control); }
-    }
-    heard_ = bench::ownSeconds();
-    return session.accepted();
   }
 
  private:

@@ -37,6 +37,15 @@ struct JobOptions : NumberStyle {
   std::string figureLayer;  // empty: none named
   std::string frameLayer;
   std::string textLayer;
+  double floorPlanWidth = 0.0;  // millimetres on paper that floor plans may take
+  // Of sectional plans: what is drawn and told besides.
+  bool allSheets = false;
+  bool floorAreas = false;
+  bool faintWalls = false;
+  bool floorTotals = false;
+  bool adjustmentRule = false;
+  bool checkOutlines = false;
+  bool exclusiveAreas = false;
 };
 
 using OptionMember = std::variant<bool JobOptions::*, int JobOptions::*, double JobOptions::*,
