@@ -211,6 +211,9 @@ TEST_F(EveryDialog, IsWhollyReadable) {
   int opened = 0;
   for (const CommandRow& command : window_->host().module()->commands()) {
     const QString name = command.name;
+    Parameters parameters = drawing().parameters();
+    parameters.setCoordinateSystem(command.family == CommandFamily::kSurvey ? 0 : 1);
+    drawing().setParameters(parameters);
     visit(name, [this, name] { window_->runCommand(name); });
     opened += shown_ > 0 ? 1 : 0;
     if (QString(command.caption).endsWith("...")) { EXPECT_GT(shown_, 0) << name.toStdString() << " shows no dialog"; }
