@@ -92,15 +92,6 @@ class Looker : public SilentUser {
   std::set<std::string> seen_;
 };
 
-// Survey commands refuse a drawing in the Cartesian system before their first dialog.
-void surveyIfAsked(Host& host, const std::string& command) {
-  const CommandRow* row = host.module()->command(command);
-  if (row == nullptr || row->family != CommandFamily::kSurvey) { return; }
-  Parameters parameters = host.window().drawing().parameters();
-  parameters.setCoordinateSystem(0);
-  host.window().drawing().setParameters(parameters);
-}
-
 }  // namespace
 
 std::string commandList(const Places& places) {
@@ -125,7 +116,9 @@ std::string commandDescription(const std::string& command, const Places& places)
   Host host(HostParts{user, files, settings, nullptr, places.helpFile});
   host.loadModule(places.module);
   addFirstSettings(host.module()->commands(), settings);
-  surveyIfAsked(host, command);
+  Parameters survey;  // what survey commands need, and others do not mind
+  survey.setCoordinateSystem(0);
+  host.window().drawing().setParameters(survey);
   host.runCommand(command);
   return user.text().empty() ? command + " has no dialog\n" : user.text();
 }

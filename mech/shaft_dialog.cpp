@@ -170,6 +170,7 @@ void ShaftDialog::describeGrid() {
   for (const ColumnRow& column : kColumns) { grid.columns.push_back({.title = column.title, .name = column.name}); }
   grid.onCellEdit = [this](int row, int column) { cellEdited(row, column); };
   grid.onCellRightClick = [this](int row, int) { offerRowMenu(row); };
+  grid.onInsertRow = [this](int row) { insertRow(row); };
   grid.onRowCount = [this](int rows) { resizeRows(rows); };
   grid_ = addGrid(
       box(), {.toolTip = "Enter the details for each shaft section in here", .place = {.row = 2}, .name = "Sections"},

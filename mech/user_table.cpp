@@ -82,6 +82,9 @@ UserTableDialog::UserTableDialog(const Services& services, CCadWindow& view) : s
   equip(dialog_, services_, helpTopic("Table"));
   describeMenu();
   table_ = addGrid(dialog_, {.place = {.row = 1}, .name = "Table"}, {});
+  grid().onGrow = [this](size_t rows, size_t columns) {
+    if (rows <= kMostRows && columns <= kMostColumns) { growTo(rows, columns); }
+  };
   grid().onRowCount = [this](int rows) { resizeRows(rows); };
   growTo(kStartSize, kStartSize);
   describeButtons();
@@ -293,7 +296,7 @@ void UserTableDialog::save(const std::string& path) {
 
 void placeUserTable(CCadWindow& view, const GridTable& table) {
   if (!mayDrawOn(view, view.gsGetCurrentLayerName())) { return; }
-  if (const auto corner = askPoint(view, "Click to place the table")) { drawGridTable(view, table, *corner); }
+  if (const auto corner = askPlace(view, "Click to place the table")) { drawGridTable(view, table, *corner); }
 }
 
 }  // namespace

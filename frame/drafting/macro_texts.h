@@ -69,6 +69,7 @@ inline constexpr std::string_view kHome = "#HOME";
 // Brings the cursor onto what is near.
 inline constexpr std::string_view kJumpNear = "#JUMPNEAR";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
+inline constexpr std::string_view kLandscape = "#SETPORTRAIT 0";
 inline constexpr std::string_view kPolyline = "#POLY";
 inline constexpr std::string_view kPlainLine = "#LINETYPE 1 1";
 inline constexpr std::string_view kNoWidth = "#WIDTH 0";

@@ -183,16 +183,6 @@ class ColumnListHandle : public Handle {
   [[nodiscard]] ColumnList& list() const { return as<ColumnList>(); }
   // To be called after a rule changed rows or columns.
   void update() const { changed(); }
-  // Widens columns whose texts would not fit; what the user made wider stays.
-  void widenToContents() const {
-    ColumnList& table = list();
-    for (size_t column = 0; column < table.columns.size(); ++column) {
-      size_t longest = 0;
-      for (const auto& row : table.rows) { longest = std::max(longest, column < row.size() ? row[column].size() : 0); }
-      table.columns[column].width = std::max(table.columns[column].width, widthForText(longest));
-    }
-    changed();
-  }
 };
 
 class PictureHandle : public Handle {

@@ -231,7 +231,11 @@ struct Grid {
   std::function<void(int row, int column)> onCellRightClick;  // column -1: the row heading
   std::function<void(int row, int column)> onCellSelect;      // the cell became current, by mouse or keyboard
   std::function<void(int row, int column)> onCellClick;       // the mouse clicked it, after it became current
-  std::function<void(int rows)> onRowCount;                   // of a grid that has as many rows as the user wants
+  std::function<void(int row)> onInsertRow;                   // the Insert key
+  // What is pasted needs so many rows and columns: makes them. Without the rule, or where it does not, such a paste is
+  // refused.
+  std::function<void(size_t rows, size_t columns)> onGrow;
+  std::function<void(int rows)> onRowCount;  // of a grid that has as many rows as the user wants
 };
 
 // The pages of a property sheet; controls belong to a page through their group.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,9 @@ class CMDIFrameWnd : public CWnd {
 
   // kNewDrawingView: opens a drawing window and returns its view; any other message returns null.
   virtual CCadWindow* SendUserMessage(unsigned message) = 0;
+
+  // A view of an empty drawing that nobody sees and on which nobody is asked, for trying out what a part looks like.
+  virtual std::unique_ptr<CCadWindow> makeUnseenView() = 0;
 };
 
 // A tree of folders and files in the host's side bar.

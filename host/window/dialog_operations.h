@@ -34,6 +34,8 @@ enum class Verb {
   kClick,
   kRightClick,
   kPress,
+  kInsertRow,
+  kPaste,
   kWidth,
   kTab,
   kMenu,

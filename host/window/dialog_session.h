@@ -59,6 +59,10 @@ class DialogSession : public dialog::Presenter {
   enum class Click { kSelect, kClick, kPress, kRight };
   // kSelect makes the cell current, as the keyboard does; kClick is the mouse on it.
   Refusal clickCell(int grid, int row, const std::string& column, Click click);
+  // The Insert key in a row of a grid.
+  Refusal insertRow(int grid, int row);
+  // What a spreadsheet copies, lines of fields between tabs, from a cell of a grid on; all of it or nothing.
+  Refusal paste(int grid, int row, const std::string& column, const std::string& text);
   Refusal setColumnWidth(int list, const std::string& column, int pixels);
 
   Refusal focus(int control);
@@ -81,6 +85,8 @@ class DialogSession : public dialog::Presenter {
   Refusal showPageOf(int control);
   Refusal ensureCell(int grid, int row, const std::string& column, const std::string& text);
   void edited(int control);
+  // Runs the rule of an edit, the data and what shows them having changed.
+  void tellEdited(int control);
   [[nodiscard]] std::string named(int control);
 
   dialog::Dialog& dialog_;

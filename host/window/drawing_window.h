@@ -186,6 +186,7 @@ class DrawingWindow : public CCadWindow {
   int gsGetFont(FontDef& font) override;
   int gsGetPrimHeader(PrimHeader& header) override;
   int gsSelectGroup() override;
+  int gsGetGroup() override;
   int gsGetListHandle(int type, int layer, int flag, double x1, double y1, double x2, double y2, int,
                       int flag2) override;
   int gsGetNextPrim(int handle) override;
@@ -242,6 +243,7 @@ class DrawingWindow : public CCadWindow {
   bool inScan(const Scan& scan, const Primitive& primitive) const;
   int nextGroup();
   void goOnWithGroups(int handle);
+  void makeCurrent(const Group& group);
   int nextPrimitive(Scan& scan);
 
   std::string name_;

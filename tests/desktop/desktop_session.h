@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -88,6 +90,16 @@ class DesktopSession : public ::testing::Test {
     while ((!steps_.empty() || window_->runner().busy()) && clock.elapsed() < 2 * kPatience) { QTest::qWait(10); }
   }
 
+  // The next chooser takes this file.
+  void chooses(const QString& path) {
+    when([] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
+         [path] {
+           auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+           auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
+           name->setText(path);
+           QTest::keyClick(name, Qt::Key_Return);
+         });
+  }
   // What is left to do will not have its moment.
   void giveUp() { steps_.clear(); }
 

@@ -1,4 +1,3 @@
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -17,16 +16,6 @@ class Files : public DesktopSession {
       if (found->text().remove('&') == caption) { return found->trigger(); }
     }
     ADD_FAILURE() << "no action " << caption.toStdString();
-  }
-  // The next chooser takes this file.
-  void chooses(const QString& path) {
-    when([] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
-         [path] {
-           auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-           auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
-           name->setText(path);
-           QTest::keyClick(name, Qt::Key_Return);
-         });
   }
   void answers(QMessageBox::StandardButton button) {
     when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },

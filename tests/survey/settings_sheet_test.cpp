@@ -18,6 +18,8 @@ struct Shipped {
 
 constexpr Shipped kShippedFiles[] = {{SurveyMode::kDiagram, "SG Diagram.ini"},
                                      {SurveyMode::kGeneralPlan, "General Plan.ini"},
+                                     {SurveyMode::kGeneralPlan, "General Plan A0.ini"},
+                                     {SurveyMode::kGeneralPlan, "General Plan A2.ini"},
                                      {SurveyMode::kSectionalPlan, "Sectional Plan.ini"}};
 
 // What a sheet loads, saves and loads again, over files and edits drawn by lot.

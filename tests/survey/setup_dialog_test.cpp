@@ -221,10 +221,10 @@ TEST_F(SurveySetup, DrawingsAreChosenByTheirButtonAndKeptInFull) {
       "\"Path\"\nfile \"" +
       drawing +
       "\"\npress \"Template drawing files\" 1 \"Path\"\ncancel\ntab \"Floor Names\"\n"
-      "cell \"Settings\" 2 \"Floor Name\" \"\"\n" +
+      "cell \"Settings\" 6 \"Floor Name\" \"\"\n" +
       kOk);
   EXPECT_EQ(differingLines(shipped("Sectional Plan.ini"), read(path)), Texts{"PqSheet=" + drawing});
-  EXPECT_EQ(TINIFile(path).ReadString("FLOORNAMES", "FloorName2", "gone"), "gone");
+  EXPECT_EQ(TINIFile(path).ReadString("FLOORNAMES", "FloorName6", "gone"), "gone");
 }
 
 // ---- Options ------------------------------------------------------------------------------------------------------
