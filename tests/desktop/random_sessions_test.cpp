@@ -62,7 +62,7 @@ class RandomSessions : public DesktopSession {
   }
   // Those that ship, but for the pens and line types of the walls' layers.
   std::string otherLibraries() {
-    const std::string folder = root_.toStdString() + "/other";
+    std::string folder = root_.toStdString() + "/other";
     std::filesystem::copy(BREVAN_DATA, folder, std::filesystem::copy_options::recursive);
     const std::string file = folder + "/ArchSpecs.ini";
     std::stringstream text;

@@ -112,10 +112,9 @@ TEST_F(KilledSession, DISABLED_drawsOneMoreLine) {
   kill(getpid(), SIGKILL);
 }
 
-// An allocation fails somewhere after the first line was kept: the bolt is drawn, or it is not and that is said.
+// An allocation fails somewhere after the first point was kept: what is drawn then is there, or it is not and that is
+// said.
 TEST_F(KilledSession, DISABLED_lacksMemoryForABolt) {
-  drawLine(1);
-  const std::string before = json();
   QString said;
   QTimer reader;
   QObject::connect(&reader, &QTimer::timeout, [&] {
@@ -125,6 +124,10 @@ TEST_F(KilledSession, DISABLED_lacksMemoryForABolt) {
     boxShown()->accept();
   });
   reader.start(10);
+  drawLine(1);
+  if (!said.isEmpty()) { drawLine(1); }
+  said.clear();
+  const std::string before = json();
   whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
   whenPrompted("Indicate the position of the Bolt", [this] { keys("60,60"), key(Qt::Key_Return); });
   when([] { return QApplication::activePopupWidget() != nullptr; },
