@@ -19,7 +19,7 @@ bool clip(double from, double way, double low, double high, double& begin, doubl
 // A column of a justification is 0 left, 1 centre, 2 right; a row 0 bottom, 1 middle, 2 top.
 int justificationOf(int column, int row) { return 3 * column + row + 1; }
 
-// Of eight directions: the text lies to the right of a point on its left, and so on.
+// A direction falls into one of eight parts: the text lies to the right of a point on its left, and so on.
 int part(double component) {
   constexpr double kEighth = 0.382683432365;  // sine of an eighth of half a turn
   return component > kEighth ? 0 : component < -kEighth ? 2 : 1;
