@@ -52,11 +52,12 @@ def by_python(folder):
 def measured(batch, sections):
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        areas = [random.Random(sections).randrange(20, 400) for _ in range(sections // 2)]
+        chance = random.Random(sections)
+        areas = [chance.randrange(20, 400) for _ in range(sections // 2)]
         lines = (f"{n},{n % 9},,{area},0\n" for n, area in enumerate(areas + areas, 1))  # no area is unique
         (folder / "sections.csv").write_text("".join(lines), encoding="ascii")
         (folder / "x.scr").write_text(SCRIPT, encoding="ascii")
-        ours = min(rows.seconds([batch, "run", "x.scr", "-o", "out"], cwd=folder) for _ in range(3))
+        ours = min(rows.seconds([batch, "run", "x.scr", "-o", f"out{n}"], cwd=folder) for n in range(3))
         start = time.perf_counter()
         by_python(folder)
         return rows.row("quotas", sections, ours, csv_and_decimal=time.perf_counter() - start)
