@@ -31,7 +31,9 @@ PaperBox boxOf(std::string_view text, const FontDef& font) {
   const Point size = Point{static_cast<double>(longest) * kCharacter * font.widthFactor, lines * kLine} * font.height;
   const int place =
       font.justification > limits::kJustifications.most ? font.justification - 11 : font.justification - 1;
-  const Point low{-size.x * (place / 3) / 2.0, -size.y * (place % 3) / 2.0};
+  const int column = place / 3;
+  const int row = place % 3;
+  const Point low{-size.x * column / 2.0, -size.y * row / 2.0};
   return {low, low + size};
 }
 

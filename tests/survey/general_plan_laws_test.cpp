@@ -70,9 +70,10 @@ class GeneralPlanLaws : public CommandSession {
     drawing().setParameters(parameters);
     for (const auto& [from, to] : lines_) { drawing().add({.geometry = brevan::Line{from, to}}); }
   }
-  void numberAndDimension(bool parallel) {
-    settings().SetString("SG_DEFAULTS", "SG_GenPlanFile",
-                         write("plan.ini", "[DEFAULTS]\nBearing=D\n[StandSetup]\nDrawAreaTable=0\nWriteArea=1\n"));
+  void numberAndDimension(bool parallel, const std::string& more = "") {
+    settings().SetString(
+        "SG_DEFAULTS", "SG_GenPlanFile",
+        write("plan.ini", "[DEFAULTS]\nBearing=D\nLettersClear=1\n[StandSetup]\nDrawAreaTable=0\nWriteArea=1\n"));
     std::string steps = "test township\nrun SG_AreaTable\ndialog \"*\"\npress \"OK\"\n";
     steps += parallel ? "reply Parallel\n" : "reply Horizontal\n";
     for (const auto& erf : erven_) {
@@ -81,7 +82,7 @@ class GeneralPlanLaws : public CommandSession {
       steps += numberText::format("point %.6f %.6f\n", inside.x, inside.y) +
                (&erf == erven_.data() ? "text \"1\"\n" : "accept\n");
     }
-    play(steps + "space\nrun SG_MultiSurveyDims\ndialog \"*\"\npress \"OK\"\n");
+    play(steps + "space\nrun SG_MultiSurveyDims\ndialog \"*\"\npress \"OK\"\n" + more);
   }
   // Sides of two erven are one.
   [[nodiscard]] std::vector<Side> boundaries() const {
@@ -160,6 +161,33 @@ TEST_F(GeneralPlanLaws, NumbersStandInTheirErvenAndAreasSumToTheFigure) {
       sum += std::stod(texts[erf].text.substr(texts[erf].text.find("\\n") + 2));
     }
     EXPECT_NEAR(sum, width_ * depth_, 0.5 * static_cast<double>(erven_.size()));
+  }
+}
+
+TEST_F(GeneralPlanLaws, LabelsOfCornersStandBesideThemClearOfLinesAndDimensions) {
+  std::mt19937 random(25);
+  for (int n = 0; n < 6; ++n) {
+    SCOPED_TRACE(n);
+    layOut(random, n % 2);
+    std::string steps = "run SG_BlockTable\npoint 0 0\n";
+    for (const auto& [u, v] : {std::pair{0.0, 0.0}, {width_, 0.0}, {width_, depth_}, {0.0, depth_}}) {
+      steps += numberText::format("point %.6f %.6f\naccept\n", at(u, v).x, at(u, v).y);
+    }
+    numberAndDimension(false, steps + "space\n");
+    std::vector<Text> labels = textsOn("0");
+    std::erase_if(labels, [](const Text& text) { return text.height != 35.0; });  // those of the table
+    ASSERT_EQ(labels.size(), 4U);
+    std::vector<Side> inTheWay = boundaries();
+    for (const Text& text : textsOn("SURV_DIMS")) { inTheWay.push_back({text.at, text.at}); }
+    for (const Text& label : labels) {
+      const brevan::Box box = brevan::layOut(label).box;
+      for (const auto& [from, to] : inTheWay) {
+        for (double along = 0.0; along <= 1.0; along += 0.001) {
+          const Point p = seenFrom(label, from + (to - from) * along);
+          EXPECT_FALSE(p.x > box.low.x && p.x < box.high.x && p.y > box.low.y && p.y < box.high.y) << label.text;
+        }
+      }
+    }
   }
 }
 
