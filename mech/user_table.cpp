@@ -223,7 +223,7 @@ void UserTableDialog::clear() {
 
 // ---- Files ----------------------------------------------------------------------------------------------------
 
-// What runs while the user waits.
+// Does some work during which the user waits.
 template <class Work>
 void whileWaiting(CCadWindow& view, std::string_view text, int steps, const Work& work) {
   view.gsCursorWait(1);

@@ -1,12 +1,10 @@
 #include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
 #include <QHeaderView>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QTableWidget>
 #include <QToolButton>
 #include <QTreeWidget>
 
