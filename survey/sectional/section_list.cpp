@@ -15,7 +15,8 @@ constexpr auto kOrder = [](const Section& section) { return std::pair(section.pl
 }  // namespace
 
 std::span<const Section> SectionList::numbered(int plainNumber) const {
-  const auto [first, last] = std::ranges::equal_range(sections_, plainNumber, {}, kPlainNumber);
+  const auto first = std::ranges::lower_bound(sections_, plainNumber, {}, kPlainNumber);
+  const auto last = std::ranges::upper_bound(sections_, plainNumber, {}, kPlainNumber);
   return {first, last};
 }
 

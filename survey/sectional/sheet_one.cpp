@@ -47,6 +47,9 @@ void writeBuildings(SectionalSheet& sheet, SectionalPlanJob& job) {
   const JobSettings& settings = job.settings();
   const TextRow row = settings.textRow("QUESTIONS", "Buildings");
   if (row.size == 0) { return; }
+  if (std::ranges::any_of(job.sections.sections(), [](const Section& each) { return each.building == 0; })) {
+    sheet.view().gsSetStatus("Sections without a building number stand under Building 0.");
+  }
   sheet.useLayer(settings.options().textLayer, "ST_TEXT");
   Point at = sheet.writer().placeOf(row);
   for (const std::string& line : buildingLines(job.sections)) {
