@@ -66,6 +66,15 @@ struct OwnMembers {
     numbers("from", dimension.p1.x, dimension.p1.y);
     numbers("to", dimension.p2.x, dimension.p2.y);
   }
+  void operator()(const brevan::Hatch& hatch) const {
+    word("", hatch.pattern);
+    numbers("scale", hatch.scale);
+    numbers("angle", hatch.angle);
+    numbers("outlines", static_cast<double>(hatch.loops.size()));
+    const brevan::Box box = brevan::hatchBounds(hatch);
+    numbers("from", box.low.x, box.low.y);
+    numbers("to", box.high.x, box.high.y);
+  }
 };
 
 DrawnThing thingOf(const brevan::Drawing& drawing, const brevan::Primitive& primitive) {
