@@ -115,7 +115,9 @@ FIGURES = (
         "parts_against_ezdxf.py",
         ("bolts", "ezdxf", "bolts by one script, to DXF", "bolts", {"ratio": 1 / 12}),
         ("flanges", "ezdxf", "flanges by one script, to DXF", "flanges", {"ratio": 1 / 10}),
-        ("gears", "ezdxf", "ten gears by one script, to DXF", "teeth", {"ratio": 1 / 10, "growth": 1.1})),
+        ("gears", "ezdxf", "ten gears by one script, to DXF", "teeth", {"ratio": 1 / 10, "growth": 1.1}),
+        ("sheetOfWelds", "ezdxf", "a thousand welds by one script, to DXF", "welds", {"seconds": 0.3}),
+        ("welds", "bolts", "welds, beside as many bolts", "welds", {"ratio": 2, "growth": 1.1})),
     *_figures("dxf_against_ezdxf.py", (
         "readAndWrite", "ezdxf", "DXF: read and write, whole program", "primitives", {})),
 )

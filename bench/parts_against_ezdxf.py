@@ -43,14 +43,39 @@ def gears(teeth):
             + placed(10, (2500, 2500), "{at}"))
 
 
-# What is drawn, at which sizes; the first of them alone for a quick run.
-PARTS = (("bolts", bolts, (2500, 5000, 10000)), ("flanges", flanges, (1000, 2000)), ("gears", gears, (250, 500, 1000)))
+def welds(count):
+    """A command each, since every weld has its own dialog and its own four points."""
+    side = math.ceil(math.sqrt(count))
+    begin = 'run MechDrawWelds\ndialog "Mechanical Ardenix - Weld Annotation"\npick "Definition" "Fillet a5 both sides"\npress "OK"\n'
+    return LIBRARY + "".join(
+        begin + f"point {x} {y}\npoint {x + 20} {y + 30}\npoint {x + 50} {y + 30}\npoint {x + 75} {y + 30}\n"
+        for x, y in ((n % side * 100, n // side * 60) for n in range(count)))
+
+
+# What is drawn, at which sizes, the first of them alone for a quick run, and as many of what is measured beside it.
+PARTS = (("bolts", bolts, (2500, 5000, 10000), None), ("flanges", flanges, (1000, 2000), None),
+         ("gears", gears, (250, 500, 1000), None), ("sheetOfWelds", welds, (1000,), None),
+         ("welds", welds, (1000, 10000), bolts))
 
 
 def play(batch, folder, script, ending):
     path = folder / "parts.scr"
     path.write_text(f'{script}export "parts.{ending}"\n', encoding="utf-8")
     return rows.seconds([batch, "run", path, "-o", folder / "out"])
+
+
+def add_note(document, stroke, style):
+    """A text; an arrow as its line and its head; a symbol as a block of three lines."""
+    space = document.modelspace()
+    if stroke["type"] == "text":
+        space.add_text(stroke["text"], height=stroke["height"] / 10, dxfattribs=style).set_placement(stroke["at"])
+    elif stroke["type"] == "arrow":
+        space.add_line(stroke["p1"], stroke["p2"], dxfattribs=style)
+        space.add_solid([stroke["p2"], stroke["p1"], stroke["p1"]], dxfattribs=style)
+    else:
+        if stroke["name"] not in document.blocks:
+            document.blocks.new(stroke["name"]).add_lwpolyline([(0, 0), (0, 3.5), (3.5, 0)], close=True)
+        space.add_blockref(stroke["name"], stroke["at"], dxfattribs=style)
 
 
 def draw_with_ezdxf(strokes, path):
@@ -62,6 +87,9 @@ def draw_with_ezdxf(strokes, path):
         if stroke["type"] == "line":
             space.add_line(stroke["p1"], stroke["p2"], dxfattribs=style)
             continue
+        if stroke["type"] != "arc":
+            add_note(document, stroke, style)
+            continue
         centre, begin, end = stroke["centre"], stroke["start"], stroke["end"]
         if begin == end:
             space.add_circle(centre, math.dist(centre, begin), dxfattribs=style)
@@ -72,19 +100,22 @@ def draw_with_ezdxf(strokes, path):
     return time.perf_counter() - start
 
 
-def measured(batch, name, size, script):
+def measured(batch, name, size, script, beside):
     with tempfile.TemporaryDirectory() as folder_name:
         folder = pathlib.Path(folder_name)
-        play(batch, folder, script, "json")
+        play(batch, folder, script(size), "json")
         strokes = json.loads((folder / "out/parts.json").read_text(encoding="utf-8"))["primitives"]
-        ours = min(play(batch, folder, script, "dxf") for _ in range(3))
-        return rows.row(name, size, ours, ezdxf=draw_with_ezdxf(strokes, folder / "peer.dxf"))
+        ours = min(play(batch, folder, script(size), "dxf") for _ in range(3))
+        peers = {"ezdxf": draw_with_ezdxf(strokes, folder / "peer.dxf")}
+        if beside is not None:
+            peers[beside.__name__] = min(play(batch, folder, beside(size), "dxf") for _ in range(3))
+        return rows.row(name, size, ours, **peers)
 
 
 def main():
     (batch,), quick = rows.arguments()
-    rows.show([measured(batch, name, size, script(size))
-               for name, script, sizes in PARTS for size in (sizes[:1] if quick else sizes)])
+    rows.show([measured(batch, name, size, script, beside)
+               for name, script, sizes, beside in PARTS for size in (sizes[:1] if quick else sizes)])
 
 
 if __name__ == "__main__":

@@ -374,16 +374,41 @@ def symbol_strokes(lines, at, size):
     return strokes
 
 
-def weld(name, lines):
-    """On the reference line, the way it is drawn on the arrow side; contours above it."""
-    above = name in ("FLUSH", "CONVEX", "CONCAVE")
-    level = 58 if above else 8
-    return [line(MATERIAL, (20, level), (80, level)), *symbol_strokes(lines, (50, level), 11)]
+CONTOURS = ("FLUSH", "CONVEX", "CONCAVE")
+
+
+def turned_over(word, figures):
+    """A statement of a symbol mirrored in the reference line."""
+    if word in ("line", "closed"):
+        return word, [-figure if i % 2 else figure for i, figure in enumerate(figures)]
+    if word == "circle":
+        return word, [figures[0], -figures[1], figures[2]]
+    x, y, radius, start, end = figures
+    return word, [x, -y, radius, -end, -start]
+
+
+def weld(name, lines, above):
+    """On the reference line, on the other side of the joint above it and on the arrow side below it."""
+    level = 57 if above else 3
+    turned = above != (name in CONTOURS)
+    strokes = [turned_over(*statement) for statement in lines] if turned else lines
+    return [line(MATERIAL, (20, level), (80, level)), *symbol_strokes(strokes, (50, level), 11)]
 
 
 def cell(lines):
     """A symbol of a cell of 10 mm that fills the picture's height."""
     return symbol_strokes(lines, (22, 58), 5.6)
+
+
+def finish_scope(general):
+    """A small mark with the circle of all around, or with one in brackets behind it."""
+    tip, unit = (24 if general else 38, 48), 3
+    corner = (tip[0] + 8.484 * unit, tip[1] - 12 * unit)
+    strokes = [polygon(OUTLINE, ((tip[0] - 2.828 * unit, tip[1] - 4 * unit), tip, corner), closed=False)]
+    if not general:
+        return [*strokes, line(OUTLINE, corner, (corner[0] + 24, corner[1])), circle(OUTLINE, corner, 1.6 * unit)]
+    strokes += [path(OUTLINE, f"M{number(x)} 9", f"A30 30 0 0 {sweep} {number(x)} 51") for x, sweep in ((52, 0), (91, 1))]
+    return [*strokes, polygon(OUTLINE, ((56, 36), (64, 48), (89.5, 12)), closed=False)]
 
 
 def finish(removal):
@@ -400,7 +425,8 @@ def finish(removal):
 def annotation_pictures():
     for name, lines in symbol_lines("MechWelds").items():
         if name not in ("SITE", "ALL_ROUND"):
-            yield f"weld_{name.lower()}", weld(name, lines)
+            yield f"weld_{name.lower()}", weld(name, lines, above=False)
+            yield f"weld_{name.lower()}_above", weld(name, lines, above=True)
     for name, lines in symbol_lines("MechSurfaceFinish").items():
         yield name.lower().replace("sf_", "lay_"), cell(lines)
     for name, lines in symbol_lines("MechTolerances").items():
@@ -408,6 +434,8 @@ def annotation_pictures():
             yield name.lower().replace("ts_", "tolerance_"), cell(lines)
     for removal in ("any", "machined", "unmachined"):
         yield f"finish_{removal}", finish(removal)
+    for scope in ("all_around", "general"):
+        yield f"finish_{scope}", finish_scope(scope == "general")
 
 
 # ---- The files -------------------------------------------------------------------------------------------------------

@@ -6,7 +6,6 @@
 #include "frame/drafting/sheet_axes.h"
 #include "frame/drafting/target_layer.h"
 #include "frame/host/core_services.h"
-#include "frame/host/limits.h"
 #include "frame/host/number_text.h"
 
 namespace ardenix::mech {
@@ -14,8 +13,6 @@ namespace ardenix::mech {
 // ---- Strokes ------------------------------------------------------------------------------------------------
 
 namespace {
-
-constexpr LineStyle kStrokes{.pen = limits::kPenByLayer, .linetype = 1, .width = 0.0};
 
 double flipOf(CCadWindow& view) {
   DrawingParms parms;
@@ -40,8 +37,16 @@ bool AnnotationPen::loadSymbols() const {
   return view_.gsExecuteMacro(macroText::annotationSymbols(style_.symbols)) != 0;
 }
 
-void AnnotationPen::symbol(std::string_view name, std::string_view command) {
-  if (view_.gsExecuteMacro(command) == 0 && missing_.empty()) { missing_ = name; }
+bool AnnotationPen::symbol(std::string_view name, std::string_view command) {
+  const bool placed = view_.gsExecuteMacro(command) != 0;
+  if (!placed && missing_.empty()) { missing_ = name; }
+  return placed;
+}
+
+AnnotationPen sketchingPen(CCadWindow& view, const AnnotationStyle& style) {
+  AnnotationPen pen(view, style);
+  static_cast<void>(pen.loadSymbols());
+  return pen;
 }
 
 // ---- Whether an annotation can be drawn ---------------------------------------------------------------------
@@ -88,7 +93,9 @@ AnnotationPart::AnnotationPart(CCadWindow& view, const AnnotationKind& kind, con
       pen_(view, style),
       before_(view.gsGetCurrentLayer()),
       isNew_(view.gsGetLayerIndexFromName(style.layer) < 0),
-      target_(view.gsAddLayer(style.layer)) {}
+      target_(view.gsAddLayer(style.layer)) {
+  settings_.emplace(view, AnnotationPen::kStrokes);
+}
 
 // What the host refuses here it rolls back.
 AnnotationPart::~AnnotationPart() {
@@ -99,6 +106,16 @@ AnnotationPart::~AnnotationPart() {
 
 void AnnotationPart::begin(std::string_view prefix) {
   beginOnLayer(prefix);
+  openScratch();
+}
+
+void AnnotationPart::beginOnScratch(std::string_view prefix) {
+  clearAll(view_);
+  openScratch();
+  beginOnLayer(prefix);
+}
+
+void AnnotationPart::openScratch() {
   scratch_ = std::make_unique<ScratchLayer>(view_, scratchNames::kMechanical, Surroundings::kCurrentHidden);
 }
 
@@ -135,6 +152,7 @@ void AnnotationPart::leave() {
   clearAll(view_);
   view_.gsExecuteMacro(macroText::kRootParent);
   view_.gsSetCurrentLayer(before_);
+  settings_.reset();
   view_.gsSetViewDirty(1);
   view_.gsRefresh();
 }

@@ -5,6 +5,7 @@
 #include "frame/records.h"
 #include "mech/annotation_commands.h"
 #include "mech/annotation_style.h"
+#include "mech/tolerance_leader.h"
 
 namespace ardenix::mech {
 
@@ -33,26 +34,19 @@ std::string layerIn(const dialog::TextHandle& edit) {
 // ---- Description --------------------------------------------------------------------------------------------
 
 AnnotationSetupDialog::AnnotationSetupDialog(const Services& services, Configuration& configuration)
-    : services_(services), configuration_(configuration) {
+    : services_(services), configuration_(configuration), settings_(dialog_.addGroup({})) {
   equip(dialog_, services_, helpTopic("Annotation Setup"));
   describeWelds();
-  tolerances_ = describeBox({.box = "Tolerance Annotation",
-                             .layer = "Tolerance annotation layer name:",
-                             .layerTip = "Specify the name of the layer that tolerance annotations will be drawn on",
-                             .scaleTip = "Scale of the tolerance annotation symbols",
-                             .mostScale = kMostPlain,
-                             .textTip = "Size of the text used in tolerance annotations"},
-                            1);
-  finishes_ = describeBox({.box = "Surface Finish Annotation",
-                           .layer = "Surface finish layer name:",
-                           .layerTip = "Specify the name of the layer that surface finish annotations will be drawn on",
-                           .scaleTip = "Scale of the surface finish symbols",
-                           .mostScale = kMostPlain,
-                           .textTip = "Size of the text used in surface finish annotations"},
-                          2);
-  addOkCancel(dialog_, 3);
+  describeTolerances();
+  describeFinishes();
+  describePreview();
+  addOkCancel(dialog_, 1);
   dialog_.onOpen = [this] { open(); };
   dialog_.onOk = [this] { return confirm(); };
+}
+
+int AnnotationSetupDialog::addBox(std::string_view caption, int row) {
+  return dialog_.addGroup({.caption = std::string(caption), .parent = settings_, .place = {.row = row}});
 }
 
 void AnnotationSetupDialog::describeFile(int group) {
@@ -67,13 +61,12 @@ void AnnotationSetupDialog::describeFile(int group) {
 }
 
 void AnnotationSetupDialog::describeWelds() {
-  const PlainTexts texts{.box = "Weld Annotation",
-                         .layer = "Weld annotation layer name:",
+  const PlainTexts texts{.layer = "Weld annotation layer name:",
                          .layerTip = "Specify the name of the layer that weld annotations will be drawn on",
                          .scaleTip = "Scale of the weld annotation symbols ",
                          .mostScale = kMostWeldScale,
                          .textTip = "Size of the text used in weld annotations"};
-  const int box = dialog_.addGroup({.caption = std::string(texts.box)});
+  const int box = addBox("Weld Annotation", 0);
   describeFile(box);
   const int fields = dialog_.addGroup({.parent = box, .place = {.row = 1}});
   welds_ = describePlain(texts, fields);
@@ -91,8 +84,39 @@ void AnnotationSetupDialog::describeWelds() {
   headWidth_ = size("Width", "Width of the arrow head in the weld annotation", 1);
 }
 
-AnnotationSetupDialog::PlainControls AnnotationSetupDialog::describeBox(const PlainTexts& texts, int row) {
-  return describePlain(texts, dialog_.addGroup({.caption = std::string(texts.box), .place = {.row = row}}));
+void AnnotationSetupDialog::describeTolerances() {
+  const int box = addBox("Tolerance Annotation", 1);
+  tolerances_ = describePlain({.layer = "Tolerance annotation layer name:",
+                               .layerTip = "Specify the name of the layer that tolerance annotations will be drawn on",
+                               .scaleTip = "Scale of the tolerance annotation symbols",
+                               .mostScale = kMostPlain,
+                               .textTip = "Size of the text used in tolerance annotations"},
+                              box);
+  const auto option = [&](const char* caption, const char* tip, int row) {
+    return addCheck(dialog_, {.caption = caption, .toolTip = tip, .group = box, .place = {.row = row, .column = 1}});
+  };
+  leaders_ = option("Ask for leaders",
+                    "After a frame or a datum, ask for the feature that it belongs to and draw the leader", 1);
+  stacks_ = option("Stack frames", "Put a frame exactly below another when its point lies near there", 2);
+}
+
+void AnnotationSetupDialog::describeFinishes() {
+  finishes_ =
+      describePlain({.layer = "Surface finish layer name:",
+                     .layerTip = "Specify the name of the layer that surface finish annotations will be drawn on",
+                     .scaleTip = "Scale of the surface finish symbols",
+                     .mostScale = kMostPlain,
+                     .textTip = "Size of the text used in surface finish annotations"},
+                    addBox("Surface Finish Annotation", 2));
+}
+
+void AnnotationSetupDialog::describePreview() {
+  constexpr int kWidth = 220;
+  constexpr int kHeight = 260;
+  const int group = dialog_.addGroup({.caption = "Preview", .place = {.column = 1}});
+  dialog::addControl(dialog_,
+                     dialog::Preview{kWidth, kHeight, [this](CCadWindow& view) { sketchAnnotations(view, samples()); }},
+                     {.group = group});
 }
 
 AnnotationSetupDialog::PlainControls AnnotationSetupDialog::describePlain(const PlainTexts& texts, int group) {
@@ -130,6 +154,9 @@ void AnnotationSetupDialog::open() {
   showWelds(file);
   showPlain(file, tolerances_, kToleranceAnnotation.word, kOfferedToleranceLayer);
   showPlain(file, finishes_, kSurfaceFinishAnnotation.word, kOfferedFinishLayer);
+  for (const auto& [check, key] : options()) {
+    check.setChecked(configuration_.store().extraWanted(kAnnotationSection, key));
+  }
 }
 
 void AnnotationSetupDialog::showWelds(const TINIFile& file) const {
@@ -169,6 +196,29 @@ std::string AnnotationSetupDialog::weldSettings() const {
                             headWidth_.GetValue());
 }
 
+// What the dialog's fields make of the annotations; the fonts are the file's.
+AnnotationSamples AnnotationSetupDialog::samples() const {
+  constexpr double kTenths = 10.0;
+  const DefinitionStore& store = configuration_.store();
+  const auto style = [&store](const AnnotationKind& kind, const PlainControls& controls) {
+    AnnotationStyle shown = annotationStyle(store, kind);
+    shown.scale = controls.scale.GetValue();
+    shown.textSize = controls.textSize.GetValue();
+    return shown;
+  };
+  AnnotationSamples samples{
+      .weld = style(kWeldAnnotation, welds_),
+      .weldHead = {.length = headLength_.GetValue() * kTenths, .width = headWidth_.GetValue() * kTenths},
+      .finish = style(kSurfaceFinishAnnotation, finishes_),
+      .tolerance = style(kToleranceAnnotation, tolerances_)};
+  samples.weld.symbols = symbolPath(store, symbols_.text());
+  return samples;
+}
+
+AnnotationSetupDialog::Options AnnotationSetupDialog::options() const {
+  return {{{leaders_, kLeaderKey}, {stacks_, kStackKey}}};
+}
+
 bool AnnotationSetupDialog::confirm() {
   const auto plain = [](const PlainControls& controls) {
     return numberText::format("%.3f,%.1f", controls.scale.GetValue(), controls.textSize.GetValue());
@@ -184,6 +234,9 @@ bool AnnotationSetupDialog::confirm() {
   };
   TINIFile& file = configuration_.store().file();
   for (const auto& [key, value] : values) { file.WriteString(kAnnotationSection, key, value); }
+  for (const auto& [check, key] : options()) {
+    configuration_.store().setExtra(kAnnotationSection, key, check.checked());
+  }
   configuration_.store().flush();
   return true;
 }

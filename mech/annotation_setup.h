@@ -1,7 +1,11 @@
 #pragma once
 
+#include <array>
+#include <utility>
+
 #include "frame/host/dialog.h"
 #include "frame/services.h"
+#include "mech/annotation_preview.h"
 #include "mech/configuration.h"
 
 namespace ardenix::mech {
@@ -21,9 +25,8 @@ class AnnotationSetupDialog {
     CFloatEdit scale;
     CFloatEdit textSize;
   };
-  // What one kind of annotation is called in this dialog, and the texts of its tips.
+  // What the fields of one kind of annotation are called in this dialog, and their tips.
   struct PlainTexts {
-    std::string_view box;
     std::string_view layer;
     std::string_view layerTip;
     std::string_view scaleTip;
@@ -33,8 +36,11 @@ class AnnotationSetupDialog {
 
   void describeFile(int group);
   void describeWelds();
+  void describeTolerances();
+  void describeFinishes();
+  void describePreview();
   PlainControls describePlain(const PlainTexts& texts, int group);
-  PlainControls describeBox(const PlainTexts& texts, int row);
+  [[nodiscard]] int addBox(std::string_view caption, int row);
   void open();
   void showWelds(const TINIFile& file) const;
   static void showPlain(const TINIFile& file, const PlainControls& controls, std::string_view word,
@@ -42,10 +48,15 @@ class AnnotationSetupDialog {
   void browse();
   bool confirm();
   [[nodiscard]] std::string weldSettings() const;
+  [[nodiscard]] AnnotationSamples samples() const;
+  // What can be asked for besides, and the key of each.
+  using Options = std::array<std::pair<dialog::CheckHandle, std::string_view>, 2>;
+  [[nodiscard]] Options options() const;
 
   const Services& services_;
   Configuration& configuration_;
   dialog::Dialog dialog_{"Mechanical Ardenix - Annotation Setup"};
+  int settings_;  // the group of all settings, beside which they are shown
   dialog::TextHandle symbols_;
   PlainControls welds_;
   CColourButton colour1_;
@@ -53,6 +64,8 @@ class AnnotationSetupDialog {
   CFloatEdit headLength_;
   CFloatEdit headWidth_;
   PlainControls tolerances_;
+  dialog::CheckHandle leaders_;
+  dialog::CheckHandle stacks_;
   PlainControls finishes_;
 };
 

@@ -41,11 +41,15 @@ TextStyle AnnotationStyle::text(int justification) const {
       .height = textSize * kTenthsOfPoint, .justification = justification, .font = font, .pen = limits::kPenByLayer};
 }
 
+std::string symbolPath(const DefinitionStore& store, std::string_view named) {
+  return pathNamedIn(store.file().FileName(), named);
+}
+
 AnnotationStyle annotationStyle(const DefinitionStore& store, const AnnotationKind& kind) {
   const std::string settings = annotationSettings(store, kind);
   const std::string layer = setupText(store, kind, "Layer", "");
   const std::string symbols = setupText(store, kind, "Symbols", shippedSymbolFile(kind.symbolFile));
-  return {.symbols = pathNamedIn(store.file().FileName(), symbols),
+  return {.symbols = symbolPath(store, symbols),
           .layer = layer.empty() ? std::string(kind.layer) : layer,
           .layerNamed = !layer.empty(),
           .font = setupText(store, kind, "Font", kFont),

@@ -88,6 +88,8 @@ struct AnnotationStyle {
 };
 
 AnnotationStyle annotationStyle(const DefinitionStore& store, const AnnotationKind& kind);
+// Where a symbol file lies that the configuration names.
+std::string symbolPath(const DefinitionStore& store, std::string_view named);
 
 // Says so where the configuration names no layer for a kind of annotation.
 void warnOfMissingLayer(const DefinitionStore& store, const AnnotationKind& kind, CWnd* owner);

@@ -22,4 +22,12 @@ int DefinitionStore::current(std::string_view section) const { return file().Rea
 
 void DefinitionStore::setCurrent(std::string_view section, int index) { file().WriteInt(section, "Current", index); }
 
+bool DefinitionStore::extraWanted(std::string_view section, std::string_view key) const {
+  return file().ReadInt(section, key, 0) != 0;
+}
+
+void DefinitionStore::setExtra(std::string_view section, std::string_view key, bool wanted) {
+  if (wanted || !file().ReadString(section, key, "").empty()) { file().WriteInt(section, key, wanted ? 1 : 0); }
+}
+
 }  // namespace ardenix::mech

@@ -19,6 +19,11 @@ class DefinitionStore : public RecordStore {
   // The list index of the definition last used. Setting it reaches the disk with flush().
   [[nodiscard]] int current(std::string_view section) const;
   void setCurrent(std::string_view section, int index);
+
+  // What can be drawn with besides, kept under a key of a section: off where there is none. A file that does not name
+  // it is left without it where it is not wanted.
+  [[nodiscard]] bool extraWanted(std::string_view section, std::string_view key) const;
+  void setExtra(std::string_view section, std::string_view key, bool wanted);
 };
 
 }  // namespace ardenix::mech

@@ -59,7 +59,7 @@ void DuctDrawer::placeDucts() {
   view_.gsStartPat("");  // a duct is no part, nor of the one that is open
   drawRounds(view_, [this] {
     if (!mayDrawOn(view_, view_.gsGetCurrentLayerName())) { return false; }
-    const auto lowerLeft = askPoint(view_, "Position cursor at lower left of drawing (else spacebar to exit) ?");
+    const auto lowerLeft = askPlace(view_, "Position cursor at lower left of drawing (else spacebar to exit) ?");
     if (lowerLeft) { draw(*lowerLeft); }
     return lowerLeft.has_value();
   });

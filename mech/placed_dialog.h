@@ -64,13 +64,15 @@ class PlacedDialog : public RecordDialog<Record> {
   void readOptions() override {
     style_.read(this->store(), form_.styleKey);
     for (size_t i = 0; i < extras_.size(); ++i) {
-      extras_[i].setChecked(this->store().file().ReadInt(kDefaultsSection, form_.extras[i].key, 0) != 0);
+      extras_[i].setChecked(this->store().extraWanted(kDefaultsSection, form_.extras[i].key));
     }
   }
   void writeOptions() override {
     if (form_.drawsSideViews) { this->store().file().WriteInt(kDefaultsSection, "DrawElev", 1); }
     style_.write(this->store(), form_.styleKey);
-    for (size_t i = 0; i < extras_.size(); ++i) { writeExtra(form_.extras[i].key, extras_[i].checked()); }
+    for (size_t i = 0; i < extras_.size(); ++i) {
+      this->store().setExtra(kDefaultsSection, form_.extras[i].key, extras_[i].checked());
+    }
   }
 
   bool validate() override {
@@ -111,13 +113,6 @@ class PlacedDialog : public RecordDialog<Record> {
     chosen.reserve(extras_.size());
     for (const dialog::CheckHandle& extra : extras_) { chosen.push_back(extra.checked()); }
     return chosen;
-  }
-  // A file that does not name it is left without it where it is not wanted.
-  void writeExtra(std::string_view key, bool wanted) {
-    TINIFile& file = this->store().file();
-    if (wanted || !file.ReadString(kDefaultsSection, key, "").empty()) {
-      file.WriteInt(kDefaultsSection, key, wanted ? 1 : 0);
-    }
   }
 
   void addPreview() {

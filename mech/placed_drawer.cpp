@@ -22,7 +22,7 @@ void PlacedDrawer::placeAll() {
 bool PlacedDrawer::placePart() {
   if (!trade_.scratchLayer.empty()) { removeScratchLayer(view_, trade_.scratchLayer); }
   clearAll(view_);
-  const auto position = askPoint(view_, trade_.positionPrompt);
+  const auto position = askPlace(view_, trade_.positionPrompt);
   if (!position) { return false; }
   std::optional<Point> target;
   if (!trade_.directionPrompt.empty()) {

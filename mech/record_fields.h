@@ -67,6 +67,7 @@ struct Field {
   bool (*enabled)(const Record&) = nullptr;       // likewise
   bool marksEdited = true;                        // a change counts as an edit of the definition
   bool settlesOnLeave = false;  // what follows from it is shown when it is left, not while it is edited
+  bool optional = false;        // at a record's end, which is left out where it is 0, as older libraries have it
 };
 
 template <class Record>
@@ -145,9 +146,13 @@ class FieldWriter {
 template <class Record>
 std::string writeRecord(std::string_view name, const Record& record, Fields<Record> fields) {
   std::vector<std::string> texts(fields.size());
+  size_t written = 0;
   for (const Field<Record>& field : fields) {
-    texts.at(static_cast<size_t>(field.place) - 2) = std::visit(FieldWriter<Record>(field, record), field.member);
+    const size_t place = static_cast<size_t>(field.place) - 2;
+    texts.at(place) = std::visit(FieldWriter<Record>(field, record), field.member);
+    if (!field.optional || texts[place] != "0") { written = std::max(written, place + 1); }
   }
+  texts.resize(written);
   std::string text(name);
   for (const std::string& field : texts) { (text += kFieldSeparator) += field; }
   return text;

@@ -74,7 +74,7 @@ void placeSlots(CCadWindow& view, const LineStyles& styles) {
   slot->centreLines = view.gsReply("Do you want to draw the slot with centrelines?") != 0;
   drawRounds(view, [&] {
     clearAll(view);
-    const auto left = askPoint(view, "Click to place the slot (spacebar to exit)");
+    const auto left = askPlace(view, "Click to place the slot (spacebar to exit)");
     if (left) { drawSlotAt(view, styles, *slot, *left); }
     return left.has_value();
   });

@@ -22,6 +22,16 @@ constexpr Point kRoughnessPlace{0.0, 4.0};
 constexpr Point kCutoffPlace{12.0, 8.0};
 constexpr Point kNotePlace{12.0, 16.0};
 constexpr Point kAllowancePlace{-4.0, 0.0};
+constexpr double kAllAroundRadius = 1.2;
+
+// Of the brackets that say "in general", round a plain mark: the bracket's height and how far it bulges, and the places
+// of its left end, of that mark's tip and of its right end, counted from where they begin.
+constexpr double kBracketFoot = -1.0;
+constexpr double kBracketTop = 13.0;
+constexpr double kBulge = 2.0;
+constexpr double kGap = 2.0;
+constexpr double kPlainTip = 5.5;
+constexpr double kBracketWidth = 17.5;
 
 // A record of a library may hold a number beyond the list: none then.
 bool hasLay(const SurfaceFinishRecord& record) {
@@ -38,6 +48,7 @@ class FinishStrokes {
   void draw() {
     drawLay();
     drawMark();
+    drawScope();
     drawTexts();
   }
 
@@ -50,15 +61,40 @@ class FinishStrokes {
     pen_.symbol(name, macroText::placeSymbolCoarse(name, at(kLayPlace), pen_.style().scale * kCellScale));
   }
 
+  [[nodiscard]] bool extended() const {
+    return hasLay(record_) || !record_.cutoff.empty() || !record_.note.empty() ||
+           record_.scope == FinishScope::kAllAround;
+  }
+
+  void drawLegs(Point tip) const {
+    pen_.strokes().line(at(tip + kShortEnd), at(tip));
+    pen_.strokes().line(at(tip), at(tip + kLongEnd));
+  }
+
   void drawMark() const {
     const DraftingPen& strokes = pen_.strokes();
-    strokes.line(at(kShortEnd), tip_);
-    strokes.line(tip_, at(kLongEnd));
-    if (hasLay(record_) || !record_.cutoff.empty() || !record_.note.empty()) {
-      strokes.line(at(kLongEnd), at(kExtensionEnd));
-    }
+    drawLegs({});
+    if (extended()) { strokes.line(at(kLongEnd), at(kExtensionEnd)); }
     if (record_.removal == MaterialRemoval::kRequired) { strokes.line(at(kShortEnd), at(kBarEnd)); }
     if (record_.removal == MaterialRemoval::kProhibited) { strokes.circle(at(kCircle), kCircleRadius * pen_.unit()); }
+  }
+
+  void drawScope() const {
+    if (record_.scope == FinishScope::kAllAround) {
+      pen_.strokes().circle(at(kLongEnd), kAllAroundRadius * pen_.unit());
+    }
+    if (record_.scope != FinishScope::kGeneral) { return; }
+    const double begin = (extended() ? kExtensionEnd.x : kLongEnd.x) + kGap;
+    drawBracket(begin + kBulge, -kBulge);
+    drawLegs({begin + kPlainTip, 0.0});
+    drawBracket(begin + kBracketWidth - kBulge, kBulge);
+  }
+  // A bracket whose ends lie at x, bulging to the left for a bulge below 0.
+  void drawBracket(double x, double bulge) const {
+    const double half = (kBracketTop - kBracketFoot) / 2.0;
+    const Point centre{x + bulge / 2.0 - half * half / (2.0 * bulge), kBracketFoot + half};
+    const ArcSense sense = bulge < 0.0 ? ArcSense::kClockwise : ArcSense::kCounterClockwise;
+    pen_.strokes().arc(at({x, kBracketFoot}), at(centre), at({x, kBracketTop}), sense);
   }
 
   void drawTexts() const {
@@ -75,10 +111,13 @@ class FinishStrokes {
 
 }  // namespace
 
+void sketchFinish(AnnotationPen& pen, const SurfaceFinishRecord& finish, Point tip) {
+  FinishStrokes(pen, finish, tip).draw();
+}
+
 void SurfaceFinishDrawer::sketch() {
-  AnnotationPen pen(view_, annotationStyle(store_, kSurfaceFinishAnnotation));
-  static_cast<void>(pen.loadSymbols());  // without its symbols the mark is still to be seen
-  FinishStrokes(pen, record_, {}).draw();
+  AnnotationPen pen = sketchingPen(view_, annotationStyle(store_, kSurfaceFinishAnnotation));
+  sketchFinish(pen, record_, {});
 }
 
 void SurfaceFinishDrawer::draw() const {

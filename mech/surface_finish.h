@@ -13,6 +13,10 @@ enum class MaterialRemoval : int { kAny, kRequired, kProhibited };
 // The direction in which the tool's traces run.
 enum class Lay : int { kNone, kParallel, kPerpendicular, kCircular, kRadial, kMulti, kAngular };
 
+// The surfaces for which a finish holds: the one that the mark stands on, all round the outline that is seen, or all
+// that have no mark of their own.
+enum class FinishScope : int { kHere, kAllAround, kGeneral };
+
 // A surface finish as its definition gives it.
 struct SurfaceFinishRecord {
   MaterialRemoval removal = MaterialRemoval::kAny;
@@ -21,9 +25,13 @@ struct SurfaceFinishRecord {
   std::string cutoff;
   std::string allowance;
   std::string note;
+  FinishScope scope = FinishScope::kHere;
 };
 
 Fields<SurfaceFinishRecord> surfaceFinishFields();
+
+// The mark where nobody is asked, with its tip at a point.
+void sketchFinish(AnnotationPen& pen, const SurfaceFinishRecord& finish, Point tip);
 
 // Draws the mark of a surface finish with its tip where the user puts it.
 class SurfaceFinishDrawer : public PartDrawer {

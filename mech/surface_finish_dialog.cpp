@@ -15,6 +15,8 @@ constexpr const char* kLays[] = {"None",   "Parallel",         "Perpendicular", 
                                  "Radial", "Multidirectional", "Angular"};
 constexpr const char* kLayPictures[] = {"",           "lay_parallel", "lay_perpendic", "lay_circular",
                                         "lay_radial", "lay_multi",    "lay_angular"};
+constexpr const char* kScopes[] = {"This surface", "All around", "All other surfaces"};
+constexpr const char* kScopePictures[] = {"finish_any", "finish_all_around", "finish_general"};
 constexpr int kTextLimit = 127;
 
 constexpr Field<SurfaceFinishRecord> kFields[] = {
@@ -49,6 +51,12 @@ constexpr Field<SurfaceFinishRecord> kFields[] = {
      .tip = "Specify whether machining is required or prohibited",
      .caption = "Material Removal:",
      .pictures = kRemovalPictures},
+    {.member = choice<&SurfaceFinishRecord::scope>(kScopes),
+     .place = 8,
+     .label = "Holds for",
+     .tip = "The surfaces for which the finish holds: the one marked, all around its outline, or all without a mark",
+     .pictures = kScopePictures,
+     .optional = true},
 };
 
 }  // namespace

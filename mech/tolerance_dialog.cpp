@@ -53,11 +53,6 @@ void showNumber(const dialog::PictureListHandle& list, std::span<const SymbolRow
   list.select(row == rows.end() ? -1 : static_cast<int>(row - rows.begin()));
 }
 
-// The host breaks texts there.
-bool breaksLine(std::string_view text) {
-  return text.find("\\N") != std::string_view::npos || text.find("\\n") != std::string_view::npos;
-}
-
 }  // namespace
 
 // ---- Description --------------------------------------------------------------------------------------------
@@ -73,7 +68,11 @@ ToleranceDialog::ToleranceDialog(const Services& services, const DefinitionStore
   constexpr int kHeight = 60;
   dialog::addControl(dialog_,
                      dialog::Preview{kWidth, kHeight,
-                                     [this, &store](CCadWindow& view) { sketchToleranceFrame(view, store, shown()); }},
+                                     [this, &store](CCadWindow& view) {
+                                       AnnotationPen pen =
+                                           sketchingPen(view, annotationStyle(store, kToleranceAnnotation));
+                                       sketchToleranceFrame(pen, shown(), {});
+                                     }},
                      {.group = preview});
   addOkCancel(dialog_, 5);
   dialog_.onOpen = [this] { show(frame_); };

@@ -1,8 +1,12 @@
 #include "mech/tolerance_drawer.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/part_round.h"
-#include "mech/annotation_part.h"
+#include "mech/tolerance_leader.h"
+#include "mech/tolerance_stack.h"
 
 namespace ardenix::mech {
 
@@ -34,11 +38,24 @@ class FrameStrokes {
     drawTextCell(frame_.identifier);
   }
 
+  // Leaves the first row level, at the end that lies nearer to the feature, and turns to it a compartment's height on.
+  void drawLeaderTo(Leader leader) const {
+    const Point left = corner_ + Point{0.0, height_ / 2.0};
+    const Point right{end_, left.y};
+    const bool leftwards = left.x - leader.feature.x > leader.feature.x - right.x;
+    const double away = leftwards ? left.x - leader.feature.x : leader.feature.x - right.x;
+    const double level = away > 0.0 ? std::min(away, height_) : height_;
+    leader.begin = leftwards ? left : right;
+    leader.bend = leader.begin + Point{leftwards ? -level : level, 0.0};
+    drawLeader(pen_, leader);
+  }
+
  private:
   void drawTolerance() {
     at_ = corner_;
     drawSymbolCell(frame_.characteristic);
     for (const ToleranceCell& cell : frame_.cells) { drawCell(cell); }
+    end_ = at_.x;
   }
 
   void drawZone() {
@@ -88,7 +105,8 @@ class FrameStrokes {
   Point corner_;
   double height_;
   Point at_;
-  int rows_ = 0;  // below the first
+  double end_ = 0.0;  // of the first row
+  int rows_ = 0;      // below the first
 };
 
 }  // namespace
@@ -99,20 +117,36 @@ std::string_view toleranceSymbol(int number) {
              : kToleranceSymbols[static_cast<size_t>(number)];
 }
 
-void sketchToleranceFrame(CCadWindow& view, const DefinitionStore& store, const ToleranceFrame& frame) {
-  AnnotationPen pen(view, annotationStyle(store, kToleranceAnnotation));
-  static_cast<void>(pen.loadSymbols());  // without its symbols the frame is still to be seen
-  FrameStrokes(pen, frame, {}).draw();
+void sketchToleranceFrame(AnnotationPen& pen, const ToleranceFrame& frame, Point corner) {
+  FrameStrokes(pen, frame, corner).draw();
 }
+
+namespace {
+
+// The frame's lower left corner; under another frame it is put exactly, where that is wanted.
+std::optional<Point> askCorner(CCadWindow& view, const AnnotationPart& part, bool stacked) {
+  const auto picked = askPoint(view, "Indicate the position of the Tolerance annotation.");
+  if (!picked || !stacked) { return picked; }
+  part.showLayer(true);
+  const auto corner = cornerUnderFrame(view, *picked, kHeight * part.pen().unit());
+  part.showLayer(false);
+  return corner.value_or(*picked);
+}
+
+}  // namespace
 
 void drawToleranceFrame(CCadWindow& view, const DefinitionStore& store, const ToleranceFrame& frame) {
   warnOfMissingLayer(store, kToleranceAnnotation, &view);
   const auto part = AnnotationPart::prepare(view, store, kToleranceAnnotation);
   if (!part) { return; }
   part->begin("TS");
-  const auto corner = askPoint(view, "Indicate the position of the Tolerance annotation.");
+  const auto corner = askCorner(view, *part, stackingWanted(store));
   if (!corner) { return; }
-  FrameStrokes(part->pen(), frame, *corner).draw();
+  FrameStrokes strokes(part->pen(), frame, *corner);
+  strokes.draw();
+  if (leadersWanted(store)) {
+    if (const auto leader = askLeader(view)) { strokes.drawLeaderTo(*leader); }
+  }
   part->finish(LinkEnding::kOpen);
 }
 

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "frame/host/cad_window.h"
-#include "mech/definition_store.h"
+#include "mech/annotation_part.h"
 #include "mech/tolerance_frame.h"
 
 namespace ardenix::mech {
 
 // Asks for the lower left corner of a tolerance frame and draws it; what stands in the way is told.
 void drawToleranceFrame(CCadWindow& view, const DefinitionStore& store, const ToleranceFrame& frame);
-// The frame where nobody is asked: a picture of it.
-void sketchToleranceFrame(CCadWindow& view, const DefinitionStore& store, const ToleranceFrame& frame);
+// The frame where nobody is asked, with its lower left corner at a point.
+void sketchToleranceFrame(AnnotationPen& pen, const ToleranceFrame& frame, Point corner);
 
 }  // namespace ardenix::mech

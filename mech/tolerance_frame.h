@@ -12,6 +12,11 @@ inline constexpr int kNoToleranceSymbol = -1;
 // The name of a symbol of the tolerance file by its number; "" for a number that has none.
 std::string_view toleranceSymbol(int number);
 
+// Whether the host would break a text there; those of a frame and of a datum have one line.
+inline bool breaksLine(std::string_view text) {
+  return text.find("\\N") != std::string_view::npos || text.find("\\n") != std::string_view::npos;
+}
+
 // A compartment of a tolerance frame: a tolerance or a datum.
 struct ToleranceCell {
   bool diameter = false;  // of tolerances: the sign before the value

@@ -41,15 +41,18 @@ WeldSide arrowSide(const WeldRecord& weld) {
   return {weld.arrowSymbol, weld.arrowSurface, weld.arrowFinish, weld.arrowUpper, weld.arrowLower};
 }
 
+ArrowHead headOf(const DefinitionStore& store) {
+  constexpr double kTenths = 10.0;
+  const std::string settings = annotationSettings(store, kWeldAnnotation);
+  return {.length = coreGetFieldDouble(settings, 3.0, 5, kFieldSeparator) * kTenths,
+          .width = coreGetFieldDouble(settings, 1.5, 6, kFieldSeparator) * kTenths};
+}
+
 // Draws one weld annotation, bit by bit as its points are given.
 class WeldStrokes {
  public:
-  WeldStrokes(AnnotationPen& pen, const DefinitionStore& store, const WeldRecord& record)
-      : pen_(pen),
-        record_(record),
-        other_(otherSide(record)),
-        arrow_(arrowSide(record)),
-        head_(headOf(annotationSettings(store, kWeldAnnotation))) {}
+  WeldStrokes(AnnotationPen& pen, const WeldRecord& record, const ArrowHead& head)
+      : pen_(pen), record_(record), other_(otherSide(record)), arrow_(arrowSide(record)), head_(head) {}
 
   void drawArrow(Point joint, Point knee) {
     knee_ = knee;
@@ -90,12 +93,6 @@ class WeldStrokes {
     kTopRight
   };
   static constexpr int kHalfTurn = 180;
-
-  static ArrowHead headOf(const std::string& settings) {
-    constexpr double kTenths = 10.0;
-    return {.length = coreGetFieldDouble(settings, 3.0, 5, kFieldSeparator) * kTenths,
-            .width = coreGetFieldDouble(settings, 1.5, 6, kFieldSeparator) * kTenths};
-  }
 
   void drawRuns() const {
     constexpr double kNothing = 1e-12;
@@ -141,8 +138,10 @@ class WeldStrokes {
   // They grow with the arrow's head.
   void drawMark(std::string_view name, std::string_view group) {
     constexpr double kMarkScale = 0.05;
-    pen_.symbol(name, macroText::placeSymbol(name, knee_, head_.length * pen_.style().scale * kMarkScale, 0));
-    pen_.view().gsExecuteMacro(macroText::takeSymbolInto(name, kWeldAnnotation.parent, group));
+    const double scale = head_.length * pen_.style().scale * kMarkScale;
+    if (pen_.symbol(name, macroText::placeSymbol(name, knee_, scale, 0))) {
+      pen_.view().gsExecuteMacro(macroText::takeSymbolInto(name, kWeldAnnotation.parent, group));
+    }
   }
 
   void drawWeld(const WeldSide& side, bool above) {
@@ -161,7 +160,7 @@ class WeldStrokes {
   const WeldRecord& record_;
   WeldSide other_;
   WeldSide arrow_;
-  ArrowHead head_;
+  const ArrowHead head_;
   Point knee_;
   Point symbols_;
 };
@@ -180,21 +179,24 @@ void freeCursor(CCadWindow& view) {
 
 }  // namespace
 
-void WeldDrawer::sketch() {
-  AnnotationPen pen(view_, annotationStyle(store_, kWeldAnnotation));
-  static_cast<void>(pen.loadSymbols());  // without its symbols the annotation is still to be seen
-  WeldStrokes strokes(pen, store_, record_);
-  strokes.drawArrow(Point{-12.0, -16.0} * pen.unit(), {});
-  strokes.drawTexts(Point{24.0, 0.0} * pen.unit());
-  strokes.drawLine(Point{44.0, 0.0} * pen.unit());
+void sketchWeld(AnnotationPen& pen, const WeldRecord& weld, const ArrowHead& head, Point knee) {
+  WeldStrokes strokes(pen, weld, head);
+  strokes.drawArrow(knee + Point{-12.0, -16.0} * pen.unit(), knee);
+  strokes.drawTexts(knee + Point{24.0, 0.0} * pen.unit());
+  strokes.drawLine(knee + Point{44.0, 0.0} * pen.unit());
   strokes.drawSymbols("");
+}
+
+void WeldDrawer::sketch() {
+  AnnotationPen pen = sketchingPen(view_, annotationStyle(store_, kWeldAnnotation));
+  sketchWeld(pen, record_, headOf(store_), {});
 }
 
 void WeldDrawer::draw() const {
   const auto part = AnnotationPart::prepare(view_, store_, kWeldAnnotation);
   if (!part) { return; }
-  part->begin("WS");
-  WeldStrokes strokes(part->pen(), store_, record_);
+  part->beginOnScratch("WS");
+  WeldStrokes strokes(part->pen(), record_, headOf(store_));
   const auto joint = askPoint(view_, "Indicate the arrow head position for the Weld indicator");
   if (!joint) { return; }
   const auto knee = askPoint(view_, "Indicate the position of the Weld indicator.");

@@ -30,6 +30,9 @@ struct WeldRecord {
 
 Fields<WeldRecord> weldFields();
 
+// The weld where nobody is asked, with its knee at a point.
+void sketchWeld(AnnotationPen& pen, const WeldRecord& weld, const ArrowHead& head, Point knee);
+
 // Draws a weld annotation: the arrow to the joint, the reference line from its knee to the tail, and on it what is said
 // of either side.
 class WeldDrawer : public PartDrawer {

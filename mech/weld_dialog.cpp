@@ -13,24 +13,42 @@ namespace {
 constexpr const char* kSymbols[] = {"None",        "Square",      "V-Weld",       "Bevel",         "U-Weld", "J-Weld",
                                     "Flare bevel", "Flare V",     "Flange Edge",  "Flange Corner", "Fillet", "Bead",
                                     "Surfacing",   "Fusion spot", "Plug or spot", "Stud"};
-constexpr const char* kSymbolPictures[] = {"",
-                                           "weld_square",
-                                           "weld_v",
-                                           "weld_bevel",
-                                           "weld_u",
-                                           "weld_j",
-                                           "weld_f_bevel",
-                                           "weld_flare_v",
-                                           "weld_flange_edge",
-                                           "weld_flange_corner",
-                                           "weld_fillet",
-                                           "weld_bead",
-                                           "weld_surfacing",
-                                           "weld_fusion",
-                                           "weld_plug",
-                                           "weld_stud"};
+// A side's pictures show what it draws: the other side above the reference line, the arrow side below it.
+constexpr const char* kSymbolsBelow[] = {"",
+                                         "weld_square",
+                                         "weld_v",
+                                         "weld_bevel",
+                                         "weld_u",
+                                         "weld_j",
+                                         "weld_f_bevel",
+                                         "weld_flare_v",
+                                         "weld_flange_edge",
+                                         "weld_flange_corner",
+                                         "weld_fillet",
+                                         "weld_bead",
+                                         "weld_surfacing",
+                                         "weld_fusion",
+                                         "weld_plug",
+                                         "weld_stud"};
+constexpr const char* kSymbolsAbove[] = {"",
+                                         "weld_square_above",
+                                         "weld_v_above",
+                                         "weld_bevel_above",
+                                         "weld_u_above",
+                                         "weld_j_above",
+                                         "weld_f_bevel_above",
+                                         "weld_flare_v_above",
+                                         "weld_flange_edge_above",
+                                         "weld_flange_corner_above",
+                                         "weld_fillet_above",
+                                         "weld_bead_above",
+                                         "weld_surfacing_above",
+                                         "weld_fusion_above",
+                                         "weld_plug_above",
+                                         "weld_stud_above"};
 constexpr const char* kSurfaces[] = {"None", "Flush", "Convex", "Concave"};
-constexpr const char* kSurfacePictures[] = {"", "weld_flush", "weld_convex", "weld_concave"};
+constexpr const char* kSurfacesBelow[] = {"", "weld_flush", "weld_convex", "weld_concave"};
+constexpr const char* kSurfacesAbove[] = {"", "weld_flush_above", "weld_convex_above", "weld_concave_above"};
 constexpr const char* kFinishes[] = {"None", "Machine", "Grind", "Chisel", "Flame"};
 
 constexpr std::string_view kSymbolTip = "The primary weld symbol (type of weld to be done on this side)";
@@ -39,14 +57,16 @@ constexpr std::string_view kFinishTip = "How the weld should be finished";
 constexpr std::string_view kSizeTip = "Size of weld (cross-section dimension)";
 constexpr int kSizeLimit = 127;
 
-// Where the fields of a side stand in the record, and the box that holds them.
+// Where the fields of a side stand in the record, the box that holds them and the pictures of its lists.
 struct SideRow {
   std::string_view box;
   int symbol;
   int upperSize;
+  std::span<const char* const> symbols;  // pictures
+  std::span<const char* const> surfaces;
 };
-constexpr SideRow kOther{"Other", 2, 8};
-constexpr SideRow kArrow{"Arrow", 5, 10};
+constexpr SideRow kOther{"Other", 2, 8, kSymbolsAbove, kSurfacesAbove};
+constexpr SideRow kArrow{"Arrow", 5, 10, kSymbolsBelow, kSurfacesBelow};
 
 constexpr Field<WeldRecord> symbolField(const Choice<WeldRecord>& member, const SideRow& side) {
   return {.member = member,
@@ -54,7 +74,7 @@ constexpr Field<WeldRecord> symbolField(const Choice<WeldRecord>& member, const 
           .label = "SYMBOL",
           .tip = kSymbolTip,
           .box = side.box,
-          .pictures = kSymbolPictures};
+          .pictures = side.symbols};
 }
 constexpr Field<WeldRecord> surfaceField(const Choice<WeldRecord>& member, const SideRow& side) {
   return {.member = member,
@@ -62,7 +82,7 @@ constexpr Field<WeldRecord> surfaceField(const Choice<WeldRecord>& member, const
           .label = "Surface",
           .tip = kSurfaceTip,
           .box = side.box,
-          .pictures = kSurfacePictures};
+          .pictures = side.surfaces};
 }
 constexpr Field<WeldRecord> finishField(const Choice<WeldRecord>& member, const SideRow& side) {
   return {.member = member, .place = side.symbol + 2, .label = "Finish", .tip = kFinishTip, .box = side.box};

@@ -1,5 +1,8 @@
 #include "frame/drafting/part_round.h"
 
+#include <cmath>
+#include <limits>
+
 #include "frame/drafting/group_numbering.h"
 #include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
@@ -8,10 +11,28 @@
 
 namespace ardenix {
 
+namespace {
+
+// Whether numbers of this size lie a thousandth apart or closer.
+bool holdsThousandths(double coordinate) {
+  const double size = std::fabs(coordinate);
+  return std::nextafter(size, std::numeric_limits<double>::infinity()) - size <= 1e-3;
+}
+
+}  // namespace
+
 std::optional<Point> askPoint(CCadWindow& view, std::string_view prompt) {
   Point point;
   if (view.gsGetPointFromUser(prompt, point.x, point.y) != 0) { return std::nullopt; }
   return point;
+}
+
+std::optional<Point> askPlace(CCadWindow& view, std::string_view prompt) {
+  for (;;) {
+    const auto point = askPoint(view, prompt);
+    if (!point || (holdsThousandths(point->x) && holdsThousandths(point->y))) { return point; }
+    ErrorMessage("The point lies too far from the origin: no part can be drawn there to a thousandth.", &view);
+  }
 }
 
 std::optional<Point> askPointApart(CCadWindow& view, std::string_view prompt, Point other) {

@@ -20,7 +20,11 @@ void drawRounds(CCadWindow& view, Round&& round) {
 // Nothing when the user ended the prompt.
 std::optional<Point> askPoint(CCadWindow& view, std::string_view prompt);
 
-// The same, asked again until the point differs from another: together they are to give a direction.
+// The same for a place to draw at, asked again, with a message, where the point lies so far from the origin that
+// coordinates cannot hold a thousandth there and outlines would fall apart.
+std::optional<Point> askPlace(CCadWindow& view, std::string_view prompt);
+
+// A point, asked again until it differs from another: together they are to give a direction.
 std::optional<Point> askPointApart(CCadWindow& view, std::string_view prompt, Point other);
 // The number in a field of a typed text, fields counted from 1 with blanks between, with a full stop or a comma; 0
 // where there is none. The first one typed at the prompt bar.

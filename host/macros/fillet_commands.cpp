@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 
 #include "host/drawing/drawing.h"
 #include "host/geometry/fillet.h"
@@ -107,8 +108,10 @@ std::optional<Corner> cornerAt(MacroRun& run, Point p, double radius) {
     double around = reach;
     for (int doubling = 0; doubling < kDoublings; ++doubling, around *= 2.0) {
       const std::vector<PrimitiveId> near = curvesNear(run.window, p, around, open);
-      if (const auto corner = nearestCorner(drawing, near, p, around)) { return corner; }
-      if (near.size() == all) { break; }
+      const bool isWhole = near.size() == all;
+      const double within = isWhole ? std::numeric_limits<double>::infinity() : around;
+      if (const auto corner = nearestCorner(drawing, near, p, within)) { return corner; }
+      if (isWhole) { break; }
     }
   }
   return nearestCorner(drawing, curvesNear(run.window, p, reach, 0), p, reach);

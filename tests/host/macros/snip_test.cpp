@@ -125,6 +125,12 @@ TEST_F(Corners, TwoPointsNameTwoSidesAndOneTheNearestCorner) {
   EXPECT_EQ(json(), before);
 }
 
+TEST_F(Corners, TheOpenGroupHasItsCornerHoweverFar) {
+  macros(
+      {"#BEGINGROUP \"_\"", "ARCR [0,0] [10,0] 20 [#]", "ARCR [0,0] [0,10] -20 [#]", "FILLET 2 \"N\" 1 [40,40] [#]"});
+  EXPECT_EQ(drawing().count(), 3U);
+}
+
 // A tooth of a gear, as its command sends it: the open group comes first, and the copies close the rim.
 TEST_F(Corners, AGearToothIsRoundedMirroredAndRepeated) {
   circle(25.5, 1.0, 30.0);  // another part lies over it
