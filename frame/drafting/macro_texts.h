@@ -225,6 +225,9 @@ std::string lockOntoLine(Point at);
 // The same with three decimals.
 std::string lockOntoPickedLine(Point at);
 
+// Fills the area of these corners with one of the host's patterns.
+std::string hatch(std::string_view pattern, double scale, std::span<const Point> corners);
+
 // Draws the smallest closed boundary round a point as lines; three decimals.
 std::string drawBoundary(Point inside);
 
