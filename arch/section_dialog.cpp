@@ -41,8 +41,8 @@ void SectionDialog::describeStyles(int group) {
                                .place = {.row = 1}});
   const int finish = dialog_.addGroup({.caption = "Finish", .parent = group, .place = {.row = 5, .columnSpan = 2}});
   for (const SectionOption& row : sectionOptions()) {
-    options_.push_back(addCheck(dialog_, {.caption = row.caption,
-                                          .toolTip = row.toolTip,
+    options_.push_back(addCheck(dialog_, {.caption = std::string(row.caption),
+                                          .toolTip = std::string(row.toolTip),
                                           .group = finish,
                                           .place = {.row = static_cast<int>(options_.size())}}));
   }
