@@ -12,11 +12,11 @@ using Numbers = std::vector<double>;
 // Expected files give numbers to four decimals.
 constexpr double kSame = 1e-4;
 constexpr const char* kThrough = "through";
-constexpr std::string_view kKinds[] = {"thing", "line",  "circle", "arc",      "curve",
-                                       "text",  "arrow", "symbol", "dimension"};
+constexpr std::string_view kKinds[] = {"thing", "line",  "circle", "arc",       "curve",
+                                       "text",  "arrow", "symbol", "dimension", "hatch"};
 constexpr std::string_view kNames[] = {"pen",      "linetype", "width",  "layer",         "group", "at",    "height",
                                        "angle",    "style",    "font",   "justification", "head",  "scale", "turn",
-                                       "mirrored", "visible",  "locked", kThrough,        "from",  "to"};
+                                       "mirrored", "visible",  "locked", kThrough,        "from",  "to",    "outlines"};
 
 bool isSame(double a, double b) { return std::fabs(a - b) <= kSame; }
 bool areSame(const Numbers& a, const Numbers& b) { return std::equal(a.begin(), a.end(), b.begin(), b.end(), isSame); }

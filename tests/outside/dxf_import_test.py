@@ -97,8 +97,8 @@ class Import(unittest.TestCase):
 
     def test_hatches_keep_outlines_and_lines(self):
         for _, document, space in self.each_version(VERSIONS[1:]):
-            hatch = space.add_hatch(color=2)
-            hatch.set_pattern_fill("ANSI32", scale=0.5, angle=30)
+            hatch = space.add_hatch()
+            hatch.set_pattern_fill("ANSI32", color=2, scale=0.5, angle=30)
             hatch.paths.add_polyline_path([(0, 0), (100, 0, 0.5), (100, 50), (0, 50)], is_closed=True)
             edges = hatch.paths.add_edge_path()
             edges.add_arc((30, 25), 10, 0, 360)
@@ -109,7 +109,7 @@ class Import(unittest.TestCase):
             edges.add_arc((60, 25), 5, 90, 270)
             space.add_hatch(color=1).paths.add_polyline_path([(0, 60), (9, 60), (9, 70)], is_closed=True)
             lines, solid = self.convert(document)["primitives"]
-            self.assertEqual((lines["pattern"], lines["pen"], solid["pattern"], self.report), ("ANSI32", 2, "SOLID", ""))
+            self.assertEqual((lines["pattern"], lines["pen"], solid["pattern"], self.report), ("ANSI32", 7, "SOLID", ""))
             outer, circle, slot = lines["outlines"].split(";")
             self.assertEqual(outer, "0 0 0 100 0 0.5 100 50 0 0 50 0")
             self.assertEqual((len(circle.split()), len(slot.split())), (6, 18))
