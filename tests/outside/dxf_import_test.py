@@ -97,6 +97,7 @@ class Import(unittest.TestCase):
 
     def test_hatches_keep_outlines_and_lines(self):
         for _, document, space in self.each_version(VERSIONS[1:]):
+            document.header["$INSUNITS"] = 4
             hatch = space.add_hatch()
             hatch.set_pattern_fill("ANSI32", color=2, scale=0.5, angle=30)
             hatch.paths.add_polyline_path([(0, 0), (100, 0, 0.5), (100, 50), (0, 50)], is_closed=True)
