@@ -38,7 +38,7 @@ class ElevationDrawer {
     double distance = 0.0;   // from the face to the eaves line
 
     [[nodiscard]] Point out(Point onFace, double by) const { return moved(onFace, direction, by); }
-    // What lies to the right in the elevation.
+    // The way on plan that runs to the right in the elevation.
     [[nodiscard]] Point right() const { return quarterTurned(out({}, 1.0)); }
     [[nodiscard]] bool isSquareToAxes() const;
     // By which its symbols are turned, in degrees.

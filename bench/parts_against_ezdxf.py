@@ -43,19 +43,32 @@ def gears(teeth):
             + placed(10, (2500, 2500), "{at}"))
 
 
-def welds(count):
-    """A command each, since every weld has its own dialog and its own four points."""
+def shafts(count):
+    return begun("MechDrawShafts", "Shafts", 'pick "Definition" "STEPPED 25-30-36"\n') + placed(count, (250, 60), "{at}{at}")
+
+
+def one_by_one(count, command, title, definition, apart, answers):
+    """In a square, a command with its dialog for each; the answers are points counted from its place."""
     side = math.ceil(math.sqrt(count))
-    begin = 'run MechDrawWelds\ndialog "Mechanical Ardenix - Weld Annotation"\npick "Definition" "Fillet a5 both sides"\npress "OK"\n'
-    return LIBRARY + "".join(
-        begin + f"point {x} {y}\npoint {x + 20} {y + 30}\npoint {x + 50} {y + 30}\npoint {x + 75} {y + 30}\n"
-        for x, y in ((n % side * 100, n // side * 60) for n in range(count)))
+    begin = f'run {command}\ndialog "Mechanical Ardenix - {title}"\npick "Definition" "{definition}"\npress "OK"\n'
+    places = ((n % side * apart[0], n // side * apart[1]) for n in range(count))
+    return LIBRARY + "".join(begin + answers(x, y) for x, y in places)
+
+
+def single_bolts(count):
+    return one_by_one(count, "MechDrawBolts", "Hex Bolts", "M10x60", (40, 100),
+                      lambda x, y: f'point {x} {y}\nmenu "No Rotation"\nspace\n')
+
+
+def welds(count):
+    return one_by_one(count, "MechDrawWelds", "Weld Annotation", "Fillet a5 both sides", (100, 60),
+                      lambda x, y: f"point {x} {y}\npoint {x + 20} {y + 30}\npoint {x + 50} {y + 30}\npoint {x + 75} {y + 30}\n")
 
 
 # What is drawn, at which sizes, the first of them alone for a quick run, and as many of what is measured beside it.
 PARTS = (("bolts", bolts, (2500, 5000, 10000), None), ("flanges", flanges, (1000, 2000), None),
          ("gears", gears, (250, 500, 1000), None), ("sheetOfWelds", welds, (1000,), None),
-         ("welds", welds, (1000, 10000), bolts))
+         ("welds", welds, (1000, 10000), single_bolts), ("shafts", shafts, (1000, 5000), bolts))
 
 
 def play(batch, folder, script, ending):

@@ -21,6 +21,8 @@ class DialogOperator {
   virtual ~DialogOperator() = default;
   // The user did something: carries it out, shows a refusal at the control, notes the statement of a script.
   virtual void operate(const DialogOperation& operation) = 0;
+  // Says why what the user did cannot become an operation.
+  virtual void refuse(const QString& what) = 0;
   [[nodiscard]] virtual dialog::Dialog& description() = 0;
   // A folder of vector art.
   [[nodiscard]] virtual QString pictureFolder() const = 0;

@@ -45,7 +45,7 @@ class DialogWindow : public QDialog, private DialogOperator {
   void showPictures();
   void focusArrived(int control);
   void giveFocus(int control, bool selectAll);
-  void refuse(const QString& what);
+  void refuse(const QString& what) override;
   void showTip(const QString& tip);
   void endIfClosed();
   void cancel();

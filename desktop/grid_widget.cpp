@@ -1,7 +1,10 @@
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyledItemDelegate>
 #include <QTableWidget>
@@ -48,7 +51,7 @@ class CellEditors : public QStyledItemDelegate {
 
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
     const Cell* cell = cellAt_(index);
-    if (cell == nullptr || cell->readOnly) { return nullptr; }
+    if (cell == nullptr || cell->readOnly || cell->kind == CellKind::kBrowse) { return nullptr; }
     const QStringList entries = offered(*cell);
     if (entries.isEmpty()) { return new QLineEdit(parent); }
     auto* list = new QComboBox(parent);
@@ -80,6 +83,18 @@ class CellEditors : public QStyledItemDelegate {
  private:
   std::function<const Cell*(const QModelIndex&)> cellAt_;
   std::function<void(const QModelIndex&, const QString&)> edited_;
+};
+
+// Sees the keys of a widget first.
+class KeyFilter : public QObject {
+ public:
+  KeyFilter(std::function<bool(const QKeyEvent&)> taken, QObject* parent) : QObject(parent), taken_(std::move(taken)) {}
+  bool eventFilter(QObject*, QEvent* event) override {
+    return event->type() == QEvent::KeyPress && taken_(static_cast<QKeyEvent&>(*event));
+  }
+
+ private:
+  std::function<bool(const QKeyEvent&)> taken_;
 };
 
 class GridWidget : public ControlWidget {
@@ -114,6 +129,7 @@ class GridWidget : public ControlWidget {
     });
     QObject::connect(table_->horizontalHeader(), &QHeaderView::sectionResized, table_,
                      [this](int column, int, int size) { operate(Verb::kWidth, {columnAddress(column)}, size); });
+    table_->installEventFilter(new KeyFilter([this](const QKeyEvent& key) { return takeKey(key); }, table_));
     table_->verticalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(table_->verticalHeader(), &QWidget::customContextMenuRequested, table_,
                      [this](const QPoint& at) { click(table_->rowAt(at.y()), -1, Verb::kRightClick); });
@@ -229,9 +245,10 @@ class GridWidget : public ControlWidget {
     if (cell.kind == CellKind::kCheck) {
       item->setCheckState(cell.text == "1" ? Qt::Checked : Qt::Unchecked);
       if (!cell.readOnly) { flags |= Qt::ItemIsUserCheckable; }
+    } else if (cell.kind == CellKind::kBrowse) {  // its button is its editor
     } else if (!cell.readOnly) {
       flags |= Qt::ItemIsEditable;
-    } else if (cell.kind != CellKind::kBrowse) {
+    } else {
       item->setForeground(table_->palette().color(QPalette::Disabled, QPalette::Text));
     }
     if (cell.kind == CellKind::kPen && !cell.text.empty() && cell.ground == kUsual) {
@@ -259,6 +276,33 @@ class GridWidget : public ControlWidget {
     DialogOperation operation{verb, control_, row + 1, {}, recorded};
     if (column >= 0) { operation.texts.push_back(columnAddress(column)); }
     owner_.operate(operation);
+  }
+  bool takeKey(const QKeyEvent& key) {
+    const int row = table_->currentRow();
+    if (row < 0) { return false; }
+    if (key.matches(QKeySequence::Paste)) {
+      paste(row, table_->currentColumn(), QApplication::clipboard()->text());
+      return true;
+    }
+    if (key.key() != Qt::Key_Insert || key.modifiers() != Qt::NoModifier || !state<Grid>().onInsertRow) {
+      return false;
+    }
+    operate(Verb::kInsertRow, {}, row + 1);
+    return true;
+  }
+  void paste(int row, int column, const QString& text) {
+    const auto taken = hostText(text);
+    if (!taken) { return owner_.refuse(tr("The clipboard holds characters that drawings do not have.")); }
+    std::vector<std::string> lines = {columnAddress(column), ""};
+    for (const char c : *taken) {
+      if (c == '\n') {
+        lines.emplace_back();
+      } else if (c != '\r') {
+        lines.back() += c;
+      }
+    }
+    if (lines.size() > 2 && lines.back().empty()) { lines.pop_back(); }
+    operate(Verb::kPaste, std::move(lines), row + 1);
   }
   void press(int row, int column) {
     const Cell* cell = cellAt(row, column);

@@ -6,10 +6,9 @@
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "host/drawing/pens.h"
-#include "host/macros/variables.h"
 #include "host/window/dialog_fields.h"
 #include "host/window/drawing_window.h"
-#include "host/window/silent_user.h"
+#include "host/window/unseen_window.h"
 #include "render/drawing_painter.h"
 
 // Pictures, pixel canvases and previews.
@@ -131,22 +130,16 @@ class PreviewWidget : public ControlWidget {
   void show() override { widget_->update(); }
 
  private:
-  // A window of its own in which the part is drawn; it reads symbol files where the user's window does.
-  struct Scene {
-    SilentUser nobody;
-    MacroVariables variables;
-    DrawingWindow view{"Preview", WindowServices{nobody, variables, nullptr, drawings()}};
-
-    static DrawingSource* drawings() {
-      const auto* window = dynamic_cast<const DrawingWindow*>(cadGetCurrentView());
-      return window == nullptr ? nullptr : window->services().drawings;
-    }
-  };
-  [[nodiscard]] std::unique_ptr<Scene> drawn() const {
-    auto scene = std::make_unique<Scene>();
+  // It reads symbol files where the user's window does.
+  static DrawingSource* drawings() {
+    const auto* window = dynamic_cast<const DrawingWindow*>(cadGetCurrentView());
+    return window == nullptr ? nullptr : window->services().drawings;
+  }
+  [[nodiscard]] std::unique_ptr<UnseenWindow> drawn() const {
+    auto scene = std::make_unique<UnseenWindow>(drawings());
     try {
-      if (state<Preview>().draw) { state<Preview>().draw(scene->view); }
-    } catch (const std::exception&) { scene->view.setDrawing({}); }  // values that make no part show none
+      if (state<Preview>().draw) { state<Preview>().draw(*scene); }
+    } catch (const std::exception&) { scene->setDrawing({}); }  // values that make no part show none
     return scene;
   }
 
@@ -162,11 +155,11 @@ class PreviewWidget : public ControlWidget {
     if (!value) { return moved; }
     constexpr double kMore = 1.03;
     const std::string kept = std::exchange(edit->text, numberText::shortest(*value * kMore + 1e-3));
-    const std::unique_ptr<Scene> other = drawn();
+    const std::unique_ptr<UnseenWindow> other = drawn();
     edit->text = kept;
-    if (other->view.drawing().count() != drawing.count()) { return moved; }  // another part altogether
+    if (other->drawing().count() != drawing.count()) { return moved; }  // another part altogether
     drawing.forEach([&](PrimitiveId id, const Primitive& primitive) {
-      const Primitive* there = other->view.drawing().find(id);
+      const Primitive* there = other->drawing().find(id);
       if (there == nullptr || !(there->geometry == primitive.geometry)) { moved.push_back(id); }
     });
     return moved;
@@ -175,8 +168,8 @@ class PreviewWidget : public ControlWidget {
   void paintPart(QPainter& painter, QWidget& self) {
     const bool dark = self.palette().color(QPalette::Base).lightness() < 128;
     painter.fillRect(self.rect(), self.palette().color(QPalette::Base));
-    const std::unique_ptr<Scene> scene = drawn();
-    const Drawing& drawing = scene->view.drawing();
+    const std::unique_ptr<UnseenWindow> scene = drawn();
+    const Drawing& drawing = scene->drawing();
     const Box box = drawing.extents();
     if (box.empty()) { return; }
     constexpr double kFilled = 0.86;

@@ -27,7 +27,7 @@ class PromptBar : public QWidget {
   // Whether Backspace on an empty answer goes to the question before.
   void allowBack(bool allowed) { mayGoBack_ = allowed; }
   void showPrompt(const QString& text) { prompt_->setText(text); }
-  // Of relative input: "@5,0" and "@5<30" count from here.
+  // Relative input, "@5,0" and "@5<30", counts from here.
   void setOrigin(Point origin) { origin_ = origin; }
   // A key pressed in the drawing goes on here.
   void takeKey(QKeyEvent* event);

@@ -38,6 +38,59 @@ bool counts(dialog::Dialog& dialog, const dialog::Control& control) {
   return visible;
 }
 
+QString written(dialog::Dialog& dialog, const DialogOperation& operation) {
+  return "      " + QString::fromStdString(statementOf(operation, dialog));
+}
+
+// Each row by its cells that can be edited: what a library put into the others the replay's own put there, too.
+void appendCells(QStringList& lines, dialog::Dialog& dialog, int control, const dialog::Grid& grid) {
+  const int rows = static_cast<int>(grid.rows.size());
+  if (grid.onRowCount) { lines.append(written(dialog, {Verb::kHaveRows, control, rows})); }
+  for (int row = 0; row < rows; ++row) {
+    DialogOperation operation{Verb::kHaveRow, control, row + 1};
+    const std::vector<dialog::Cell>& cells = grid.rows[static_cast<size_t>(row)];
+    for (size_t column = 0; column < cells.size(); ++column) {
+      if (cells[column].readOnly) { continue; }
+      operation.texts.push_back(addressOf(grid.columns[column]));
+      operation.texts.push_back(valueOf(cells[column]));
+    }
+    if (!operation.texts.empty()) { lines.append(written(dialog, operation)); }
+  }
+}
+
+void appendValue(QStringList& lines, dialog::Dialog& dialog, int control) {
+  const dialog::Control& described = dialog.control(control);
+  if (!counts(dialog, described)) { return; }
+  if (const auto* grid = std::get_if<dialog::Grid>(&described.state)) {
+    return appendCells(lines, dialog, control, *grid);
+  }
+  auto operation = operationThatSets(control, described.state);
+  if (!operation || operation->control < 0) { return; }
+  operation->verb = Verb::kHave;
+  lines.append(written(dialog, *operation));
+}
+
+// Where a rule fills a grid anew as the user turns to a page, all pages are turned to.
+void appendPages(QStringList& lines, dialog::Dialog& dialog, int tabs) {
+  auto& state = dialog.state<dialog::Tabs>(tabs);
+  const auto turnTo = [&](int page) {
+    state.current = page;
+    dialog.control(tabs).onEdit();
+  };
+  const int shown = state.current;
+  for (int page = 0; page < static_cast<int>(state.pages.size()); ++page) {
+    if (page == shown) { continue; }
+    turnTo(page);
+    lines.append(written(dialog, {Verb::kTab, -1, {}, {state.pages[static_cast<size_t>(page)]}}));
+    for (int control = tabs + 1; control < static_cast<int>(dialog.controls().size()); ++control) {
+      const auto* grid = std::get_if<dialog::Grid>(&dialog.control(control).state);
+      if (grid != nullptr) { appendCells(lines, dialog, control, *grid); }
+    }
+  }
+  turnTo(shown);
+  lines.append(written(dialog, {Verb::kTab, -1, {}, {state.pages[static_cast<size_t>(shown)]}}));
+}
+
 }  // namespace
 
 void Recorder::startFrom(const INI_LIST& settings) {
@@ -53,10 +106,9 @@ QStringList Recorder::values(dialog::Dialog& dialog) {
   QStringList lines;
   for (int control = 0; control < static_cast<int>(dialog.controls().size()); ++control) {
     const dialog::Control& described = dialog.control(control);
-    auto operation = operationThatSets(control, described.state);
-    if (!operation || operation->control < 0 || !counts(dialog, described)) { continue; }
-    operation->verb = Verb::kHave;
-    lines.append("      " + QString::fromStdString(statementOf(*operation, dialog)));
+    const bool filledByPage = std::holds_alternative<dialog::Tabs>(described.state) && described.onEdit != nullptr;
+    if (filledByPage) { appendPages(lines, dialog, control); }
+    appendValue(lines, dialog, control);
   }
   return lines;
 }
@@ -90,7 +142,7 @@ void Recorder::dialogOpened(const QString& title) { answer("dialog " + scriptStr
 
 void Recorder::operated(dialog::Dialog& dialog, const DialogOperation& operation) {
   if (!operation.recorded) { return; }
-  const QString line = "      " + QString::fromStdString(statementOf(operation, dialog));
+  const QString line = written(dialog, operation);
   const bool keyed = operation.verb == Verb::kKeyed || operation.verb == Verb::kKeyedLines;
   const bool typedOn =
       keyed && typedLine_ == lines_.size() && typed_.verb == operation.verb && typed_.control == operation.control;
@@ -102,6 +154,8 @@ void Recorder::operated(dialog::Dialog& dialog, const DialogOperation& operation
   typed_ = operation;
   typedLine_ = lines_.size();
 }
+
+void Recorder::refused(const std::string& why) { lines_.append("      expect message " + scriptString(shown(why))); }
 
 void Recorder::dropDialog() {
   while (lines_.size() > 1 && !lines_.last().startsWith("    dialog ")) { lines_.removeLast(); }

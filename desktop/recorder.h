@@ -21,6 +21,8 @@ class Recorder : public EventSink {
   void dialogOpened(const QString& title);
   // Within a dialog. Keys typed into one field become one statement.
   void operated(dialog::Dialog& dialog, const DialogOperation& operation);
+  // The dialog did not take what was noted last.
+  void refused(const std::string& why);
   // What every control of the dialog that can be operated holds, as statements that see to it. They are taken before OK
   // is pressed and noted there when it has closed the dialog.
   [[nodiscard]] static QStringList values(dialog::Dialog& dialog);

@@ -180,7 +180,11 @@ class ByteUser : public brevan::User {
     const std::string column = way < 240 ? grid.columns[way % grid.columns.size()].title : std::string();
     const int row = static_cast<int>(choices_.below(grid.rows.size() + 1));
     const size_t action = choices_.below(8);
-    if (action < 4) {
+    if (action == 0 && way % 2 == 0) {
+      session.ensureRowCount(control, row);
+    } else if (action == 1) {
+      session.ensureRow(control, row, {column, text()});
+    } else if (action < 4) {
       session.editCell(control, row, column, text());
     } else {
       session.clickCell(control, row, column, static_cast<brevan::DialogSession::Click>(action - 4));

@@ -1,7 +1,10 @@
 #include <algorithm>
+#include <iterator>
+#include <map>
 #include <optional>
 
 #include "frame/drafting/part_round.h"
+#include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
 #include "mech/labelled_holes.h"
 #include "mech/list_command.h"
@@ -16,6 +19,9 @@ namespace {
 
 constexpr int kColumnWidth = 75;
 constexpr int kMostDecimals = 6;
+constexpr size_t kDiameterColumn = 3;
+// Behind the others where holes are grouped by size.
+constexpr const char* kSizeColumns[] = {"Qty", "Size"};
 
 constexpr ListTrade kTrade = {.title = "Mechanical Ardenix - Coordinate Table",
                               .help = "Coordinate Table",
@@ -43,7 +49,7 @@ class PointSnap {
   CCadWindow& view_;
 };
 
-// Of the circle or arc nearest to a point.
+// The diameter of the circle or arc nearest to a point.
 double diameterAt(CCadWindow& view, Point at) {
   if (view.gsNearestPrim(kArcPrimitive, at.x, at.y) == 0) { return 0.0; }
   Point start;
@@ -61,8 +67,7 @@ class CoordinateTable : public ListCommand {
  protected:
   void donePicking() override { show(); }
   [[nodiscard]] std::vector<std::string> fileLines() const override;
-  [[nodiscard]] size_t columnsDrawn() const override { return diameters_.checked() ? 4 : 3; }
-  [[nodiscard]] std::vector<TableRow> rowsDrawn() const override;
+  [[nodiscard]] DrawnList drawn() const override;
 
  private:
   void describeOptions();
@@ -71,13 +76,18 @@ class CoordinateTable : public ListCommand {
   bool pickOrigin();
   void addHoles();
   void show() const;
+  void groupBySize();
+  [[nodiscard]] int decimals() const { return std::clamp(decimals_.GetValue(), 0, kMostDecimals); }
   [[nodiscard]] TableRow texts(const CoordinateRow& row) const;
+  [[nodiscard]] std::vector<TableRow> rows() const;
+  [[nodiscard]] std::vector<TableRow> rowsBySize() const;
   // The label where the user clicks; nothing where he gives up the row.
   [[nodiscard]] std::optional<std::string> askLabel() const;
 
   std::vector<CoordinateRow> rows_;
   Point origin_;  // from which coordinates count
   dialog::CheckHandle diameters_;
+  dialog::CheckHandle bySize_;
   CIntSpinCtrl decimals_;
 };
 
@@ -107,6 +117,13 @@ void CoordinateTable::describeOptions() {
                                 .group = optionsGroup()});
   diameters_.setChecked(true);
   addFrameChoice("Check this to draw a frame around the table", {.row = 1});
+  bySize_ = addCheck(
+      box(),
+      {.caption = "Group by size",
+       .toolTip = "Check this to list holes of one size together, with their number and size in columns of their own",
+       .group = optionsGroup(),
+       .place = {.column = 1}});
+  bySize_.onEdit([this] { groupBySize(); });
   decimals_ = addSpin(box(),
                       {.caption = "Decimal places:",
                        .toolTip = "The number of decimal places to display for the coordinates",
@@ -120,17 +137,48 @@ void CoordinateTable::describeOptions() {
 // ---- Rows -----------------------------------------------------------------------------------------------------
 
 TableRow CoordinateTable::texts(const CoordinateRow& row) const {
-  const int decimals = std::clamp(decimals_.GetValue(), 0, kMostDecimals);
-  const auto number = [decimals](double value) { return numberText::fixed(value, decimals); };
+  const auto number = [this](double value) { return numberText::fixed(value, decimals()); };
   return {row.label, number(row.at.x - origin_.x), number(row.at.y - origin_.y), number(row.diameter)};
 }
 
-void CoordinateTable::show() const {
+std::vector<TableRow> CoordinateTable::rows() const {
+  if (bySize_.checked()) { return rowsBySize(); }
   std::vector<TableRow> rows;
   rows.reserve(rows_.size());
   for (const CoordinateRow& row : rows_) { rows.push_back(texts(row)); }
-  showRows(std::move(rows));
+  return rows;
 }
+
+// The smallest first, in the order of their labels. Sizes that read alike are one.
+std::vector<TableRow> CoordinateTable::rowsBySize() const {
+  std::map<double, std::vector<TableRow>> sizes;
+  for (const CoordinateRow& row : rows_) {
+    TableRow fields = texts(row);
+    sizes[numberText::parseDouble(fields[kDiameterColumn]).value_or(0.0)].push_back(std::move(fields));
+  }
+  std::vector<TableRow> rows;
+  rows.reserve(rows_.size());
+  for (auto& [size, holes] : sizes) {
+    std::ranges::stable_sort(holes, [](const TableRow& a, const TableRow& b) { return comesBefore(a[0], b[0]); });
+    for (TableRow& hole : holes) { hole.resize(hole.size() + std::size(kSizeColumns)); }
+    TableRow& first = holes.front();
+    first[kDiameterColumn + 1] = std::to_string(holes.size());
+    first[kDiameterColumn + 2] = size > 0.0 ? "\xD8" + first[kDiameterColumn] : std::string();
+    std::ranges::move(holes, std::back_inserter(rows));
+  }
+  return rows;
+}
+
+void CoordinateTable::groupBySize() {
+  auto& columns = list().list().columns;
+  columns.resize(kDiameterColumn + 1);
+  if (bySize_.checked()) {
+    for (const char* title : kSizeColumns) { columns.push_back({.title = title, .width = kColumnWidth}); }
+  }
+  show();
+}
+
+void CoordinateTable::show() const { showRows(rows()); }
 
 // A point of the drawing near the click.
 std::optional<Point> askSnapped(CCadWindow& view, std::string_view prompt) {
@@ -145,9 +193,9 @@ bool CoordinateTable::pickOrigin() {
 }
 
 void CoordinateTable::addHoles() {
-  for (LabelledHole& hole : labelledHoles(view())) {
-    rows_.push_back({std::move(hole.label), hole.centre, hole.diameter});
-  }
+  std::vector<LabelledHole> holes = labelledHoles(view());
+  if (holes.empty()) { return InfoMessage("No circle of the drawing has a label within 10 mm.", &box()); }
+  for (LabelledHole& hole : holes) { rows_.push_back({std::move(hole.label), hole.centre, hole.diameter}); }
   show();
 }
 
@@ -183,20 +231,30 @@ std::string onOneLine(std::string label) {
 
 std::vector<std::string> CoordinateTable::fileLines() const {
   std::vector<std::string> lines = {"Id,X,Y,\xD8"};
+  if (bySize_.checked()) {
+    for (const char* title : kSizeColumns) { lines.front() += std::string(",") + title; }
+  }
   lines.reserve(rows_.size() + 1);
-  for (const CoordinateRow& row : rows_) {
-    TableRow fields = texts(row);
+  for (TableRow& fields : rows()) {
     fields.front() = onOneLine(fields.front());
     lines.push_back(joinedFields(fields));
   }
   return lines;
 }
 
-std::vector<TableRow> CoordinateTable::rowsDrawn() const {
-  std::vector<TableRow> rows = {{"ID", "X", "Y", "\xD8"}};
-  rows.reserve(rows_.size() + 1);
-  for (const CoordinateRow& row : rows_) { rows.push_back(texts(row)); }
-  return rows;
+// Diameters are drawn only where the user wants them, whatever was looked for when a row was picked.
+DrawnList CoordinateTable::drawn() const {
+  DrawnList table = {{}, rows()};
+  TableRow titles;
+  for (const dialog::ListColumn& column : list().list().columns) {
+    titles.push_back(column.title);
+    table.pixels.push_back(column.width);
+  }
+  table.rows.insert(table.rows.begin(), std::move(titles));
+  if (diameters_.checked()) { return table; }
+  table.pixels.erase(table.pixels.begin() + kDiameterColumn);
+  for (TableRow& row : table.rows) { row.erase(row.begin() + kDiameterColumn); }
+  return table;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "frame/drafting/sheet_axes.h"
+#include "mech/drawing_scan.h"
 
 namespace ardenix::mech {
 
@@ -51,20 +52,6 @@ class LabelField {
   double reach_;
   Squares squares_;
 };
-
-// Visits what is visible of a type.
-template <class Visit>
-void forEachVisible(CCadWindow& view, PrimitiveType type, const Visit& visit) {
-  const int scan = view.gsGetListHandle(type, -1, 0, 0, 0, 0, 0, 0, 0);
-  while (view.gsGetNextPrim(scan) != 0) {
-    PrimHeader header;
-    LayerDef layer;
-    view.gsGetPrimHeader(header);
-    view.gsGetLayerDefIndex(header.layer, layer);
-    if (layer.visible) { visit(); }
-  }
-  view.gsFreeListHandle(scan);
-}
 
 LabelField labelsOf(CCadWindow& view) {
   LabelField labels(kReach * paperMillimetre(view));

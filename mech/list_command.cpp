@@ -1,5 +1,6 @@
 #include "mech/list_command.h"
 
+#include <algorithm>
 #include <array>
 
 #include "frame/drafting/part_round.h"
@@ -70,8 +71,17 @@ void ListCommand::pick(const std::function<bool()>& pickOne) {
 }
 
 void ListCommand::showRows(std::vector<TableRow> rows) const {
+  for (const TableRow& row : rows) { widenFor(row); }
   list_.list().rows = std::move(rows);
-  list_.widenToContents();
+  list_.update();
+}
+
+// What the user made wider stays.
+void ListCommand::widenFor(const TableRow& row) const {
+  auto& columns = list_.list().columns;
+  for (size_t column = 0; column < row.size() && column < columns.size(); ++column) {
+    columns[column].width = std::max(columns[column].width, pixelsForText(view_, row[column]));
+  }
 }
 
 std::string ListCommand::textAt(Point at) const {
@@ -101,15 +111,14 @@ void ListCommand::save() {
 
 void ListCommand::place() {
   if (list_.list().rows.empty() || !mayDrawOn(view_, view_.gsGetCurrentLayerName())) { return; }
-  const auto origin = askPoint(view_, trade_.placePrompt);
+  const auto origin = askPlace(view_, trade_.placePrompt);
   if (!origin) { return; }
-  std::vector<int> pixels;
-  pixels.reserve(columnsDrawn());
-  for (size_t column = 0; column < columnsDrawn(); ++column) { pixels.push_back(list_.list().columns[column].width); }
-  ListTable table = listTable(view_, trade_.kind, pixels);
+  DrawnList list = drawn();
+  ListTable table = listTable(view_, trade_.kind, list.pixels);
   table.frame = frame_.checked();
-  table.rows = rowsDrawn();
+  table.rows = std::move(list.rows);
   drawListTable(view_, table, *origin);
+  placed();
 }
 
 }  // namespace ardenix::mech

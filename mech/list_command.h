@@ -22,6 +22,12 @@ struct ListTrade {
   std::string_view placePrompt;
 };
 
+// What a list is drawn as: the widths of the columns in pixels, and the rows with the header before them.
+struct DrawnList {
+  std::vector<int> pixels;
+  std::vector<TableRow> rows;
+};
+
 // The command of a list: its dialog, which is shown again after each round of picking in the drawing, and its table.
 class ListCommand {
  public:
@@ -37,9 +43,9 @@ class ListCommand {
   // The dialog is about to be shown again.
   virtual void donePicking() {}
   [[nodiscard]] virtual std::vector<std::string> fileLines() const = 0;
-  // The columns that are drawn, and the rows with the header before them.
-  [[nodiscard]] virtual size_t columnsDrawn() const { return list().list().columns.size(); }
-  [[nodiscard]] virtual std::vector<TableRow> rowsDrawn() const = 0;
+  [[nodiscard]] virtual DrawnList drawn() const = 0;
+  // The table lies in the drawing.
+  virtual void placed() {}
 
   // ---- For it
   // Closes the dialog for picking in the drawing, one thing after another until the user has enough: false.
@@ -57,6 +63,7 @@ class ListCommand {
   void addFrameChoice(std::string toolTip, dialog::Place place);
 
  private:
+  void widenFor(const TableRow& row) const;
   void pick(const std::function<bool()>& pickOne);
   bool confirm();
   void save();

@@ -111,6 +111,7 @@ class ShaftDialog : public DefinitionDialog {
   void offerRowMenu(int row);
   void removeRow(int row);
   void insertRow(int row);
+  void resizeRows(int count);
   void numberRows() const;
   bool refuseShaft(std::string_view message);
   [[nodiscard]] bool isSectionOfFile(std::string_view name) const;
@@ -169,6 +170,8 @@ void ShaftDialog::describeGrid() {
   for (const ColumnRow& column : kColumns) { grid.columns.push_back({.title = column.title, .name = column.name}); }
   grid.onCellEdit = [this](int row, int column) { cellEdited(row, column); };
   grid.onCellRightClick = [this](int row, int) { offerRowMenu(row); };
+  grid.onInsertRow = [this](int row) { insertRow(row); };
+  grid.onRowCount = [this](int rows) { resizeRows(rows); };
   grid_ = addGrid(
       box(), {.toolTip = "Enter the details for each shaft section in here", .place = {.row = 2}, .name = "Sections"},
       std::move(grid));
@@ -210,6 +213,14 @@ void ShaftDialog::insertRow(int row) {
   }
   if (!ask(&box(), "Sure to insert a section?", "Insert Shaft Section?")) { return; }
   rows.insert(rows.begin() + row, emptyRow());
+  numberRows();
+  noteEdit();
+}
+
+void ShaftDialog::resizeRows(int count) {
+  auto& rows = grid_.grid().rows;
+  rows.resize(std::min(static_cast<size_t>(count), kMostShaftSections), emptyRow());
+  grid_.grid().currentRow = std::min(grid_.grid().currentRow, static_cast<int>(rows.size()) - 1);
   numberRows();
   noteEdit();
 }

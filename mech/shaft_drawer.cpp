@@ -7,6 +7,7 @@
 #include "frame/drafting/macro_texts.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "frame/records.h"
 
 namespace ardenix::mech {
 
@@ -22,8 +23,10 @@ constexpr ShaftSection kNoSection{};
 
 std::string sectionKey(size_t number) { return numberText::format("Sec%d", static_cast<int>(number)); }
 
+// A kind that is missing is 0, as any number is; one that cannot be read counts as a chamfer.
 Trim readTrim(std::string_view record, int kindField, int sizeField) {
-  const bool chamfer = coreGetFieldInt(record, 1, kindField, ',') != 0;
+  const int unreadable = textField(record, kindField).empty() ? 0 : 1;
+  const bool chamfer = coreGetFieldInt(record, unreadable, kindField, ',') != 0;
   return {chamfer ? TrimKind::kChamfer : TrimKind::kFillet, coreGetFieldDouble(record, 0.0, sizeField, ',')};
 }
 

@@ -1,5 +1,8 @@
 #include "mech/table_drawer.h"
 
+#include <cmath>
+#include <numeric>
+
 #include "frame/drafting/macro_texts.h"
 #include "frame/drafting/sheet_axes.h"
 
@@ -9,6 +12,9 @@ namespace {
 
 // Tenths of a millimetre of a text's height, in millimetres.
 constexpr double kTenths = 10.0;
+
+// Drawing units of a millimetre to the right and up on paper, below 0 on a sheet whose axes run the other way.
+double unitOnPaper(CCadWindow& view) { return paperSignOf(view) * paperMillimetre(view); }
 
 // Where the columns of a table begin, and where the last one ends.
 std::vector<double> columnEdges(double left, const std::vector<double>& widths, double unit) {
@@ -27,6 +33,18 @@ void writeRow(const DraftingPen& pen, const TableRow& row, const std::vector<dou
               const TextStyle& style) {
   for (size_t column = 0; column < row.size() && column + 1 < edges.size(); ++column) {
     pen.text({edges[column] + first.x, first.y}, row[column], style);
+  }
+}
+
+// Writes all rows, each so far below the one before. Of a long table the user sees how far it is, and may give up.
+void writeRows(CCadWindow& view, const DraftingPen& pen, const std::vector<TableRow>& rows,
+               const std::vector<double>& edges, Point first, double apart, const TextStyle& style) {
+  constexpr size_t kStep = 500;
+  for (size_t row = 0; row < rows.size(); ++row) {
+    writeRow(pen, rows[row], edges, first - Point{0.0, static_cast<double>(row) * apart}, style);
+    if (rows.size() >= kStep && (row % kStep == 0 || row + 1 == rows.size())) {
+      view.gsSetProgress(static_cast<int>(row) + 1, static_cast<int>(rows.size()), "Drawing table...");
+    }
   }
 }
 
@@ -57,17 +75,47 @@ void endTable(CCadWindow& view) {
 
 // ---- Lists ----------------------------------------------------------------------------------------------------
 
-ListTable listTable(CCadWindow& view, std::string_view kind, const std::vector<int>& pixels) {
+namespace {
+
+constexpr double kTextHeight = 1.5;  // of the host's default text
+constexpr double kGap = 1.0;         // before a text, millimetres
+
+// Millimetres of a pixel of the list.
+double pixelWidth(const TextStyle& defaultText) {
   constexpr double kPixelsOfTextWidth = 5.0;
+  const double width = 0.5 * defaultText.height * defaultText.width;  // of a character
+  return width / kTenths / kPixelsOfTextWidth;
+}
+
+// About how much of the height a character is wide, in the usual sans serif.
+double widthOf(char character) {
+  constexpr double kDigit = 0.556;
+  if (std::string_view("mwMW@%").find(character) != std::string_view::npos) { return 0.9; }
+  if (std::string_view(" .,:;'|!ijl()[]/ftI-").find(character) != std::string_view::npos) { return 0.3; }
+  const bool capital = character >= 'A' && character <= 'Z';
+  return capital || (static_cast<unsigned char>(character) > 0x7F) ? 0.7 : kDigit;
+}
+
+}  // namespace
+
+ListTable listTable(CCadWindow& view, std::string_view kind, const std::vector<int>& pixels) {
   ListTable table{.kind = kind, .widths = {}, .text = defaultTextStyle(view), .rows = {}};
   const double height = table.text.height;
-  const double width = 0.5 * height * table.text.width;  // of a character
   table.widths.reserve(pixels.size());
-  for (const int column : pixels) { table.widths.push_back(column * width / kTenths / kPixelsOfTextWidth); }
+  for (const int column : pixels) { table.widths.push_back(column * pixelWidth(table.text)); }
   table.headerHeight = height * 2.0 / kTenths;
   table.rowHeight = height * 1.5 / kTenths;
-  table.text.height = height * 1.5;
+  table.text.height = height * kTextHeight;
   return table;
+}
+
+int pixelsForText(CCadWindow& view, std::string_view text) {
+  if (text.empty()) { return 0; }
+  const TextStyle style = defaultTextStyle(view);
+  const double em = style.height * kTextHeight / kTenths * style.width;
+  const double width =
+      std::accumulate(text.begin(), text.end(), 0.0, [](double so, char c) { return so + widthOf(c); });
+  return static_cast<int>(std::ceil((kGap + width * em) / pixelWidth(style)));
 }
 
 namespace {
@@ -91,15 +139,12 @@ void strokeFrame(const DraftingPen& pen, const std::vector<double>& edges, doubl
 }  // namespace
 
 void drawListTable(CCadWindow& view, const ListTable& table, Point origin) {
-  constexpr double kGap = 1.0;
-  const double unit = paperMillimetre(view);
+  const double unit = unitOnPaper(view);
   const DraftingPen pen = beginTable(view, table.kind);
   const std::vector<double> edges = columnEdges(origin.x, table.widths, unit);
   const RowEdges rows{origin.y, table.rowHeight * unit};
   if (table.frame) { strokeFrame(pen, edges, origin.y + table.headerHeight * unit, rows, table.rows.size()); }
-  for (size_t row = 0; row < table.rows.size(); ++row) {
-    writeRow(pen, table.rows[row], edges, {kGap * unit, rows.bottomOf(row)}, table.text);
-  }
+  writeRows(view, pen, table.rows, edges, {kGap * unit, origin.y}, rows.height, table.text);
   endTable(view);
 }
 
@@ -117,7 +162,7 @@ std::vector<double> gridWidths(const std::vector<int>& pixels, double textHeight
 }  // namespace
 
 void drawGridTable(CCadWindow& view, const GridTable& table, Point corner) {
-  const double unit = paperMillimetre(view);
+  const double unit = unitOnPaper(view);
   TextStyle style = defaultTextStyle(view);
   style.justification = 1;
   style.width = 1.0;
@@ -132,9 +177,7 @@ void drawGridTable(CCadWindow& view, const GridTable& table, Point corner) {
   for (size_t row = 0; row < count; ++row) {
     pen.line({edges.front(), rows.bottomOf(row)}, {edges.back(), rows.bottomOf(row)});
   }
-  for (size_t row = 0; row < count; ++row) {
-    writeRow(pen, table.rows[row], edges, {rowHeight / 4.0, rows.bottomOf(row)}, style);
-  }
+  writeRows(view, pen, table.rows, edges, {rowHeight / 4.0, rows.origin}, rowHeight, style);
   endTable(view);
 }
 

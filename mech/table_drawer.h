@@ -22,6 +22,8 @@ struct ListTable {
 };
 // Sizes by the host's default text: columns by their widths in pixels.
 ListTable listTable(CCadWindow& view, std::string_view kind, const std::vector<int>& pixels);
+// How wide a column must be for a text to stand clear of the next one.
+int pixelsForText(CCadWindow& view, std::string_view text);
 void drawListTable(CCadWindow& view, const ListTable& table, Point origin);
 
 // A table that hangs from its top left corner, all rows alike.

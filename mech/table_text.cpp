@@ -66,7 +66,7 @@ size_t countOutsideQuotes(std::string_view line, char separator) {
 
 std::string unableToOpen(const std::string& path) { return numberText::format("Unable to open CSV file %s", path); }
 
-// What reading may throw is for the caller.
+// The caller tells of what reading may throw.
 std::optional<std::vector<std::string>> linesOf(const std::string& path) {
   const int file = coreFileOpen(path, "r");
   if (file == 0) { return std::nullopt; }

@@ -44,6 +44,7 @@ class UserTableDialog {
   void addRow();
   void addColumn();
   void growTo(size_t rows, size_t columns);
+  void resizeRows(int count);
   [[nodiscard]] bool rowEmpty(size_t row) const;
   [[nodiscard]] bool columnEmpty(size_t column) const;
   void removeExcessRows();
@@ -81,6 +82,10 @@ UserTableDialog::UserTableDialog(const Services& services, CCadWindow& view) : s
   equip(dialog_, services_, helpTopic("Table"));
   describeMenu();
   table_ = addGrid(dialog_, {.place = {.row = 1}, .name = "Table"}, {});
+  grid().onGrow = [this](size_t rows, size_t columns) {
+    if (rows <= kMostRows && columns <= kMostColumns) { growTo(rows, columns); }
+  };
+  grid().onRowCount = [this](int rows) { resizeRows(rows); };
   growTo(kStartSize, kStartSize);
   describeButtons();
   addControl(dialog_, dialog::StatusLine{}, {.place = {.row = 4}, .name = "Status"});
@@ -163,6 +168,15 @@ void UserTableDialog::growTo(size_t rows, size_t columns) {
   for (auto& row : table.rows) { row.resize(table.columns.size(), emptyCell()); }
 }
 
+void UserTableDialog::resizeRows(int count) {
+  const size_t rows = std::min(static_cast<size_t>(count), kMostRows);
+  grid().rows.resize(std::min(rows, rowCount()));
+  grid().rowHeadings.resize(rowCount());
+  grid().currentRow = std::min(grid().currentRow, static_cast<int>(rows) - 1);
+  growTo(rows, columnCount());
+  table_.update();
+}
+
 void UserTableDialog::addRow() {
   if (rowCount() >= kMostRows) { return warn(&dialog_, "A table has %d rows at most.", static_cast<int>(kMostRows)); }
   growTo(rowCount() + 1, columnCount());
@@ -186,12 +200,9 @@ bool UserTableDialog::columnEmpty(size_t column) const {
 }
 
 void UserTableDialog::removeExcessRows() {
-  while (rowCount() > 1 && rowEmpty(rowCount() - 1)) {
-    grid().rows.pop_back();
-    grid().rowHeadings.pop_back();
-  }
-  grid().currentRow = std::min(grid().currentRow, static_cast<int>(rowCount()) - 1);
-  table_.update();
+  size_t rows = rowCount();
+  while (rows > 1 && rowEmpty(rows - 1)) { --rows; }
+  resizeRows(static_cast<int>(rows));
 }
 
 void UserTableDialog::removeExcessColumns() {
@@ -212,7 +223,7 @@ void UserTableDialog::clear() {
 
 // ---- Files ----------------------------------------------------------------------------------------------------
 
-// What runs while the user waits.
+// Does some work during which the user waits.
 template <class Work>
 void whileWaiting(CCadWindow& view, std::string_view text, int steps, const Work& work) {
   view.gsCursorWait(1);
@@ -285,7 +296,7 @@ void UserTableDialog::save(const std::string& path) {
 
 void placeUserTable(CCadWindow& view, const GridTable& table) {
   if (!mayDrawOn(view, view.gsGetCurrentLayerName())) { return; }
-  if (const auto corner = askPoint(view, "Click to place the table")) { drawGridTable(view, table, *corner); }
+  if (const auto corner = askPlace(view, "Click to place the table")) { drawGridTable(view, table, *corner); }
 }
 
 }  // namespace

@@ -223,7 +223,8 @@ bool ControlDialog::confirm() {
   try {
     for (size_t i = 0; i < chosen.size(); ++i) {
       chosen[i] = pointOf(controls_[i]);
-      const bool placed = std::fabs(chosen[i].y * chosen[i].x) > kNowhere;
+      // A point on the central meridian has a Y of 0.
+      const bool placed = std::fabs(chosen[i].y) > kNowhere || std::fabs(chosen[i].x) > kNowhere;
       if (!placed && isDamaged(controls_[i])) {
         tellDamage(controls_[i].name.text());
         controls_[i].y.focus();

@@ -54,8 +54,9 @@ void SetupDialog::addTemplates() {
   grid.columns = {{.title = "Path", .hint = "Double-click to choose a drawing", .width = kPathWidth}};
   for (const KeyRow& row : templateRows(mode_)) {
     grid.rowHeadings.emplace_back(row.label);
-    grid.rows.push_back({{.kind = dialog::CellKind::kBrowse, .readOnly = true}});
+    grid.rows.push_back({{.kind = dialog::CellKind::kBrowse}});
   }
+  grid.onCellEdit = [this](int row, int) { templateTyped(row); };
   grid.onCellPress = [this](int row, int) { browseTemplate(row); };
   templates_ = addControl(dialog_, std::move(grid), {.group = group, .name = "Template drawing files"});
 }
@@ -245,8 +246,17 @@ void SetupDialog::showOptions() {
 
 void SetupDialog::showTemplates() {
   auto& rows = dialog_.state<dialog::Grid>(templates_).rows;
-  for (size_t i = 0; i < rows.size(); ++i) { rows[i][0].text = shortened(templatePaths_[i]); }
+  for (size_t i = 0; i < rows.size(); ++i) {
+    rows[i][0].text = shortened(templatePaths_[i]);
+    rows[i][0].whole = templatePaths_[i];
+  }
   dialog_.changed(templates_);
+}
+
+void SetupDialog::templateTyped(int row) {
+  const auto place = static_cast<size_t>(row);
+  templatePaths_[place] = dialog_.state<dialog::Grid>(templates_).rows[place][0].text;
+  showTemplates();
 }
 
 void SetupDialog::browseTemplate(int row) {

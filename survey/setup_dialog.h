@@ -30,6 +30,7 @@ class SetupDialog {
   // ---- Templates and sheets
   void showTemplates();
   void browseTemplate(int row);
+  void templateTyped(int row);
   void showSheet(int sheet);
   [[nodiscard]] dialog::Cell cellOf(int row, int column) const;
   void showCell(int row, int column);

@@ -223,6 +223,10 @@ std::string enter(std::string_view prompt, std::string_view variable, char gap) 
   return ("#ENTER " + quotedForMacro(prompt) + gap).append(variable);
 }
 
+std::string plainEnter(std::string_view prompt, std::string_view variable, std::string_view gap) {
+  return ("ENTER " + quotedForMacro(prompt)).append(gap).append(variable);
+}
+
 std::string enquire(std::string_view what, std::string_view variables, char gap) {
   return ("#ENQUIRE " + quotedForMacro(what) + gap).append(variables);
 }

@@ -172,6 +172,9 @@ class CCadWindow : public CWnd {
   // Selects what the group of the current primitive holds, and nothing else, and makes that group current for
   // gsGetObject. Returns the number of its members, 0 for a primitive in no group.
   virtual int gsSelectGroup() = 0;
+  // Makes the group of the current primitive current for gsGetObject. Returns its number in the drawing, 0 for a
+  // primitive in no group.
+  virtual int gsGetGroup() = 0;
   // A scan over primitives of a type (0 all, 2 groups) on a layer (-1 all) whose bounds meet the window
   // (all zeros: everywhere). With both flags set only over what is selected, where something is. Handles are
   // above 0.

@@ -122,7 +122,7 @@ class DropDownHandle : public Handle {
     list.typed = false;
     changed();
   }
-  // Of an editable list: the text of an entry selects it.
+  // For an editable list. The text of an entry selects that entry.
   void setText(std::string text) const {
     DropDown& list = as<DropDown>();
     const auto entry = std::find(list.items.begin(), list.items.end(), text);
@@ -183,16 +183,6 @@ class ColumnListHandle : public Handle {
   [[nodiscard]] ColumnList& list() const { return as<ColumnList>(); }
   // To be called after a rule changed rows or columns.
   void update() const { changed(); }
-  // Widens columns whose texts would not fit; what the user made wider stays.
-  void widenToContents() const {
-    ColumnList& table = list();
-    for (size_t column = 0; column < table.columns.size(); ++column) {
-      size_t longest = 0;
-      for (const auto& row : table.rows) { longest = std::max(longest, column < row.size() ? row[column].size() : 0); }
-      table.columns[column].width = std::max(table.columns[column].width, widthForText(longest));
-    }
-    changed();
-  }
 };
 
 class PictureHandle : public Handle {

@@ -187,7 +187,8 @@ enum class CellKind { kText, kNumber, kInteger, kList, kEditableList, kPen, kLin
 
 struct Cell {
   CellKind kind = CellKind::kText;
-  std::string text{};  // a check cell holds "1" or "0", a pen or line-type cell its number
+  std::string text{};   // a check cell holds "1" or "0", a pen or line-type cell its number
+  std::string whole{};  // what a browse cell holds, which it shows shortened
   bool readOnly = false;
   bool mayBeEmpty = false;  // a number, pen or line type
   double minimum = 0.0;     // of numbers
@@ -198,6 +199,11 @@ struct Cell {
   uint32_t ground = 0xFFFFFFFF;      // background 0xRRGGBB; 0xFFFFFFFF: as usual
   friend bool operator==(const Cell&, const Cell&) = default;
 };
+
+// What a cell holds, shown whole or shortened.
+[[nodiscard]] inline const std::string& valueOf(const Cell& cell) {
+  return cell.whole.empty() ? cell.text : cell.whole;
+}
 
 struct GridColumn {
   std::string title;
@@ -225,6 +231,11 @@ struct Grid {
   std::function<void(int row, int column)> onCellRightClick;  // column -1: the row heading
   std::function<void(int row, int column)> onCellSelect;      // the cell became current, by mouse or keyboard
   std::function<void(int row, int column)> onCellClick;       // the mouse clicked it, after it became current
+  std::function<void(int row)> onInsertRow;                   // the Insert key
+  // What is pasted needs so many rows and columns: makes them. Without the rule, or where it does not, such a paste is
+  // refused.
+  std::function<void(size_t rows, size_t columns)> onGrow;
+  std::function<void(int rows)> onRowCount;  // of a grid that has as many rows as the user wants
 };
 
 // The pages of a property sheet; controls belong to a page through their group.

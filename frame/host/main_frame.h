@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,9 @@ class CMDIFrameWnd : public CWnd {
 
   // kNewDrawingView: opens a drawing window and returns its view; any other message returns null.
   virtual CCadWindow* SendUserMessage(unsigned message) = 0;
+
+  // A view of an empty drawing that nobody sees and on which nobody is asked, for trying out what a part looks like.
+  virtual std::unique_ptr<CCadWindow> makeUnseenView() = 0;
 };
 
 // A tree of folders and files in the host's side bar.
@@ -41,7 +45,7 @@ class COXShellFolderTree : public CWnd {
   // Shows what lies in a folder, read afresh.
   virtual void InitializeTree(std::string_view folder) = 0;
   virtual void OpenFolder(std::string_view folder) = 0;
-  // Of the item selected last.
+  // The path of the item that was selected last.
   [[nodiscard]] virtual std::string GetFullPath() const = 0;
   // Runs as a step of undo of its own, after a command that was asking has ended. Null: nobody listens.
   virtual void OnSelection(Selection selection) = 0;

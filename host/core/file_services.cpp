@@ -61,10 +61,10 @@ std::string FileServices::checked(std::string_view path) const {
 
 MatchedPath FileServices::locate(const std::string& path) const {
   if (namesDrive(path)) { return {path, false}; }
-  if (isRooted(path)) { return matchPath("/", path); }
-  MatchedPath first = matchPath(baseFolder_, path);
+  if (isRooted(path)) { return matchPath(names_, "/", path); }
+  MatchedPath first = matchPath(names_, baseFolder_, path);
   if (first.exists) { return first; }
-  MatchedPath second = matchPath(dataFolder_, path);
+  MatchedPath second = matchPath(names_, dataFolder_, path);
   return second.exists ? second : first;
 }
 
@@ -74,7 +74,7 @@ std::string FileServices::resolveForReading(std::string_view path) const {
   if (outputFolder_.empty()) { return found.path; }
   // What a confined program wrote under a name without a root lies below its output folder.
   if (!found.exists && !isRooted(forwardSlashes(path))) {
-    const MatchedPath written = matchPath(outputFolder_, forwardSlashes(path));
+    const MatchedPath written = matchPath(names_, outputFolder_, forwardSlashes(path));
     if (written.exists && liesBelow(physicalPath(written.path), outputFolder_)) { return written.path; }
   }
   if (namedByScript_) { refuseUnreadable(path, found.path); }
@@ -104,7 +104,7 @@ std::string FileServices::resolveForWriting(std::string_view path) {
 
 std::string FileServices::confinedForWriting(const std::string& path) {
   MatchedPath found = locate(path);
-  if (!found.exists && !isRooted(path)) { found = matchPath(outputFolder_, path); }
+  if (!found.exists && !isRooted(path)) { found = matchPath(names_, outputFolder_, path); }
   std::string physical = physicalPath(found.path);
   const auto copy = copies_.find(physical);
   if (copy != copies_.end()) { return copy->second; }

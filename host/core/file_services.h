@@ -73,6 +73,7 @@ class FileServices {
   std::string outputFolder_;
   std::vector<std::string> readFolders_;
   bool namedByScript_ = false;
+  mutable FolderNames names_;
   std::function<void(const std::string&)> report_;
   std::map<std::string, std::string> copies_;  // by the physical path of what each stands for
 };

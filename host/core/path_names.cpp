@@ -11,26 +11,9 @@
 namespace brevan {
 namespace {
 
-bool sameName(std::string_view a, std::string_view b) {
-  const auto plainA = toWindows1252(a);
-  const auto plainB = toWindows1252(b);
-  return plainA && plainB ? equalWithoutCase(*plainA, *plainB) : a == b;
-}
-
 bool somethingAt(const std::string& path) {
   std::error_code error;
   return std::filesystem::symlink_status(path, error).type() != std::filesystem::file_type::not_found && !error;
-}
-
-// "" where the folder has no such name.
-std::string nameInFolder(const std::string& folder, std::string_view wanted) {
-  std::string best;
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    std::string name = entry->path().filename().string();
-    if (sameName(name, wanted) && (best.empty() || name < best)) { best = std::move(name); }
-  }
-  return best;
 }
 
 }  // namespace
@@ -72,13 +55,18 @@ bool isDeviceName(std::string_view part) {
 }
 
 MatchedPath matchPath(const std::string& folder, std::string_view relative) {
+  FolderNames names;
+  return matchPath(names, folder, relative);
+}
+
+MatchedPath matchPath(FolderNames& names, const std::string& folder, std::string_view relative) {
   std::string path = folder.ends_with('/') ? folder.substr(0, folder.size() - 1) : folder;
   bool found = true;
   for (const std::string& part : pathParts(relative)) {
     const size_t folderLength = path.size();
     path.append("/").append(part);
     if (!found || part == ".." || somethingAt(path)) { continue; }
-    const std::string name = nameInFolder(path.substr(0, folderLength + 1), part);
+    const std::string name = names.matching(path.substr(0, folderLength + 1), part);
     found = !name.empty();
     if (found) { path.replace(folderLength + 1, std::string::npos, name); }
   }

@@ -80,8 +80,14 @@ class BoxSink : public StrokeSink {
   bool meetsPart_ = false;
 };
 
+// Whole where rounding alone keeps it from that, and never as a power of ten.
+std::string plainNumber(double value) {
+  const double whole = std::round(value);
+  return std::fabs(value - whole) <= 1e-9 * value ? numberText::fixed(whole, 0) : numberText::shortest(value);
+}
+
 std::string scaleText(double denominator) {
-  return denominator < 1.0 ? numberText::shortest(1.0 / denominator) + ":1" : "1:" + numberText::shortest(denominator);
+  return denominator < 1.0 ? plainNumber(1.0 / denominator) + ":1" : "1:" + plainNumber(denominator);
 }
 
 // To the thousandth, which is nearer than anybody looks.
@@ -107,7 +113,7 @@ Transform turnedOnPaper(double degrees) {
   return Transform::rotation({}, unit.x, unit.y);
 }
 
-// Of a box after a transform.
+// The upright box round a box that was transformed.
 Box boxOf(const Box& box, const Transform& transform) {
   Box moved;
   for (const Point corner : {box.low, box.high, Point{box.low.x, box.high.y}, Point{box.high.x, box.low.y}}) {

@@ -49,13 +49,14 @@ struct Shade {
 constexpr std::array<Shade, kShades> kShadesOnPaper = {
     {{0, 200}, {72, 184}, {0, 168}, {60, 152}, {0, 136}, {48, 120}, {0, 104}, {36, 88}, {0, 72}, {24, 56}}};
 
+// Plain colours, then greys.
 constexpr std::array<Colour, kFirstShade - 1> kFirstOnPaper = {0x000000, 0xFF0000, 0x008000, 0x0000FF, 0x008B8B,
-                                                               0xC000C0, 0xA06000, 0x808080, 0x606060, 0xFF6600,
-                                                               0x4B0082, 0x00A060, 0x996633, 0xC71585, 0x2E5E8C};
+                                                               0xC000C0, 0xA06000, 0x808080, 0x606060, 0x696969,
+                                                               0x8C8C8C, 0xA8A8A8, 0x333333, 0x505050, 0xB8B8B8};
 
 constexpr std::array<Colour, kFirstShade - 1> kFirstOnDark = {0xFFFFFF, 0xFF5050, 0x40D040, 0x7090FF, 0x00E0E0,
-                                                              0xF060F0, 0xE0C040, 0xA0A0A0, 0xC8C8C8, 0xFF9040,
-                                                              0xB080FF, 0x40E0A0, 0xD0A070, 0xFF70B8, 0x80B8E8};
+                                                              0xF060F0, 0xE0C040, 0xA0A0A0, 0xC8C8C8, 0x787878,
+                                                              0x808080, 0xB4B4B4, 0x949494, 0x8A8A8A, 0xE0E0E0};
 
 constexpr Colour systematicOnPaper(int pen) {
   const int step = pen - kFirstShade;
@@ -76,36 +77,12 @@ constexpr std::array<Colour, 6> kGreyIndex = {0x333333, 0x505050, 0x696969, 0x82
 constexpr std::array<Shade, kShades> kIndexShades = {
     {{0, 255}, {127, 255}, {0, 165}, {82, 165}, {0, 127}, {63, 127}, {0, 76}, {38, 76}, {0, 38}, {19, 38}}};
 
-int squaredDistance(Colour first, Colour second) {
-  const Channels a = channels(first);
-  const Channels b = channels(second);
-  const auto square = [](int difference) { return difference * difference; };
-  return square(a.red - b.red) + square(a.green - b.green) + square(a.blue - b.blue);
-}
-
-// Pens 1 to 9 by the plain entries of their hues; brown stands for yellow, which does not read on paper.
-constexpr std::array<int, 9> kIndexOfPlainPens = {7, 1, 3, 5, 4, 6, 2, 8, 9};
-constexpr int kFirstOwnHue = 10;  // the first entry of the systematic ones, and the first pen without an entry
+// Pens 1 to 9 by the plain entries of their hues; brown stands for yellow, which does not read on paper. Then the
+// greys, the darkest for the pens that hidden lines and arrows come with.
+constexpr std::array<int, kFirstShade - 1> kIndexOfFirstPens = {7, 1,   3,   5,   4,   6,   2,  8,
+                                                                9, 252, 253, 254, 250, 251, 255};
+constexpr int kFirstHue = 10;  // the first entry of the systematic ones
 constexpr int kFirstGrey = 250;
-
-int nearestSystematicIndex(Colour colour) {
-  int nearest = kFirstOwnHue;
-  for (int index = kFirstOwnHue; index < kFirstGrey; ++index) {
-    if (squaredDistance(colour, indexedColour(index)) < squaredDistance(colour, indexedColour(nearest))) {
-      nearest = index;
-    }
-  }
-  return nearest;
-}
-
-int nearestGreyPen(Colour colour) {
-  int nearest = 1;
-  for (const int pen : {8, 9}) {
-    const auto away = [colour](int of) { return squaredDistance(colour, penColour(of, Ground::kPaper)); };
-    if (away(pen) < away(nearest)) { nearest = pen; }
-  }
-  return nearest;
-}
 
 }  // namespace
 
@@ -119,26 +96,21 @@ Colour penColour(int pen, Ground ground) {
 }
 
 Colour indexedColour(int index) {
-  if (index < 10) { return kPlainIndex[static_cast<size_t>(std::max(index, 1)) - 1]; }
-  if (index >= 250) { return kGreyIndex[static_cast<size_t>(std::min(index, 255)) - 250]; }
+  if (index < kFirstHue) { return kPlainIndex[static_cast<size_t>(std::max(index, 1)) - 1]; }
+  if (index >= kFirstGrey) { return kGreyIndex[static_cast<size_t>(std::min(index, 255) - kFirstGrey)]; }
   const Shade shade = kIndexShades[static_cast<size_t>(index % kShades)];
-  return packed(onWheel((index - 10) / kShades, shade.low, shade.high));
+  return packed(onWheel((index - kFirstHue) / kShades, shade.low, shade.high));
 }
 
 int colourIndex(int pen) {
   if (pen < 1 || pen > kPens) { pen = 1; }
-  if (pen >= kFirstShade) { return pen - kFirstShade + kFirstOwnHue; }
-  return hasOwnIndex(pen) ? kIndexOfPlainPens[static_cast<size_t>(pen) - 1]
-                          : nearestSystematicIndex(penColour(pen, Ground::kPaper));
+  return pen < kFirstShade ? kIndexOfFirstPens[static_cast<size_t>(pen) - 1] : pen - kFirstShade + kFirstHue;
 }
 
 int penOfIndex(int index) {
-  if (index >= kFirstGrey) { return nearestGreyPen(indexedColour(index)); }
-  if (index >= kFirstOwnHue) { return index - kFirstOwnHue + kFirstShade; }
-  const auto* const plain = std::find(kIndexOfPlainPens.begin(), kIndexOfPlainPens.end(), index);
-  return plain == kIndexOfPlainPens.end() ? 1 : static_cast<int>(plain - kIndexOfPlainPens.begin()) + 1;
+  if (index >= kFirstHue && index < kFirstGrey) { return index - kFirstHue + kFirstShade; }
+  const auto* const first = std::find(kIndexOfFirstPens.begin(), kIndexOfFirstPens.end(), index);
+  return first == kIndexOfFirstPens.end() ? 1 : static_cast<int>(first - kIndexOfFirstPens.begin()) + 1;
 }
-
-bool hasOwnIndex(int pen) { return pen < kFirstOwnHue || pen >= kFirstShade; }
 
 }  // namespace brevan

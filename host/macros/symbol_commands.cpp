@@ -76,6 +76,7 @@ void addSymbol(MacroRun& run) {
 void symbolPanel(MacroRun& run) {
   const std::vector<std::string>& panel = run.window.macroState().panel;
   if (panel.empty()) { throw MacroError(1, "SYMBOL expects a symbol file to be loaded first"); }
+  run.window.requireDrawable();
   size_t chosen = 0;
   if (panel.size() > 1) {
     std::string items;

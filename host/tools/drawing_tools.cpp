@@ -4,19 +4,26 @@
 #include <array>
 
 #include "host/tools/tool_handlers.h"
+#include "host/window/drawing_window.h"
 
 namespace brevan {
 
 namespace {
 
+template <void (*Draw)(DrawingWindow&)>
+void onLayerSeen(DrawingWindow& window) {
+  window.requireDrawable();
+  Draw(window);
+}
+
 constexpr std::array<DrawingTool, 16> kTools = {{
-    {"line", "&Line", "Lines from point to point", false, toolHandlers::line},
-    {"polyline", "&Polyline", "A chain of lines that is one group", false, toolHandlers::polyline},
-    {"rectangle", "&Rectangle", "A rectangle by two corners", false, toolHandlers::rectangle},
-    {"circle", "&Circle", "A circle by centre and a point on it", false, toolHandlers::circle},
-    {"arc", "&Arc", "An arc through three points", false, toolHandlers::arc},
-    {"text", "&Text", "A line of text", false, toolHandlers::text},
-    {"hatch", "&Hatch", "Fills closed areas with a pattern", false, toolHandlers::hatch},
+    {"line", "&Line", "Lines from point to point", false, onLayerSeen<toolHandlers::line>},
+    {"polyline", "&Polyline", "A chain of lines that is one group", false, onLayerSeen<toolHandlers::polyline>},
+    {"rectangle", "&Rectangle", "A rectangle by two corners", false, onLayerSeen<toolHandlers::rectangle>},
+    {"circle", "&Circle", "A circle by centre and a point on it", false, onLayerSeen<toolHandlers::circle>},
+    {"arc", "&Arc", "An arc through three points", false, onLayerSeen<toolHandlers::arc>},
+    {"text", "&Text", "A line of text", false, onLayerSeen<toolHandlers::text>},
+    {"hatch", "&Hatch", "Fills closed areas with a pattern", false, onLayerSeen<toolHandlers::hatch>},
     {"select", "&Select", "Selects items one by one or by a window", true, toolHandlers::select},
     {"erase", "&Erase", "Removes items", true, toolHandlers::erase},
     {"move", "&Move", "Moves items from one point to another", true, toolHandlers::move},

@@ -14,9 +14,9 @@ std::string textAt(const DialogOperation& operation, size_t place) {
   return place < operation.texts.size() ? operation.texts[place] : std::string();
 }
 
-std::string lines(const DialogOperation& operation) {
-  std::string all = textAt(operation, 0);
-  for (size_t line = 1; line < operation.texts.size(); ++line) { all += '\n' + operation.texts[line]; }
+std::string lines(const DialogOperation& operation, size_t first = 0) {
+  std::string all = textAt(operation, first);
+  for (size_t line = first + 1; line < operation.texts.size(); ++line) { all += '\n' + operation.texts[line]; }
   return all;
 }
 
@@ -51,6 +51,19 @@ Refusal leave(DialogSession& session, const DialogOperation&) { return session.l
 Refusal cell(DialogSession& session, const DialogOperation& operation) {
   return session.editCell(operation.control, operation.number.value_or(0), textAt(operation, 0), textAt(operation, 1));
 }
+Refusal insertRow(DialogSession& session, const DialogOperation& operation) {
+  return session.insertRow(operation.control, operation.number.value_or(0));
+}
+Refusal paste(DialogSession& session, const DialogOperation& operation) {
+  return session.paste(operation.control, operation.number.value_or(0), textAt(operation, 0), lines(operation, 1));
+}
+
+Refusal haveRow(DialogSession& session, const DialogOperation& operation) {
+  return session.ensureRow(operation.control, operation.number.value_or(0), operation.texts);
+}
+Refusal haveRows(DialogSession& session, const DialogOperation& operation) {
+  return session.ensureRowCount(operation.control, operation.number.value_or(0));
+}
 
 Refusal click(DialogSession& session, const DialogOperation& operation) {
   const Click kind = operation.verb == Verb::kClick        ? Click::kClick
@@ -84,7 +97,9 @@ constexpr OperationRow::Arguments kNothing{};
 constexpr OperationRow::Arguments kControl{Argument::kControl};
 constexpr OperationRow::Arguments kText{Argument::kText};
 constexpr OperationRow::Arguments kControlText{Argument::kControl, Argument::kText};
+constexpr OperationRow::Arguments kControlNumber{Argument::kControl, Argument::kNumber};
 constexpr OperationRow::Arguments kControlTextNumber{Argument::kControl, Argument::kText, Argument::kNumber};
+constexpr OperationRow::Arguments kRowPlace{Argument::kControl, Argument::kNumber};
 constexpr OperationRow::Arguments kCellPlace{Argument::kControl, Argument::kNumber, Argument::kText};
 constexpr OperationRow::Arguments kCellText{Argument::kControl, Argument::kNumber, Argument::kText, Argument::kText};
 
@@ -100,9 +115,13 @@ constexpr auto kRows = std::to_array<OperationRow>({
     {Verb::kFocus, "focus", kControl, 1, 1, focus},
     {Verb::kLeave, "leave", kNothing, 0, 0, leave},
     {Verb::kCell, "cell", kCellText, 4, 4, cell},
+    {Verb::kHaveRow, "haverow", kCellText, 4, kAny, haveRow},  // columns, each with its text
+    {Verb::kHaveRows, "haverows", kControlNumber, 2, 2, haveRows},
     {Verb::kClick, "click", kCellPlace, 2, 3, click},
     {Verb::kRightClick, "rightclick", kCellPlace, 2, 3, click},
     {Verb::kPress, "press", kCellPlace, 1, 3, press},
+    {Verb::kInsertRow, "insert", kRowPlace, 2, 2, insertRow},
+    {Verb::kPaste, "paste", kCellText, 4, kAny, paste},  // a word a line, fields between tabs
     {Verb::kWidth, "width", kControlTextNumber, 3, 3, width},
     {Verb::kTab, "tab", kText, 1, 1, tab},
     {Verb::kMenu, "menu", kText, 1, 1, menu},

@@ -43,9 +43,11 @@ Refusal DialogSession::perform(const DialogOperation& operation) {
   return operationRow(operation.verb).perform(*this, operation);
 }
 
+void DialogSession::tellEdited(int control) { run(dialog_.control(control).onEdit); }
+
 void DialogSession::edited(int control) {
   dialog_.changed(control);
-  run(dialog_.control(control).onEdit);
+  tellEdited(control);
 }
 
 namespace {
@@ -128,10 +130,13 @@ Refusal DialogSession::ensureText(int control, const std::string& text) {
   if (valueText(dialog_.control(control).state) == text) { return std::nullopt; }
   const auto operation = operationThatSets(control, dialog_.control(control).state, text);
   if (!operation) { return notThisKind(named(control), dialog_.control(control).state, "holds no value"); }
-  if (const std::string page = pageOf(dialog_, control); !page.empty()) {
-    if (auto refusal = goToPage(page)) { return refusal; }
-  }
+  if (auto refusal = showPageOf(control)) { return refusal; }
   return perform(*operation);
+}
+
+Refusal DialogSession::showPageOf(int control) {
+  const std::string page = pageOf(dialog_, control);
+  return page.empty() ? std::nullopt : goToPage(page);
 }
 
 Refusal DialogSession::typeText(int control, const std::string& text) {
@@ -254,118 +259,6 @@ Refusal DialogSession::chooseMenu(const std::string& path) {
   const auto action = chosen->action;
   action();
   return std::nullopt;
-}
-
-// ---- Grids -----------------------------------------------------------------------------------------------
-
-namespace {
-
-Refusal rowRefusal(const std::string& name, int row, size_t rows) {
-  if (row >= 1 && static_cast<size_t>(row) <= rows) { return std::nullopt; }
-  return name + " has no row " + std::to_string(row) + ", it has " + std::to_string(rows);
-}
-
-// Why a cell does not take a text; the text in the cell's own form where it does.
-Refusal cellRefusal(const Cell& cell, const std::string& column, std::string& text) {
-  if (cell.readOnly) { return inQuotes(column) + " cannot be edited in this row"; }
-  if (text.empty() && cell.mayBeEmpty) { return std::nullopt; }
-  const bool pen = cell.kind == CellKind::kPen;
-  if (cell.kind == CellKind::kNumber || cell.kind == CellKind::kInteger || pen || cell.kind == CellKind::kLineType) {
-    NumberEdit edit;
-    edit.integer = cell.kind != CellKind::kNumber;
-    edit.minimum = cell.minimum;
-    edit.maximum = cell.maximum;
-    if (edit.integer && cell.kind != CellKind::kInteger) {
-      const limits::WholeRange& range = pen ? limits::kPens : limits::kLineTypes;
-      edit.minimum = range.least;
-      edit.maximum = range.most;
-    }
-    edit.text = text;
-    if (auto refusal = refusalOf(column, edit)) { return refusal; }
-    const double value = *numberText::parseTyped(text);
-    if (!cell.format.empty()) {
-      text = edit.integer ? numberText::format(cell.format, static_cast<long long>(value))
-                          : numberText::format(cell.format, value);
-    }
-    return std::nullopt;
-  }
-  if (cell.kind == CellKind::kList && entryNamed(cell.items, text) < 0) {
-    return inQuotes(column) + " has no entry " + inQuotes(text);
-  }
-  if (cell.limit > 0 && text.find_first_of("\r\n") != std::string::npos) {
-    return inQuotes(column) + " takes one line of text";
-  }
-  if (cell.limit > 0 && text.size() > static_cast<size_t>(cell.limit)) {
-    return inQuotes(column) + " takes " + std::to_string(cell.limit) + " characters at most, got " +
-           std::to_string(text.size());
-  }
-  if (cell.kind == CellKind::kCheck && text != "0" && text != "1") { return inQuotes(column) + " takes 0 or 1"; }
-  return std::nullopt;
-}
-
-}  // namespace
-
-Refusal DialogSession::editCell(int control, int row, const std::string& column, const std::string& text) {
-  const auto* before = std::get_if<Grid>(&dialog_.control(control).state);
-  if (before != nullptr && columnNamed(before->columns, column) < 0) {
-    return named(control) + " has no column " + inQuotes(column);
-  }
-  if (auto refusal = clickCell(control, row, column, Click::kSelect)) { return refusal; }
-  Grid& grid = dialog_.state<Grid>(control);
-  const auto at = [](auto& list, int index) {  // the rule of the click may have changed the rows
-    return index >= 0 && index < static_cast<int>(list.size()) ? &list[static_cast<size_t>(index)] : nullptr;
-  };
-  std::vector<Cell>* cells = at(grid.rows, grid.currentRow);
-  Cell* found = cells == nullptr ? nullptr : at(*cells, grid.currentColumn);
-  if (found == nullptr) { return named(control) + " has no column " + inQuotes(column) + " in this row"; }
-  Cell& cell = *found;
-  std::string entered = text;
-  if (auto refusal = cellRefusal(cell, column, entered)) { return refusal; }
-  cell.text = std::move(entered);
-  dialog_.changed(control);
-  if (grid.onCellEdit) { grid.onCellEdit(grid.currentRow, grid.currentColumn); }
-  run(dialog_.control(control).onEdit);
-  return std::nullopt;
-}
-
-// Rows are counted from 1 as the user sees them; without a column the row's heading is meant.
-Refusal DialogSession::clickCell(int control, int row, const std::string& column, Click click) {
-  if (auto refusal = focus(control)) { return refusal; }
-  if (auto* list = std::get_if<ColumnList>(&dialog_.control(control).state)) {
-    if (auto refusal = rowRefusal(named(control), row, list->rows.size())) { return refusal; }
-    list->selected = row - 1;
-    edited(control);
-    return std::nullopt;
-  }
-  auto* grid = std::get_if<Grid>(&dialog_.control(control).state);
-  if (grid == nullptr) { return notThisKind(named(control), dialog_.control(control).state, "has no cells"); }
-  if (auto refusal = rowRefusal(named(control), row, grid->rows.size())) { return refusal; }
-  const int place = column.empty() ? -1 : columnNamed(grid->columns, column);
-  if (place < 0 && !column.empty()) { return named(control) + " has no column " + inQuotes(column); }
-  grid->currentRow = row - 1;
-  grid->currentColumn = place;
-  const bool selects = click == Click::kSelect || click == Click::kClick;
-  if (const auto select = grid->onCellSelect; selects && select) { select(row - 1, place); }
-  const auto& rule = click == Click::kPress ? grid->onCellPress : grid->onCellRightClick;
-  const auto action = click == Click::kClick ? grid->onCellClick : selects ? nullptr : rule;
-  if (action) { action(row - 1, place); }
-  return std::nullopt;
-}
-
-Refusal DialogSession::setColumnWidth(int control, const std::string& column, int pixels) {
-  if (auto refusal = inoperable(control)) { return refusal; }
-  if (pixels < 0) { return "a column's width is 0 pixels or more, got " + std::to_string(pixels); }
-  const auto widen = [&](auto& columns) -> Refusal {
-    const int place = columnNamed(columns, column);
-    if (place < 0) { return named(control) + " has no column " + inQuotes(column); }
-    columns[static_cast<size_t>(place)].width = pixels;
-    columns[static_cast<size_t>(place)].widthCounts = true;
-    edited(control);
-    return std::nullopt;
-  };
-  if (auto* list = std::get_if<ColumnList>(&dialog_.control(control).state)) { return widen(list->columns); }
-  if (auto* grid = std::get_if<Grid>(&dialog_.control(control).state)) { return widen(grid->columns); }
-  return named(control) + " has no column " + inQuotes(column);
 }
 
 }  // namespace brevan

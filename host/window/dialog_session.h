@@ -51,10 +51,18 @@ class DialogSession : public dialog::Presenter {
   Refusal press(int control);
   // An entry of the dialog's menu bar, levels separated by "/".
   Refusal chooseMenu(const std::string& path);
+  // Gives the cells of a row the texts that follow their columns' names, and a grid so many rows. What is so already is
+  // left alone.
+  Refusal ensureRow(int grid, int row, const std::vector<std::string>& cells);
+  Refusal ensureRowCount(int grid, int rows);
   Refusal editCell(int grid, int row, const std::string& column, const std::string& text);
   enum class Click { kSelect, kClick, kPress, kRight };
   // kSelect makes the cell current, as the keyboard does; kClick is the mouse on it.
   Refusal clickCell(int grid, int row, const std::string& column, Click click);
+  // The Insert key in a row of a grid.
+  Refusal insertRow(int grid, int row);
+  // What a spreadsheet copies, lines of fields between tabs, from a cell of a grid on; all of it or nothing.
+  Refusal paste(int grid, int row, const std::string& column, const std::string& text);
   Refusal setColumnWidth(int list, const std::string& column, int pixels);
 
   Refusal focus(int control);
@@ -62,7 +70,7 @@ class DialogSession : public dialog::Presenter {
   Refusal leave();
   Refusal accept();
   void cancel();
-  // Of a control, or of the one in focus for -1.
+  // Shows the help of a control, or of the one in focus for -1.
   void help(int control);
 
   // ---- dialog::Presenter, for those who show nothing ------------------------------------------------------
@@ -74,7 +82,11 @@ class DialogSession : public dialog::Presenter {
  private:
   // Why a control cannot be operated: hidden, disabled, or of a kind that takes no input.
   Refusal inoperable(int control);
+  Refusal showPageOf(int control);
+  Refusal ensureCell(int grid, int row, const std::string& column, const std::string& text);
   void edited(int control);
+  // Runs the rule of an edit, the data and what shows them having changed.
+  void tellEdited(int control);
   [[nodiscard]] std::string named(int control);
 
   dialog::Dialog& dialog_;

@@ -89,6 +89,12 @@ PrimitiveId DrawingWindow::addPlain(Geometry geometry, GroupId group) {
   return id;
 }
 
+void DrawingWindow::requireDrawable() const {
+  const Layer& layer = *drawing_.layer(drawing_.currentLayer());
+  refuseLocked(drawing_, drawing_.currentLayer());
+  if (!layer.visible) { throw RefusedChange("The layer \"" + layer.name + "\" is hidden."); }
+}
+
 PrimitiveId DrawingWindow::addDrawn(Primitive primitive) {
   refuseLocked(drawing_, primitive.layer);
   primitive.group = openGroup_.forNewPrimitive(drawing_);

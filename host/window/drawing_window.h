@@ -115,6 +115,8 @@ class DrawingWindow : public CCadWindow {
   [[nodiscard]] PrimitiveId lastDrawn() const { return lastDrawn_; }
   // Draws as the desktop's own tools do: current layer and style, outside of any group, a step of undo.
   PrimitiveId addPlain(Geometry geometry, GroupId group = 0);
+  // Throws RefusedChange where the current layer is locked, or hidden: nobody draws what he cannot see.
+  void requireDrawable() const;
   // A layer that is there, visible and not locked: what lies on it may be changed.
   [[nodiscard]] bool isChangeable(PrimitiveId id) const;
   // Nearest on a visible layer within the aperture; what the open group holds comes first.
@@ -184,6 +186,7 @@ class DrawingWindow : public CCadWindow {
   int gsGetFont(FontDef& font) override;
   int gsGetPrimHeader(PrimHeader& header) override;
   int gsSelectGroup() override;
+  int gsGetGroup() override;
   int gsGetListHandle(int type, int layer, int flag, double x1, double y1, double x2, double y2, int,
                       int flag2) override;
   int gsGetNextPrim(int handle) override;
@@ -240,6 +243,7 @@ class DrawingWindow : public CCadWindow {
   bool inScan(const Scan& scan, const Primitive& primitive) const;
   int nextGroup();
   void goOnWithGroups(int handle);
+  void makeCurrent(const Group& group);
   int nextPrimitive(Scan& scan);
 
   std::string name_;

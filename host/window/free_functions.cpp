@@ -32,6 +32,14 @@ std::string namedFilter(const brevan::FileRequest& request, const brevan::Chosen
   return filters[chosen.filter].description;
 }
 
+// A file that is saved under a name without an ending gets the usual one.
+std::string withEnding(const brevan::FileRequest& request, std::string path) {
+  const size_t name = path.find_last_of("/\\") + 1;  // 0 where there is no folder
+  const bool bare = path.find('.', name) == std::string::npos;
+  if (!request.open && bare && !request.defaultExtension.empty()) { path += '.' + request.defaultExtension; }
+  return path;
+}
+
 // Paths come from the user's side in the file system's encoding.
 int chosenPath(const brevan::FileRequest& request, std::string_view kind, std::string& path, int* filter = nullptr) {
   const auto answer = host().user().chooseFile(request);
@@ -40,7 +48,7 @@ int chosenPath(const brevan::FileRequest& request, std::string_view kind, std::s
                                      answer ? namedFilter(request, *answer) : "");
   }
   if (!answer) { return 0; }
-  path = answer->path;
+  path = withEnding(request, answer->path);
   if (filter != nullptr) { *filter = static_cast<int>(answer->filter) + 1; }
   return 1;
 }

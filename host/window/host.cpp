@@ -7,6 +7,7 @@
 #include "frame/host/dialog_description.h"
 #include "host/core/text_encoding.h"
 #include "host/macros/command.h"
+#include "host/window/unseen_window.h"
 
 namespace brevan {
 
@@ -19,6 +20,10 @@ bool MainFrame::RunDialog(dialog::Dialog& dialog, CWnd*) {
 CCadWindow* MainFrame::SendUserMessage(unsigned message) {
   if (message != kNewDrawingView) { return nullptr; }
   return &host_.openWindow(host_.freeWindowName());
+}
+
+std::unique_ptr<CCadWindow> MainFrame::makeUnseenView() {
+  return std::make_unique<UnseenWindow>(host_.window().services().drawings);
 }
 
 void MainFrame::closeDrawingView(CCadWindow& view) { host_.dropWindow(view); }
@@ -65,7 +70,7 @@ void Host::closeWindow(std::string_view name) {
   }
 }
 
-// Of those that the running command opened; its own stays.
+// Only windows that the running command opened are dropped; its own stays.
 void Host::dropWindow(const CCadWindow& view) {
   if (running_ == nullptr || &view == running_) { return; }
   std::erase_if(windows_, [&view](const auto& window) { return window.get() == &view; });

@@ -25,6 +25,7 @@ class MainFrame : public CMDIFrameWnd {
   bool RunDialog(dialog::Dialog& dialog, CWnd* parent) override;
   CCadWindow* SendUserMessage(unsigned message) override;
   void closeDrawingView(CCadWindow& view) override;
+  std::unique_ptr<CCadWindow> makeUnseenView() override;
   void SetFocus() override {}
 
  private:

@@ -66,10 +66,22 @@ int DrawingWindow::gsSelectGroup() {
   if (primitive == nullptr || primitive->group == 0) { return 0; }
   drawing_.clearSelection();
   for (const PrimitiveId id : drawing_.membersOf(primitive->group)) { drawing_.select(id); }
+  makeCurrent(drawing_.group(primitive->group));
+  return static_cast<int>(drawing_.selection().size());
+}
+
+int DrawingWindow::gsGetGroup() {
+  const Primitive* primitive = drawing_.find(current_);
+  if (primitive == nullptr || primitive->group == 0) { return 0; }
+  makeCurrent(drawing_.group(primitive->group));
+  return primitive->group;
+}
+
+// A scan of groups under way goes on later from where it is.
+void DrawingWindow::makeCurrent(const Group& group) {
   if (groupCursor_.handle != 0) { scans_[static_cast<size_t>(groupCursor_.handle) - 1]->end = groupCursor_.left; }
   groupCursor_ = {.revision = drawing_.revision()};
-  currentGroup_ = &drawing_.group(primitive->group);
-  return static_cast<int>(drawing_.selection().size());
+  currentGroup_ = &group;
 }
 
 int DrawingWindow::gsGetPrimHeader(PrimHeader& header) {

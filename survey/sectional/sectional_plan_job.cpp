@@ -12,7 +12,7 @@ SectionalPlanJob::SectionalPlanJob(CCadWindow* view, const Services& services) :
 
 std::string SectionalPlanJob::floorName(int floor) const {
   const auto index = static_cast<size_t>(floor);
-  return index < floorNames_.size() ? floorNames_[index] : numberText::format("Floor %d", floor + 1);
+  return index < floorNames_.size() ? floorNames_[index] : std::to_string(floor + 1);
 }
 
 void SectionalPlanJob::reloadFloorNames() {

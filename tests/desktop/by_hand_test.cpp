@@ -1,8 +1,7 @@
-#include <QComboBox>
+#include <QHeaderView>
 #include <QMenu>
-#include <QMessageBox>
+#include <QMenuBar>
 #include <QRadioButton>
-#include <QTableWidget>
 
 #include "host/scripts/plain_primitives.h"
 #include "host/window/dialog_fields.h"
@@ -43,7 +42,7 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
  private:
   static bool isAnswer(const Statement& statement) {
     return isOneOf(statement, {"dialog", "pick", "set", "check", "uncheck", "rightclick", "press", "point", "space",
-                               "escape", "text", "accept", "menu", "reply", "expect"});
+                               "escape", "text", "accept", "menu", "reply", "expect", "file", "width"});
   }
   static QString word(const Statement& statement, size_t index) {
     return QString::fromLatin1(statement.words.at(index).text.c_str());
@@ -89,11 +88,17 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
     if (isOneOf(statement, {"point", "space", "escape", "text", "accept"})) {
       when([this] { return user().wantsAnything() && QApplication::activeModalWidget() == nullptr; },
            [this, &statement] { answer(statement); });
+    } else if (statement.name() == "menu" && word(statement, 1).contains('/')) {
+      whenDialog([&statement](DialogWindow& dialog) {
+        QTimer::singleShot(0, &dialog, [&dialog, &statement] { chooseFromBar(dialog, word(statement, 1)); });
+      });
     } else if (statement.name() == "menu") {
       when([] { return QApplication::activePopupWidget() != nullptr; },
            [&statement] { choose(*qobject_cast<QMenu*>(QApplication::activePopupWidget()), word(statement, 1)); });
     } else if (statement.name() == "reply") {
-      when([] { return boxShown() != nullptr; }, [] { boxShown()->button(QMessageBox::Yes)->click(); });
+      whenAsked(word(statement, 1) == "no" ? QMessageBox::No : QMessageBox::Yes);
+    } else if (statement.name() == "file") {
+      chooses(root_ + '/' + word(statement, 1));
     } else if (statement.name() == "expect") {
       if (statement.words[1].text != "message" || cursor.nextIs("reply")) { return; }
       when([] { return boxShown() != nullptr; }, [] { QTest::keyClick(boxShown(), Qt::Key_Return); });
@@ -109,7 +114,15 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
     }
   }
 
-  static QMessageBox* boxShown() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+  static void chooseFromBar(DialogWindow& dialog, const QString& path) {
+    const QString item = path.section('/', 1);
+    for (const QAction* menu : dialog.findChild<QMenuBar*>()->actions()) {
+      for (QAction* action : menu->menu()->actions()) {
+        if (action->text().remove('&') == item) { return action->trigger(); }
+      }
+    }
+    ADD_FAILURE() << "no entry " << path.toStdString();
+  }
   void answer(const Statement& statement) {
     if (statement.name() == "space") { return key(Qt::Key_Space); }
     if (statement.name() == "escape") { return key(Qt::Key_Escape); }
@@ -145,6 +158,8 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
       QTest::keyClick(widget, Qt::Key_Tab);
     } else if (statement.name() == "pick") {
       pick(dialog, *widget, word(statement, 2));
+    } else if (statement.name() == "width") {
+      drag(*widget, word(statement, 2), word(statement, 3).toInt());
     } else if (statement.name() == "rightclick") {
       auto& grid = dynamic_cast<QTableWidget&>(*widget);
       int column = 0;
@@ -155,6 +170,15 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
       auto& box = dynamic_cast<QAbstractButton&>(*widget);
       if (box.isChecked() != (statement.name() == "check")) { box.click(); }
     }
+  }
+  static void drag(QWidget& list, const QString& column, int pixels) {
+    QHeaderView* header = list.findChild<QHeaderView*>();
+    for (int place = 0; place < header->count(); ++place) {
+      if (header->model()->headerData(place, Qt::Horizontal).toString() == column) {
+        return header->resizeSection(place, pixels);
+      }
+    }
+    ADD_FAILURE() << "no column " << column.toStdString();
   }
   static void pick(DialogWindow& dialog, QWidget& widget, const QString& item) {
     if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
@@ -193,6 +217,6 @@ TEST_P(ByHand, AnExampleIsDrawnAndRecordedAsItsScriptDraws) {
 
 INSTANTIATE_TEST_SUITE_P(Examples, ByHand,
                          ::testing::Values("bearing_cover", "clamp_strip", "duct", "erf_diagram", "flange_plate",
-                                           "house_plan", "own_bolts", "pump_drive", "sloping_cover"));
+                                           "gear_shaft", "house_plan", "own_bolts", "pump_drive", "sloping_cover"));
 
 }  // namespace

@@ -2,10 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -58,6 +64,15 @@ class DesktopSession : public ::testing::Test {
   void whenDialog(std::function<void(brevan::DialogWindow&)> action) {
     when([] { return dialogShown() != nullptr; }, [action = std::move(action)] { action(*dialogShown()); });
   }
+  // Answers the next message box, which asks this where a question is given.
+  void whenAsked(QMessageBox::StandardButton answer, const QString& question = {}) {
+    when([question] { return boxShown() != nullptr && (question.isEmpty() || boxShown()->text() == question); },
+         [answer] {
+           // On its own, since what follows may wait in an event loop of its own.
+           QTimer::singleShot(0, boxShown(), [box = boxShown(), answer] { box->button(answer)->click(); });
+           QApplication::processEvents();
+         });
+  }
   // Begins and takes the steps until all are done and no command runs.
   void act(const std::function<void()>& begin) {
     QTimer hands;
@@ -88,11 +103,28 @@ class DesktopSession : public ::testing::Test {
     while ((!steps_.empty() || window_->runner().busy()) && clock.elapsed() < 2 * kPatience) { QTest::qWait(10); }
   }
 
+  // The next chooser takes this file.
+  void chooses(const QString& path) {
+    when([] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
+         [path] {
+           auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+           auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
+           name->setText(path);
+           QTest::keyClick(name, Qt::Key_Return);
+         });
+  }
   // What is left to do will not have its moment.
   void giveUp() { steps_.clear(); }
 
   static brevan::DialogWindow* dialogShown() {
     return qobject_cast<brevan::DialogWindow*>(QApplication::activeModalWidget());
+  }
+  static QMessageBox* boxShown() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+  QAction& action(const QString& caption) {
+    for (QAction* found : window_->findChildren<QAction*>()) {
+      if (found->text().remove('&') == caption) { return *found; }
+    }
+    throw std::runtime_error("no action " + caption.toStdString());
   }
   QLineEdit& edit() { return *window_->promptBar().edit(); }
   QString prompt() { return window_->findChild<QLabel*>("promptText")->text(); }
@@ -100,18 +132,20 @@ class DesktopSession : public ::testing::Test {
   brevan::Drawing& drawing() { return window_->host().window().drawing(); }
   std::string json() { return drawingJson(drawing()); }
   // What the recorded session draws in a host without a window, or why it does not. Statements given before it are
-  // played when its settings have been set; the host starts from those that ship or from a file's.
-  std::string replayed(const std::string& before = "", const std::string& otherSettings = "") {
+  // played when its settings have been set; the host starts from those that ship or from a file's. The libraries are
+  // those that ship, without what the recorded session changed in its own, or those of another folder.
+  std::string replayed(const std::string& before = "", const std::string& otherSettings = "",
+                       const std::string& libraries = BREVAN_DATA) {
     std::string text = window_->recorder().script().toStdString();
     text.insert(text.find('\n', std::max(text.rfind("\nsetting ") + 1, text.find("\nsettings none") + 1)) + 1, before);
-    return replay(text, otherSettings);
+    return replay(text, otherSettings, libraries);
   }
-  std::string replay(const std::string& text, const std::string& otherSettings = "") {
+  std::string replay(const std::string& text, const std::string& otherSettings = "",
+                     const std::string& libraries = BREVAN_DATA) {
     const brevan::Script script = brevan::readScript("recorded.scr", text);
     const std::string root = folder_.path().toStdString();
-    // The libraries are those that ship, without what the recorded session changed in its own.
     const std::string out = root + "/out" + std::to_string(++replays_);
-    brevan::FileServices files(root, BREVAN_DATA, brevan::FileServices::Confinement{out, nullptr, {root}});
+    brevan::FileServices files(root, libraries, brevan::FileServices::Confinement{out, nullptr, {root}});
     INI_LIST settings(otherSettings);
     if (window_) { brevan::addFirstSettings(window_->host().module()->commands(), settings); }
     brevan::ScriptPlayer player(script, brevan::PlayerParts{files, settings, {}, ARDENIX_MODULE, "", nullptr, {}, {}});

@@ -1,11 +1,9 @@
 #include <QCheckBox>
-#include <QComboBox>
 #include <QHeaderView>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QTableWidget>
 #include <QToolButton>
 #include <QTreeWidget>
 

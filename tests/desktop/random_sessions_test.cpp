@@ -1,9 +1,9 @@
 #include <QCheckBox>
-#include <QComboBox>
 #include <QMenu>
-#include <QMessageBox>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <random>
+#include <regex>
 
 #include "tests/desktop/desktop_session.h"
 
@@ -11,7 +11,8 @@ namespace {
 
 using namespace brevan;
 
-// Draws at random, and every recording replays to the same drawing, whatever settings the replay starts from.
+// Draws at random, and every recording replays to the same drawing, whatever settings and libraries the replay starts
+// from.
 class RandomSessions : public DesktopSession {
  protected:
   // As after a first start, but with the settings of the sessions before.
@@ -35,6 +36,18 @@ class RandomSessions : public DesktopSession {
     while (window_->runner().busy() && clock.elapsed() < kPatience) { QTest::qWait(5); }
     ASSERT_FALSE(window_->runner().busy()) << command.toStdString() << " does not end at " << prompt().toStdString();
   }
+  // Of the mechanic and the architect, walls above all, whose dialog holds a table; none of those that show the symbol
+  // library, of which a process has one.
+  QString anyCommand() {
+    if (below(3) == 0) { return "ArchDrawWalls"; }
+    for (;;) {
+      const auto commands = window_->host().module()->commands();
+      const CommandRow& command = commands[static_cast<size_t>(below(static_cast<int>(commands.size())))];
+      const std::string_view name = command.name;
+      const bool browses = name == "ArchPlaceSym" || name == "DisplayArchSetup";
+      if (command.family != CommandFamily::kSurvey && !browses) { return QString::fromLatin1(command.name); }
+    }
+  }
   // Selects some parts by clicks, and moves, copies or erases them.
   void changeSelected() {
     const auto items = drawing().onLayer(drawing().currentLayer());
@@ -46,6 +59,16 @@ class RandomSessions : public DesktopSession {
     constexpr const char* kTools[] = {"move", "copy", "erase"};
     questions_ = 0;
     run(kTools[below(3)]);
+  }
+  // Those that ship, but for the pens and line types of the walls' layers.
+  std::string otherLibraries() {
+    std::string folder = root_.toStdString() + "/other";
+    std::filesystem::copy(BREVAN_DATA, folder, std::filesystem::copy_options::recursive);
+    const std::string file = folder + "/ArchSpecs.ini";
+    std::stringstream text;
+    text << std::ifstream(file).rdbuf();
+    std::ofstream(file) << std::regex_replace(text.str(), std::regex(",13,21,2.50"), ",9,5,7.50");
+    return folder;
   }
   int below(int most) { return std::uniform_int_distribution<int>(0, most - 1)(random_); }
 
@@ -65,7 +88,7 @@ class RandomSessions : public DesktopSession {
       return QTest::keyClick(menu, static_cast<Qt::Key>(Qt::Key_1 + below(static_cast<int>(menu->actions().size()))));
     }
     QWidget* top = QApplication::activeModalWidget();
-    if (auto* message = qobject_cast<QMessageBox*>(top)) { return message->buttons().front()->click(); }
+    if (boxShown() != nullptr) { return boxShown()->buttons().front()->click(); }
     if (dialogShown() != nullptr) { return operate(*dialogShown()); }
     if (top != nullptr) { return QTest::keyClick(top, Qt::Key_Escape); }
     if (!user().wantsAnything()) { return; }
@@ -87,20 +110,40 @@ class RandomSessions : public DesktopSession {
     for (QWidget* widget : dialog.findChildren<QWidget*>()) {
       const bool known = qobject_cast<QCheckBox*>(widget) != nullptr ||
                          qobject_cast<QRadioButton*>(widget) != nullptr ||
-                         qobject_cast<QComboBox*>(widget) != nullptr || qobject_cast<QLineEdit*>(widget) != nullptr;
+                         qobject_cast<QComboBox*>(widget) != nullptr || qobject_cast<QLineEdit*>(widget) != nullptr ||
+                         qobject_cast<QTableWidget*>(widget) != nullptr;
       if (known && widget->isVisible() && widget->isEnabled()) { widgets.append(widget); }
     }
     if (widgets.isEmpty()) { return; }
     QWidget* widget = widgets[below(static_cast<int>(widgets.size()))];
     widget->setFocus();
+    QApplication::processEvents();  // a field that holds what it must not takes the focus back
+    if (QApplication::focusWidget() != widget) { return; }
     if (auto* combo = qobject_cast<QComboBox*>(widget); combo != nullptr && !combo->isEditable()) {
       for (int steps = below(4); steps >= 0; --steps) { QTest::keyClick(combo, Qt::Key_Down); }
     } else if (auto* edit = qobject_cast<QLineEdit*>(widget); edit != nullptr && !edit->isReadOnly()) {
       edit->selectAll();
-      QTest::keyClicks(edit, QString::number(1 + below(60)));
+      QTest::keyClicks(edit, below(8) == 0 ? "x" : QString::number(1 + below(60)));
     } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
       button->click();
+    } else if (auto* table = qobject_cast<QTableWidget*>(widget)) {
+      changeCell(*table);
     }
+  }
+  void changeCell(QTableWidget& table) {
+    constexpr int kFirstRows = 6;
+    if (table.rowCount() == 0) { return; }
+    QTableWidgetItem* item = table.item(below(std::min(kFirstRows, table.rowCount())), below(table.columnCount()));
+    table.setCurrentItem(item);
+    if ((item->flags() & Qt::ItemIsEditable) == 0) { return; }
+    table.editItem(item);
+    auto* editor = table.viewport()->findChild<QWidget*>({}, Qt::FindDirectChildrenOnly);
+    if (auto* list = qobject_cast<QComboBox*>(editor)) {
+      list->setCurrentIndex(below(list->count()));
+    } else {
+      QTest::keyClicks(editor, QString::number(1 + below(60)));
+    }
+    QTest::keyClick(editor, Qt::Key_Return);
   }
 
   int questions_ = 0;
@@ -110,19 +153,16 @@ class RandomSessions : public DesktopSession {
 
 TEST_F(RandomSessions, ReplayToTheSameDrawing) {
   constexpr int kSessions = 12;
-  constexpr const char* kCommands[] = {"MechDrawBolts",  "MechDrawScrews", "MechDrawNuts",  "MechDrawHoles",
-                                       "MechDrawRivets", "ArchDrawWalls",  "MechDrawBolts", "ArchDrawWalls"};
   const std::string other = root_.toStdString() + "/other.ini";
   std::ofstream(other) << "[MechanicalTools]\r\nSpecFile=Other Mechspecs.ini\r\n[ArchitecturalTools]\r\n"
                           "SpecFile=Other ArchSpecs.ini\r\n"
                        << std::flush;
+  const std::string libraries = otherLibraries();
   size_t drawn = 0;
   for (int session = 0; session < kSessions; ++session) {
     beginAnew();
     for (int command = 1 + below(3); command > 0; --command) {
-      const char* name = kCommands[below(static_cast<int>(std::size(kCommands)))];
-      if (window_->host().module()->command(name) == nullptr) { continue; }
-      ASSERT_NO_FATAL_FAILURE(run(name));
+      ASSERT_NO_FATAL_FAILURE(run(anyCommand()));
       if (below(2) == 0) { ASSERT_NO_FATAL_FAILURE(changeSelected()); }
       if (below(5) == 0) { window_->undo(); }
     }
@@ -130,8 +170,9 @@ TEST_F(RandomSessions, ReplayToTheSameDrawing) {
     const std::string wanted = json();
     ASSERT_EQ(replayed(), wanted) << "session " << session << '\n' << window_->recorder().script().toStdString();
     ASSERT_EQ(replayed("", other), wanted) << "session " << session << " from other settings";
+    ASSERT_EQ(replayed("", "", libraries), wanted) << "session " << session << " from other layers of walls";
   }
-  EXPECT_GT(drawn, 500U);
+  EXPECT_GT(drawn, 300U);
 }
 
 }  // namespace

@@ -16,6 +16,9 @@ from fault_program import BATCH, DATA, DRAWING, LIBRARY_OF, SECONDS, WHOLE, Faul
 SURVEY = ('setting "SG_DEFAULTS" "SG_DiaramFile" "{}"\nrun SG_DiagramEditor\ndialog "*"\npress "Control coords"\n'
           'dialog "Control Coordinates"\npress "Trig lists"\nfile "{}"\npress "OK"\npress "Cancel"\nexport "x.json"\n')
 
+TABLE = (LIBRARY_OF.format("ISO Mechspecs.ini") + 'run MechDrawTabBox\ndialog "*"\nmenu "Actions/Import Data"\nfile "{}"\n'
+         'expect no message\npress "Cancel"\nexport "x.json"\n')
+
 # What a program is told to read a file: its name, the file's ending, and its words or a script for it.
 READERS = [
     ("drawing", "drg", lambda path: ("convert", path, "out/x.json"), None),
@@ -28,11 +31,12 @@ READERS = [
     ("symbols of a macro", "drg", None, lambda path: f'macro NEWSYMFL "{path}" "Y" "Y"\nexport "x.json"\n'),
     ("library", "ini", None, lambda path: LIBRARY_OF.format(path) + 'run MechDrawBolts\nexport "x.json"\n'),
     ("survey settings", "ini", None, lambda path: SURVEY.format(path, "none.txt")),
+    ("table", "csv", None, lambda path: TABLE.format(path)),
     ("listing", "txt", None, lambda path: SURVEY.format("job.ini", path)),
 ]
 # The mechanical and survey readers tell of a file by a message of their own, which a script may expect and go on.
 GOES_ON = ("listing",)
-MESSAGES = {"library": 2, "survey settings": 3}
+MESSAGES = {"library": 2, "table": 2, "survey settings": 3}
 
 
 def measured(test, words):

@@ -5,12 +5,16 @@ from fault_program import DATA, DRAWING, LIBRARY_OF, add_bolt
 OLD = b"what was there before\n"
 CONTROL_VISIT = (
     'setting "SG_DEFAULTS" "SG_DiaramFile" "out/job.ini"\nrun SG_DiagramEditor\ndialog "*"\npress "Control coords"\n'
-    'dialog "Control Coordinates"\nset "Control point 1/Name" "Peg"\nset "Control point 1/Y" 12.5\npress "OK"\npress "OK"\n')
+    'dialog "Control Coordinates"\nset "Control point 1/Y" 12.5\npress "OK"\npress "OK"\n')
 
 NEW_WALL = (
     'setting "ArchitecturalTools" "SpecFile" "out/ArchSpecs.ini"\nrun ArchSetWalls\ndialog "Wall Setup"\n'
     'set "External wall width" 115\npress "Add"\ndialog "Ardenix - Add New Item"\nset "Name for new wall" "OWN"\n'
     'press "OK"\npress "OK"\n')
+
+TABLE = LIBRARY_OF.format("ISO Mechspecs.ini") + (
+    'run MechDrawTabBox\ndialog "*"\ncell "Table" 1 "1" "x"\nmenu "Actions/Export Data"\nfile "t.csv"\n'
+    'expect no message\npress "Cancel"\nreply yes\n')
 
 
 class Writer:
@@ -67,6 +71,7 @@ ALL = [
     Writer("library changed in place", "lib.ini", shipped_library, LIBRARY_OF.format("out/lib.ini") + add_bolt("OWN")),
     Writer("library copied at the first change", "own.ini", None, LIBRARY_OF.format("own.ini") + add_bolt("OWN"),
            files=[("own.ini", shipped_library)]),
+    Writer("table", "t.csv", OLD, TABLE),
     Writer("survey settings", "job.ini", settings_file, CONTROL_VISIT),
     Writer("architectural specifications", "ArchSpecs.ini", specification_file, NEW_WALL),
 ]

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "mech/definition_store.h"
+#include "mech/shaft_drawer.h"
 #include "tests/host/drawing/dash_ink.h"
 #include "tests/mech/command_session.h"
 
@@ -62,6 +63,18 @@ std::vector<brevan::Point> endsOf(const Primitive& stroke) {
   return {};
 }
 
+int openEnds(const std::vector<Primitive>& view) {
+  int open = 0;
+  for (size_t i = 0; i < view.size(); ++i) {
+    for (const brevan::Point end : endsOf(view[i])) {
+      bool met = false;
+      for (size_t j = 0; j < view.size() && !met; ++j) { met = j != i && distanceTo(view[j], end) < 1e-6; }
+      open += met ? 0 : 1;
+    }
+  }
+  return open;
+}
+
 class FastenerLibraryTest : public CommandSession, public ::testing::WithParamInterface<ShippedKind> {
  protected:
   FastenerLibraryTest() : path_(useLibrary(read(std::string(SOURCE_ROOT) + "/data/ISO Mechspecs.ini"))) {}
@@ -98,18 +111,6 @@ class FastenerLibraryTest : public CommandSession, public ::testing::WithParamIn
       view.push_back(std::move(stroke));
     }
     return view;
-  }
-
-  static int openEnds(const std::vector<Primitive>& view) {
-    int open = 0;
-    for (size_t i = 0; i < view.size(); ++i) {
-      for (const brevan::Point end : endsOf(view[i])) {
-        bool met = false;
-        for (size_t j = 0; j < view.size() && !met; ++j) { met = j != i && distanceTo(view[j], end) < 1e-6; }
-        open += met ? 0 : 1;
-      }
-    }
-    return open;
   }
 
   // Threads lie inside a shank and outside a bore.
@@ -188,5 +189,44 @@ TEST_P(FastenerLibraryTest, EveryDefinitionIsDrawnWholeSymmetricalAndThreadedInT
 
 INSTANTIATE_TEST_SUITE_P(Shipped, FastenerLibraryTest, ::testing::ValuesIn(kShippedKinds),
                          [](const auto& kind) { return std::string(kind.param.section); });
+
+class ShaftLibraryTest : public CommandSession {};
+
+TEST_F(ShaftLibraryTest, EveryShaftIsSoundAndDrawnClosedAndSymmetrical) {
+  const std::string path = useLibrary(read(std::string(SOURCE_ROOT) + "/data/ISO Mechspecs.ini"));
+  const ardenix::mech::DefinitionStore store(path);
+  std::vector<std::string> names = store.names("SHAFTS");
+  ASSERT_EQ(names.front(), "EMPTY SHAFT");
+  names.erase(names.begin());
+  ASSERT_GE(names.size(), 15U);
+  std::string script;
+  for (size_t i = 0; i < names.size(); ++i) {
+    const std::string point = "point " + std::to_string(kApart * static_cast<double>(i)) + " 0\n";
+    script += "run MechDrawShafts\ndialog \"Mechanical Ardenix - Shafts\"\npick \"Definition\" \"" + names[i] +
+              "\"\npress \"OK\"\n" + point + point + "space\n";
+  }
+  play(script);
+  EXPECT_TRUE(log_.of("message").empty());
+  size_t drawn = 0;
+  drawing().forEachGroup([&](const brevan::Group& group) {
+    SCOPED_TRACE(names.at(drawn));
+    const auto sections = ardenix::mech::readShaft(store.file(), names.at(drawn));
+    brevan::Box outline;
+    std::vector<Primitive> view;
+    for (const auto id : drawing().membersOf(group.id)) {
+      if (drawing().find(id)->pen == kAxisPen) { continue; }
+      view.push_back(*drawing().find(id));
+      outline.add(drawing().bounds(view.back()));
+    }
+    double diameter = 0.0;
+    for (const auto& section : sections) { diameter = std::max(diameter, section.diameter); }
+    EXPECT_EQ(openEnds(view), 0);
+    EXPECT_NEAR(outline.width(), ardenix::mech::Shaft{.sections = sections}.length(), 1e-9);
+    EXPECT_NEAR(outline.height(), diameter, 1e-9);
+    EXPECT_TRUE(same(outline.centre(), {kApart * static_cast<double>(drawn) + outline.width() / 2.0, 0.0}));
+    ++drawn;
+  });
+  EXPECT_EQ(drawn, names.size());
+}
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "host/window/dialog_session.h"
 #include "host/window/host.h"
 #include "host/window/silent_user.h"
+#include "tests/host/drawing/survey_parameters.h"
 #include "tests/mech/command_session.h"
 
 // What holds for the plan of every township; tests/cases/general_plans has what a plan holds.
@@ -64,11 +65,7 @@ class GeneralPlanLaws : public CommandSession {
            Point{u * std::cos(angle_) - v * std::sin(angle_), u * std::sin(angle_) + v * std::cos(angle_)};
   }
   void testStep(const std::string&) override {
-    brevan::Parameters parameters;
-    parameters.setUnit(1000.0);
-    parameters.setScale(500.0);
-    parameters.setCoordinateSystem(0);
-    parameters.setOrientation(orientation_);
+    brevan::Parameters parameters = brevan::surveyParameters(500.0, 1000.0, orientation_);
     parameters.setAreaUnit(8);
     drawing().setParameters(parameters);
     for (const auto& [from, to] : lines_) { drawing().add({.geometry = brevan::Line{from, to}}); }
@@ -192,9 +189,7 @@ TEST_F(StoppedPlan, KeepsTheDimensionsThatAreDrawnInOneStepOfUndo) {
   brevan::Host host(brevan::HostParts{user, files(), settings(), nullptr, ""});
   host.loadModule(ARDENIX_MODULE);
   brevan::Drawing& drawing = host.window().drawing();
-  brevan::Parameters parameters;
-  parameters.setCoordinateSystem(0);
-  drawing.setParameters(parameters);
+  drawing.setParameters(brevan::surveyParameters(1.0, 1.0, 0));
   const int numbers = drawing.addLayer({"STAND_NO"});
   constexpr int kAlong = 15;
   for (int n = 0; n <= kAlong; ++n) {

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <chrono>
+#include <thread>
+
 #include "frame/host/core_services.h"
 #include "frame/host/ini.h"
 #include "host/core/core_context.h"
@@ -52,6 +55,16 @@ TEST_F(FileServicesTest, namesMatchWithEitherSeparatorAndAnyCase) {
   const std::string accented = folder_.write("base/T\xC3\xBCr.drg", "z");
   EXPECT_EQ(files.resolveForReading("T\xC3\x9CR.DRG"), accented);
   EXPECT_EQ(files.resolveForReading("windows\\new.drg"), folder_.path("base/Windows/new.drg"));
+}
+
+TEST_F(FileServicesTest, aFolderThatIsKnownIsReadAgainOnceItChanges) {
+  folder_.write("base/One.drg", "x");
+  std::this_thread::sleep_for(std::chrono::milliseconds(1100));  // until its names are kept
+  FileServices files = freely();
+  EXPECT_EQ(files.resolveForReading("ONE.DRG"), folder_.path("base/One.drg"));
+  std::filesystem::rename(folder_.path("base/One.drg"), folder_.path("base/Two.drg"));
+  EXPECT_EQ(files.resolveForReading("TWO.DRG"), folder_.path("base/Two.drg"));
+  EXPECT_EQ(files.resolveForReading("ONE.DRG"), folder_.path("base/ONE.DRG"));
 }
 
 TEST_F(FileServicesTest, pathsWithoutRootAreLookedForBesideAndThenInTheData) {

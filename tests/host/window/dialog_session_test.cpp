@@ -262,6 +262,24 @@ TEST_F(DialogUse, GridCellsAreTypedAndCountedFromOne) {
   EXPECT_NE(why(session_->editCell(walls, 2, "Name", "x")), "") << "the click took the row away";
 }
 
+TEST_F(DialogUse, ARowIsMadeSureOfByItsCells) {
+  const int walls = at("Walls");
+  auto& grid = every_.dialog.state<dialog::Grid>(walls);
+  EXPECT_EQ(why(session_->ensureRow(walls, 2, {"Width", "2.2", "Shown", "1"})), "");
+  EXPECT_EQ(grid.rows[1][1].text, "2.2");
+  takeLog();
+  EXPECT_EQ(why(session_->ensureRow(walls, 2, {"Width", "2.2"})), "");
+  EXPECT_EQ(takeLog(), Log()) << "what holds already is no edit";
+  EXPECT_EQ(why(session_->ensureRow(walls, 2, {"Width", "0.4"})), "\"Width\" takes 0.5 to 9.5, got \"0.4\"");
+  EXPECT_EQ(why(session_->ensureRow(walls, 2, {"Width", "2.25"})), "\"Width\" in row 2 does not take \"2.25\"");
+  EXPECT_NE(why(session_->ensureRow(walls, 2, {"Width"})), "");
+  EXPECT_NE(why(session_->ensureRowCount(walls, 3)), "") << "it has as many as its rules give it";
+  grid.onRowCount = [&grid](int rows) { grid.rows.resize(static_cast<size_t>(rows)); };
+  EXPECT_EQ(why(session_->ensureRowCount(walls, 3)), "");
+  EXPECT_NE(why(session_->ensureRowCount(walls, -1)), "");
+  EXPECT_EQ(grid.rows.size(), 3U);
+}
+
 TEST_F(DialogUse, ColumnsAndRowsOfOneTextAreToldApart) {
   auto& walls = every_.dialog.state<dialog::Grid>(every_.grid);
   walls.columns[0].name = "Left";

@@ -1,6 +1,7 @@
 #include "host/files/dxf/read/text.h"
 
 #include <charconv>
+#include <optional>
 
 #include "frame/host/number_text.h"
 #include "host/core/text_encoding.h"
@@ -57,6 +58,19 @@ class TextReading {
   // Parts what follows from the word before it.
   void blankBetween() {
     if (!out_.empty() && !out_.ends_with(' ') && !out_.ends_with("\\N")) { out_ += ' '; }
+  }
+
+  [[nodiscard]] size_t length() const { return out_.size(); }
+  // What stands above the line, or below it, with nothing on the other side of the stroke: no fraction. Squares and
+  // cubes have characters of their own.
+  void unstack(size_t begin, size_t stroke) {
+    const bool raised = stroke + 1 == out_.size();
+    if (!raised && stroke != begin) { return; }
+    out_.erase(stroke, 1);
+    if (!raised || out_.find_first_not_of("123", begin) != std::string::npos) { return; }
+    const std::string digits = out_.substr(begin);
+    out_.erase(begin > 0 && out_[begin - 1] == ' ' ? begin - 1 : begin);
+    for (const char digit : digits) { character(digit == '1' ? 0xB9U : 0xB0U + static_cast<unsigned>(digit - '0')); }
   }
 
   // "\U+20AC"
@@ -149,10 +163,13 @@ bool isPlain(std::string_view bytes, DxfEncoding encoding) {
 // A fraction that stands one above the other.
 void takeStack(TextReading& reading) {
   reading.blankBetween();
+  const size_t begin = reading.length();
+  std::optional<size_t> stroke;
   while (!reading.atEnd() && reading.peek() != ';') {
     const char character = reading.peek();
     if (character == '^' || character == '#') {
       reading.skip(1);
+      stroke = reading.length();
       reading.character('/');
       if (reading.peek() == ' ') { reading.skip(1); }
     } else if (character == '\\' && reading.peek(1) != '\0') {
@@ -162,6 +179,7 @@ void takeStack(TextReading& reading) {
       reading.plain();
     }
   }
+  if (stroke) { reading.unstack(begin, *stroke); }
   reading.skip(1);
   const char next = lowered(reading.peek());
   const bool wordFollows = (next >= '0' && next <= '9') || (next >= 'a' && next <= 'z');

@@ -82,8 +82,6 @@ void DxfEntityWriter::setStyle(const Primitive& primitive, int pen) {
     if (inSymbol) { style.integer(62, 0); }  // by block: the pen of the symbol where it is placed
   } else {
     style.integer(62, colourIndex(pen));
-    const bool trueColour = model_.version() != DxfVersion::kR2000 && !hasOwnIndex(pen);
-    if (trueColour) { style.integer(420, penColour(pen, Ground::kPaper)); }
   }
   style.integer(370, dxfLineweight(primitive.width));
   style_ = style.take();

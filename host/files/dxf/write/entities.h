@@ -40,7 +40,7 @@ class DxfEntityWriter {
   DxfEntityWriter(DxfModel& model, DxfTags& tags, const DxfSpace& space);
 
   DxfEntities write(const Primitive& primitive);
-  // Of a dimension of the drawing, counted in drawing order.
+  // Writes a dimension, which has its number in the order of the drawing.
   DxfEntities writeDimension(const Primitive& primitive, size_t number);
   // In the first pen: a full circle as it is, any other loop as one closed polyline.
   void writeLoop(const Loop& loop);

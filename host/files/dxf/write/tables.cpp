@@ -228,8 +228,6 @@ void writeLayers(DxfTags& tags, DxfModel& model) {
     if (layer == nullptr) { continue; }
     table.record(model.nextHandle(), "AcDbLayerTableRecord", model.layerName(index), layer->locked ? kLocked : 0);
     tags.integer(62, layer->visible ? colourIndex(layer->pen) : -colourIndex(layer->pen));
-    const bool trueColour = model.version() != DxfVersion::kR2000 && !hasOwnIndex(layer->pen);
-    if (trueColour) { tags.integer(420, penColour(layer->pen, Ground::kPaper)); }
     tags.text(6, model.lineTypeName(layer->linetype));
     tags.integer(370, dxfLineweight(layer->width));
     tags.handle(390, kPlotStylePlaceholder);
