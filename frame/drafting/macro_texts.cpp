@@ -159,6 +159,12 @@ std::string uprightDimension(Point line, Point first, Point second) {
                 second.y);
 }
 
+std::string hatch(std::string_view pattern, double scale, std::span<const Point> corners) {
+  std::string macro = format("#HATCH \"P\" \"%s\" %.3f 0", pattern, scale);
+  for (const Point corner : corners) { macro += format(" [%.3f,%.3f]", corner.x, corner.y); }
+  return macro + " [#]";
+}
+
 std::string addSymbol(std::string_view name, Point at) {
   return format("#ADDSYM %s [%.3f,%.3f] 1 0", name, at.x, at.y);
 }

@@ -226,8 +226,12 @@ std::string lockOntoLine(Point at);
 // The same with three decimals.
 std::string lockOntoPickedLine(Point at);
 
+// Fills the area of these corners with one of the host's patterns.
+std::string hatch(std::string_view pattern, double scale, std::span<const Point> corners);
+
 // Tells of the boundary found last: its area in A1, in units of area in A9, and a point inside in X3 and Y3.
 inline constexpr std::string_view kQueryBoundary = "#QRYAREAPERIM A1 A9 X3 Y3";
+
 // Draws the smallest closed boundary round a point as lines; three decimals.
 std::string drawBoundary(Point inside);
 

@@ -25,6 +25,9 @@ void mirror(DrawingWindow& window);
 void group(DrawingWindow& window);
 void ungroup(DrawingWindow& window);
 
+// hatch_tool.cpp
+void hatch(DrawingWindow& window);
+
 // trim_tool.cpp
 void trim(DrawingWindow& window);
 

@@ -26,7 +26,8 @@ SELDOM = [
     ("MTEXT", (*TEXT, (1, "\\LA\\l \\W0.5;B^JC^ID\\~E")), ["A B\\NC D E"], ""),
     ("MTEXT", (*TEXT, (1, "\\S1^ 2; \\S3#4; \\S\\/5/6;")), ["1/2 3/4 /5/6"], ""),
     ("TEXT", (*TEXT, (1, "\\U+4E2D")), ["?"], "1 character that Windows-1252 lacks, shown as the nearest or \"?\""),
-    ("HATCH", ((8, "0"), (0, "HATCH"), (8, "0")), [], "2 HATCH"),
+    ("HATCH", ((8, "0"), (0, "HATCH"), (8, "0")), [], "2 HATCH without a closed outline"),
+    ("HATCH", ((8, "0"), (91, 99), (92, 2), (93, 2000000000), (10, 0), (20, 0), (78, 5)), [], "1 HATCH without"),
     ("POINT", ((8, "0"), (10, 1), (20, 2)), [], "1 POINT"),
     ("LINE", ((8, "0"), (10, 1), (20, 2), (11, 3), (21, 4), (60, 1)), [], "1 LINE that is invisible"),
     ("LINE", ((8, "0"), (10, 1), (20, 2), (11, 3), (21, 4), (67, 1)), [], "1 LINE on a layout"),
@@ -91,6 +92,28 @@ class Import(unittest.TestCase):
             self.assertFalse(layers["Wände"]["visible"])
             self.assertTrue(layers["Fixed"]["locked"])
             self.assertEqual(self.report, "")
+
+    def test_hatches_keep_outlines_and_lines(self):
+        for _, document, space in self.each_version(VERSIONS[1:]):
+            document.header["$INSUNITS"] = 4
+            hatch = space.add_hatch()
+            hatch.set_pattern_fill("ANSI32", color=2, scale=0.5, angle=30)
+            hatch.paths.add_polyline_path([(0, 0), (100, 0, 0.5), (100, 50), (0, 50)], is_closed=True)
+            edges = hatch.paths.add_edge_path()
+            edges.add_arc((30, 25), 10, 0, 360)
+            edges = hatch.paths.add_edge_path()
+            edges.add_line((60, 20), (80, 20))
+            edges.add_arc((80, 25), 5, 270, 450)
+            edges.add_line((80, 30), (60, 30))
+            edges.add_arc((60, 25), 5, 90, 270)
+            space.add_hatch(color=1).paths.add_polyline_path([(0, 60), (9, 60), (9, 70)], is_closed=True)
+            lines, solid = self.convert(document)["primitives"]
+            self.assertEqual((lines["pattern"], lines["pen"], solid["pattern"], self.report), ("ANSI32", 7, "SOLID", ""))
+            outer, circle, slot = lines["outlines"].split(";")
+            self.assertEqual(outer, "0 0 0 100 0 0.5 100 50 0 0 50 0")
+            self.assertEqual((len(circle.split()), len(slot.split())), (6, 18))
+            angle, *_, across = (float(number) for number in lines["lines"].split(";")[0].split())
+            self.near((angle, across * lines["scale"]), 75, hatch.pattern.lines[0].offset.magnitude)
 
     def test_polylines_with_bulges_become_lines_and_arcs(self):
         points = [(0, 0, 0), (10, 0, 1), (10, 4, 0), (0, 4, 1)]

@@ -32,8 +32,9 @@ struct DxfTextFrame;
 //
 // Arcs run counter-clockwise, so a clockwise one is written from its end. An arrow is a LINE and a SOLID.
 // A text of one line is a TEXT whose baseline is where it is shown, one of several an MTEXT. A symbol is
-// an INSERT of its block, mirrored by a negative scale. A dimension is a DIMENSION with its picture block. Dashed lines
-// and arcs stretch the pattern of their line type, so that it comes to lie as on paper where readers lay it.
+// an INSERT of its block, mirrored by a negative scale. A hatch is a HATCH whose pattern stands in it. A dimension is a
+// DIMENSION with its picture block. Dashed lines and arcs stretch the pattern of their line type, so that it comes to
+// lie as on paper where readers lay it.
 class DxfEntityWriter {
  public:
   DxfEntityWriter(DxfModel& model, DxfTags& tags, const DxfSpace& space);
@@ -60,6 +61,9 @@ class DxfEntityWriter {
   void arrow(const Primitive& primitive, const Arrow& arrow);
   void solid(const std::array<Point, 3>& corners);
   void symbol(const Symbol& symbol);
+  void hatch(const Hatch& hatch);
+  void hatchPath(const HatchLoop& loop);
+  void hatchLines(const Hatch& hatch, const HatchLines& lines);
   [[nodiscard]] Point placed(Point p) const { return space_.turned ? Point{-p.x, -p.y} : p; }
 
   DxfModel& model_;
