@@ -29,6 +29,7 @@ PROGRAMS = (
     Program("quotas_against_python.py", rounds=1, needs=("brevan-batch",)),
     Program("labelled_holes_bench"),
     Program("desktop_view_bench", rounds=2),
+    Program("preview_bench"),
     Program("startup_against_qt.py", rounds=1, needs=("brevan-batch", "empty_qt")),
     Program("startup_of_desktop.py", rounds=1, needs=("brevan",)),
     Program("parts_against_ezdxf.py", rounds=1, needs=("brevan-batch",)),
@@ -121,6 +122,9 @@ FIGURES = (
         ("panStep", None, "desktop: pan a step, all of the strip", "lines", {"seconds": 0.15}),
         ("dragFrame", None, "desktop: a frame while dragging", "lines", {"seconds": 1 / 30}),
         ("longestDragFrame", None, "desktop: the longest frame while dragging", "lines", {})),
+    *_figures("preview_bench", (
+        "gearPreview", None, "desktop: a key in the dialog of gears, to its preview", "teeth",
+        {"seconds": 0.1, "growth": 1.1})),
     *_figures("startup_against_qt.py", (
         "firstDrawing", "empty Qt program", "batch tool: start to first drawing", "bolt", {"over": 0.025})),
     *_figures(
