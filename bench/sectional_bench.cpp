@@ -77,7 +77,8 @@ void adjustQuotas(benchmark::State& state) {
   for (auto _ : state) {
     best.measure([&] {
       SectionList adjusted = list;
-      for (const Section& section : adjustedByLargestRemainder(list)->adjusted) { adjusted.replace(section); }
+      const auto adjustment = adjustedByLargestRemainder(list);
+      for (const Section& section : adjustment->adjusted) { adjusted.replace(section); }
       return sectionRows(adjusted, PartView::kCollapsed, Quotas(adjusted.sections())).size();
     });
   }
