@@ -39,6 +39,13 @@ void SectionDialog::describeStyles(int group) {
                                .toolTip = "Each section bears the letter after that of the one before",
                                .group = label,
                                .place = {.row = 1}});
+  const int finish = dialog_.addGroup({.caption = "Finish", .parent = group, .place = {.row = 5, .columnSpan = 2}});
+  for (const SectionOption& row : sectionOptions()) {
+    options_.push_back(addCheck(dialog_, {.caption = std::string(row.caption),
+                                          .toolTip = std::string(row.toolTip),
+                                          .group = finish,
+                                          .place = {.row = static_cast<int>(options_.size())}}));
+  }
 }
 
 bool SectionDialog::run() { return services_.mainFrame->RunDialog(dialog_, services_.mainFrame); }
@@ -51,6 +58,7 @@ void SectionDialog::open() {
   layers_.show();
   label_.setText(settings.label);
   counts_.setChecked(settings.countsLabels);
+  for (size_t i = 0; i < options_.size(); ++i) { options_[i].setChecked(settings.*sectionOptions()[i].member); }
 }
 
 std::string SectionDialog::label() const {
@@ -96,6 +104,7 @@ bool SectionDialog::confirm() {
   settings.horizontalLayer = layers[1];
   settings.label = label();
   settings.countsLabels = counts_.checked();
+  for (size_t i = 0; i < options_.size(); ++i) { settings.*sectionOptions()[i].member = options_[i].checked(); }
   saveSectionSettings(store_, settings);
   return true;
 }

@@ -35,6 +35,7 @@ class SectionDialog {
   LayerFields layers_;
   dialog::TextHandle label_;
   dialog::CheckHandle counts_;
+  std::vector<dialog::CheckHandle> options_;  // one for each of sectionOptions()
 };
 
 }  // namespace ardenix::arch

@@ -146,13 +146,18 @@ std::optional<SectionLine> SectionDrawer::askLine() {
   return line;
 }
 
+// The section line is shown meanwhile.
 std::optional<Point> SectionDrawer::askArrowSide(const SectionLine& line) {
-  return askUntil(view_, kArrowPrompt, [&](Point at) -> std::optional<Point> {
+  const PlanLine shown = drawnLine(line, external_.widths[kExtWallWidth]);
+  view_.gsDisplayLine(shown.a.x, shown.a.y, shown.b.x, shown.b.y, settings.line.pen);
+  const auto side = askUntil(view_, kArrowPrompt, [&](Point at) -> std::optional<Point> {
     const Point way = at - footOfPerpendicular(at, line.close, line.far);
     if (length(way) > kTouching) { return unit(way); }
     tellMiss(view_, "This point lies on the section line");
     return std::nullopt;
   });
+  view_.gsRefresh();
+  return side;
 }
 
 // ---- Drawing ------------------------------------------------------------------------------------------------
@@ -198,6 +203,18 @@ std::array<SectionOpening, 2> SectionDrawer::openingsAcross(const SectionLine& l
   return {openingAt(line.close - out), openingAt(line.far + out)};
 }
 
+SectionSheet SectionDrawer::sheetOf(const SectionLine& line, Point at) {
+  return {.view = view_,
+          .settings = settings,
+          .external = external_,
+          .internal = internal_,
+          .eavesHeight = store_.readDouble(kElevationSection, "EavesHeight", 2600.0),
+          .headHeight = headHeight(store_),
+          .line = line,
+          .at = at,
+          .openings = openingsAcross(line)};
+}
+
 bool SectionDrawer::drawRound() {
   if (!hasWallTypes()) { return false; }
   const auto position = askPoint(view_, kPositionPrompt);
@@ -207,24 +224,12 @@ bool SectionDrawer::drawRound() {
   if (!line) { return false; }
   const std::string& layer = line->isVertical() ? settings.verticalLayer : settings.horizontalLayer;
   if (!mayDrawOn(view_, layer)) { return false; }
-  const PlanLine shown = drawnLine(*line, external_.widths[kExtWallWidth]);
-  view_.gsDisplayLine(shown.a.x, shown.a.y, shown.b.x, shown.b.y, settings.line.pen);
   const auto arrowWay = askArrowSide(*line);
-  view_.gsRefresh();
   if (!arrowWay) { return false; }
-  const std::array<SectionOpening, 2> openings = openingsAcross(*line);
+  const SectionSheet sheet = sheetOf(*line, *position);
   const int planLayer = view_.gsGetCurrentLayer();
   ArchPart part(view_, {settings.parentName, line->isVertical() ? "VT" : "HZ", layer});
   drawLine(*line, *arrowWay, planLayer);
-  const SectionSheet sheet{.view = view_,
-                           .settings = settings,
-                           .external = external_,
-                           .internal = internal_,
-                           .eavesHeight = store_.readDouble(kElevationSection, "EavesHeight", 2600.0),
-                           .headHeight = headHeight(store_),
-                           .line = *line,
-                           .at = *position,
-                           .openings = openings};
   drawSection(sheet);
   drawSectionRoof(sheet, {.pitch = store_.readDouble("ROOFS", "RoofPitch", 26.0), .overhang = eavesOverhang(store_)});
   if (settings.countsLabels) { saveLabel(store_, nextLabel(settings.label)); }

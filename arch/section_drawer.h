@@ -28,6 +28,8 @@ struct SectionLine {
 // An opening that the section cuts through an external wall.
 enum class SectionOpening { kNone, kWindow, kDoor };
 
+struct SectionSheet;
+
 // Draws cross sections, one a round: the section line on plan, and the section with its roof.
 class SectionDrawer {
  public:
@@ -53,6 +55,7 @@ class SectionDrawer {
   void drawLine(const SectionLine& line, Point arrowWay, int layer);
   SectionOpening openingAt(Point wall);
   std::array<SectionOpening, 2> openingsAcross(const SectionLine& line);
+  SectionSheet sheetOf(const SectionLine& line, Point at);
 
   ArchSpecStore& store_;
   CCadWindow& view_;

@@ -24,6 +24,12 @@ struct SectionSheet {
   // How far from the close wall's inside face, and how far above the tops of the walls.
   [[nodiscard]] Point place(double along, double up) const { return at + towardsFar() * along + Point{0.0, up}; }
   [[nodiscard]] DraftingPen pen() const { return {view, settings.section}; }
+  // Of what the section cuts, heavier where the settings say so.
+  [[nodiscard]] DraftingPen cutPen() const {
+    LineStyle style = settings.section;
+    style.width = settings.cutWidth * 10.0;
+    return {view, style};
+  }
 };
 
 void drawSection(const SectionSheet& sheet);

@@ -78,7 +78,7 @@ class SectionRoof {
     if (!isSound(truss.fault())) { return false; }
     CCadWindow& view = sheet_.view;
     view.gsExecuteMacro(macroText::kPlainClearSelection);
-    view.gsExecuteMacro(macroText::kPlainSelectNew);
+    view.gsExecuteMacro(macroText::kSelectNewPlain);
     view.gsExecuteMacro(macroText::kTrussGroup);
     for (const Stroke& stroke : truss.strokes()) {
       const Point from{plate, 0.0};
@@ -86,7 +86,7 @@ class SectionRoof {
     }
     view.gsExecuteMacro(macroText::mirrorKeeping(place({plate + truss.middle(), 0.0})));
     view.gsExecuteMacro(macroText::kPlainClearSelection);
-    view.gsExecuteMacro(macroText::kPlainSelectNewEnd);
+    view.gsExecuteMacro(macroText::kSelectNewPlainEnd);
     return true;
   }
 

@@ -35,11 +35,24 @@ constexpr SectionNumber kNumbers[] = {
      &SectionSettings::arrowLength},
     {"ArrowWid", "Arrow head width", "The width of the arrows' heads in millimetres on paper",
      &SectionSettings::arrowWidth},
+    {"CutWidth", "Width of cut lines",
+     "The width of lines round what is cut, in millimetres on paper; 0 as thin as the others",
+     &SectionSettings::cutWidth, true},
+    {"HatchScale", "Hatch scale", "How much wider than usual the patterns of materials are",
+     &SectionSettings::hatchScale},
+};
+
+constexpr SectionOption kOptions[] = {
+    {"HatchCut", "Hatch what is cut", "Masonry, concrete, hardcore and ground are shown by their patterns",
+     &SectionSettings::hatches},
+    {"Heights", "Dimension the heights",
+     "Footing, floor, sill, head and wall plate are dimensioned beside the far wall", &SectionSettings::measures},
 };
 
 }  // namespace
 
 std::span<const SectionNumber> sectionNumbers() { return kNumbers; }
+std::span<const SectionOption> sectionOptions() { return kOptions; }
 
 ArrowHead SectionSettings::arrowHead() const {
   return {.length = arrowLength * kTenths, .width = arrowWidth * kTenths, .style3 = line.pen};
@@ -58,6 +71,7 @@ SectionSettings readSectionSettings(const ArchSpecStore& store) {
   for (const SectionNumber& row : kNumbers) {
     settings.*row.member = store.readDouble(kCrossSections, row.key, settings.*row.member);
   }
+  for (const SectionOption& row : kOptions) { settings.*row.member = store.readInt(kCrossSections, row.key, 0) != 0; }
   settings.section = {.pen = whole("Pen"), .linetype = whole("Linetyp")};
   settings.line = {.pen = whole("LnPen"), .linetype = whole("XSectLn")};
   settings.parentName = text("ParentName", "");
@@ -74,6 +88,7 @@ void saveSectionSettings(ArchSpecStore& store, const SectionSettings& settings) 
     store.writeString(kCrossSections, key, value);
   };
   for (const SectionNumber& row : kNumbers) { store.writeDouble(kCrossSections, row.key, settings.*row.member); }
+  for (const SectionOption& row : kOptions) { whole(row.key, settings.*row.member ? 1 : 0); }
   text("ParentName", settings.parentName);
   whole("Pen", settings.section.pen);
   whole("Linetyp", settings.section.linetype);

@@ -39,6 +39,10 @@ struct SectionSettings {
   double textHeight = 5.0;
   double arrowLength = 3.0;
   double arrowWidth = 1.5;
+  double cutWidth = 0.0;    // of lines round what is cut, millimetres on paper
+  double hatchScale = 1.0;  // of the patterns of materials
+  bool hatches = false;     // what is cut
+  bool measures = false;    // the heights
 
   [[nodiscard]] ArrowHead arrowHead() const;
   [[nodiscard]] TextStyle text(int pen, int justification) const;
@@ -54,6 +58,15 @@ struct SectionNumber {
 };
 // In the order of the dialog.
 std::span<const SectionNumber> sectionNumbers();
+
+// An option of the settings, off where its key is missing.
+struct SectionOption {
+  std::string_view key;
+  std::string_view caption;
+  std::string_view toolTip;
+  bool SectionSettings::*member;
+};
+std::span<const SectionOption> sectionOptions();
 
 SectionSettings readSectionSettings(const ArchSpecStore& store);
 void saveSectionSettings(ArchSpecStore& store, const SectionSettings& settings);

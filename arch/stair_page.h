@@ -50,7 +50,7 @@ class StairPage {
   void open(int number) { chooser_.open(number); }
   [[nodiscard]] int number() const { return chooser_.number(); }  // 0: none
 
-  // What is shown.
+  // The record as the page shows it.
   [[nodiscard]] Record record() const { return named(shown_.name); }
   void set(const Record& record) {
     for (size_t i = 0; i < fields_.size(); ++i) { setField(i, record); }

@@ -91,8 +91,6 @@ struct StairRule {
   StairFault fault;
 };
 
-bool isWhole(double value) { return value == std::floor(value); }
-
 template <class Record>
 bool isPositive(const Record& record, const StairField<Record>& field) {
   if (const auto* real = std::get_if<double Record::*>(&field.member)) { return record.*(*real) > 0.0; }
@@ -103,11 +101,9 @@ bool isPositive(const Record& record, const StairField<Record>& field) {
 constexpr StairRule kStairRules[] = {
     {[](const Stair& stair) { return stair.treads.foot >= stair.treads.nosing; },
      {"Foot length", "The foot length may not be shorter than the nosing width!"}},
-    {[](const Stair& stair) { return isWhole(stair.railing.balusterWidth); },
-     {"Balluster width", "The balluster width must be a whole number!"}},
 };
 
-// Of a stair with a railing.
+// These hold for a stair that has a railing.
 constexpr StairRule kRailingRules[] = {
     {[](const Stair& stair) { return 2.0 * (stair.railing.newelWidth + stair.railing.railWidth) < stair.treads.width; },
      {"Tread width", "The tread width must be larger than the newels and rails of both sides!"}},

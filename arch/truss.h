@@ -24,9 +24,9 @@ struct FacingTruss {
 
   [[nodiscard]] double middle() const { return span / 2.0; }
   [[nodiscard]] double apex() const { return slope * middle(); }
-  // Of the rafter's depth where it is cut upright.
+  // How deep the rafter is where it is cut upright.
   [[nodiscard]] double uprightDepth() const;
-  // Of side trusses beside it.
+  // How high side trusses beside it stand.
   [[nodiscard]] double height() const { return uprightDepth() + apex(); }
   // Why there is no such truss; "" where there is one.
   [[nodiscard]] std::string fault() const;

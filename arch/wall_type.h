@@ -31,7 +31,7 @@ struct WallType {
   std::array<LayerStyle, kWallRows> rows;
   std::array<double, kWallWidths> widths = {};
 
-  // Of an external wall, from its outer to its inside face.
+  // An external wall's, from its outer to its inside face.
   [[nodiscard]] double thickness() const {
     return widths[kExtWallWidth] + widths[kCavityWidth] + widths[kIntWallWidth];
   }

@@ -116,6 +116,9 @@ std::string commandDescription(const std::string& command, const Places& places)
   Host host(HostParts{user, files, settings, nullptr, places.helpFile});
   host.loadModule(places.module);
   addFirstSettings(host.module()->commands(), settings);
+  Parameters survey;  // what survey commands need, and others do not mind
+  survey.setCoordinateSystem(0);
+  host.window().drawing().setParameters(survey);
   host.runCommand(command);
   return user.text().empty() ? command + " has no dialog\n" : user.text();
 }

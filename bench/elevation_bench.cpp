@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "bench/confirming_user.h"
 #include "bench/report.h"
+#include "bench/yes_user.h"
 #include "host/window/host.h"
 
 namespace {
@@ -14,7 +14,7 @@ using namespace brevan;
 
 constexpr double kSpacing = 2000.0;
 
-class Architect : public bench::ConfirmingUser {
+class Architect : public bench::YesUser {
  public:
   std::vector<PointAnswer> answers;
 

@@ -42,7 +42,9 @@ void fill(Drawing& drawing, int count) {
   constexpr int kApart = 30;
   constexpr int kAcross = 200;
   for (int place = 0; place < count / 10; ++place) {
-    const Point at{static_cast<double>(place % kAcross * kApart), static_cast<double>(place / kAcross * kApart)};
+    const int column = place % kAcross;
+    const int row = place / kAcross;
+    const Point at{1.0 * column * kApart, 1.0 * row * kApart};
     for (int line = 0; line < 8; ++line) { drawing.add({.geometry = Line{at, at + Point{20.0, 2.0 * line}}}); }
     const Point right = at + Point{3, 0};
     drawing.add({.geometry = Arc{right, at, right}});

@@ -68,7 +68,7 @@ def welds(count):
 # What is drawn, at which sizes, the first of them alone for a quick run, and as many of what is measured beside it.
 PARTS = (("bolts", bolts, (2500, 5000, 10000), None), ("flanges", flanges, (1000, 2000), None),
          ("gears", gears, (250, 500, 1000), None), ("sheetOfWelds", welds, (1000,), None),
-         ("welds", welds, (1000, 10000), single_bolts), ("shafts", shafts, (1000, 5000), bolts))
+         ("welds", welds, (1000, 10000), single_bolts), ("shafts", shafts, (2500, 5000), bolts))
 
 
 def play(batch, folder, script, ending):

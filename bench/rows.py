@@ -35,6 +35,15 @@ def lacking(what):
     raise SystemExit(0)
 
 
+def megabytes(command):
+    """The memory that a program takes at the most. A small one starts it: a child counts what its parent held."""
+    starter = ("import resource, subprocess, sys\n"
+               "subprocess.run(sys.argv[1:], check=True, capture_output=True)\n"
+               "print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)")
+    done = subprocess.run([sys.executable, "-c", starter, *command], check=True, capture_output=True, text=True)
+    return int(done.stdout) / 1024
+
+
 def seconds(command, **options):
     start = time.perf_counter()
     subprocess.run(command, check=True, capture_output=True, **options)

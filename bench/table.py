@@ -5,6 +5,7 @@ import statistics
 
 SIZE = "size"
 OURS = "ours"
+MEMORY = "megabytes"
 PEER = "peer "
 
 
@@ -29,8 +30,10 @@ def medians(runs):
                 "seconds": statistics.median(row[key] for row in rows),
                 "ratio": statistics.median(row[OURS] / row[key] for row in rows),
             }
-        result.setdefault(name, []).append(
-            {SIZE: size, OURS: statistics.median(row[OURS] for row in rows), "peers": peers})
+        figures = {SIZE: size, OURS: statistics.median(row[OURS] for row in rows), "peers": peers}
+        if MEMORY in rows[0]:
+            figures[MEMORY] = max(row[MEMORY] for row in rows)
+        result.setdefault(name, []).append(figures)
     for rows in result.values():
         rows.sort(key=lambda row: row[SIZE])
     return result
@@ -68,6 +71,9 @@ def asked(figure, rows):
     if figure.over is not None:
         above = max(row[OURS] - row["peers"][figure.peer]["seconds"] for row in rows)
         yield f"peer + {duration(figure.over)}", above <= figure.over
+    if figure.megabytes is not None:
+        most = max(row[MEMORY] for row in rows)
+        yield f"≤ {figure.megabytes:g} MB ({most:.0f} MB)", most <= figure.megabytes
     if figure.growth is not None and power is not None:
         yield f"growth ≤ {figure.growth:g}", power <= figure.growth
 

@@ -154,6 +154,10 @@ Label=A
 TxtHt=5.000
 ArrowLen=3.000
 ArrowWid=1.500
+CutWidth=0.500
+HatchScale=0.500
+HatchCut=1
+Heights=0
 """
 
 

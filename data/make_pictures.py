@@ -8,67 +8,12 @@ import math
 import sys
 from pathlib import Path
 
-DATA = Path(__file__).resolve().parent
-FOLDER = DATA / "pictures"
+from annotation_pictures import annotation_pictures
+from picture_strokes import (
+    ARROW, BODY, CENTRE, COS30, MATERIAL, OUTLINE, TAN30, THREAD, bow_to, circle, cross, line, number, pair, path,
+    polygon, regular, thread_arc)
 
-OUTLINE = 'stroke="#3f7fbf" stroke-width="1.6"'
-BODY = 'fill="#3f7fbf" fill-opacity="0.16"'
-THREAD = 'stroke="#3f7fbf" stroke-width="0.8"'
-CENTRE = 'stroke="#c26a2b" stroke-width="0.7" stroke-dasharray="7 1.6 1.2 1.6"'
-ARROW = 'stroke="#c26a2b" stroke-width="1.4"'
-MATERIAL = 'stroke="#7a7f87" stroke-width="0.9"'
-
-TAN30 = math.tan(math.radians(30))
-COS30 = math.cos(math.radians(30))
-
-
-def number(value):
-    text = f"{value:.2f}".rstrip("0").rstrip(".")
-    return "0" if text == "-0" else text
-
-
-def pair(point):
-    return f"{number(point[0])} {number(point[1])}"
-
-
-def path(ink, *commands, fill='fill="none"'):
-    return f'<path {fill} {ink} d="{" ".join(commands)}"/>'
-
-
-def polygon(ink, points, closed=True, fill='fill="none"'):
-    start, *rest = points
-    return path(ink, f"M{pair(start)}", *(f"L{pair(point)}" for point in rest), *(["Z"] if closed else []), fill=fill)
-
-
-def line(ink, start, end):
-    return polygon(ink, (start, end), closed=False)
-
-
-def circle(ink, centre, radius, fill='fill="none"'):
-    return f'<circle {fill} {ink} cx="{number(centre[0])}" cy="{number(centre[1])}" r="{number(radius)}"/>'
-
-
-def bow_to(start, end, rise):
-    """An arc over the middle of a level chord, `rise` above it; below it where that is negative."""
-    half = abs(end[0] - start[0]) / 2
-    radius = (half * half + rise * rise) / (2 * abs(rise))
-    over = (end[0] > start[0]) == (rise > 0)
-    return f"A{number(radius)} {number(radius)} 0 {int(abs(rise) > half)} {int(over)} {pair(end)}"
-
-
-def thread_arc(centre, radius):
-    at = [(centre[0] + radius * math.cos(math.radians(a)), centre[1] - radius * math.sin(math.radians(a))) for a in (70, 20)]
-    return path(THREAD, f"M{pair(at[0])}", f"A{number(radius)} {number(radius)} 0 1 0 {pair(at[1])}")
-
-
-def cross(centre, reach):
-    return [line(CENTRE, (centre[0] - reach, centre[1]), (centre[0] + reach, centre[1])),
-            line(CENTRE, (centre[0], centre[1] - reach), (centre[0], centre[1] + reach))]
-
-
-def regular(centre, corner, start=0):
-    angles = (math.radians(start + 60 * i) for i in range(6))
-    return [(centre[0] + corner * math.cos(a), centre[1] - corner * math.sin(a)) for a in angles]
+FOLDER = Path(__file__).resolve().parent / "pictures"
 
 
 # ---- Nuts ------------------------------------------------------------------------------------------------------------
@@ -338,104 +283,6 @@ def wall_direction(clockwise):
     faces = [polygon(OUTLINE, ((x, y), (100 - x, y), (100 - x, 60 - y), (x, 60 - y)), fill=fill)
              for x, y, fill in ((20, 5, BODY), (28, 13, 'fill="none"'))]
     return faces + [polygon(ARROW, way, closed=False), polygon(ARROW, (barbs[0], way[-1], barbs[1]), closed=False)]
-
-
-# ---- Annotations -----------------------------------------------------------------------------------------------------
-
-def symbol_lines(name):
-    """The statements of each symbol of a symbol file, those that are upturned left out."""
-    symbols, lines = {}, []
-    for text in (DATA / "symbols" / f"{name}.sym").read_text(encoding="ascii").splitlines():
-        words = text.partition("#")[0].split()
-        if words[:1] == ["symbol"]:
-            lines = symbols[words[1]] = []
-        elif words and words[0] in ("line", "closed", "circle", "arc"):
-            lines.append((words[0], [float(word) for word in words[1:]]))
-    return symbols
-
-
-def symbol_strokes(lines, at, size):
-    """A symbol with its origin at a point of the picture, `size` to a millimetre."""
-    def on(x, y):
-        return at[0] + size * x, at[1] - size * y
-
-    strokes = []
-    for word, figures in lines:
-        if word in ("line", "closed"):
-            points = [on(*figures[i:i + 2]) for i in range(0, len(figures), 2)]
-            strokes.append(polygon(OUTLINE, points, closed=word == "closed", fill=BODY if word == "closed" else 'fill="none"'))
-        elif word == "circle":
-            strokes.append(circle(OUTLINE, on(*figures[:2]), size * figures[2]))
-        else:
-            x, y, radius, start, end = figures
-            ends = [on(x + radius * math.cos(math.radians(a)), y + radius * math.sin(math.radians(a))) for a in (start, end)]
-            large = int((end - start) % 360 > 180)
-            strokes.append(path(OUTLINE, f"M{pair(ends[0])}", f"A{number(size * radius)} {number(size * radius)} 0 {large} 0 {pair(ends[1])}"))
-    return strokes
-
-
-CONTOURS = ("FLUSH", "CONVEX", "CONCAVE")
-
-
-def turned_over(word, figures):
-    """A statement of a symbol mirrored in the reference line."""
-    if word in ("line", "closed"):
-        return word, [-figure if i % 2 else figure for i, figure in enumerate(figures)]
-    if word == "circle":
-        return word, [figures[0], -figures[1], figures[2]]
-    x, y, radius, start, end = figures
-    return word, [x, -y, radius, -end, -start]
-
-
-def weld(name, lines, above):
-    """On the reference line, on the other side of the joint above it and on the arrow side below it."""
-    level = 57 if above else 3
-    turned = above != (name in CONTOURS)
-    strokes = [turned_over(*statement) for statement in lines] if turned else lines
-    return [line(MATERIAL, (20, level), (80, level)), *symbol_strokes(strokes, (50, level), 11)]
-
-
-def cell(lines):
-    """A symbol of a cell of 10 mm that fills the picture's height."""
-    return symbol_strokes(lines, (22, 58), 5.6)
-
-
-def finish_scope(general):
-    """A small mark with the circle of all around, or with one in brackets behind it."""
-    tip, unit = (24 if general else 38, 48), 3
-    corner = (tip[0] + 8.484 * unit, tip[1] - 12 * unit)
-    strokes = [polygon(OUTLINE, ((tip[0] - 2.828 * unit, tip[1] - 4 * unit), tip, corner), closed=False)]
-    if not general:
-        return [*strokes, line(OUTLINE, corner, (corner[0] + 24, corner[1])), circle(OUTLINE, corner, 1.6 * unit)]
-    strokes += [path(OUTLINE, f"M{number(x)} 9", f"A30 30 0 0 {sweep} {number(x)} 51") for x, sweep in ((52, 0), (91, 1))]
-    return [*strokes, polygon(OUTLINE, ((56, 36), (64, 48), (89.5, 12)), closed=False)]
-
-
-def finish(removal):
-    tip, unit = (42, 57), 4.5
-    short, long_end = (tip[0] - 2.828 * unit, tip[1] - 4 * unit), (tip[0] + 8.484 * unit, tip[1] - 12 * unit)
-    strokes = [polygon(OUTLINE, (short, tip, long_end), closed=False)]
-    if removal == "machined":
-        strokes.append(line(OUTLINE, short, (tip[0] + 2.828 * unit, short[1])))
-    if removal == "unmachined":
-        strokes.append(circle(OUTLINE, (tip[0], tip[1] - 3.2 * unit), 1.84 * unit))
-    return strokes
-
-
-def annotation_pictures():
-    for name, lines in symbol_lines("MechWelds").items():
-        if name not in ("SITE", "ALL_ROUND"):
-            yield f"weld_{name.lower()}", weld(name, lines, above=False)
-            yield f"weld_{name.lower()}_above", weld(name, lines, above=True)
-    for name, lines in symbol_lines("MechSurfaceFinish").items():
-        yield name.lower().replace("sf_", "lay_"), cell(lines)
-    for name, lines in symbol_lines("MechTolerances").items():
-        if not name.startswith("TS__") and name not in ("TS_DATUM", "TS_CENTRELINE", "TS_PROJECTED"):
-            yield name.lower().replace("ts_", "tolerance_"), cell(lines)
-    for removal in ("any", "machined", "unmachined"):
-        yield f"finish_{removal}", finish(removal)
-    for scope in ("all_around", "general"):
-        yield f"finish_{scope}", finish_scope(scope == "general")
 
 
 # ---- The files -------------------------------------------------------------------------------------------------------

@@ -112,9 +112,19 @@ void DialogWindow::refuse(const QString& what) {
   message_->show();
 }
 
+namespace {
+
+bool pressesOk(Dialog& description, const DialogOperation& operation) {
+  if (operation.verb != Verb::kPress || operation.control < 0) { return false; }
+  const auto* button = std::get_if<Button>(&description.controls()[static_cast<size_t>(operation.control)].state);
+  return button != nullptr && button->role == ButtonRole::kOk;
+}
+
+}  // namespace
+
 void DialogWindow::operate(const DialogOperation& operation) {
   const qsizetype place = recorder_.lines().size();
-  const QStringList values = operation.verb == Verb::kPress ? Recorder::values(description_) : QStringList();
+  const QStringList values = pressesOk(description_, operation) ? Recorder::values(description_) : QStringList();
   recorder_.operated(description_, operation);
   ++operating_;
   rulesMovedFocus_ = false;

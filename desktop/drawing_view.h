@@ -45,7 +45,7 @@ class DrawingView : public QWidget {
   void setTakesTab(bool takes) { takesTab_ = takes; }
   // Lets the user draw the window that a zoom shall show.
   void beginZoomWindow();
-  // Of tests and measurements: paints all of the picture now.
+  // Paints all of the picture now, for tests and measurements.
   void finishPainting();
   [[nodiscard]] Point toDrawing(QPointF device) const;
   [[nodiscard]] QPointF toDevice(Point p) const;

@@ -14,7 +14,7 @@ namespace brevan {
 
 namespace {
 
-// Of all symbols that are shown where they would come; more would let the mouse wait.
+// So many parts of symbols are shown where they would come; more would let the mouse wait.
 constexpr size_t kMostSymbolParts = 5000;
 
 QRectF rectOf(const Box& box, const Transform& transform) {
@@ -57,7 +57,7 @@ void DrawingView::paintSheet(QPainter& painter) {
 }
 
 void DrawingView::paintGrid(QPainter& painter) {
-  // Of 1, 2 or 5 times a power of ten units: the least that stands 24 pixels apart.
+  // The lines stand 1, 2 or 5 times a power of ten units apart, the least of these that is 24 pixels or more.
   constexpr double kLeastPixels = 24.0;
   double step = std::pow(10.0, std::floor(std::log10(kLeastPixels / placing_.pixelsAUnit)));
   for (const double factor : {2.0, 2.5, 2.0}) {

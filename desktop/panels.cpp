@@ -12,14 +12,14 @@ namespace {
 enum Column { kName, kVisible, kLocked, kColumns };
 // A tree of more entries helps nobody, and takes long to make.
 constexpr size_t kMostGroups = 20'000;
-// Of more changes the panel is built anew.
+// After more changes than these the panel is built anew.
 constexpr size_t kFewChanges = 1000;
 enum Role { kGroup = Qt::UserRole, kCategory };
 
 // What groups are sorted by within their category.
 std::pair<QString, GroupId> keyOf(const QTreeWidgetItem& item) { return {item.text(0), item.data(0, kGroup).toInt()}; }
 
-// Of the first child that does not come before.
+// The place of the first child that does not come before the key.
 int placeIn(const QTreeWidgetItem& category, const std::pair<QString, GroupId>& key) {
   int low = 0;
   int high = category.childCount();

@@ -29,7 +29,7 @@ class PromptBar : public QWidget {
   // What is pressed on an empty line instead of giving a point: a letter in capitals, or "Tab".
   void allowKeys(const QStringList& keys) { keys_ = keys; }
   void showPrompt(const QString& text) { prompt_->setText(text); }
-  // Of relative input: "@5,0" and "@5<30" count from here.
+  // Relative input, "@5,0" and "@5<30", counts from here.
   void setOrigin(Point origin) { origin_ = origin; }
   // A key pressed in the drawing goes on here.
   void takeKey(QKeyEvent* event);

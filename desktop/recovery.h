@@ -31,7 +31,7 @@ class Recovery {
   [[nodiscard]] bool keeps(const std::string& name) const;
   // What is saved or given up needs no keeping.
   void drop(const std::string& name);
-  // Of sessions that ended without dropping them.
+  // The files of sessions that ended without dropping them.
   [[nodiscard]] std::vector<Kept> left() const;
   // Such a file's drawing, with the points given last and the way through them on a layer of their own. Throws
   // HostFailure.

@@ -14,7 +14,7 @@ class SessionLock {
   SessionLock(const SessionLock&) = delete;
   SessionLock& operator=(const SessionLock&) = delete;
 
-  // Of letters and digits.
+  // The session's name, which is made of letters and digits.
   [[nodiscard]] const std::string& session() const { return session_; }
 
   // Whether a session of this name lives. One whose file is missing, or lies where nothing can be locked, does not.

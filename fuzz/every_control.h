@@ -118,6 +118,7 @@ class EveryControl {
     walls.onCellRightClick = note("cell rightclick");
     walls.onCellSelect = note("cell select");
     walls.onCellClick = note("cell click");
+    walls.onInsertRow = [this](int row) { log.push_back("insert row " + std::to_string(row)); };
     dialog.onCancel = [this] {
       log.emplace_back("cancel");
       return name.text() != "KEPT";

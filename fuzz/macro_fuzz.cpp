@@ -13,7 +13,8 @@
 #include "host/window/host.h"
 
 // Each line is a macro command for a small drawing. A command that fails must leave the drawing byte for byte, and
-// undoing everything must bring the first drawing back; any line must survive its own quoting.
+// undoing everything must bring the first drawing back and doing it again the last one; any line must survive its own
+// quoting.
 namespace {
 
 using fuzzing::require;
@@ -76,7 +77,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     execute(host, command);
   }
   host.window().setUndoBracket(false);
+  const std::string drawn = drawingJson(host.window().drawing());
   while (host.window().drawing().undo()) {}
   require(drawingJson(host.window().drawing()) == empty);
+  while (host.window().drawing().redo()) {}
+  require(drawingJson(host.window().drawing()) == drawn);
   return 0;
 }

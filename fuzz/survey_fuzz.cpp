@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -9,10 +10,12 @@
 #include "fuzz/laws.h"
 #include "survey/control_listings.h"
 #include "survey/control_point.h"
+#include "survey/sectional/section_file.h"
 #include "survey/text_row.h"
 
-// The input is read as a listing of control points in every form, and each of its lines as a row of a settings file.
-// What a listing gives has a name and coordinates; a text keeps its commas; a control point reads back as written.
+// The input is read as a listing of control points in every form, and each of its lines as a row of a settings file and
+// as a section. What a listing gives has a name and coordinates; a text keeps its commas; a control point reads back as
+// written.
 namespace {
 
 using ardenix::commasHidden;
@@ -40,6 +43,13 @@ void checkPoints(const std::vector<ListedPoint>& points) {
   }
 }
 
+void checkSection(const std::string& line) {
+  const auto section = sectionOfLine(line);
+  if (!section) { return; }
+  require(section->number != 0 && section->building >= 0 && section->area >= 1);
+  require(section->unit.size() <= static_cast<size_t>(kLongestUnit) && std::isfinite(section->fixedQuota));
+}
+
 void checkRow(const std::string& line) {
   const TextRow row = textRowOf(line);
   require(!row.font.empty());
@@ -57,6 +67,9 @@ void checkRow(const std::string& line) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::vector<std::string> lines = linesOf({reinterpret_cast<const char*>(data), size});
   for (const auto read : {beaconsOfListing, marksOfListing, beaconsOfTable, marksOfTable}) { checkPoints(read(lines)); }
-  for (const std::string& line : lines) { checkRow(line); }
+  for (const std::string& line : lines) {
+    checkRow(line);
+    checkSection(line);
+  }
   return 0;
 }

@@ -8,7 +8,7 @@
 
 namespace ardenix::mech {
 
-// Of the configuration file.
+// The section of the configuration file that holds these keys.
 inline constexpr std::string_view kAnnotationSection = "Setup";
 
 // What the section "Setup" holds of a kind of annotation, under keys that begin with its word: the symbol file, the

@@ -54,7 +54,9 @@ std::optional<Point> askFor(CCadWindow& view, std::string_view what, size_t numb
 }  // namespace
 
 void placeBalloons(CCadWindow& view, const std::vector<BalloonRow>& rows) {
-  for (size_t number = 1; number <= rows.size() && view.gsEscapePressed() == 0; ++number) {
+  const bool escapedBefore = view.gsEscapePressed() != 0;
+  for (size_t number = 1; number <= rows.size(); ++number) {
+    if (!escapedBefore && view.gsEscapePressed() != 0) { return; }
     BalloonRow row = rows[number - 1];
     if (row.outline.empty()) {
       const auto part = askFor(view, "Click on a part for", number, row.part);

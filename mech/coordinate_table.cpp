@@ -49,7 +49,7 @@ class PointSnap {
   CCadWindow& view_;
 };
 
-// Of the circle or arc nearest to a point.
+// The diameter of the circle or arc nearest to a point.
 double diameterAt(CCadWindow& view, Point at) {
   if (view.gsNearestPrim(kArcPrimitive, at.x, at.y) == 0) { return 0.0; }
   Point start;

@@ -34,7 +34,7 @@ double threadGap(const DefinitionStore& store);
 // The style that drawings use: pen 1, line type 1, width 0 where keys are missing.
 LineStyle lineStyle(const DefinitionStore& store, LineKind kind);
 
-// What a part is drawn with.
+// The line styles that a part is drawn with.
 struct LineStyles {
   LineStyle solid;
   LineStyle hidden;

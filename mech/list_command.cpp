@@ -106,7 +106,7 @@ bool ListCommand::confirm() {
 void ListCommand::save() {
   std::string path;
   if (coreChooseFile(&dialog_, false, kTextFilesFilter, "txt", "*.txt", path) == 0) { return; }
-  writeLines(path, fileLines(), &dialog_);
+  writeLines(path, fileLines(), view_, &dialog_);
 }
 
 void ListCommand::place() {

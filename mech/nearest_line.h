@@ -14,8 +14,8 @@ struct LineFoot {
   Point foot;
 };
 
-// Of the line nearest to the point; nothing where none is near. A line without a length has its foot in the origin,
-// where the host's search for crossings answers when it finds none.
+// The foot on the line nearest to the point; nothing where none is near. A line without a length has its foot in the
+// origin, where the host's search for crossings answers when it finds none.
 std::optional<LineFoot> footOnNearestLine(CCadWindow& view, Point point);
 
 }  // namespace ardenix::mech

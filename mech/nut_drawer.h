@@ -60,7 +60,7 @@ class NutDrawer : public FastenerOf<NutRecord> {
   void drawFlatBody(const DraftingPen& pen, Point base) const;
   void cutSlots(const DraftingPen& pen, Point base) const;
   void cutSlot(const DraftingPen& pen, Point base, double width) const;
-  // Of the plan.
+  // Cuts the slots out of the plan.
   void drawSlotsOfPlan(const DraftingPen& pen) const;
 
   NutDimensions dimensions_;

@@ -37,7 +37,7 @@ class PlacedDrawer : public PartDrawer {
   void drawHidden(bool hidden) { hidden_ = hidden; }
   // What the dialog offers to draw besides, in its order.
   void drawExtras(std::vector<bool> extras) { extras_ = std::move(extras); }
-  // Of the definition; what it is before is the empty name.
+  // The definition's name, which is empty until it is set.
   void setName(std::string name) { name_ = std::move(name); }
 
   // Draws parts until the user ends a prompt or presses Escape. Nothing is asked where the current layer takes none.

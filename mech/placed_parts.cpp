@@ -1,6 +1,7 @@
 #include "mech/placed_parts.h"
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <optional>
 #include <string_view>
@@ -47,6 +48,7 @@ struct DrawnGroup {
   std::string name;
   PartShape shape;
   std::vector<Point> outline;
+  [[nodiscard]] bool fromAbove() const;
 };
 
 // A point of the current line or arc, for a leader to end on.
@@ -96,6 +98,8 @@ std::string_view withoutNumber(std::string_view name) {
   return name.substr(0, name.find_last_not_of("0123456789") + 1);
 }
 
+bool DrawnGroup::fromAbove() const { return kind->haveCopies() && withoutNumber(name).ends_with(kind->plan); }
+
 // Whether two names differ in their number only, which nothing cut.
 bool sameSeries(std::string_view name, std::string_view other) {
   return name.size() < kGroupNameLimit && other.size() < kGroupNameLimit && withoutNumber(name) == withoutNumber(other);
@@ -123,8 +127,9 @@ class DrawnLibrary {
   DrawnLibrary(CCadWindow& view, const DefinitionStore& store, CMDIFrameWnd& mainFrame)
       : view_(view), store_(store), mainFrame_(mainFrame), axis_(axisStyle(store)) {}
 
-  // The definition of which a group shows a view; nothing where none fits.
-  std::optional<std::string> definitionOf(const DrawnGroup& group) {
+  // The definitions of which a group can show a view: several where they differ in what is not seen from above, and
+  // none where none fits.
+  std::vector<std::string> definitionsOf(const DrawnGroup& group) {
     return group.kind->bearDefinition() ? byName(group) : byShape(group);
   }
 
@@ -133,29 +138,36 @@ class DrawnLibrary {
     std::string name;
     PartShape shape;
   };
-  std::optional<std::string> byName(const DrawnGroup& group) {
+  std::vector<std::string> byName(const DrawnGroup& group) {
     const auto [names, added] = names_.try_emplace(group.kind->section);
     if (added) { names->second = store_.names(group.kind->section); }
     for (const std::string& name : names->second) {
       const auto fits = [&](std::string_view ending) {
         return !ending.empty() && numbersUnder(group.name, name + std::string(ending));
       };
-      if (fits(group.kind->side) || fits(group.kind->plan)) { return name; }
+      if (fits(group.kind->side) || fits(group.kind->plan)) { return {name}; }
     }
-    return std::nullopt;
+    return {};
   }
-  // Of several that have the strokes the one that has the fewest others; all that look like it.
-  std::optional<std::string> byShape(const DrawnGroup& group) {
-    const std::vector<Drawn>& all = library(*group.kind);
-    const Drawn* best = nullptr;
-    for (const Drawn& definition : all) {
+  // Those that have the strokes; of a view that shows all of a part those that have the fewest others. What is of one
+  // shape has its names together.
+  std::vector<std::string> byShape(const DrawnGroup& group) {
+    std::vector<Drawn> fitting;
+    int fewest = std::numeric_limits<int>::max();
+    for (const Drawn& definition : library(*group.kind)) {
       if (!group.shape.isPartOf(definition.shape)) { continue; }
-      if (best == nullptr || definition.shape.strokes() < best->shape.strokes()) { best = &definition; }
+      fewest = std::min(fewest, definition.shape.strokes());
+      const auto same = std::ranges::find(fitting, definition.shape, &Drawn::shape);
+      if (same == fitting.end()) {
+        fitting.push_back(definition);
+      } else {
+        same->name = both(same->name, definition.name);
+      }
     }
-    if (best == nullptr) { return std::nullopt; }
-    std::string names;
-    for (const Drawn& definition : all) {
-      if (definition.shape == best->shape) { names = names.empty() ? definition.name : both(names, definition.name); }
+    std::vector<std::string> names;
+    for (Drawn& one : fitting) {
+      const bool likely = group.fromAbove() || (one.shape.strokes() == fewest && names.empty());
+      if (likely) { names.push_back(std::move(one.name)); }
     }
     return names;
   }
@@ -222,26 +234,41 @@ std::string describe(const DefinitionStore& store, const PartGroups& kind, std::
 struct Counted {
   const PartGroups* kind;
   std::string name;
+  std::string description;
   std::optional<PartShape> shape;
   std::vector<Point> outline;
   int fromSide = 0;
   int fromAbove = 0;
 };
 
+// What names begin with: M24x... for all lengths of M24.
+std::string commonBeginning(const std::vector<std::string>& names) {
+  std::string_view common = names.front();
+  for (const std::string& name : names) {
+    const auto alike = std::ranges::mismatch(common, name).in1 - common.begin();
+    common = common.substr(0, static_cast<size_t>(alike));
+  }
+  return std::string(common) + "...";
+}
+
 class PartCount {
  public:
   PartCount(CCadWindow& view, const DefinitionStore& store, CMDIFrameWnd& mainFrame)
-      : library_(view, store, mainFrame) {}
+      : store_(store), library_(view, store, mainFrame) {}
 
   void add(DrawnGroup group) {
     const int copies = group.kind->haveCopies() ? group.shape.copies() : 1;
     group.shape = group.shape.oneOf(copies);
-    Counted& counted = placeOf(group);
-    const std::string_view stem = withoutNumber(group.name);
-    const bool above = group.kind->haveCopies() && stem.ends_with(group.kind->plan);
-    (above ? counted.fromAbove : counted.fromSide) += copies;
+    std::vector<std::string> names = definitionsOf(group);
+    if (names.size() > 1) {
+      unsure_.push_back({std::move(group), std::move(names), copies});
+    } else {
+      count(group, names.empty() ? ofShape(group) : ofDefinition(group, names.front()), copies);
+    }
   }
+  // Views from above that fit several definitions show the one that is drawn from the side, too.
   [[nodiscard]] std::vector<Counted> sorted() {
+    for (const Unsure& one : unsure_) { count(one.group, ofOneAmong(one), one.copies); }
     std::ranges::stable_sort(counted_, [](const Counted& a, const Counted& b) {
       return a.kind != b.kind ? a.kind < b.kind : comesBefore(a.name, b.name);
     });
@@ -249,31 +276,59 @@ class PartCount {
   }
 
  private:
-  Counted& placeOf(const DrawnGroup& group) {
-    const auto definition = definitionOf(group);
-    const auto same = [&](const Counted& other) {
-      return other.kind == group.kind && (definition ? other.name == *definition : other.shape == group.shape);
-    };
-    const auto found = std::ranges::find_if(counted_, same);
+  struct Unsure {
+    DrawnGroup group;
+    std::vector<std::string> names;
+    int copies;
+  };
+
+  static void count(const DrawnGroup& group, Counted& counted, int copies) {
+    (group.fromAbove() ? counted.fromAbove : counted.fromSide) += copies;
+  }
+  Counted& ofDefinition(const DrawnGroup& group, const std::string& name) {
+    return ofDefinition(group, name, describe(store_, *group.kind, name));
+  }
+  Counted& ofDefinition(const DrawnGroup& group, const std::string& name, std::string description) {
+    const auto found = std::ranges::find_if(
+        counted_, [&](const Counted& other) { return other.kind == group.kind && other.name == name; });
     if (found != counted_.end()) { return *found; }
-    if (definition) { return counted_.emplace_back(Counted{group.kind, *definition, std::nullopt, group.outline}); }
-    return counted_.emplace_back(Counted{group.kind, group.name, group.shape, group.outline});
+    return counted_.emplace_back(Counted{group.kind, name, std::move(description), std::nullopt, group.outline});
+  }
+  Counted& ofShape(const DrawnGroup& group) {
+    const auto found = std::ranges::find_if(
+        counted_, [&](const Counted& other) { return other.kind == group.kind && other.shape == group.shape; });
+    if (found != counted_.end()) { return *found; }
+    return counted_.emplace_back(
+        Counted{group.kind, group.name, std::string(group.kind->noun), group.shape, group.outline});
+  }
+  Counted& ofOneAmong(const Unsure& one) {
+    const auto drawn = std::ranges::find_if(counted_, [&](const Counted& other) {
+      return other.kind == one.group.kind && std::ranges::find(one.names, other.name) != one.names.end();
+    });
+    if (drawn != counted_.end()) { return *drawn; }
+    const auto description = [&](const std::string& name) { return describe(store_, *one.group.kind, name); };
+    const std::string first = description(one.names.front());
+    const bool all =
+        std::ranges::all_of(one.names, [&](const std::string& name) { return description(name) == first; });
+    return ofDefinition(one.group, commonBeginning(one.names), all ? first : std::string(one.group.kind->noun));
   }
   // Groups of one name, but for their number, or of one shape are asked for once.
-  std::optional<std::string> definitionOf(const DrawnGroup& group) {
+  std::vector<std::string> definitionsOf(const DrawnGroup& group) {
     const auto alike = [&](const DrawnGroup& other) {
       if (other.kind != group.kind) { return false; }
       return group.kind->bearDefinition() ? other.name == group.name || sameSeries(other.name, group.name)
-                                          : other.shape == group.shape;
+                                          : other.shape == group.shape && other.fromAbove() == group.fromAbove();
     };
     const auto known = std::ranges::find_if(known_, [&](const auto& one) { return alike(one.first); });
     if (known != known_.end()) { return known->second; }
-    return known_.emplace_back(group, library_.definitionOf(group)).second;
+    return known_.emplace_back(group, library_.definitionsOf(group)).second;
   }
 
+  const DefinitionStore& store_;
   DrawnLibrary library_;
-  std::vector<std::pair<DrawnGroup, std::optional<std::string>>> known_;
+  std::vector<std::pair<DrawnGroup, std::vector<std::string>>> known_;
   std::vector<Counted> counted_;
+  std::vector<Unsure> unsure_;
 };
 
 }  // namespace
@@ -283,8 +338,8 @@ std::vector<PlacedPart> placedParts(CCadWindow& view, const DefinitionStore& sto
   for (DrawnGroup& group : drawnGroups(view, axisStyle(store))) { count.add(std::move(group)); }
   std::vector<PlacedPart> parts;
   for (const Counted& counted : count.sorted()) {
-    parts.push_back({counted.name, describe(store, *counted.kind, counted.name),
-                     std::max(counted.fromSide, counted.fromAbove), counted.outline});
+    parts.push_back(
+        {counted.name, counted.description, std::max(counted.fromSide, counted.fromAbove), counted.outline});
   }
   return parts;
 }

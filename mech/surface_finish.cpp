@@ -24,7 +24,7 @@ constexpr Point kNotePlace{12.0, 16.0};
 constexpr Point kAllowancePlace{-4.0, 0.0};
 constexpr double kAllAroundRadius = 1.2;
 
-// Of the brackets that say "in general", round a plain mark: the bracket's height and how far it bulges, and the places
+// The brackets that say "in general", round a plain mark: the bracket's height and how far it bulges, and the places
 // of its left end, of that mark's tip and of its right end, counted from where they begin.
 constexpr double kBracketFoot = -1.0;
 constexpr double kBracketTop = 13.0;

@@ -66,7 +66,7 @@ size_t countOutsideQuotes(std::string_view line, char separator) {
 
 std::string unableToOpen(const std::string& path) { return numberText::format("Unable to open CSV file %s", path); }
 
-// What reading may throw is for the caller.
+// The caller tells of what reading may throw.
 std::optional<std::vector<std::string>> linesOf(const std::string& path) {
   const int file = coreFileOpen(path, "r");
   if (file == 0) { return std::nullopt; }
@@ -138,7 +138,7 @@ std::optional<std::vector<TableRow>> readTable(const std::string& path, size_t l
   return rows;
 }
 
-bool writeLines(const std::string& path, std::span<const std::string> lines, CWnd* owner) {
+bool writeLines(const std::string& path, std::span<const std::string> lines, CCadWindow& view, CWnd* owner) {
   try {
     const int file = coreFileOpen(path, "w");
     bool whole = file != 0;
@@ -147,7 +147,7 @@ bool writeLines(const std::string& path, std::span<const std::string> lines, CWn
       coreFileClose(file);
       return true;
     }
-  } catch (const HostFailure&) {}
+  } catch (const HostFailure& failure) { view.gsSetStatus(failure.what()); }
   ErrorMessage(numberText::format("Unable to create CSV file %s", path), owner);
   return false;
 }

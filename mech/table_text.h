@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "frame/host/window.h"
+#include "frame/host/cad_window.h"
 
 // Tables as text files: a line for each row, fields between commas. A field that would be read back otherwise stands in
 // quotes, with the quotes in it doubled.
@@ -26,7 +26,7 @@ char separatorOf(std::string_view firstLine);
 
 // Reads a table; where that fails, says so and gives nothing. A line of more characters than `longestLine` is refused.
 std::optional<std::vector<TableRow>> readTable(const std::string& path, size_t longestLine, CWnd* owner);
-// Writes the file whole or says that it could not.
-bool writeLines(const std::string& path, std::span<const std::string> lines, CWnd* owner);
+// Writes the file whole or says that it could not, and in the status line why.
+bool writeLines(const std::string& path, std::span<const std::string> lines, CCadWindow& view, CWnd* owner);
 
 }  // namespace ardenix::mech

@@ -28,7 +28,7 @@ struct DatumPlace {
   bool onOwn = false;  // on a short level line of its own, from which a leader goes to the surface
 };
 
-// Of the short line, in units to either side.
+// How far the short line reaches to either side, in units.
 constexpr double kOwnLine = 4.0;
 
 // Into a line whose outside nobody showed: up, or to the left of a plumb line, is outside.

@@ -223,7 +223,7 @@ void UserTableDialog::clear() {
 
 // ---- Files ----------------------------------------------------------------------------------------------------
 
-// What runs while the user waits.
+// Does some work during which the user waits.
 template <class Work>
 void whileWaiting(CCadWindow& view, std::string_view text, int steps, const Work& work) {
   view.gsCursorWait(1);
@@ -289,7 +289,7 @@ void UserTableDialog::save(const std::string& path) {
   if (std::ranges::any_of(lines, [](const std::string& line) { return line.size() > kLongestLineWritten; })) {
     return ErrorMessage(numberText::format("Output line too long in file %s", path), &dialog_);
   }
-  writeLines(path, lines, &dialog_);
+  writeLines(path, lines, view_, &dialog_);
 }
 
 // ---- The command ----------------------------------------------------------------------------------------------

@@ -5,6 +5,8 @@
 
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "survey/figure.h"
+#include "survey/number_formats.h"
 
 namespace ardenix::survey {
 
@@ -45,7 +47,8 @@ ControlDialog::ControlDialog(std::array<ControlPoint, 2>& points, std::string st
   addButton(dialog_, {.caption = "Tsm lists", .group = lists, .place = {.column = 1}}).onPress([this] {
     readListing(ControlCategory::kTownSurveyMark);
   });
-  addOkCancel(dialog_, 3);
+  join_ = addLabel(dialog_, {.place = {.row = 3, .columnSpan = 2}, .name = "Join"}, "");
+  addOkCancel(dialog_, 4);
   dialog_.onOpen = [this] { open(); };
   dialog_.onOk = [this] { return confirm(); };
 }
@@ -75,6 +78,9 @@ void ControlDialog::addPoint(size_t index) {
   controls.x = number("X", 4);
   controls.category.onEdit([this, index] { categoryChanged(controls_[index]); });
   controls.name.onEdit([this, index] { nameChosen(controls_[index]); });
+  for (const CFloatEdit& edit : {controls.y, controls.x}) {
+    edit.onEdit([this] { showJoin(); });
+  }
 }
 
 bool ControlDialog::run(CWnd* owner) { return services_.mainFrame->RunDialog(dialog_, owner); }
@@ -115,6 +121,21 @@ void ControlDialog::fillNames(const PointControls& controls) {
   controls.name.setItems(store_ ? store_->keys(category) : std::vector<std::string>());
 }
 
+// So that a coordinate that is far out is seen; nothing until both points have a place.
+void ControlDialog::showJoin() {
+  const auto placeOf = [](const PointControls& controls) {
+    return Point{controls.y.GetValue(), controls.x.GetValue()};
+  };
+  const Point from = placeOf(controls_[0]);
+  const Point to = placeOf(controls_[1]);
+  if (isOrigin(from) || isOrigin(to)) { return join_.setText(""); }
+  const NumberStyle style{.thousands = " ", .bearing = std::string(1, kDegreeSign)};
+  const Join join = joinOf(from, to);
+  join_.setText(numberText::format("From point 1 to point 2: %s m, %s",
+                                   std::string_view(formattedNumber(join.distance, style)),
+                                   std::string_view(formattedBearing(join.direction, style).text)));
+}
+
 // A point that the store knows by its key is shown by it, any other as it stands in the settings.
 void ControlDialog::show(const PointControls& controls, const ControlPoint& point) {
   controls.category.select(static_cast<int>(point.category));
@@ -126,6 +147,7 @@ void ControlDialog::show(const PointControls& controls, const ControlPoint& poin
   controls.number.setText(point.number);
   controls.y.SetValue(point.y);
   controls.x.SetValue(point.x);
+  showJoin();
   if (known && !isDamaged(controls)) { nameChosen(controls); }
 }
 
@@ -135,6 +157,7 @@ void ControlDialog::categoryChanged(const PointControls& controls) {
   controls.name.select(0);
   controls.y.SetValue(0.0);
   controls.x.SetValue(0.0);
+  showJoin();
   nameChosen(controls);
   needStore();
 }
@@ -152,6 +175,7 @@ void ControlDialog::nameChosen(const PointControls& controls) {
   controls.number.setText(shown.number);
   controls.y.SetValue(shown.y);
   controls.x.SetValue(shown.x);
+  showJoin();
 }
 
 // ---- The store --------------------------------------------------------------------------------------------------
@@ -223,7 +247,8 @@ bool ControlDialog::confirm() {
   try {
     for (size_t i = 0; i < chosen.size(); ++i) {
       chosen[i] = pointOf(controls_[i]);
-      const bool placed = std::fabs(chosen[i].y * chosen[i].x) > kNowhere;
+      // A point on the central meridian has a Y of 0.
+      const bool placed = std::fabs(chosen[i].y) > kNowhere || std::fabs(chosen[i].x) > kNowhere;
       if (!placed && isDamaged(controls_[i])) {
         tellDamage(controls_[i].name.text());
         controls_[i].y.focus();

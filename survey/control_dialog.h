@@ -40,6 +40,7 @@ class ControlDialog {
   void show(const PointControls& controls, const ControlPoint& point);
   void categoryChanged(const PointControls& controls);
   void nameChosen(const PointControls& controls);
+  void showJoin();
   void tellDamage(const std::string& key);
   [[nodiscard]] bool isDamaged(const PointControls& controls) const;
   void setName(const PointControls& controls, const std::string& text);
@@ -54,6 +55,7 @@ class ControlDialog {
   dialog::Dialog dialog_{"Control Coordinates"};
   dialog::ReadOnlyHandle storeName_;
   std::array<PointControls, 2> controls_;
+  dialog::LabelHandle join_;  // distance and direction between the points
   std::unique_ptr<ControlStore> store_;
 };
 

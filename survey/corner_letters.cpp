@@ -9,54 +9,6 @@ namespace ardenix::survey {
 
 namespace {
 
-// Right and up on paper, in drawing units from the corner.
-struct PaperBox {
-  Point low;
-  Point high;
-};
-
-struct Stroke {
-  Point a;
-  Point b;
-};
-
-bool overlap(const PaperBox& one, const PaperBox& other) {
-  return one.low.x <= other.high.x && other.low.x <= one.high.x && one.low.y <= other.high.y &&
-         other.low.y <= one.high.y;
-}
-
-// Clips the stroke's parameter range to one pair of the box's edges; false where nothing is left.
-bool clip(double from, double way, double low, double high, double& begin, double& end) {
-  if (way == 0.0) { return from >= low && from <= high; }
-  const double first = (low - from) / way;
-  const double second = (high - from) / way;
-  begin = std::max(begin, std::min(first, second));
-  end = std::min(end, std::max(first, second));
-  return begin <= end;
-}
-
-bool crosses(const Stroke& stroke, const PaperBox& box) {
-  double begin = 0.0;
-  double end = 1.0;
-  const Point way = stroke.b - stroke.a;
-  return clip(stroke.a.x, way.x, box.low.x, box.high.x, begin, end) &&
-         clip(stroke.a.y, way.y, box.low.y, box.high.y, begin, end);
-}
-
-double distanceTo(const PaperBox& box, Point p) {
-  const Point nearest{std::clamp(p.x, box.low.x, box.high.x), std::clamp(p.y, box.low.y, box.high.y)};
-  return distance(p, nearest);
-}
-
-// A column of a justification is 0 left, 1 centre, 2 right; a row 0 bottom, 1 middle, 2 top.
-int justificationOf(int column, int row) { return 3 * column + row + 1; }
-
-// Of eight directions: the text lies to the right of a point on its left, and so on.
-int part(double component) {
-  constexpr double kEighth = 0.382683432365;  // sine of an eighth of half a turn
-  return component > kEighth ? 0 : component < -kEighth ? 2 : 1;
-}
-
 class LetterPlacing {
  public:
   LetterPlacing(const SheetWriter& sheet, const Figure& figure, const TextRow& row, double circleRadius)
@@ -81,12 +33,6 @@ class LetterPlacing {
   }
 
  private:
-  struct Candidate {
-    Point anchor;
-    int justification;
-    PaperBox box;
-  };
-
   [[nodiscard]] Point onPaper(Point p) const { return sheet_.axisSign() * p; }
   [[nodiscard]] Point along(size_t corner, bool forwards) const;
   // A middle direction, and how far round it everything is outside, in radians.
@@ -97,14 +43,14 @@ class LetterPlacing {
 
   LetterPlace placeAt(size_t corner);
   [[nodiscard]] Outside outsideAt(size_t corner) const;
-  [[nodiscard]] std::optional<Candidate> search(const Outside& outside, size_t letters, double farthest,
-                                                bool ofEverything) const;
+  [[nodiscard]] std::optional<LeadingText> search(const Outside& outside, size_t letters, double farthest,
+                                                  bool ofEverything) const;
   [[nodiscard]] double nearest() const { return radius_ + 0.5 * millimetre_; }
   void lookRound(size_t corner);
-  [[nodiscard]] std::vector<Stroke> surroundingLines() const;
-  [[nodiscard]] Candidate candidate(double distance, double angle, size_t letters) const;
-  [[nodiscard]] bool clearOfFigure(const Candidate& tried) const;
-  [[nodiscard]] bool clearOfOthers(const Candidate& tried) const;
+  [[nodiscard]] std::vector<PaperStroke> surroundingLines() const;
+  [[nodiscard]] LeadingText candidate(double distance, double angle, size_t letters) const;
+  [[nodiscard]] bool clearOfFigure(const LeadingText& tried) const;
+  [[nodiscard]] bool clearOfOthers(const LeadingText& tried) const;
   [[nodiscard]] bool inside(Point p) const;
   [[nodiscard]] PaperBox fromCorner(PaperBox box) const { return {box.low - corner_, box.high - corner_}; }
 
@@ -118,10 +64,10 @@ class LetterPlacing {
   std::vector<size_t> starts_;    // of each side among them
   std::vector<PaperBox> placed_;  // on paper, from the drawing's origin
 
-  // Of the corner in hand, on paper from it.
+  // The corner in hand; what follows is measured on paper from it.
   Point corner_;
-  std::vector<Stroke> sides_;
-  std::vector<Stroke> lines_;
+  std::vector<PaperStroke> sides_;
+  std::vector<PaperStroke> lines_;
   std::vector<Point> beacons_;
 };
 
@@ -144,7 +90,7 @@ void LetterPlacing::lookRound(size_t corner) {
   sides_.clear();
   beacons_.clear();
   for (size_t n = 0; n < outline_.size(); ++n) {
-    const Stroke side{onPaper(outline_[n]) - corner_, onPaper(outline_[(n + 1) % outline_.size()]) - corner_};
+    const PaperStroke side{onPaper(outline_[n]) - corner_, onPaper(outline_[(n + 1) % outline_.size()]) - corner_};
     if (crosses(side, near)) { sides_.push_back(side); }
   }
   for (const Side& side : figure_) {
@@ -154,12 +100,12 @@ void LetterPlacing::lookRound(size_t corner) {
   lines_ = surroundingLines();
 }
 
-std::vector<Stroke> LetterPlacing::surroundingLines() const {
+std::vector<PaperStroke> LetterPlacing::surroundingLines() const {
   const double reach = 20.0 * millimetre_;
   const Point low = onPaper(corner_) - Point{reach, reach};
   const Point high = onPaper(corner_) + Point{reach, reach};
   CCadWindow& view = sheet_.view();
-  std::vector<Stroke> lines;
+  std::vector<PaperStroke> lines;
   const int scan = view.gsGetListHandle(kLinePrimitive, -1, 0, low.x, low.y, high.x, high.y, 0, 0);
   while (view.gsGetNextPrim(scan) > 0) {
     Point a;
@@ -172,13 +118,8 @@ std::vector<Stroke> LetterPlacing::surroundingLines() const {
 }
 
 // A letter takes no more than the square of its height.
-LetterPlacing::Candidate LetterPlacing::candidate(double distance, double angle, size_t letters) const {
-  const Point anchor = polar(distance, angle);
-  const int column = part(std::cos(angle));
-  const int row = part(std::sin(angle));
-  const Point size{height_ * static_cast<double>(letters), height_};
-  const Point low = anchor - Point{size.x * column / 2.0, size.y * row / 2.0};
-  return {anchor, justificationOf(column, row), {low, low + size}};
+LeadingText LetterPlacing::candidate(double distance, double angle, size_t letters) const {
+  return leadingText(distance, angle, {height_ * static_cast<double>(letters), height_});
 }
 
 bool LetterPlacing::inside(Point p) const {
@@ -191,16 +132,16 @@ bool LetterPlacing::inside(Point p) const {
   return odd;
 }
 
-bool LetterPlacing::clearOfFigure(const Candidate& tried) const {
+bool LetterPlacing::clearOfFigure(const LeadingText& tried) const {
   const double gap = 0.2 * millimetre_;
   const PaperBox box{tried.box.low - Point{gap, gap}, tried.box.high + Point{gap, gap}};
-  return std::ranges::none_of(sides_, [&](const Stroke& side) { return crosses(side, box); }) &&
+  return std::ranges::none_of(sides_, [&](const PaperStroke& side) { return crosses(side, box); }) &&
          std::ranges::none_of(beacons_, [&](Point beacon) { return distanceTo(box, beacon) < radius_; }) &&
          !inside(middle(box.low, box.high));
 }
 
-bool LetterPlacing::clearOfOthers(const Candidate& tried) const {
-  return std::ranges::none_of(lines_, [&](const Stroke& line) { return crosses(line, tried.box); }) &&
+bool LetterPlacing::clearOfOthers(const LeadingText& tried) const {
+  return std::ranges::none_of(lines_, [&](const PaperStroke& line) { return crosses(line, tried.box); }) &&
          std::ranges::none_of(placed_, [&](const PaperBox& box) { return overlap(fromCorner(box), tried.box); });
 }
 
@@ -214,8 +155,8 @@ LetterPlacing::Outside LetterPlacing::outsideAt(size_t corner) const {
 }
 
 // Nearest first, and of one distance what points outwards most.
-std::optional<LetterPlacing::Candidate> LetterPlacing::search(const Outside& outside, size_t letters, double farthest,
-                                                              bool ofEverything) const {
+std::optional<LeadingText> LetterPlacing::search(const Outside& outside, size_t letters, double farthest,
+                                                 bool ofEverything) const {
   constexpr double kTurn = std::numbers::pi / 12.0;
   const double step = 0.5 * millimetre_;
   const int turns = 2 * static_cast<int>(outside.width / 2.0 / kTurn);
@@ -223,7 +164,7 @@ std::optional<LetterPlacing::Candidate> LetterPlacing::search(const Outside& out
     for (int turn = 0; turn <= turns; ++turn) {
       const int steps = (turn + 1) / 2;
       const double aside = kTurn * (turn % 2 == 0 ? steps : -steps);
-      const Candidate tried = candidate(distance, outside.middle + aside, letters);
+      const LeadingText tried = candidate(distance, outside.middle + aside, letters);
       if (clearOfFigure(tried) && (!ofEverything || clearOfOthers(tried))) { return tried; }
     }
   }
@@ -234,11 +175,11 @@ LetterPlace LetterPlacing::placeAt(size_t corner) {
   lookRound(corner);
   const Outside outside = outsideAt(corner);
   const size_t letters = figure_[corner].fromLabel.size();
-  std::optional<Candidate> place = search(outside, letters, 8.0 * millimetre_, true);
+  std::optional<LeadingText> place = search(outside, letters, 8.0 * millimetre_, true);
   if (!place) { place = search(outside, letters, 30.0 * millimetre_, false); }
   if (!place) { place = candidate(nearest(), outside.middle, letters); }
   placed_.push_back({place->box.low + corner_, place->box.high + corner_});
-  return {onPaper(corner_ + place->anchor), place->justification};
+  return {onPaper(corner_ + place->place.at), place->place.justification};
 }
 
 }  // namespace

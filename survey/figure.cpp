@@ -13,6 +13,13 @@ constexpr double kTolerance = 1e-12;
 
 }  // namespace
 
+double distanceToSegment(Point p, Point a, Point b) {
+  const Point way = b - a;
+  const double square = dot(way, way);
+  const double along = square == 0.0 ? 0.0 : std::clamp(dot(p - a, way) / square, 0.0, 1.0);
+  return distance(p, a + way * along);
+}
+
 Join joinOf(Point from, Point to) {
   constexpr double kFullCircle = 2.0 * std::numbers::pi;
   const double across = to.x - from.x;

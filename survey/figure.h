@@ -17,6 +17,8 @@ struct Join {
   double direction = 0.0;
 };
 
+double distanceToSegment(Point p, Point a, Point b);
+
 // Points that differ by no more than 1e-12 in either coordinate are 0 apart in direction 0.
 Join joinOf(Point from, Point to);
 

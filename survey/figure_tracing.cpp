@@ -27,7 +27,7 @@ class Tracing {
   }
 
   std::optional<TracedFigure> run() {
-    view_.gsExecuteMacro(macroText::kSnapNear);
+    if (style_.snaps) { view_.gsExecuteMacro(macroText::kSnapNear); }
     const std::optional<Point> start = pick(style_.firstPrompt);
     if (!start) { return std::nullopt; }
     const Corner first{*start, firstLabel()};
@@ -36,7 +36,11 @@ class Tracing {
       if (!next) { return std::nullopt; }
       if (closes(*next, first.at)) {
         figure_.emplace_back(previous.label, previous.at, first.label, first.at);
+        show(figure_.back());
         return TracedFigure{std::move(figure_), *next - first.at};
+      }
+      if (style_.tellsRepeats && nearlyEqual(*next, previous.at)) {
+        view_.gsSetStatus("This corner is the one before it once more.");
       }
       Corner corner{*next, nextLabel(previous.label)};
       figure_.emplace_back(previous.label, previous.at, corner.label, corner.at);

@@ -24,6 +24,8 @@ struct TracingStyle {
   int pen = 4;                   // of the temporary lines
   double closingDistance = 0.1;  // from the first corner, drawing units
   size_t fewestSides = 0;        // that stand before a point near the first corner closes the figure
+  bool snaps = true;             // to what is near; else as the user has set the cursor
+  bool tellsRepeats = false;     // that a corner is the one before it once more
 };
 
 // Lets the user pick and name the corners of a figure, until the first corner is picked again. Nothing when it was

@@ -25,7 +25,7 @@ struct JobOptions : NumberStyle {
   double polySnipFactor = 0.0;  // above 1
   bool delLines = false;
   int lineType = 0;
-  bool lettersClear = false;  // letters of corners stand outside the figure, clear of its lines
+  bool lettersClear = false;  // letters of corners stand beside them, clear of lines and circles
   bool hectares = false;      // areas from 1 ha in hectares, thousands grouped
   double cornerDiam = 0.0;    // millimetres on paper
   double blockDiam = 0.0;     // millimetres on paper
@@ -37,6 +37,15 @@ struct JobOptions : NumberStyle {
   std::string figureLayer;  // empty: none named
   std::string frameLayer;
   std::string textLayer;
+  double floorPlanWidth = 0.0;  // millimetres on paper that floor plans may take
+  // Of sectional plans: what is drawn and told besides.
+  bool allSheets = false;
+  bool floorAreas = false;
+  bool faintWalls = false;
+  bool floorTotals = false;
+  bool adjustmentRule = false;
+  bool checkOutlines = false;
+  bool exclusiveAreas = false;
 };
 
 using OptionMember = std::variant<bool JobOptions::*, int JobOptions::*, double JobOptions::*,

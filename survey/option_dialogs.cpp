@@ -27,7 +27,7 @@ constexpr DialogTexts kDialogs[] = {{"Diagram options", "Survey setup"},
 
 // ---- Controls ---------------------------------------------------------------------------------------------------
 
-// What the user sees of a number.
+// Each control shows a number in its own way.
 void show(const dialog::CheckHandle& check, double value) { check.setChecked(value != 0.0); }
 void show(const dialog::RadioHandle& radio, double value) { radio.choose(value != 0.0 ? 0 : 1); }
 void show(const dialog::DropDownHandle& list, double value) { list.select(static_cast<int>(value)); }

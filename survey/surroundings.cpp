@@ -17,14 +17,6 @@ namespace {
 
 constexpr double kAround = 10.0;  // drawing units
 
-double distanceToSegment(Point p, Point a, Point b) {
-  const double ux = b.x - a.x;
-  const double uy = b.y - a.y;
-  const double square = ux * ux + uy * uy;
-  const double along = square == 0.0 ? 0.0 : std::clamp(((p.x - a.x) * ux + (p.y - a.y) * uy) / square, 0.0, 1.0);
-  return std::hypot(a.x + along * ux - p.x, a.y + along * uy - p.y);
-}
-
 bool apart(double a1, double a2, double b1, double b2, double margin) {
   return std::min(a1, a2) > std::max(b1, b2) + margin || std::max(a1, a2) < std::min(b1, b2) - margin;
 }
@@ -111,6 +103,7 @@ void OpenedLayers::close(int drawnOn) {
 void copySurroundings(const JobSettings& job, CCadWindow& from, CCadWindow& onto, const Figure& figure) {
   const auto [low, high] = extentsOf(figure).grownBy(kAround);
   from.gsSetDisplayToCopy();
+  const bool onlyTouching = job.mode() == SurveyMode::kDiagram && job.options().delLines;
   const int scan = from.gsGetListHandle(kAnyPrimitive, -1, 0, low.x, low.y, high.x, high.y, 0, 0);
   int copied = 0;
   for (int type = from.gsGetNextPrim(scan); type != 0; type = from.gsGetNextPrim(scan)) {
@@ -118,11 +111,27 @@ void copySurroundings(const JobSettings& job, CCadWindow& from, CCadWindow& onto
       std::clog << numberText::format("Error %d on cadGetNextPrim\n", type);
       continue;
     }
-    if (type == kLinePrimitive && job.options().delLines && isIsolated(from, figure)) { continue; }
+    if (type == kLinePrimitive && onlyTouching && isIsolated(from, figure)) { continue; }
     from.gsCopyPrimHeader(onto);
     from.gsCopyPrim(onto);
     onto.gsAddPrim();
     onto.gsSetStatus(numberText::format("Copying CAD Entities %d", ++copied));
+  }
+  from.gsFreeListHandle(scan);
+}
+
+void copyLinesInPen(CCadWindow& from, CCadWindow& onto, const Extents& extents, int pen) {
+  const auto [low, high] = extents;
+  const int layer = onto.gsGetCurrentLayer();
+  from.gsSetDisplayToCopy();
+  const int scan = from.gsGetListHandle(kAnyPrimitive, -1, 0, low.x, low.y, high.x, high.y, 0, 0);
+  for (int type = from.gsGetNextPrim(scan); type != 0; type = from.gsGetNextPrim(scan)) {
+    if (type != kLinePrimitive && type != kArcPrimitive) { continue; }
+    PrimHeader header;
+    from.gsGetPrimHeader(header);
+    onto.gsSetPrimHeader(type, 0, 0, layer, pen, header.linetype, 0.0, 0, 0);
+    from.gsCopyPrim(onto);
+    onto.gsAddPrim();
   }
   from.gsFreeListHandle(scan);
 }

@@ -26,9 +26,12 @@ class OpenedLayers {
   std::vector<Kept> kept_;
 };
 
-// Copies what lies within 10 drawing units of the figure's extents from one view into another; where the job deletes
-// isolated lines, not those that neither cross nor touch a side.
+// Copies what lies within 10 drawing units of the figure's extents from one view into another; where a diagram
+// deletes isolated lines, not those that neither cross nor touch a side.
 void copySurroundings(const JobSettings& job, CCadWindow& from, CCadWindow& onto, const Figure& figure);
+
+// Copies lines and arcs that lie within extents onto the current layer of another view, thin, in a pen of their own.
+void copyLinesInPen(CCadWindow& from, CCadWindow& onto, const Extents& extents, int pen);
 
 // Cuts away what lies farther out than the job wants it: outside a rectangle round the figure, or outside the
 // figure scaled about its middle.

@@ -32,8 +32,11 @@ ROOMS = (
     Room(("frame/host",), (), STANDARD_ONLY),
     Room(("frame",), ("frame/host",), SYSTEM),  # its platform layer binds the help viewer at run time
     Room(("frame/drafting",), ("frame", "frame/host"), STANDARD_ONLY),
-    Room(("mech", "arch", "survey"), ("frame/drafting", "frame", "frame/host"), STANDARD_ONLY, shared=False),
-    Room(("frame/entry",), ("mech", "arch", "survey", "frame", "frame/host"), STANDARD_ONLY),
+    Room(("mech", "arch"), ("frame/drafting", "frame", "frame/host"), STANDARD_ONLY, shared=False),
+    Room(("survey", "survey/sheet"), ("frame/drafting", "frame", "frame/host"), STANDARD_ONLY),
+    Room(("survey/plan", "survey/sectional"), ("survey", "frame/drafting", "frame", "frame/host"), STANDARD_ONLY,
+         shared=False),
+    Room(("frame/entry",), ("mech", "survey", "survey/plan", "frame", "frame/host"), STANDARD_ONLY),
     # The host. It knows the seam that it implements and no command.
     Room(("host/drawing", "host/geometry"), ("frame/host",), ("boost",)),
     Room(("host/files/dxf",), ("frame/host", "host/drawing", "host/core"), STANDARD_ONLY),

@@ -15,7 +15,7 @@ test_packages=(
   poppler-utils python3-ezdxf librecad binutils locales xvfb xdotool
   clang clang-format clang-tidy libclang-rt-14-dev
 )
-bench_packages=(libgeos-dev libcgal-dev)
+bench_packages=(libgeos-dev libcgal-dev python3-shapely)
 
 case "${1:-test}" in
   run) wanted=("${run_packages[@]}") ;;

@@ -169,6 +169,12 @@ std::string uprightDimension(Point line, Point first, Point second) {
                 second.y);
 }
 
+std::string hatch(std::string_view pattern, double scale, std::span<const Point> corners) {
+  std::string macro = format("#HATCH \"P\" \"%s\" %.3f 0", pattern, scale);
+  for (const Point corner : corners) { macro += format(" [%.3f,%.3f]", corner.x, corner.y); }
+  return macro + " [#]";
+}
+
 std::string addSymbol(std::string_view name, Point at) {
   return format("#ADDSYM %s [%.3f,%.3f] 1 0", name, at.x, at.y);
 }
@@ -240,6 +246,10 @@ std::string parallelLine(Point first) { return format("PARLLINE [%.5f,%.5f]", fi
 
 std::string enter(std::string_view prompt, std::string_view variable, char gap) {
   return ("#ENTER " + quotedForMacro(prompt) + gap).append(variable);
+}
+
+std::string plainEnter(std::string_view prompt, std::string_view variable, std::string_view gap) {
+  return ("ENTER " + quotedForMacro(prompt)).append(gap).append(variable);
 }
 
 std::string enquire(std::string_view what, std::string_view variables, char gap) {

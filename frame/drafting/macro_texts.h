@@ -32,9 +32,7 @@ inline constexpr std::string_view kDeleteSelection = "#DELSELECT";
 inline constexpr std::string_view kClearCurrent = "#CLEARCURROBJ";
 inline constexpr std::string_view kClearWorkSpace = "#CLEARWS";
 inline constexpr std::string_view kShowPowerBar = "SHOWPOWERBAR";
-// The same without the mark, as trusses send it, with the group that they open.
-inline constexpr std::string_view kPlainSelectNew = "SELECTNEW 1";
-inline constexpr std::string_view kPlainSelectNewEnd = "SELECTNEW 0";
+// Trusses send these two without the mark.
 inline constexpr std::string_view kPlainClearSelection = "CLEARSEL";
 inline constexpr std::string_view kTrussGroup = "BEGINGROUP \"TRUSS\"";
 inline constexpr std::string_view kClearSelection = "#CLEARSEL";
@@ -61,7 +59,7 @@ inline constexpr std::string_view kUnlock = "lockang \"U\"";
 // What lies at the cursor: the line, the pattern; and where the cursor is.
 inline constexpr std::string_view kNearLine = "enquire \"NEARLINE\" X1 Y1 X2 Y2 pen linetype";
 inline constexpr std::string_view kNearPattern = "ENQUIRE \"NEARPATNAME\" pat$ xl yl xr yr";
-// Of the symbol: its extent is that of the symbol unturned at the origin.
+// Tells of the symbol near the cursor; its extent is that of the symbol unturned at the origin.
 inline constexpr std::string_view kNearSymbol = "ENQUIRE \"NEARSYMBOL\" pat$ xs ys scale angle xl yl xr yr";
 inline constexpr std::string_view kCursorPosition = "enquire \"CURPOSN\" xf yf";
 // Brings the cursor to the middle of the paper.
@@ -69,6 +67,7 @@ inline constexpr std::string_view kHome = "#HOME";
 // Brings the cursor onto what is near.
 inline constexpr std::string_view kJumpNear = "#JUMPNEAR";
 inline constexpr std::string_view kPortrait = "#SETPORTRAIT 1";
+inline constexpr std::string_view kLandscape = "#SETPORTRAIT 0";
 inline constexpr std::string_view kPolyline = "#POLY";
 inline constexpr std::string_view kPlainLine = "#LINETYPE 1 1";
 inline constexpr std::string_view kNoWidth = "#WIDTH 0";
@@ -224,6 +223,8 @@ std::string parallelLine(Point first);
 inline constexpr std::string_view kEnterDiameters =
     "#ENTER \"Enter circle diameters with spaces between (enter nothing to stop)\"  cirDiamStr$";
 std::string enter(std::string_view prompt, std::string_view variable, char gap = ' ');
+// The same without the mark, as the numbers of a general plan are asked for, with a gap of one tab or more.
+std::string plainEnter(std::string_view prompt, std::string_view variable, std::string_view gap);
 // Puts what the host knows of a thing into macro variables, named with blanks between them.
 std::string enquire(std::string_view what, std::string_view variables, char gap = ' ');
 // The style of what is drawn next: line type, pen and width in L, P and W.
@@ -240,6 +241,12 @@ std::string lockAngle(double angle);
 std::string lockOntoLine(Point at);
 // The same with three decimals.
 std::string lockOntoPickedLine(Point at);
+
+// Fills the area of these corners with one of the host's patterns.
+std::string hatch(std::string_view pattern, double scale, std::span<const Point> corners);
+
+// Tells of the boundary found last: its area in A1, in units of area in A9, and a point inside in X3 and Y3.
+inline constexpr std::string_view kQueryBoundary = "#QRYAREAPERIM A1 A9 X3 Y3";
 
 // Draws the smallest closed boundary round a point as lines; three decimals.
 std::string drawBoundary(Point inside);

@@ -16,6 +16,7 @@ enum PrimitiveType : int {
   kSymbolPrimitive = 7,
   kDimensionPrimitive = 8,
   kArrowPrimitive = 10,
+  kHatchPrimitive = 11,
 };
 
 struct PrimHeader {

@@ -122,7 +122,7 @@ class DropDownHandle : public Handle {
     list.typed = false;
     changed();
   }
-  // Of an editable list: the text of an entry selects it.
+  // For an editable list. The text of an entry selects that entry.
   void setText(std::string text) const {
     DropDown& list = as<DropDown>();
     const auto entry = std::find(list.items.begin(), list.items.end(), text);

@@ -45,7 +45,7 @@ class COXShellFolderTree : public CWnd {
   // Shows what lies in a folder, read afresh.
   virtual void InitializeTree(std::string_view folder) = 0;
   virtual void OpenFolder(std::string_view folder) = 0;
-  // Of the item selected last.
+  // The path of the item that was selected last.
   [[nodiscard]] virtual std::string GetFullPath() const = 0;
   // Runs as a step of undo of its own, after a command that was asking has ended. Null: nobody listens.
   virtual void OnSelection(Selection selection) = 0;

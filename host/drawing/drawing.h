@@ -123,7 +123,8 @@ class Drawing {
   [[nodiscard]] Box extents() const;
   // Ids whose bounds meet the box, in drawing order.
   [[nodiscard]] std::vector<PrimitiveId> inBox(const Box& box) const;
-  // The nearest primitive within reach that passes the filter; of equally near ones a symbol, else the newest.
+  // The nearest primitive within reach that passes the filter; of equally near ones a symbol, else the newest;
+  // a hatch where there is nothing else.
   using Filter = std::function<bool(PrimitiveId, const Primitive&)>;
   [[nodiscard]] PrimitiveId nearest(Point p, double reach, const Filter& filter) const;
   [[nodiscard]] double distanceTo(const Primitive& primitive, Point p) const;
@@ -203,6 +204,7 @@ class Drawing {
   void flushIndex() const;
   void noteIndexed(const Geometry& geometry) const;
   [[nodiscard]] PrimitiveId nearestWithin(Point p, double reach, const Filter& filter) const;
+  [[nodiscard]] PrimitiveId hatchAt(Point p, double reach, const Filter& filter) const;
   [[nodiscard]] PrimitiveId closestOfCentre(PrimitiveId id, Point p, const Filter& filter) const;
   void indexAnew();
   void unindex(PrimitiveId id, Slot& slot);

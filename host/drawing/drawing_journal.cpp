@@ -82,6 +82,17 @@ void Drawing::touchGroup(GroupId id) noexcept {
 
 // ---- Journal ---------------------------------------------------------------------------------------------------
 
+namespace {
+
+// A drawing keeps thousands of steps of a change or two, each of which was given room for more.
+Step closed(Step step) {
+  constexpr size_t kSmall = 16;
+  if (step.changes.size() < kSmall) { step.changes.shrink_to_fit(); }
+  return step;
+}
+
+}  // namespace
+
 void Drawing::makeRoomToNote() {
   if (loading_) { return; }
   if (stepDepth_ > 0) {
@@ -114,14 +125,14 @@ void Drawing::beginStep(std::string name) {
 void Drawing::splitStep() {
   if (open_.changes.empty()) { return; }
   Step goingOn{open_.name, {}};
-  done_.push_back(std::move(open_));
+  done_.push_back(closed(std::move(open_)));
   open_ = std::move(goingOn);
   undone_.clear();
 }
 
 void Drawing::endStep() {
   if (--stepDepth_ > 0 || open_.changes.empty()) { return; }
-  done_.push_back(std::move(open_));
+  done_.push_back(closed(std::move(open_)));
   undone_.clear();
 }
 

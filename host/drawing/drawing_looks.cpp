@@ -1,4 +1,5 @@
 #include <array>
+#include <limits>
 
 #include "host/drawing/arrow_shape.h"
 #include "host/drawing/dimension_strokes.h"
@@ -64,8 +65,28 @@ PrimitiveId Drawing::nearest(Point p, double reach, const Filter& filter) const 
   for (double near = index_.spacing();; near *= 2.0) {
     const bool all = !(near < reach) || near <= 0.0;
     const PrimitiveId found = nearestWithin(p, all ? reach : near, filter);
-    if (found != 0 || all) { return found; }
+    if (found != 0) { return found; }
+    if (all) { return hatchAt(p, reach, filter); }
   }
+}
+
+// A hatch lies beneath all else, so it is meant where nothing else is: the newest that holds the point, else the one
+// whose edge is nearest.
+PrimitiveId Drawing::hatchAt(Point p, double reach, const Filter& filter) const {
+  Box around;
+  around.add(p);
+  PrimitiveId best = 0;
+  double bestDistance = reach;
+  index_.query(around.grownBy(reach), [&](PrimitiveId id) {
+    const Primitive& primitive = *find(id);
+    const Hatch* hatch = std::get_if<Hatch>(&primitive.geometry);
+    if (hatch == nullptr || !filter(id, primitive)) { return; }
+    const double away = encloses(*hatch, p) ? 0.0 : distanceTo(primitive, p);
+    if (away > bestDistance || (away == bestDistance && id < best)) { return; }
+    best = id;
+    bestDistance = away;
+  });
+  return best;
 }
 
 PrimitiveId Drawing::nearestWithin(Point p, double reach, const Filter& filter) const {
@@ -78,7 +99,7 @@ PrimitiveId Drawing::nearestWithin(Point p, double reach, const Filter& filter) 
   const double onPoint = 1e-8 + 1e-12 * std::max(std::fabs(p.x), std::fabs(p.y));
   index_.query(around.grownBy(reach), [&](PrimitiveId id) {
     const Primitive& primitive = *find(id);
-    if (!filter(id, primitive)) { return; }
+    if (std::holds_alternative<Hatch>(primitive.geometry) || !filter(id, primitive)) { return; }
     const double distance = distanceTo(primitive, p);
     const double away = distance <= onPoint ? 0.0 : distance;
     const bool symbol = std::holds_alternative<Symbol>(primitive.geometry);
@@ -210,6 +231,7 @@ Box Drawing::bounds(const Primitive& primitive) const {
       }
       return box.grownBy(5.0 * parameters.paperMillimetre());  // text and arrows
     }
+    Box operator()(const Hatch& hatch) const { return hatchBounds(hatch); }
   };
   return std::visit(Bounds{*this, parameters_}, primitive.geometry);
 }
@@ -234,6 +256,13 @@ double Drawing::distanceTo(const Primitive& primitive, Point p) const {
       double least = distance(p, dimension.at);
       for (const Segment& line : dimensionLines(dimension)) {
         least = std::min(least, distance(p, nearestOnSegment(line, p)));
+      }
+      return least;
+    }
+    double operator()(const Hatch& hatch) const {
+      double least = std::numeric_limits<double>::max();
+      for (const HatchLoop& loop : hatch.loops) {
+        for (const Curve& side : loopOf(loop)) { least = std::min(least, distance(p, nearestOn(side, p))); }
       }
       return least;
     }

@@ -86,7 +86,7 @@ double advanceWidth(FontFace face, char character) {
 }
 
 double capHeight(FontFace face) {
-  // Of the fonts that the names mean. The metric equal of the typewriter face shares its widths, not its
+  // Measured on the fonts that the names mean. The metric equal of the typewriter face shares its widths, not its
   // heights.
   constexpr std::array<double, 3> kCapHeights = {1409.0 / kUnitsPerEm, 1341.0 / kUnitsPerEm, 1170.0 / kUnitsPerEm};
   return kCapHeights[static_cast<size_t>(face)];

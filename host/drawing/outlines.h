@@ -18,14 +18,14 @@ struct Outlines {
 // Ends nearer than this meet.
 inline constexpr double kOutlineJoin = 1e-6;
 
-// Of lines and arcs; what lies on another of them counts once.
+// Outlines made of lines and arcs; what lies on another of them counts once.
 Outlines outlinesOf(const std::vector<Curve>& curves);
 
-// Of a part. Lines of a type that has dots are its axes and no outline.
+// The outlines of a part. Lines of a type that has dots are its axes and no outline.
 Outlines outlinesOf(const Drawing& drawing, GroupId part);
 
-// Of the figure to which the nearest line or arc belongs, whatever lies inside; its lines without breaks. Empty where
-// that closes nowhere.
+// Goes round the figure to which the nearest line or arc belongs, whatever lies inside, in lines without breaks. Empty
+// where that closes nowhere.
 Loop outerLoopAt(Drawing& drawing, Point p);
 
 // Pieces of one line that follow each other, as one.

@@ -113,7 +113,7 @@ Transform turnedOnPaper(double degrees) {
   return Transform::rotation({}, unit.x, unit.y);
 }
 
-// Of a box after a transform.
+// The upright box round a box that was transformed.
 Box boxOf(const Box& box, const Transform& transform) {
   Box moved;
   for (const Point corner : {box.low, box.high, Point{box.low.x, box.high.y}, Point{box.high.x, box.low.y}}) {

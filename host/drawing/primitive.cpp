@@ -89,13 +89,26 @@ struct Transformer {
     }
     return dimension;
   }
+  Geometry operator()(const Hatch& hatch) const { return transformed(hatch, transform); }
 };
+
+bool isFinite(const Hatch& hatch) {
+  bool finite = isFinite(hatch.origin) && std::isfinite(hatch.scale) && std::isfinite(hatch.angle);
+  for (const HatchLoop& loop : hatch.loops) {
+    for (const HatchCorner& corner : loop) { finite = finite && std::isfinite(corner.bulge); }
+  }
+  for (const HatchLines& lines : hatch.lines) {
+    finite = finite && std::isfinite(lines.angle) && isFinite(lines.start) && isFinite(lines.step);
+    for (const double dash : lines.dashes) { finite = finite && std::isfinite(dash); }
+  }
+  return finite;
+}
 
 }  // namespace
 
 std::string_view kindName(const Geometry& geometry) {
-  constexpr std::array<std::string_view, std::variant_size_v<Geometry>> kNames = {"line",  "arc",    "text",
-                                                                                  "arrow", "symbol", "dimension"};
+  constexpr std::array<std::string_view, std::variant_size_v<Geometry>> kNames = {
+      "line", "arc", "text", "arrow", "symbol", "dimension", "hatch"};
   return kNames[geometry.index()];
 }
 
@@ -104,7 +117,9 @@ Geometry transformed(const Geometry& geometry, const Transform& transform) {
 }
 
 bool canTransform(const Geometry& geometry, const Transform& transform) {
-  return !std::holds_alternative<Arc>(geometry) || transform.keepsShape();
+  const Hatch* hatch = std::get_if<Hatch>(&geometry);
+  const bool bends = std::holds_alternative<Arc>(geometry) || (hatch != nullptr && hasBulges(*hatch));
+  return !bends || transform.keepsShape();
 }
 
 size_t weight(const Geometry& geometry) {
@@ -112,6 +127,12 @@ size_t weight(const Geometry& geometry) {
   if (const Text* text = std::get_if<Text>(&geometry)) { return 1 + text->text.size() / kLettersOfALine; }
   if (const auto* dimension = std::get_if<Dimension>(&geometry)) {
     return 1 + dimension->text.size() / kLettersOfALine;
+  }
+  if (const Hatch* hatch = std::get_if<Hatch>(&geometry)) {
+    constexpr size_t kCornersOfALine = 10;
+    size_t corners = 0;
+    for (const HatchLoop& loop : hatch->loops) { corners += loop.size(); }
+    return 1 + corners / kCornersOfALine;
   }
   return 1;
 }
@@ -128,6 +149,7 @@ bool isFinite(const Geometry& geometry) {
   if (const Symbol* symbol = std::get_if<Symbol>(&geometry)) {
     return finite && std::isfinite(symbol->scale) && std::isfinite(symbol->rotation);
   }
+  if (const Hatch* hatch = std::get_if<Hatch>(&geometry)) { return finite && isFinite(*hatch); }
   return finite;
 }
 

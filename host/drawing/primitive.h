@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "frame/host/limits.h"
+#include "host/drawing/hatch.h"
 #include "host/geometry/arc.h"
 #include "host/geometry/segment.h"
 #include "host/geometry/transform.h"
@@ -68,7 +69,7 @@ struct Dimension {
   friend bool operator==(const Dimension&, const Dimension&) = default;
 };
 
-using Geometry = std::variant<Line, Arc, Text, Arrow, Symbol, Dimension>;
+using Geometry = std::variant<Line, Arc, Text, Arrow, Symbol, Dimension, Hatch>;
 
 struct Primitive {
   int layer = 0;
@@ -80,7 +81,7 @@ struct Primitive {
   friend bool operator==(const Primitive&, const Primitive&) = default;
 };
 
-// "line", "arc", "text", "arrow", "symbol", "dimension".
+// "line", "arc", "text", "arrow", "symbol", "dimension", "hatch".
 std::string_view kindName(const Geometry& geometry);
 
 // Calls the function with every defining point: what is moved, snapped to and written.
@@ -94,12 +95,17 @@ void forEachPoint(const Geometry& geometry, const Function& function) {
     void operator()(const Arrow& arrow) const { call(arrow.p1), call(arrow.p2); }
     void operator()(const Symbol& symbol) const { call(symbol.at); }
     void operator()(const Dimension& dimension) const { call(dimension.at), call(dimension.p1), call(dimension.p2); }
+    void operator()(const Hatch& hatch) const {
+      for (const HatchLoop& loop : hatch.loops) {
+        for (const HatchCorner& corner : loop) { call(corner.at); }
+      }
+    }
   };
   std::visit(Visitor{function}, geometry);
 }
 
 // The geometry under a transform. Texts and symbols keep their size on paper but turn with it; a mirror
-// leaves texts readable. Arcs need a transform that keeps shapes: ask canTransform first.
+// leaves texts readable. Arcs and bent sides of hatches need a transform that keeps shapes: ask canTransform first.
 Geometry transformed(const Geometry& geometry, const Transform& transform);
 bool canTransform(const Geometry& geometry, const Transform& transform);
 

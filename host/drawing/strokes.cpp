@@ -3,6 +3,7 @@
 #include "frame/host/core_services.h"
 #include "host/drawing/arrow_shape.h"
 #include "host/drawing/dimension_strokes.h"
+#include "host/drawing/hatch_strokes.h"
 #include "host/drawing/line_types.h"
 #include "host/drawing/symbol_expansion.h"
 #include "host/drawing/text_layout.h"
@@ -42,6 +43,11 @@ void StrokeWalk::primitive(const Primitive& primitive) {
     }
     void operator()(const Symbol& symbol) const { walk.placeSymbol(style, symbol); }
     void operator()(const Dimension& dimension) const { walk.dimension(style, dimension); }
+    void operator()(const Hatch& hatch) const {
+      Hatch placed = transformed(hatch, walk.toPaper_);
+      placed.angle = hatch.angle;  // which is as on paper however the sheet lies
+      walk.hatch(style, placed, walk.zoom_);
+    }
   };
   std::visit(Visitor{*this, style}, primitive.geometry);
 }
@@ -93,6 +99,19 @@ void StrokeWalk::arrow(const StrokeStyle& style, const Arrow& arrow) {
   StrokeStyle head = style;
   if (shape.headPen != kPenByLayer) { head.pen = shape.headPen; }
   sink_.polygon(head, shape.head);
+}
+
+void StrokeWalk::hatch(const StrokeStyle& style, const Hatch& hatch, double paperScale) {
+  const HatchFill fill(hatch, paperScale);
+  if (hatch.pattern == kSolidPattern) {
+    sink_.polygon(style, fill.outline());
+    return;
+  }
+  StrokeStyle continuous = style;
+  continuous.linetype = 1;
+  for (const HatchLines& lines : linesOf(hatch)) {
+    fill.forEachStroke(lines, [&](Point a, Point b) { sink_.line(continuous, a, b); });
+  }
 }
 
 void StrokeWalk::dimension(const StrokeStyle& style, const Dimension& dimension) {
@@ -156,6 +175,7 @@ void StrokeWalk::part(const StrokeStyle& style, const Geometry& geometry, const 
     }
     void operator()(const Symbol&) const {}
     void operator()(const Dimension&) const {}
+    void operator()(const Hatch& hatch) const { walk.hatch(style, hatch, placement.paperScale); }
   };
   if (const Dimension* dimension = std::get_if<Dimension>(&geometry)) {
     for (const Geometry& stroke : dimensionStrokes(*dimension, Parameters())) { part(style, stroke, placement); }

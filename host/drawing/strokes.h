@@ -66,6 +66,7 @@ class StrokeWalk {
   void symbolParts(const StrokeStyle& style, std::string_view name, const Placement& placement);
   void part(const StrokeStyle& style, const Geometry& geometry, const Placement& placement);
   void dimension(const StrokeStyle& style, const Dimension& dimension);
+  void hatch(const StrokeStyle& style, const Hatch& hatch, double paperScale);
   [[nodiscard]] int resolvedPen(int pen, int layer) const;
 
   const Drawing& drawing_;

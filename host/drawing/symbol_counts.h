@@ -14,9 +14,9 @@ namespace brevan {
 class SymbolCounts {
  public:
   using Definitions = std::map<std::string, SymbolDefinition, std::less<>>;
-  // Of one symbol, each symbol within it counted, too.
+  // The most parts of one symbol, each symbol within it counted, too.
   static constexpr size_t kMostParts = 1'000'000;
-  // Of all symbols that a drawing from a file places together, and of those that one picture shows.
+  // The most parts that all symbols of a drawing from a file come to together, and those that one picture shows.
   static constexpr size_t kMostPlacedParts = 10'000'000;
   // Symbols within symbols, so that whoever follows them may call himself.
   static constexpr size_t kDeepest = 64;

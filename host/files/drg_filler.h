@@ -51,7 +51,13 @@ class TableFiller {
 // A filler for each kind of primitive.
 struct PrimitiveFiller {
   explicit PrimitiveFiller(DrgDatabase& database)
-      : lines(database), arcs(database), texts(database), arrows(database), symbols(database), dimensions(database) {}
+      : lines(database),
+        arcs(database),
+        texts(database),
+        arrows(database),
+        symbols(database),
+        dimensions(database),
+        hatches(database) {}
 
   void add(int symbol, int id, const Primitive& primitive) {
     Primitive plain;
@@ -73,6 +79,7 @@ struct PrimitiveFiller {
   TableFiller<DrgPrimitive<Arrow>>& to(const Arrow&) { return arrows; }
   TableFiller<DrgPrimitive<Symbol>>& to(const Symbol&) { return symbols; }
   TableFiller<DrgPrimitive<Dimension>>& to(const Dimension&) { return dimensions; }
+  TableFiller<DrgPrimitive<Hatch>>& to(const Hatch&) { return hatches; }
 
   TableFiller<DrgPrimitive<Line>> lines;
   TableFiller<DrgPrimitive<Arc>> arcs;
@@ -80,6 +87,7 @@ struct PrimitiveFiller {
   TableFiller<DrgPrimitive<Arrow>> arrows;
   TableFiller<DrgPrimitive<Symbol>> symbols;
   TableFiller<DrgPrimitive<Dimension>> dimensions;
+  TableFiller<DrgPrimitive<Hatch>> hatches;
 };
 
 // Parameters, sheet and layers.

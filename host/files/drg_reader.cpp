@@ -85,8 +85,8 @@ void readTable(DrgDatabase& database, const Use& use) {
   for (long long number = 1; select.step(); ++number) {
     ReadingRow row(select, Table::kName, number);
     Record record{};
-    Table::columns(row, record);
     try {
+      Table::columns(row, record);
       use(record, row);
     } catch (const RefusedChange& refused) { row.fail(refused.what()); }
   }
@@ -137,14 +137,16 @@ class DrgReader {
     while (schema.step()) {
       const std::string name = column(0);
       if (name.starts_with("sqlite_")) { continue; }
-      hasLayerLooks_ = hasLayerLooks_ || name == DrgTable<DrgLayerLook>::kName;
+      tables_.insert(name);
       const auto table = expected.find(name);
       if (table == expected.end() || table->second != column(1)) {
         database_.fail("\"" + messageText(name) + "\" in its database is not as a drawing has it");
       }
       expected.erase(table);
     }
-    expected.erase(std::string(DrgTable<DrgLayerLook>::kName));  // which a file may lack
+    for (const std::string_view mayLack : {DrgTable<DrgLayerLook>::kName, DrgGeometry<Hatch>::kName}) {
+      expected.erase(std::string(mayLack));
+    }
     if (!expected.empty()) { database_.fail("its table \"" + expected.begin()->first + "\" is missing"); }
   }
 
@@ -195,7 +197,7 @@ class DrgReader {
 
   std::map<int, DrgLayerLook> layerLooks() {
     std::map<int, DrgLayerLook> looks;
-    if (!hasLayerLooks_) { return looks; }
+    if (!tables_.contains(DrgTable<DrgLayerLook>::kName)) { return looks; }
     readTable<DrgLayerLook>(database_, [&](const DrgLayerLook& look, const ReadingRow& row) {
       if (look.linetype < 1 || look.width < 0.0) { row.fail("a line type is above 0, a width not below"); }
       looks.emplace(look.layer, look);
@@ -228,9 +230,11 @@ class DrgReader {
   void readPrimitives() {
     size_t rows = 0;
     forEachDrgPrimitiveTable([&]<class Kind>() {
+      if (!tables_.contains(DrgGeometry<Kind>::kName)) { return; }
       rows += static_cast<size_t>(number("SELECT count(*) FROM " + std::string(DrgGeometry<Kind>::kName)));
     });
     forEachDrgPrimitiveTable([&]<class Kind>() {
+      if (!tables_.contains(DrgGeometry<Kind>::kName)) { return; }
       readTable<DrgPrimitive<Kind>>(database_, [&](DrgPrimitive<Kind>& record, const ReadingRow& row) {
         if (record.id > mostDrgId(rows)) { row.fail("numbers run to " + std::to_string(mostDrgId(rows)) + " here"); }
         record.primitive.geometry = std::move(record.geometry);
@@ -265,7 +269,7 @@ class DrgReader {
 
   DrgDatabase& database_;
   Drawing& drawing_;
-  bool hasLayerLooks_ = false;
+  std::set<std::string, std::less<>> tables_;  // there are in the file
   std::vector<SymbolRead> symbols_;
   std::set<std::string> symbolNames_;
 };

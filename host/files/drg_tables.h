@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "host/drawing/drawing.h"
+#include "host/drawing/hatch_text.h"
+#include "host/drawing/refused_change.h"
 
 namespace brevan {
 
@@ -224,6 +226,31 @@ struct DrgGeometry<Dimension> {
   }
 };
 
+// Outlines, and the lines of a pattern that is not ours, stand in it as texts (host/drawing/hatch_text.h).
+template <>
+struct DrgGeometry<Hatch> {
+  static constexpr std::string_view kName = "hatches";
+  template <class Row, class Record>
+  static void columns(Row& row, Record& hatch) {
+    row.text("pattern", hatch.pattern);
+    row.real("scale", hatch.scale);
+    row.real("angle", hatch.angle);
+    row.point("x", "y", hatch.origin);
+    std::string outlines = textOf(hatch.loops);
+    std::string lines = textOf(hatch.lines);
+    row.text("outlines", outlines);
+    row.text("lines", lines);
+    if constexpr (!std::is_const_v<Record>) {
+      auto loopsRead = hatchLoopsOf(outlines);
+      auto linesRead = hatchLinesOf(lines);
+      if (!loopsRead) { throw RefusedChange("\"outlines\" is numbers by three, two corners or more an outline"); }
+      if (!linesRead) { throw RefusedChange("\"lines\" is five numbers or more a line"); }
+      hatch.loops = std::move(*loopsRead);
+      hatch.lines = std::move(*linesRead);
+    }
+  }
+};
+
 template <class Kind>
 struct DrgTable<DrgPrimitive<Kind>> {
   static constexpr std::string_view kName = DrgGeometry<Kind>::kName;
@@ -250,6 +277,7 @@ void forEachDrgPrimitiveTable(Function&& function) {
   function.template operator()<Arrow>();
   function.template operator()<Symbol>();
   function.template operator()<Dimension>();
+  function.template operator()<Hatch>();
 }
 template <class Function>
 void forEachDrgTable(Function&& function) {

@@ -61,6 +61,14 @@ void writeSymbols(DrgDatabase& file, const Drawing& drawing) {
   fillSymbols(file, drawing);
 }
 
+// Files from before there were hatches lack a table for them.
+void addMissingTables(DrgDatabase& file) {
+  forEachDrgPrimitiveTable([&]<class Kind>() {
+    DrgStatement there(file, "SELECT 1 FROM sqlite_schema WHERE name='" + std::string(DrgGeometry<Kind>::kName) + "'");
+    if (!there.step()) { file.execute(drgDefinition<DrgPrimitive<Kind>>()); }
+  });
+}
+
 void writeChanges(DrgDatabase& file, const Drawing& drawing, const TouchedRows& touched) {
   file.execute("BEGIN IMMEDIATE; DELETE FROM parameters; DELETE FROM sheet; DELETE FROM layers");
   fillHead(file, drawing);
@@ -92,7 +100,9 @@ std::unique_ptr<DrgDatabase> DrgUpkeep::copyOfBase() {
   if (!failed) { fs::rename(copy, path, failed); }
   if (failed) { return nullptr; }
   path_ = std::move(path);
-  return DrgDatabase::onDisk(path_);
+  std::unique_ptr<DrgDatabase> file = DrgDatabase::onDisk(path_);
+  addMissingTables(*file);
+  return file;
 }
 
 std::unique_ptr<DrgDatabase> DrgUpkeep::writtenAnew(const Drawing& drawing) {

@@ -1,5 +1,7 @@
 #include "host/files/json_writer.h"
 
+#include "host/drawing/hatch_text.h"
+
 namespace brevan {
 
 namespace {
@@ -29,6 +31,12 @@ struct GeometryMembers {
   void operator()(const Dimension& dimension) const {
     object.text("kind", dimension.kind == DimensionKind::kHorizontal ? "horizontal" : "vertical");
     object.point("at", dimension.at).point("p1", dimension.p1).point("p2", dimension.p2).text("text", dimension.text);
+  }
+  // The outlines as a text: "x y bulge" of each corner, outlines parted by ";".
+  void operator()(const Hatch& hatch) const {
+    object.text("pattern", hatch.pattern).number("scale", hatch.scale).number("angle", hatch.angle);
+    object.point("origin", hatch.origin).text("outlines", textOf(hatch.loops));
+    if (!hatch.lines.empty()) { object.text("lines", textOf(hatch.lines)); }
   }
 };
 

@@ -17,7 +17,7 @@ class ClipRegion {
 
   static ClipRegion window(Point corner, Point opposite);
   static ClipRegion circle(Point centre, double radius);
-  // Of three corners or more, closed by itself; where its sides cross each other, even-odd.
+  // Has three corners or more and closes by itself; where its sides cross each other, even-odd holds.
   static ClipRegion polygon(const std::vector<Point>& corners);
 
   [[nodiscard]] const std::vector<Curve>& outline() const { return outline_; }

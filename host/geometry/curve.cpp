@@ -138,6 +138,22 @@ Curve reversed(const Curve& curve) {
   return ArcShape{endOf(curve), arc.centre, arc.start, !arc.clockwise};
 }
 
+Curve bulgedSide(Point from, Point to, double bulge) {
+  const Point chord = to - from;
+  if (bulge == 0.0 || squaredLength(chord) == 0.0) { return Segment{from, to}; }
+  // The centre lies off the chord's middle by (1 - bulge^2) / (4 bulge) of it, to the left.
+  const double aside = (1.0 - bulge * bulge) / (4.0 * bulge);
+  const Point centre = middle(from, to) + Point{-chord.y, chord.x} * aside;
+  constexpr double kFlat = 1e9;  // radii in chords, beyond which the arc is the chord
+  if (!isFinite(centre) || std::abs(aside) > kFlat) { return Segment{from, to}; }
+  return ArcShape{from, centre, to, bulge < 0.0};
+}
+
+double bulgeOf(const Curve& curve) {
+  const auto* arc = std::get_if<ArcShape>(&curve);
+  return arc == nullptr ? 0.0 : std::tan(arcSweep(*arc) / 4.0);
+}
+
 double sweptArea(const Curve& curve, Point origin) {
   const double chord = cross(startOf(curve) - origin, endOf(curve) - origin);
   const auto* arc = std::get_if<ArcShape>(&curve);

@@ -31,6 +31,12 @@ double parameterOf(const Curve& curve, Point p);
 // From one parameter to a later one; of a full circle the later may exceed 1.
 Curve pieceOf(const Curve& curve, double from, double to);
 Curve reversed(const Curve& curve);
+
+// A side told by its ends and its bulge, the tangent of a quarter of the angle it turns through, above 0 to the left.
+Curve bulgedSide(Point from, Point to, double bulge);
+// Of a full circle infinite: take its halves.
+double bulgeOf(const Curve& curve);
+
 // Twice the area that the curve sweeps as seen from the origin given: above 0 to the left.
 double sweptArea(const Curve& curve, Point origin);
 

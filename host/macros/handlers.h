@@ -45,6 +45,11 @@ void arcOfTwoPoints(MacroRun& run);
 void tracePerimeter(MacroRun& run);
 void queryBoundary(MacroRun& run);
 
+// Hatching (hatch_commands.cpp)
+void hatchPolygon(MacroRun& run);
+void hatchInside(MacroRun& run);
+void hatchSelection(MacroRun& run);
+
 // Parallel lines (parallel_lines.cpp)
 void defineParallels(MacroRun& run);
 void drawParallels(MacroRun& run);

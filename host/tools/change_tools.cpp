@@ -52,7 +52,7 @@ void copySelected(DrawingWindow& window, const Transform& transform) {
   }
 }
 
-// Of many items so many show where they go.
+// Where more items move than these, the others do not show where they go.
 constexpr size_t kMostShown = 500;
 
 std::vector<Geometry> selectedAfter(const Drawing& drawing, const Transform& transform) {

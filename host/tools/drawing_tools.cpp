@@ -16,13 +16,14 @@ void onLayerSeen(DrawingWindow& window) {
   Draw(window);
 }
 
-constexpr std::array<DrawingTool, 16> kTools = {{
+constexpr std::array<DrawingTool, 17> kTools = {{
     {"line", "&Line", "Lines from point to point", false, onLayerSeen<toolHandlers::line>},
     {"polyline", "&Polyline", "A chain of lines that is one group", false, onLayerSeen<toolHandlers::polyline>},
     {"rectangle", "&Rectangle", "A rectangle by two corners", false, onLayerSeen<toolHandlers::rectangle>},
     {"circle", "&Circle", "A circle by centre and a point on it", false, onLayerSeen<toolHandlers::circle>},
     {"arc", "&Arc", "An arc through three points", false, onLayerSeen<toolHandlers::arc>},
     {"text", "&Text", "A line of text", false, onLayerSeen<toolHandlers::text>},
+    {"hatch", "&Hatch", "Fills closed areas with a pattern", false, onLayerSeen<toolHandlers::hatch>},
     {"select", "&Select", "Selects items one by one or by a window", true, toolHandlers::select},
     {"erase", "&Erase", "Removes items", true, toolHandlers::erase},
     {"move", "&Move", "Moves items from one point to another", true, toolHandlers::move},

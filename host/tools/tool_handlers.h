@@ -28,6 +28,9 @@ void ungroup(DrawingWindow& window);
 // wall_tool.cpp
 void joinwalls(DrawingWindow& window);
 
+// hatch_tool.cpp
+void hatch(DrawingWindow& window);
+
 // trim_tool.cpp
 void trim(DrawingWindow& window);
 

@@ -17,6 +17,16 @@ std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '
 
 namespace {
 
+// Both limits as a person writes them, 100000 and not 1e+05.
+std::string limitsOf(const NumberEdit& edit) {
+  const auto written = [](double limit) {
+    constexpr double kWritable = 1e15;
+    const bool whole = limit == std::floor(limit) && limit != 0.0 && std::abs(limit) < kWritable;
+    return whole ? numberText::fixed(limit, 0) : numberText::shortest(limit);
+  };
+  return written(edit.minimum) + " to " + written(edit.maximum);
+}
+
 using Texts = std::vector<std::string>;
 
 template <class Items, class Caption>
@@ -172,7 +182,7 @@ struct KindRow {
   KindName usual;
   // The operation that writes the value down for a script.
   Verb written = Verb::kLeave;
-  // Of a kind whose controls differ among themselves.
+  // Set for a kind whose controls differ among themselves.
   KindName (*own)(const Kind&, KindName usual) = nullptr;
   std::string (*value)(const Kind&) = nullptr;
   std::string (*range)(const Kind&) = nullptr;
@@ -198,8 +208,7 @@ constexpr auto kKinds = std::tuple{
                         .range =
                             [](const NumberEdit& edit) {
                               const std::string unit = edit.unit.empty() ? "" : " " + edit.unit;
-                              return numberText::shortest(edit.minimum) + " to " + numberText::shortest(edit.maximum) +
-                                     unit + (edit.mayBeEmpty ? ", or nothing" : "");
+                              return limitsOf(edit) + unit + (edit.mayBeEmpty ? ", or nothing" : "");
                             },
                         .type = typeNumber},
     KindRow<TextEdit>{
@@ -415,9 +424,8 @@ Refusal refusalOf(std::string_view name, const NumberEdit& edit) {
   const auto value = numberText::parseTyped(edit.text);
   const bool whole = !edit.integer || (value && *value == std::floor(*value));
   if (value && whole && *value >= edit.minimum && *value <= edit.maximum) { return std::nullopt; }
-  return '"' + std::string(name) + "\" takes " + (edit.integer ? "a whole number from " : "") +
-         numberText::shortest(edit.minimum) + " to " + numberText::shortest(edit.maximum) + ", got \"" + edit.text +
-         '"';
+  return '"' + std::string(name) + "\" takes " + (edit.integer ? "a whole number from " : "") + limitsOf(edit) +
+         ", got \"" + edit.text + '"';
 }
 
 }  // namespace brevan

@@ -41,7 +41,7 @@ enum class Verb {
   kMenu,
   kHelp,
   kClose,
-  // Of hands alone; scripts say them with the word of another row.
+  // Only hands do these; scripts say them with the word of another row.
   kKeyed,       // what a field holds after a key, the focus staying in it
   kKeyedLines,  // likewise of several lines
   kSelectCell,  // a cell became current, by the keyboard or before the mouse's click counts

@@ -70,7 +70,7 @@ class DialogSession : public dialog::Presenter {
   Refusal leave();
   Refusal accept();
   void cancel();
-  // Of a control, or of the one in focus for -1.
+  // Shows the help of a control, or of the one in focus for -1.
   void help(int control);
 
   // ---- dialog::Presenter, for those who show nothing ------------------------------------------------------

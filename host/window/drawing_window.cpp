@@ -188,8 +188,8 @@ int DrawingWindow::gsAddPrim() {
 }
 
 int typeNumber(const Geometry& geometry) {
-  constexpr int kTypes[] = {kLinePrimitive,  kArcPrimitive,    kTextPrimitive,
-                            kArrowPrimitive, kSymbolPrimitive, kDimensionPrimitive};
+  constexpr int kTypes[] = {kLinePrimitive,   kArcPrimitive,       kTextPrimitive, kArrowPrimitive,
+                            kSymbolPrimitive, kDimensionPrimitive, kHatchPrimitive};
   static_assert(std::size(kTypes) == std::variant_size_v<Geometry>);
   return kTypes[geometry.index()];
 }

@@ -17,7 +17,7 @@ struct FileFilter {
   [[nodiscard]] bool lists(std::string_view path) const;
 };
 
-// Of "Description|*.a;*.b|Description|*.c||".
+// Reads filters written as "Description|*.a;*.b|Description|*.c||".
 std::vector<FileFilter> fileFilters(std::string_view text);
 // The first that lists a path; the first of all where none does.
 size_t filterListing(const std::vector<FileFilter>& filters, std::string_view path);

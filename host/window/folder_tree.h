@@ -32,7 +32,7 @@ class FolderTree : public COXShellFolderTree {
     std::vector<std::string> files;
     std::string reason;  // why nothing can be listed
   };
-  // Of a folder below the top, "" being the top itself.
+  // What a folder below the top holds, "" being the top itself.
   const Listing& list(const std::string& folder);
   // Every file below the top; read once.
   const std::vector<std::string>& allFiles();

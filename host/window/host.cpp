@@ -70,7 +70,7 @@ void Host::closeWindow(std::string_view name) {
   }
 }
 
-// Of those that the running command opened; its own stays.
+// Only windows that the running command opened are dropped; its own stays.
 void Host::dropWindow(const CCadWindow& view) {
   if (running_ == nullptr || &view == running_) { return; }
   std::erase_if(windows_, [&view](const auto& window) { return window.get() == &view; });

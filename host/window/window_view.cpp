@@ -169,8 +169,13 @@ BoundaryMap& DrawingWindow::boundaries() {
 
 int DrawingWindow::gsAutoPerim(double x, double y) {
   call("gsAutoPerim", {x, y});
-  macroState_.boundary.loop = boundaries().around({x, y});
-  return macroState_.boundary.loop.empty() ? 0 : 1;
+  const Point at{x, y};
+  Loop& loop = macroState_.boundary.loop;
+  loop = boundaries().around(at);
+  // A point on the boundary itself lies on neither side of it.
+  const auto passes = [at](const Curve& curve) { return distance(nearestOn(curve, at), at) <= BoundaryMap::kJoin; };
+  if (std::ranges::any_of(loop, passes)) { loop.clear(); }
+  return loop.empty() ? 0 : 1;
 }
 
 void DrawingWindow::gsSetAutoperimPromptFlag(int on) {

@@ -5,6 +5,7 @@
 #include "frame/drafting/target_layer.h"
 #include "frame/host/core_services.h"
 #include "frame/host/number_text.h"
+#include "survey/plan/label_places.h"
 #include "survey/text_row.h"
 
 namespace ardenix::survey {
@@ -28,9 +29,11 @@ void CornerMarker::drawCircle(Point corner) const {
 }
 
 void CornerMarker::drawLabel(Point corner, std::string_view label) const {
+  const bool clear = job_.options().lettersClear;
+  const LetterPlace place = clear ? placeBeside(view_, job_, corner, radius_, label) : LetterPlace{corner, kCentred};
   TextStyle style = job_.textStyle();
-  style.justification = kCentred;
-  DraftingPen(view_, {}, job_.layer()).text(corner, label, style);
+  style.justification = place.justification;
+  DraftingPen(view_, {}, job_.layer()).text(place.at, label, style);
 }
 
 }  // namespace ardenix::survey

@@ -9,10 +9,11 @@ namespace ardenix::survey {
 
 inline constexpr std::string_view kCornerLayer = "CORNERSPOINTS";
 
-// Marks corners: a circle of beacons, cleared of what lies in it, and the corner's label in the view's own text style.
+// Marks corners: a circle of beacons, cleared of what lies in it, and the corner's label in the view's own text style,
+// on the corner or, as the settings have it, clear of everything beside it.
 class CornerMarker {
  public:
-  // The diameter is millimetres on paper; 0 draws no circles.
+  // The diameter is millimetres on paper, that of a symbol where one stands for the circle; 0 draws no circles.
   CornerMarker(CCadWindow& view, const JobSettings& job, double diameter)
       : view_(view), job_(job), radius_(job.paperFactor() * diameter / 2.0) {}
 

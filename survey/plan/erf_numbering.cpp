@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <optional>
 #include <set>
 #include <utility>
@@ -12,6 +11,7 @@
 #include "frame/messages.h"
 #include "survey/label_sequences.h"
 #include "survey/number_formats.h"
+#include "survey/plan/closure_report.h"
 #include "survey/plan/erf_stroke.h"
 #include "survey/plan/erf_texts.h"
 #include "survey/plan/numbering_settings.h"
@@ -144,7 +144,7 @@ std::optional<std::string> ErfNumbering::askNumber() {
   constexpr std::string_view kNumber = "E$";
   while (true) {
     view_.gsSetMacStrVar(kNumber, offered_);
-    view_.gsExecuteMacro("ENTER \"Enter erf number\"\t\tE$");
+    view_.gsExecuteMacro(macroText::plainEnter("Enter erf number", kNumber, "\t\t"));
     if (view_.gsEscapePressed() != 0) { return std::nullopt; }
     std::string number = textVariable(view_, kNumber);
     if (!number.empty()) { return number; }
@@ -154,7 +154,7 @@ std::optional<std::string> ErfNumbering::askNumber() {
 std::optional<Erf> ErfNumbering::erfAt(Point at) const {
   view_.gsExecuteMacro(macroText::kClearWorkSpace);
   if (view_.gsAutoPerim(at.x, at.y) == 0) { return std::nullopt; }
-  view_.gsExecuteMacro("#QRYAREAPERIM A1 A9 X3 Y3");
+  view_.gsExecuteMacro(macroText::kQueryBoundary);
   return Erf{numberVariable(view_, "A1"), {numberVariable(view_, "X3"), numberVariable(view_, "Y3")}};
 }
 
@@ -216,18 +216,6 @@ void addTotals(RuledTable& table, const ErfNumbering& erven) {
   table.addRow({numberText::format("%d ERVEN", erven.count()), formattedArea(erven.sum())});
 }
 
-// What the figure has more than the erven are streets and open spaces.
-void reportSum(SheetTool& tool, const JobSettings& job, const ErfNumbering& erven) {
-  std::string text = numberText::format("%d erven: %s", erven.count(), formattedNumber(erven.sum(), job.numbers()));
-  if (const auto figure = tool.lastFigure()) {
-    const double rest = figure->area - erven.sum();
-    text += numberText::format(". The figure%shas %s, %s %s.", std::string_view(figure->name),
-                               formattedNumber(figure->area, job.numbers()),
-                               formattedNumber(std::fabs(rest), job.numbers()), rest < 0.0 ? "less" : "more");
-  }
-  tool.view().gsSetStatus(text);
-}
-
 bool editSettings(NumberingSettings& settings, const JobSettings& job, SheetTool& tool) {
   if (!editNumberingSettings(settings, tool.services(), tool.view())) { return false; }
   TINIFile file(job.file().FileName());
@@ -245,7 +233,8 @@ void numberErven(SheetTool& tool, const JobSettings& job, const NumberingSetting
     if (settings.totals) { addTotals(*table, erven); }
     table->draw(static_cast<size_t>(std::max(settings.rowsAColumn, 0)));
   }
-  if (settings.check) { reportSum(tool, job, erven); }
+  tool.setLastErven({erven.count(), erven.sum()});
+  if (settings.check) { tool.view().gsSetStatus(closureReport(tool, job)); }
 }
 
 }  // namespace

@@ -7,7 +7,9 @@
 #include "survey/figure_arcs.h"
 #include "survey/figure_tracing.h"
 #include "survey/number_formats.h"
+#include "survey/plan/closure_report.h"
 #include "survey/plan/corner_marker.h"
+#include "survey/plan/numbering_settings.h"
 #include "survey/plan/plan_commands.h"
 #include "survey/plan/plan_tables.h"
 
@@ -17,7 +19,7 @@ namespace {
 
 using numberText::format;
 
-// Of the coordinate system, asked for below the figure. Places are heights of the table's text.
+// The constants of the coordinate system, asked for below the figure. Places are heights of the table's text.
 struct Constants {
   std::string system;
   std::string y;
@@ -56,19 +58,25 @@ void addSide(RuledTable& table, const JobSettings& job, const Side& side) {
                 coordinateText(job, side.from.x), coordinateText(job, side.from.y)});
 }
 
-// Tells what is doubtful of a figure that is drawn all the same.
-void reportDoubts(CCadWindow& view, const TracedFigure& traced) {
+// Tells what is doubtful of a figure that is drawn all the same, and how its area stands to the erven if that is
+// wanted.
+void report(SheetTool& tool, const JobSettings& job, const TracedFigure& traced) {
   constexpr double kSmallestMisclosure = 0.0005;  // written with three decimals
-  std::string doubts;
+  std::string text;
+  const auto tell = [&](const std::string& sentence) {
+    if (!text.empty() && !sentence.empty()) { text += ' '; }
+    text += sentence;
+  };
   if (const double missed = length(traced.misclosure); missed >= kSmallestMisclosure) {
-    doubts = format("The figure does not close by %.3f: %.3f in Y, %.3f in X. ", missed, traced.misclosure.x,
-                    traced.misclosure.y);
+    tell(format("The figure does not close by %.3f: %.3f in Y, %.3f in X.", missed, traced.misclosure.x,
+                traced.misclosure.y));
   }
   if (const auto crossing = crossingSides(traced.figure)) {
-    doubts += format("The figure crosses itself: its sides %s and %s meet.", crossing->first->name(),
-                     crossing->second->name());
+    tell(format("The figure crosses itself: its sides %s and %s meet.", crossing->first->name(),
+                crossing->second->name()));
   }
-  if (!doubts.empty()) { view.gsSetStatus(doubts); }
+  if (readNumberingSettings(job.file()).check) { tell(closureReport(tool, job)); }
+  if (!text.empty()) { tool.view().gsSetStatus(text); }
 }
 
 bool isFigure(CCadWindow& view, const Figure& figure) {
@@ -120,7 +128,7 @@ void traceArea(SheetTool& tool) {
   for (const Side& side : traced->figure) { addSide(table, *job, side); }
   markCorners(view, corners, traced->figure);
   table.draw();
-  reportDoubts(view, *traced);
+  report(tool, *job, *traced);
 }
 
 }  // namespace ardenix::survey

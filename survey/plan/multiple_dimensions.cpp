@@ -64,9 +64,9 @@ bool ErvenDimensions::collect(const std::vector<Point>& erven) {
   const ScratchLayer scratch(view_, scratchNames::kSurveyDimensions);
   int done = 0;
   for (const Point inside : erven) {
-    const std::vector<ErfSide> sides = wholeSides(view_, traceErf(view_, inside));
-    if (sides.empty()) { ++open_; }
-    for (const ErfSide& side : sides) { met_.add(side); }
+    const std::vector<ErfSide> boundary = traceErf(view_, inside);
+    if (boundary.empty()) { ++open_; }
+    for (const ErfSide& side : wholeSides(view_, boundary)) { met_.add(side); }  // a round erf has none
     if (stops(++done, erven.size(), "Tracing erven")) { return false; }
   }
   return true;

@@ -1,5 +1,8 @@
 #include "survey/plan/numbering_settings.h"
 
+#include <utility>
+
+#include "frame/host/core_services.h"
 #include "frame/messages.h"
 #include "survey/settings_keys.h"
 
@@ -24,7 +27,7 @@ constexpr NumberingOption kNumberingOptions[] = {
      "Each stroke numbers the erven that it crosses, in their order"},
     {"Totals", &NumberingSettings::totals, "Total below the areas", "A last row counts the erven and sums their areas"},
     {"CheckFigure", &NumberingSettings::check, "Check the sum of the areas",
-     "Tell how the sum of the areas stands to the outside figure traced last"},
+     "Tell how the sum of the areas stands to the outside figure, when either is done"},
 };
 
 constexpr std::string_view kRowsKey = "RowsAColumn";
@@ -74,12 +77,14 @@ class NumberingDialog {
     rows_.SetValue(settings_.rowsAColumn);
   }
   bool confirm() {
-    if (layer_.text().empty()) {
+    std::string layer = layer_.text();
+    coreTrimStr(layer);
+    if (layer.empty()) {
       warn(&dialog_, "A layer is needed for the erf numbers.");
       layer_.focus();
       return false;
     }
-    settings_.layer = layer_.text();
+    settings_.layer = std::move(layer);
     for (size_t n = 0; n < checks_.size(); ++n) { settings_.*kNumberingOptions[n].member = checks_[n].checked(); }
     settings_.rowsAColumn = rows_.GetValue();
     return true;

@@ -8,7 +8,7 @@ namespace ardenix::survey {
 
 const TableForm& figureTableForm();
 const TableForm& areaTableForm();
-// Of block corners (0), reference marks (1), trigonometrical beacons (2) and town survey marks (3).
+// The tables of block corners (0), reference marks (1), trigonometrical beacons (2) and town survey marks (3).
 const TableForm& pointTableForm(int kind);
 
 // The style that a settings file gives a table, from section "TABLES"; of another key where the first is missing. A

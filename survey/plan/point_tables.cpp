@@ -29,6 +29,7 @@ struct PointKind {
 };
 
 constexpr std::string_view kTownMarks = "TOWN SURVEY MARKS";
+constexpr double kSymbolSize = 2.4;  // millimetres on paper, of the symbols that ship
 
 constexpr PointKind kBlockCorners{
     0, "BLOCK CORNERS", "Indicate Block corner (Space bar to exit)", "A0", nextPrefixAndNumber, "", "Block"};
@@ -52,7 +53,7 @@ constexpr PointKind kTownSurveyMarks{3,
 std::optional<std::string> askLabel(CCadWindow& view, std::string_view offered) {
   constexpr std::string_view kLabel = "LBL1$";
   view.gsSetMacStrVar(kLabel, offered);
-  view.gsExecuteMacro("ENTER \"Enter number\"\tLBL1$");
+  view.gsExecuteMacro(macroText::plainEnter("Enter number", kLabel, "\t"));
   if (view.gsEscapePressed() != 0) { return std::nullopt; }
   return textVariable(view, kLabel);
 }
@@ -69,7 +70,7 @@ class PointTable {
       : view_(tool.view()),
         job_(job),
         kind_(kind),
-        corners_(view_, job, job.options().blockDiam),
+        corners_(view_, job, kind.symbol.empty() ? job.options().blockDiam : kSymbolSize),
         table_(view_, pointTableForm(kind.number), std::move(style), origin, job.paperFactor()),
         heading_(kind.heading) {}
 

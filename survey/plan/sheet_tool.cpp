@@ -9,13 +9,21 @@ JobSettings* SheetTool::begin() {
   return beginJob(job_, SurveyMode::kGeneralPlan, view()) ? job_.get() : nullptr;
 }
 
-std::optional<SheetTool::TracedArea> SheetTool::lastFigure() const {
-  return figuresView_.lock() == view().life().lock() ? lastFigure_ : std::nullopt;
+void SheetTool::setLastFigure(TracedArea figure) {
+  moveHere();
+  figure_ = std::move(figure);
 }
 
-void SheetTool::setLastFigure(TracedArea figure) {
-  lastFigure_ = std::move(figure);
-  figuresView_ = view().life();
+void SheetTool::setLastErven(NumberedErven erven) {
+  moveHere();
+  erven_ = erven;
+}
+
+void SheetTool::moveHere() {
+  if (isHere()) { return; }
+  figure_.reset();
+  erven_.reset();
+  areasView_ = view().life();
 }
 
 std::unique_ptr<SheetTool> makeSheetTool(CCadWindow* view, const Services& services) {

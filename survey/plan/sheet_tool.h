@@ -19,19 +19,30 @@ class SheetTool : public Toolset {
   // drawing; else the job until the next command.
   JobSettings* begin();
 
-  // The outside figure that was traced last in the view that is worked in; its area is in the drawing's area unit.
+  // The outside figure that was traced last in the view that is worked in, and the erven numbered last; their areas are
+  // in the drawing's area unit.
   struct TracedArea {
     std::string name;  // of its corners, a blank before each and one after the last
     double area = 0.0;
   };
-  [[nodiscard]] std::optional<TracedArea> lastFigure() const;
+  struct NumberedErven {
+    int count = 0;
+    double area = 0.0;  // of all
+  };
+  [[nodiscard]] std::optional<TracedArea> lastFigure() const { return isHere() ? figure_ : std::nullopt; }
+  [[nodiscard]] std::optional<NumberedErven> lastErven() const { return isHere() ? erven_ : std::nullopt; }
   void setLastFigure(TracedArea figure);
+  void setLastErven(NumberedErven erven);
 
  private:
   const Services& services_;
   std::unique_ptr<JobSettings> job_;
-  std::optional<TracedArea> lastFigure_;
-  std::weak_ptr<const void> figuresView_;
+  [[nodiscard]] bool isHere() const { return areasView_.lock() == view().life().lock(); }
+  void moveHere();
+
+  std::optional<TracedArea> figure_;
+  std::optional<NumberedErven> erven_;
+  std::weak_ptr<const void> areasView_;  // the view of both
 };
 
 std::unique_ptr<SheetTool> makeSheetTool(CCadWindow* view, const Services& services);

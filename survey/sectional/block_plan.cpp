@@ -7,7 +7,7 @@
 #include "survey/figure_tracing.h"
 #include "survey/number_formats.h"
 #include "survey/sectional/sectional_commands.h"
-#include "survey/sectional/sectional_sheet.h"
+#include "survey/sectional/sheets.h"
 #include "survey/sheet/extents.h"
 #include "survey/sheet/ruled_table.h"
 #include "survey/surroundings.h"
@@ -50,6 +50,8 @@ void drawTable(SectionalSheet& sheet, const JobSettings& settings, const Figure&
   table.draw();
 }
 
+}  // namespace
+
 std::optional<Figure> traceLand(SectionalPlanJob& job) {
   CCadWindow& view = job.view();
   view.gsClearWorkSpace();
@@ -63,26 +65,28 @@ std::optional<Figure> traceLand(SectionalPlanJob& job) {
   return std::move(traced->figure);
 }
 
-}  // namespace
+bool drawBlockPlan(SectionalPlanJob& job, const Figure& figure, std::string_view title) {
+  auto sheet = SectionalSheet::open(job, SheetKind::kBlockPlan);
+  if (!sheet) { return false; }
+  JobSettings& settings = job.settings();
+  OpenedLayers layers(job.view(), sheet->view());
+  copySurroundings(settings, job.view(), sheet->view(), figure);
+  sheet->useLayer(settings.options().figureLayer, "ST_FIGURE");
+  clipSurroundings(settings, sheet->view(), figure);
+  sheet->setUp({extentsOf(figure).centre(), {}});
+  FrameAnswer unasked;
+  sheet->writeFrame(unasked, title);
+  if (ask(job.services().mainFrame, "Do you want a table of sides and directions for the outside figure?", "Table")) {
+    drawTable(*sheet, settings, figure);
+  }
+  if (sheet->askNotes()) { sheet->writeNotes(); }
+  layers.close(settings.layer());
+  return true;
+}
 
 void makeBlockPlan(SectionalPlanJob& job) {
   if (!job.begin()) { return; }
-  const std::optional<Figure> figure = traceLand(job);
-  if (!figure) { return; }
-  auto sheet = SectionalSheet::open(job, SheetKind::kBlockPlan);
-  if (!sheet) { return; }
-  JobSettings& settings = job.settings();
-  OpenedLayers layers(job.view(), sheet->view());
-  copySurroundings(settings, job.view(), sheet->view(), *figure);
-  sheet->useLayer(settings.options().figureLayer, "ST_FIGURE");
-  clipSurroundings(settings, sheet->view(), *figure);
-  sheet->setUp({extentsOf(*figure).centre(), {}});
-  sheet->writeFrame();
-  if (ask(job.services().mainFrame, "Do you want a table of sides and directions for the outside figure?", "Table")) {
-    drawTable(*sheet, settings, *figure);
-  }
-  sheet->writeNotes();
-  layers.close(settings.layer());
+  if (const std::optional<Figure> figure = traceLand(job)) { drawBlockPlan(job, *figure); }
 }
 
 }  // namespace ardenix::survey

@@ -122,11 +122,9 @@ bool InsertDialog::confirm() {
   if (!checkFields()) { return false; }
   taken_ = entered();
   if (keepsItsNumber()) { return true; }
-  const auto& sections = job_.sections.sections();
-  const auto existing = std::ranges::find_if(sections, [this](const Section& section) {
-    return section.id != taken_->id && section.plainNumber() == taken_->plainNumber();
-  });
-  if (existing != sections.end() && !becomeParts(*existing)) { taken_.reset(); }
+  const auto alike = job_.sections.numbered(taken_->plainNumber());
+  const auto existing = std::ranges::find_if(alike, [this](const Section& each) { return each.id != taken_->id; });
+  if (existing != alike.end() && !becomeParts(*existing)) { taken_.reset(); }
   return true;
 }
 

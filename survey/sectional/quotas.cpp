@@ -29,8 +29,7 @@ Quotas::Quotas(const std::vector<Section>& sections) {
 }
 
 Quota Quotas::of(const Section& section) const {
-  constexpr double kNone = 1e-12;
-  return std::fabs(section.fixedQuota) > kNone ? quotaOf(section.fixedQuota) : computed(section);
+  return section.hasFixedQuota() ? quotaOf(section.fixedQuota) : computed(section);
 }
 
 Quota Quotas::computed(const Section& section) const {
@@ -68,12 +67,19 @@ struct Remainder {
   long long cut;
 };
 
+// The products may be too large, what is between them is not: whole numbers without sign go round.
+long long between(long long share, long long rounded, long long totalArea) {
+  using Round = unsigned long long;
+  return static_cast<long long>(static_cast<Round>(share) * static_cast<Round>(kWholeQuota) -
+                                static_cast<Round>(rounded) * static_cast<Round>(totalArea));
+}
+
 std::vector<Remainder> remaindersOf(const SectionList& list, const Quotas& quotas) {
   std::vector<Remainder> remainders;
   remainders.reserve(list.sections().size());
   for (const Section& section : list.sections()) {
-    if (section.fixedQuota != 0.0) { continue; }
-    remainders.push_back({&section, section.area * kWholeQuota - quotas.computed(section) * quotas.totalArea()});
+    if (section.hasFixedQuota()) { continue; }
+    remainders.push_back({&section, between(section.area, quotas.computed(section), quotas.totalArea())});
   }
   return remainders;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -19,6 +20,7 @@ struct Section {
   double fixedQuota{};  // in percent; 0: the quota follows the floor area
 
   [[nodiscard]] bool isPart() const { return number < 0; }
+  [[nodiscard]] bool hasFixedQuota() const { return std::fabs(fixedQuota) > 1e-12; }
   [[nodiscard]] int plainNumber() const { return std::abs(number); }
 };
 
@@ -30,6 +32,14 @@ inline constexpr int kLargestFloorArea = 100'000;  // square metres
 struct SectionOutline {
   long long section = 0;  // its id
   std::vector<Point> points;
+};
+
+// A part of the common property that one owner alone uses, as it was traced.
+struct ExclusiveArea {
+  std::string letters{};
+  int floor = 0;  // index into the names of the floors
+  int area = 0;   // square metres
+  std::vector<Point> points{};
 };
 
 }  // namespace ardenix::survey

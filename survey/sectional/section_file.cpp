@@ -21,22 +21,6 @@ constexpr std::ptrdiff_t kCommas = 4;
 // A quota beyond it is a damaged line, and would spoil the sum.
 constexpr double kLargestQuota = 1e6;
 
-std::optional<Section> sectionOf(const std::string& line) {
-  if (std::ranges::count(line, kComma) != kCommas) { return std::nullopt; }
-  const auto whole = [&line](int field) { return coreGetFieldInt(line, 0, field, kComma); };
-  std::array<std::string, kCommas + 1> fields;
-  splitFields(line, fields);
-  coreTrimStr(fields[2]);
-  Section section{.number = whole(1),
-                  .building = whole(2),
-                  .area = whole(4),
-                  .unit = fields[2].substr(0, kLongestUnit),
-                  .fixedQuota = coreGetFieldDouble(line, 0.0, 5, kComma)};
-  const bool kept = section.number != 0 && section.number != std::numeric_limits<int>::min() && section.building >= 0 &&
-                    section.area >= 1 && std::fabs(section.fixedQuota) <= kLargestQuota;
-  return kept ? std::optional(std::move(section)) : std::nullopt;
-}
-
 // Closes a text file, also where reading it fails.
 class OpenFile {
  public:
@@ -63,20 +47,37 @@ std::string lineOf(const SectionRow& row, bool part) {
 
 }  // namespace
 
-LoadedSections loadSections(const std::string& path) {
+std::optional<Section> sectionOfLine(const std::string& line) {
+  if (std::ranges::count(line, kComma) != kCommas) { return std::nullopt; }
+  const auto whole = [&line](int field) { return coreGetFieldInt(line, 0, field, kComma); };
+  std::array<std::string, kCommas + 1> fields;
+  splitFields(line, fields);
+  coreTrimStr(fields[2]);
+  coreTrimStr(fields[4]);
+  if (!fields[4].empty() && coreIsNumeric(fields[4]) == 0) { return std::nullopt; }
+  Section section{.number = whole(1),
+                  .building = whole(2),
+                  .area = whole(4),
+                  .unit = fields[2].substr(0, kLongestUnit),
+                  .fixedQuota = coreGetFieldDouble(line, 0.0, 5, kComma)};
+  const bool kept = section.number != 0 && section.number != std::numeric_limits<int>::min() && section.building >= 0 &&
+                    section.area >= 1 && std::fabs(section.fixedQuota) <= kLargestQuota;
+  return kept ? std::optional(std::move(section)) : std::nullopt;
+}
+
+LoadedSections loadSections(const std::string& path, size_t present) {
   const OpenFile file(path, "r");
   if (file.handle() == 0) { throw HostFailure(numberText::format("%s cannot be read.", path)); }
   LoadedSections loaded;
   std::string line;
   while (coreFileTxtRead(file.handle(), line) != 0) {
-    std::optional<Section> section = sectionOf(line);
+    std::optional<Section> section = sectionOfLine(line);
     if (!section) {
       loaded.skipped += line.empty() ? 0 : 1;
       continue;
     }
-    if (loaded.sections.size() == kMostSections) {
-      throw HostFailure(
-          numberText::format("%s holds more than the %d sections that a scheme may have.", path, kMostSections));
+    if (present + loaded.sections.size() == kMostSections) {
+      throw HostFailure(numberText::format("%s holds too many sections: a scheme may have %d.", path, kMostSections));
     }
     loaded.sections.push_back(std::move(*section));
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,11 @@ struct LoadedSections {
   size_t skipped = 0;  // lines that are no section
 };
 
-// Throws HostFailure for a file that cannot be read or holds more sections than a scheme may have.
-LoadedSections loadSections(const std::string& path);
+// Nothing for a line that is no section.
+std::optional<Section> sectionOfLine(const std::string& line);
+
+// Throws HostFailure for a file that cannot be read or holds more sections than a scheme of so many may take in.
+LoadedSections loadSections(const std::string& path, size_t present);
 
 // A row a line, as it is shown: parts together are saved as a whole section. Throws HostFailure where the file cannot
 // be written.

@@ -38,8 +38,6 @@ std::vector<dialog::Cell> cellsOf(const SectionRow& row, PartView view) {
   return cells;
 }
 
-bool hasFixedQuota(const Section& section) { return section.fixedQuota != 0.0; }
-
 }  // namespace
 
 SectionManager::SectionManager(SectionalPlanJob& job) : job_(job) {
@@ -121,7 +119,7 @@ void SectionManager::fill() {
 void SectionManager::say(std::string text) { message_.setText(std::move(text)); }
 
 void SectionManager::hintAtFixedQuotas() {
-  const auto fixed = std::ranges::count_if(job_.sections.sections(), hasFixedQuota);
+  const auto fixed = std::ranges::count_if(job_.sections.sections(), &Section::hasFixedQuota);
   say(fixed == 0
           ? ""
           : format("%d of the quotas are fixed and do not follow the total floor area, which has changed.", fixed));
@@ -167,7 +165,7 @@ void SectionManager::deleteRow(const SectionRow& row) {
   std::vector<long long> ids;
   ids.reserve(parts);
   for (const Section& section : row.sections) { ids.push_back(section.id); }
-  for (const long long id : ids) { job_.sections.remove(id); }
+  job_.sections.remove(std::move(ids));
   fill();
   hintAtFixedQuotas();
 }
@@ -213,7 +211,8 @@ void SectionManager::load() {
   std::string path;
   if (answer == BoxAnswer::kCancel || coreChooseFile(&dialog_, true, kFilter, "csv", "", path) == 0) { return; }
   try {
-    LoadedSections loaded = loadSections(path);
+    const size_t present = answer == BoxAnswer::kYes ? 0 : job_.sections.sections().size();
+    LoadedSections loaded = loadSections(path, present);
     if (answer == BoxAnswer::kYes) { job_.sections.clear(); }  // not before the file is known to be one
     const size_t kept = loaded.sections.size();
     job_.sections.add(std::move(loaded.sections));
@@ -255,6 +254,8 @@ void SectionManager::take(const std::vector<Section>& adjusted) {
   fill();
 }
 
+void SectionManager::noteRule(std::string text) { job_.adjustmentRule = {std::move(text), job_.sections.revision()}; }
+
 void SectionManager::adjust() {
   if (total_ == kWholeQuota) {
     return inform(&dialog_, "The PQ's already total 100.0000 exactly. There is no need to adjust them.",
@@ -275,8 +276,8 @@ void SectionManager::adjust() {
          format("An adjustment of %s was applied to the single occurence\nof the section with the floor area of %d.",
                 std::string_view(writtenQuota(adjustment->correction)), section.area),
          "Adjustment succeeded");
-  job_.adjustmentRule = format("The quota of section %d, whose floor area is unique, was adjusted by %s.",
-                               section.plainNumber(), std::string_view(writtenQuota(adjustment->correction)));
+  noteRule(format("The quota of section %d, whose floor area is unique, was adjusted by %s.", section.plainNumber(),
+                  std::string_view(writtenQuota(adjustment->correction))));
 }
 
 void SectionManager::adjustByRemainder() {
@@ -294,10 +295,10 @@ void SectionManager::adjustByRemainder() {
   std::ranges::sort(numbers);
   take(adjustment->adjusted);
   const bool added = adjustment->correction > 0;
-  job_.adjustmentRule =
-      format("0.0001 was %s the quotas of sections %s, which rounding had %s most.", added ? "added to" : "taken from",
-             std::string_view(listed(numbers)), added ? "cut" : "raised");
-  inform(&dialog_, job_.adjustmentRule, "Adjustment succeeded");
+  noteRule(format("0.0001 was %s the quota of %s %s, which rounding had %s most.", added ? "added to" : "taken from",
+                  numbers.size() == 1 ? "section" : "each of sections", std::string_view(listed(numbers)),
+                  added ? "cut" : "raised"));
+  inform(&dialog_, job_.adjustmentRule.text, "Adjustment succeeded");
 }
 
 }  // namespace ardenix::survey

@@ -38,6 +38,7 @@ class SectionManager {
   // ---- Quotas -------------------------------------------------------------------------------------------------
   void adjust();
   void adjustByRemainder();
+  void noteRule(std::string text);
   void take(const std::vector<Section>& adjusted);
 
   // ---- A row --------------------------------------------------------------------------------------------------

@@ -6,13 +6,19 @@
 
 namespace ardenix::survey {
 
+namespace {
+
+constexpr size_t kLongestFloorName = 63;
+
+}  // namespace
+
 SectionalPlanJob::SectionalPlanJob(CCadWindow* view, const Services& services) : Toolset(view), services_(services) {
   reloadFloorNames();
 }
 
 std::string SectionalPlanJob::floorName(int floor) const {
   const auto index = static_cast<size_t>(floor);
-  return index < floorNames_.size() ? floorNames_[index] : numberText::format("Floor %d", floor + 1);
+  return index < floorNames_.size() ? floorNames_[index] : std::to_string(floor + 1);
 }
 
 void SectionalPlanJob::reloadFloorNames() {
@@ -24,7 +30,7 @@ void SectionalPlanJob::reloadFloorNames() {
     for (int number = 1; number <= kMostFloors; ++number) {
       const auto name = storedValue(file, kFloorSection, numberText::format(kFloorKey, number));
       if (!name) { return; }
-      floorNames_.push_back(*name);
+      floorNames_.push_back(name->substr(0, kLongestFloorName));
     }
   } catch (const HostFailure&) {
     return;  // the setup dialog tells why the file cannot be read

@@ -19,6 +19,18 @@ struct InsertDefaults {
   bool part = false;
 };
 
+// Which sheet of a series is drawn; of 0: one by itself, numbered as the settings say.
+struct SheetNumber {
+  int number = 0;
+  size_t of = 0;
+};
+
+// How the quotas were last made to add up, and of which state of the list it is true.
+struct AdjustmentRule {
+  std::string text;
+  long long revision = -1;
+};
+
 // The sectional plan that is worked on: kept from the first setup until the module is unloaded. Its sections reach the
 // disk by being saved alone.
 class SectionalPlanJob : public Toolset {
@@ -35,13 +47,16 @@ class SectionalPlanJob : public Toolset {
 
   // Reads the settings file afresh, as every command begins. False, with a message, where nothing can be drawn.
   bool begin() { return beginJob(settings_, SurveyMode::kSectionalPlan, view()); }
-  // Of the command that begin() began.
+  // The settings of the command that begin() began.
   [[nodiscard]] JobSettings& settings() { return *settings_; }
+  [[nodiscard]] double unitFactor() const { return settings_->unitFactor(); }
 
   SectionList sections;
   InsertDefaults defaults;
   std::string notes;
-  std::string adjustmentRule;  // how the quotas were last made to add up
+  AdjustmentRule adjustmentRule;
+  std::vector<ExclusiveArea> exclusiveAreas;  // in the order of tracing
+  SheetNumber sheet;
 
  private:
   const Services& services_;

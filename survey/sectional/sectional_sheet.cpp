@@ -1,9 +1,11 @@
 #include "survey/sectional/sectional_sheet.h"
 
 #include <array>
-#include <vector>
+#include <span>
+#include <utility>
 
 #include "frame/drafting/macro_texts.h"
+#include "frame/host/number_text.h"
 #include "frame/messages.h"
 #include "survey/number_formats.h"
 #include "survey/sectional/text_dialogs.h"
@@ -30,7 +32,15 @@ const TextSheet& rowsOf(SheetKind kind) {
   return textSheets(SurveyMode::kSectionalPlan)[kind == SheetKind::kSheet1 ? 0 : 1];
 }
 
+std::span<const KeyRow> frameRows(SheetKind kind) { return rowsOf(kind).rows.first(formOf(kind).texts); }
+
 constexpr size_t kScaleParameter = 1;
+
+// The frame of an upright A4 sheet.
+Extents uprightA4(const JobSettings& settings, Point middle) {
+  const Point half = Point{190.0, 277.0} / 2.0 * settings.paperFactor();
+  return {middle - half, middle + half};
+}
 
 }  // namespace
 
@@ -48,13 +58,19 @@ void SectionalSheet::setUp(const Setup& setup) {
     view_.gsSetDrawingParms(parms);
   }
   settings.readScale(view_);
+  fitPaper(uprightA4(settings, setup.middle));  // the sheet where there is no template
   extents_ = insertTemplate(settings, view_, settings.templates().at(static_cast<size_t>(kind_)), setup.middle);
   view_.gsZoomAll();
   view_.gsSetCurrCoord(setup.middle.x, setup.middle.y);
   view_.gsExecuteMacro(macroText::kHome);
-  view_.gsExecuteMacro(macroText::kPortrait);
+  view_.gsExecuteMacro(isUpright() ? macroText::kPortrait : macroText::kLandscape);
   view_.gsExecuteMacro(macroText::newScale(setup.middle));
+  fitPaper(extents_);
   writer_.emplace(view_, settings, topRightOnPaper(settings, extents_));
+}
+
+void SectionalSheet::fitPaper(const Extents& held) {
+  view_.gsFitPaper(held.low.x, held.low.y, held.high.x, held.high.y);
 }
 
 void SectionalSheet::useLayer(const std::string& named, std::string_view otherwise) {
@@ -66,25 +82,46 @@ void SectionalSheet::useFrameLayer() { useLayer(job_.settings().options().frameL
 
 // ---- Texts ------------------------------------------------------------------------------------------------------
 
-void SectionalSheet::writeFrame() {
-  const TextSheet& sheet = rowsOf(kind_);
-  const auto keys = sheet.rows.first(formOf(kind_).texts);
-  std::vector<TextRow> rows;
-  std::vector<LabelledText> texts;
-  for (const KeyRow& key : keys) {
-    rows.push_back(job_.settings().textRow(sheet.section, key.key));
-    texts.push_back({key.label, rows.back().size == 0 ? "" : rows.back().text});
+std::optional<std::string> SectionalSheet::given(size_t row, std::string_view title) const {
+  constexpr size_t kNumberRow = 0;
+  constexpr size_t kTitleRow = 2;  // of plans
+  if (row == kNumberRow && job_.sheet.of > 0) {
+    return numberText::format("Sheet %d of %d", job_.sheet.number, job_.sheet.of);
   }
-  if (!askTexts(job_.services(), std::string(formOf(kind_).title) + " Text", texts)) { return; }
+  if (row == kTitleRow && !title.empty()) { return std::string(title); }
+  return std::nullopt;
+}
+
+std::optional<FrameTexts> SectionalSheet::askFrame(std::string_view title) const {
+  std::vector<LabelledText> texts;
+  for (const KeyRow& key : frameRows(kind_)) {
+    const TextRow row = job_.settings().textRow(rowsOf(kind_).section, key.key);
+    texts.push_back({key.label, row.size == 0 ? "" : given(texts.size(), title).value_or(row.text)});
+  }
+  if (!askTexts(job_.services(), std::string(formOf(kind_).title) + " Text", texts)) { return std::nullopt; }
+  FrameTexts entered;
+  entered.reserve(texts.size());
+  for (LabelledText& text : texts) { entered.push_back(std::move(text.text)); }
+  return entered;
+}
+
+void SectionalSheet::writeFrame(FrameAnswer& answer, std::string_view title) {
+  const bool again = answer.has_value();
+  if (!again) { answer = askFrame(title); }
+  if (!*answer) { return; }
   useFrameLayer();
-  for (size_t row = 0; row < rows.size(); ++row) {
-    if (rows[row].size == 0) { continue; }
-    writeRow(*writer_, rows[row], withScale(texts[row].text, job_.settings().scale()));
+  const FrameTexts& texts = **answer;
+  for (size_t n = 0; n < texts.size(); ++n) {
+    const TextRow row = job_.settings().textRow(rowsOf(kind_).section, frameRows(kind_)[n].key);
+    if (row.size == 0) { continue; }
+    const std::string text = again ? given(n, title).value_or(texts[n]) : texts[n];
+    writeRow(*writer_, row, withScale(text, job_.settings().scale()));
   }
 }
 
+bool SectionalSheet::askNotes() { return survey::askNotes(job_.services(), job_.notes); }
+
 void SectionalSheet::writeNotes() {
-  if (!askNotes(job_.services(), job_.notes)) { return; }
   TextRow row = job_.settings().textRow(kPlanSection, "Notes");
   if (row.size == 0) { return; }
   useFrameLayer();

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "survey/sectional/sectional_plan_job.h"
 #include "survey/sheet/extents.h"
@@ -12,6 +13,11 @@ namespace ardenix::survey {
 
 // The sheets of a sectional plan, in the order of their templates.
 enum class SheetKind { kSheet1, kBlockPlan, kFloorPlan, kQuotas };
+
+// What stands in a sheet's frame, a text for each of its rows.
+using FrameTexts = std::vector<std::string>;
+// Nothing until the user was asked; then nothing where the user left the texts out.
+using FrameAnswer = std::optional<std::optional<FrameTexts>>;
 
 // A sheet of a sectional plan in a window of its own.
 class SectionalSheet {
@@ -28,6 +34,7 @@ class SectionalSheet {
   [[nodiscard]] CCadWindow& view() const { return view_; }
   // The width of the template's lines, or of the paper, drawing units.
   [[nodiscard]] double width() const { return extents_.high.x - extents_.low.x; }
+  [[nodiscard]] bool isUpright() const { return width() <= extents_.high.y - extents_.low.y; }
 
   // Inserts the template and gives the sheet its paper; before anything is written.
   void setUp(const Setup& setup);
@@ -37,12 +44,23 @@ class SectionalSheet {
   void useLayer(const std::string& named, std::string_view otherwise);
   void useFrameLayer();
 
-  // Asks for the texts of the frame, all at once, and draws them; those of Sheet 1 are other rows than those of plans.
-  void writeFrame();
-  // Asks for the notes of the job and draws them.
+  // Asks for the texts of the frame, all at once, unless they are answered already, and draws them; those of Sheet 1
+  // are other rows than those of plans. A title goes before that of the settings.
+  void writeFrame(FrameAnswer& answer, std::string_view title = {});
+  void writeFrame() {
+    FrameAnswer unasked;
+    writeFrame(unasked);
+  }
+  // Asks for the notes of the job. False where the user does not want them.
+  bool askNotes();
   void writeNotes();
 
  private:
+  void fitPaper(const Extents& held);
+  [[nodiscard]] std::optional<FrameTexts> askFrame(std::string_view title) const;
+  // What stands in the place of a row's text on this sheet; nothing where the text stays.
+  [[nodiscard]] std::optional<std::string> given(size_t row, std::string_view title) const;
+
   SectionalSheet(SectionalPlanJob& job, SheetKind kind, CCadWindow& view) : job_(job), kind_(kind), view_(view) {}
 
   SectionalPlanJob& job_;

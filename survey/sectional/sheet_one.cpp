@@ -4,7 +4,7 @@
 #include "frame/host/number_text.h"
 #include "survey/sectional/section_rows.h"
 #include "survey/sectional/sectional_commands.h"
-#include "survey/sectional/sectional_sheet.h"
+#include "survey/sectional/sheets.h"
 
 // The first sheet of a sectional plan: the scheme's description with its buildings.
 namespace ardenix::survey {
@@ -43,9 +43,13 @@ std::vector<std::string> buildingLines(const SectionList& list) {
   return lines;
 }
 
-void writeBuildings(SectionalSheet& sheet, const SectionalPlanJob& job, const JobSettings& settings) {
+void writeBuildings(SectionalSheet& sheet, SectionalPlanJob& job) {
+  const JobSettings& settings = job.settings();
   const TextRow row = settings.textRow("QUESTIONS", "Buildings");
   if (row.size == 0) { return; }
+  if (std::ranges::any_of(job.sections.sections(), [](const Section& each) { return each.building == 0; })) {
+    sheet.view().gsSetStatus("Sections without a building number stand under Building 0.");
+  }
   sheet.useLayer(settings.options().textLayer, "ST_TEXT");
   Point at = sheet.writer().placeOf(row);
   for (const std::string& line : buildingLines(job.sections)) {
@@ -56,13 +60,19 @@ void writeBuildings(SectionalSheet& sheet, const SectionalPlanJob& job, const Jo
 
 }  // namespace
 
-void makeSheetOne(SectionalPlanJob& job) {
-  if (!job.begin() || !mayListSections(job)) { return; }
+bool drawSheetOne(SectionalPlanJob& job) {
   auto sheet = SectionalSheet::open(job, SheetKind::kSheet1);
-  if (!sheet) { return; }
+  if (!sheet) { return false; }
   sheet->setUp({});
   sheet->writeFrame();
-  writeBuildings(*sheet, job, job.settings());
+  writeBuildings(*sheet, job);
+  return true;
+}
+
+void makeSheetOne(SectionalPlanJob& job) {
+  if (!job.begin() || !mayListSections(job)) { return; }
+  if (job.settings().options().allSheets) { return drawAllSheets(job); }
+  drawSheetOne(job);
 }
 
 }  // namespace ardenix::survey

@@ -1,5 +1,6 @@
 #include "survey/sectional/text_dialogs.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "frame/host/dialog.h"
@@ -60,6 +61,18 @@ std::vector<std::string> linesOf(std::string_view text) {
     lines.emplace_back(text.substr(0, end));
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
   }
+  return lines;
+}
+
+std::vector<std::string> brokenIntoLines(std::string_view text, size_t letters) {
+  std::vector<std::string> lines;
+  while (text.size() > letters) {
+    const size_t blank = text.rfind(' ', letters);
+    const size_t end = blank == std::string_view::npos || blank == 0 ? letters : blank;
+    lines.emplace_back(text.substr(0, end));
+    text.remove_prefix(std::min(text.size(), blank == end ? end + 1 : end));
+  }
+  if (!text.empty()) { lines.emplace_back(text); }
   return lines;
 }
 

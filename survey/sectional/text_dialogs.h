@@ -24,5 +24,7 @@ bool askNotes(const Services& services, std::string& notes);
 std::vector<size_t> chooseSections(const Services& services, std::vector<std::string> sections);
 
 std::vector<std::string> linesOf(std::string_view text);
+// As many words in a line as it has room for letters.
+std::vector<std::string> brokenIntoLines(std::string_view text, size_t letters);
 
 }  // namespace ardenix::survey

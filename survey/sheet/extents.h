@@ -16,6 +16,10 @@ struct Extents {
   [[nodiscard]] Extents grownBy(double margin) const {
     return {{low.x - margin, low.y - margin}, {high.x + margin, high.y + margin}};
   }
+  void add(const Extents& other) {
+    add(other.low);
+    add(other.high);
+  }
   void add(Point point) {
     low = {std::min(low.x, point.x), std::min(low.y, point.y)};
     high = {std::max(high.x, point.x), std::max(high.y, point.y)};

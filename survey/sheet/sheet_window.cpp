@@ -19,7 +19,7 @@ Point homeOf(CCadWindow& view) {
   return at;
 }
 
-// Of the lines that are selected; of all lines where nothing is.
+// How far the lines reach that are selected, or all lines where nothing is.
 Extents linesOf(CCadWindow& view) {
   constexpr double kFar = std::numeric_limits<int>::max();
   Extents extents{{kFar, kFar}, {-kFar, -kFar}};
@@ -44,6 +44,10 @@ Extents paperOf(const JobSettings& job, CCadWindow& view) {
 
 // Sends the macro that takes a drawing file in. False, with a message, where the file is missing or damaged.
 bool useFile(std::string_view kind, std::string_view path, std::string_view macro, CCadWindow& view) {
+  if (path.empty()) {
+    ErrorMessage(numberText::format("The settings name no %s file.", kind), &view);
+    return false;
+  }
   const bool found = coreFileExist(path) != 0;
   if (found && view.gsExecuteMacro(macro) != 0) { return true; }
   ErrorMessage(

@@ -20,12 +20,7 @@ class ArchSession : public CommandSession {
     settings().SetString("ArchitecturalTools", "SpecFile", path);
     return path;
   }
-  std::string remembered() {
-    std::string buffer(300, '\0');
-    buffer.resize(static_cast<size_t>(settings().GetString("ArchitecturalTools", "SpecFile", "nothing", buffer.data(),
-                                                           static_cast<int>(buffer.size()))));
-    return buffer;
-  }
+  std::string remembered() { return CommandSession::remembered("ArchitecturalTools", "SpecFile"); }
   // The value of a key on disk.
   static std::string value(const std::string& path, const char* section, const char* key) {
     return TINIFile(path).ReadString(section, key, "missing");

@@ -108,17 +108,6 @@ TEST_F(ArchSetup, ShowsTheCurrentStandardWithTheUsualLimitsForMissingFields) {
   EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd2"), "Two,180.00");
 }
 
-TEST_F(ArchSetup, AddedStandardsTakeTheValuesShownAndNamesWithoutCommas) {
-  const std::string path = useSpecs(kThreeStandards);
-  const std::string name = "press \"Add\"\ndialog \"Ardenix - Add New Item\"\nset \"Building standard name\" ";
-  play(kArchSetup + kStandards + "set \"Maximum rise\" 175\n" + name + "\"Type A, heavy\"\n" + kOk +
-       "expect \"Building standard\" \"Type A  heavy\"\n" + name + "\" , \"\n" + kOk +
-       "expect message \"Invalid name! Please try again.\"\ndialog \"Ardenix - Add New Item\"\n" + kCancel + kCancel +
-       kCancel);
-  EXPECT_EQ(value(path, "BLDG_STD_TYPES", "BldgStd4"), "Type A  heavy,175.00,250.00,750.00,25.00,100.00");
-  EXPECT_EQ(value(path, "BLDG_STD", "Current"), "2");
-}
-
 TEST_F(ArchSetup, NamesAreSavedWithoutTheBlanksAroundThem) {
   const std::string path = useSpecs(
       "[BLDG_STD]\nCurrent=1\n[BLDG_STD_TYPES]\nBldgStd1=One ,180\n[WALLS]\nCurrent=1\n[WALL_TYPES]\nWall1=Thin ,W\n");

@@ -22,30 +22,6 @@ class SpecStore : public ArchSession {
   brevan::Host host_{brevan::HostParts{user_, files(), settings(), nullptr, ""}};
 };
 
-TEST_F(SpecStore, TheListBoxFollowsTheListInTheFile) {
-  for (const auto& [section, prefix] : std::initializer_list<std::pair<std::string_view, std::string>>{
-           {ardenix::arch::kWallTypes, "Wall"},
-           {ardenix::arch::kTreads, "Tread"},
-           {ardenix::arch::kRailings, "Rail"},
-           {ardenix::arch::kBuildingStandards, "BldgStd"}}) {
-    const std::string start = "[" + std::string(section) + "]\n" + prefix;
-    const std::string path = write("lists.ini", start + "1=A,1\n" + prefix + "2=B,2\n");
-    ArchSpecStore store(path, view());
-    store.loadNames(list_, section);
-    store.addRecord("C,3", list_, section);
-    EXPECT_EQ(list_.items(), (Texts{"A", "B", "C"}));
-    EXPECT_EQ(list_.selected(), 2);
-    store.removeRecord(2, list_, section);
-    EXPECT_EQ(list_.selected(), 1) << "the entry before";
-    store.removeRecord(0, list_, section);
-    EXPECT_EQ(list_.selected(), 0) << "or the first";
-    for (const int outside : {-1, 1}) { store.removeRecord(outside, list_, section); }
-    EXPECT_EQ(list_.items(), Texts{"B"});
-    EXPECT_EQ(store.count(section), 1);
-    EXPECT_EQ(read(path), start + "1=B,2\n");
-  }
-}
-
 TEST_F(SpecStore, OffersEachLayerOnce) {
   const std::string path = write("layers.ini",
                                  "[WALL_TYPES]\nWall1=A,OUTER\nWall2=B,INNER\nWall3=C,OUTER\n"

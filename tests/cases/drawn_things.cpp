@@ -12,11 +12,11 @@ using Numbers = std::vector<double>;
 // Expected files give numbers to four decimals.
 constexpr double kSame = 1e-4;
 constexpr const char* kThrough = "through";
-constexpr std::string_view kKinds[] = {"thing", "line",  "circle", "arc",      "curve",
-                                       "text",  "arrow", "symbol", "dimension"};
+constexpr std::string_view kKinds[] = {"thing", "line",  "circle", "arc",       "curve",
+                                       "text",  "arrow", "symbol", "dimension", "hatch"};
 constexpr std::string_view kNames[] = {"pen",      "linetype", "width",  "layer",         "group", "at",    "height",
                                        "angle",    "style",    "font",   "justification", "head",  "scale", "turn",
-                                       "mirrored", "visible",  "locked", kThrough,        "from",  "to"};
+                                       "mirrored", "visible",  "locked", kThrough,        "from",  "to",    "outlines"};
 
 bool isSame(double a, double b) { return std::fabs(a - b) <= kSame; }
 bool areSame(const Numbers& a, const Numbers& b) { return std::equal(a.begin(), a.end(), b.begin(), b.end(), isSame); }
@@ -65,6 +65,15 @@ struct OwnMembers {
     numbers("at", dimension.at.x, dimension.at.y);
     numbers("from", dimension.p1.x, dimension.p1.y);
     numbers("to", dimension.p2.x, dimension.p2.y);
+  }
+  void operator()(const brevan::Hatch& hatch) const {
+    word("", hatch.pattern);
+    numbers("scale", hatch.scale);
+    numbers("angle", hatch.angle);
+    numbers("outlines", static_cast<double>(hatch.loops.size()));
+    const brevan::Box box = brevan::hatchBounds(hatch);
+    numbers("from", box.low.x, box.low.y);
+    numbers("to", box.high.x, box.high.y);
   }
 };
 

@@ -29,8 +29,11 @@ class MadeFiles(unittest.TestCase):
         for path in (*SYMBOLS.glob("Windows/*.sym"), *SYMBOLS.glob("Doors/*.sym")):
             nominal = float(re.match(r"[A-Z]+(\d+)", path.stem)[1])
             wall = float((re.findall(r"-(\d+)$", path.stem) or ["220"])[0])
+            text = path.read_text(encoding="utf-8")
+            self.assertEqual(re.findall(r"(?m)^(size|symbol) (\S+)", text),
+                             [("size", "real"), ("symbol", path.stem + "P"), ("symbol", path.stem + "PE")])
             plan, elevation = ([[float(n) for n in row.split()[1:]] for row in part.splitlines() if row.startswith(("  line", "  closed"))]
-                               for part in path.read_text(encoding="utf-8").split("symbol ")[1:])
+                               for part in text.split("symbol ")[1:])
             y = {v for row in plan for v in row[1::2]}
             self.assertTrue(min(y) == 0 and wall in y, path.name)
             for rows in (plan, elevation):

@@ -1,10 +1,7 @@
-#include <QComboBox>
 #include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QRadioButton>
-#include <QTableWidget>
 
 #include "host/scripts/plain_primitives.h"
 #include "host/window/dialog_fields.h"
@@ -99,8 +96,7 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
       when([] { return QApplication::activePopupWidget() != nullptr; },
            [&statement] { choose(*qobject_cast<QMenu*>(QApplication::activePopupWidget()), word(statement, 1)); });
     } else if (statement.name() == "reply") {
-      const auto answer = word(statement, 1) == "no" ? QMessageBox::No : QMessageBox::Yes;
-      when([] { return boxShown() != nullptr; }, [answer] { boxShown()->button(answer)->click(); });
+      whenAsked(word(statement, 1) == "no" ? QMessageBox::No : QMessageBox::Yes);
     } else if (statement.name() == "file") {
       chooses(root_ + '/' + word(statement, 1));
     } else if (statement.name() == "expect") {
@@ -118,7 +114,6 @@ class ByHand : public DesktopSession, public ::testing::WithParamInterface<const
     }
   }
 
-  static QMessageBox* boxShown() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
   static void chooseFromBar(DialogWindow& dialog, const QString& path) {
     const QString item = path.section('/', 1);
     for (const QAction* menu : dialog.findChild<QMenuBar*>()->actions()) {

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -60,6 +64,15 @@ class DesktopSession : public ::testing::Test {
   void whenDialog(std::function<void(brevan::DialogWindow&)> action) {
     when([] { return dialogShown() != nullptr; }, [action = std::move(action)] { action(*dialogShown()); });
   }
+  // Answers the next message box, which asks this where a question is given.
+  void whenAsked(QMessageBox::StandardButton answer, const QString& question = {}) {
+    when([question] { return boxShown() != nullptr && (question.isEmpty() || boxShown()->text() == question); },
+         [answer] {
+           // On its own, since what follows may wait in an event loop of its own.
+           QTimer::singleShot(0, boxShown(), [box = boxShown(), answer] { box->button(answer)->click(); });
+           QApplication::processEvents();
+         });
+  }
   // Begins and takes the steps until all are done and no command runs.
   void act(const std::function<void()>& begin) {
     QTimer hands;
@@ -105,6 +118,13 @@ class DesktopSession : public ::testing::Test {
 
   static brevan::DialogWindow* dialogShown() {
     return qobject_cast<brevan::DialogWindow*>(QApplication::activeModalWidget());
+  }
+  static QMessageBox* boxShown() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+  QAction& action(const QString& caption) {
+    for (QAction* found : window_->findChildren<QAction*>()) {
+      if (found->text().remove('&') == caption) { return *found; }
+    }
+    throw std::runtime_error("no action " + caption.toStdString());
   }
   QLineEdit& edit() { return *window_->promptBar().edit(); }
   QString prompt() { return window_->findChild<QLabel*>("promptText")->text(); }

@@ -1,11 +1,10 @@
 #include <QCheckBox>
-#include <QComboBox>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QTableWidget>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -62,6 +61,10 @@ class EveryControlByHand : public DesktopSession {
     }
     auto& grid = widget<QTableWidget>();
     editCell(grid, 0, "Wall");
+    grid.setCurrentCell(0, 0);
+    QApplication::clipboard()->setText("Gable\t2.5\n");
+    QTest::keyClick(&grid, Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClick(&grid, Qt::Key_Insert);
     grid.item(1, 4)->setCheckState(Qt::Checked);
     emit grid.customContextMenuRequested(grid.visualItemRect(grid.item(0, 5)).center());
     emit grid.cellDoubleClicked(1, 0);

@@ -1,14 +1,10 @@
 #include <QAbstractButton>
-#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPainter>
-#include <QPushButton>
 #include <QTabBar>
-#include <QTableWidget>
 #include <set>
 
 #include "host/window/module.h"
@@ -211,7 +207,15 @@ TEST_F(EveryDialog, IsWhollyReadable) {
   int opened = 0;
   for (const CommandRow& command : window_->host().module()->commands()) {
     const QString name = command.name;
+    Parameters parameters = drawing().parameters();
+    parameters.setCoordinateSystem(command.family == CommandFamily::kSurvey ? 0 : 1);
+    drawing().setParameters(parameters);
+    const std::string before = json();
     visit(name, [this, name] { window_->runCommand(name); });
+    // Survey commands may leave another window current.
+    if (command.family != CommandFamily::kSurvey) {
+      EXPECT_EQ(json(), before) << name.toStdString() << " drew something";
+    }
     opened += shown_ > 0 ? 1 : 0;
     if (QString(command.caption).endsWith("...")) { EXPECT_GT(shown_, 0) << name.toStdString() << " shows no dialog"; }
   }

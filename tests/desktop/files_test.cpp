@@ -1,4 +1,3 @@
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -11,19 +10,7 @@ using namespace brevan;
 // Opening, saving, exporting and printing by hand, and what asks before work is lost.
 class Files : public DesktopSession {
  protected:
-  void trigger(const QString& caption) {
-    for (QAction* found : window_->findChildren<QAction*>()) {
-      if (found->text().remove('&') == caption) { return found->trigger(); }
-    }
-    ADD_FAILURE() << "no action " << caption.toStdString();
-  }
-  void answers(QMessageBox::StandardButton button) {
-    when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
-         [button] {
-           auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-           QTest::mouseClick(box->button(button), Qt::LeftButton);
-         });
-  }
+  void trigger(const QString& caption) { action(caption).trigger(); }
   void drawLine(const QString& from, const QString& to) {
     whenPrompted("Indicate the start", [this, from] { type(from); });
     whenPrompted("Indicate the next", [this, to] { type(to); });
@@ -49,7 +36,7 @@ TEST_F(Files, SavedClosedAndOpenedAgainADrawingIsTheSame) {
   act([this] { trigger("Save"); });  // asks nothing now
   window_->undo();
   const int before = tabs().count();
-  answers(QMessageBox::Discard);
+  whenAsked(QMessageBox::Discard);
   act([this] { emit tabs().tabCloseRequested(tabs().currentIndex()); });
   trigger("New");
   EXPECT_EQ(drawing().count(), 0U);
@@ -101,7 +88,7 @@ TEST_F(Files, WhatIsOpenedTakesThePlaceOfTheUntouchedFirstDrawing) {
   begin();
   std::ofstream(path("bad.dxf").toStdString()) << "0\nSECTION\nx";
   chooses(path("bad.dxf"));
-  answers(QMessageBox::Ok);
+  whenAsked(QMessageBox::Ok);
   act([this] { trigger("Open or Import..."); });
   EXPECT_EQ(titles(), QStringList{"Drawing1"});
 
@@ -110,7 +97,7 @@ TEST_F(Files, WhatIsOpenedTakesThePlaceOfTheUntouchedFirstDrawing) {
   open("one.drg");
   EXPECT_EQ(tabs().count(), 2) << "what was taken back can be done again";
   EXPECT_FALSE(std::filesystem::is_empty(recovery));
-  answers(QMessageBox::Discard);
+  whenAsked(QMessageBox::Discard);
   act([this] { emit tabs().tabCloseRequested(0); });
   EXPECT_TRUE(std::filesystem::is_empty(recovery));
 }
@@ -118,13 +105,13 @@ TEST_F(Files, WhatIsOpenedTakesThePlaceOfTheUntouchedFirstDrawing) {
 TEST_F(Files, ClosingAsksAndCancelKeepsAll) {
   drawLine("10,10", "@50<90");
   const std::string drawn = json();
-  answers(QMessageBox::Cancel);
+  whenAsked(QMessageBox::Cancel);
   act([this] { emit tabs().tabCloseRequested(tabs().currentIndex()); });
   EXPECT_EQ(json(), drawn);
-  answers(QMessageBox::Cancel);
+  whenAsked(QMessageBox::Cancel);
   act([this] { window_->close(); });
   EXPECT_TRUE(window_->isVisible());
-  answers(QMessageBox::Save);
+  whenAsked(QMessageBox::Save);
   chooses(path("kept.drg"));
   act([this] { window_->close(); });
   EXPECT_FALSE(window_->isVisible());
@@ -141,7 +128,7 @@ TEST_F(Files, ExportsInEveryFormatAndRefusesOthers) {
     EXPECT_NE(content(name).substr(0, 20).find(start), std::string::npos) << name;
   }
   chooses(path("x.dwq"));
-  answers(QMessageBox::Ok);
+  whenAsked(QMessageBox::Ok);
   act([this] { trigger("Export..."); });
   EXPECT_FALSE(std::filesystem::exists(path("x.dwq").toStdString()));
   chooses(path("made.scr"));

@@ -1,10 +1,8 @@
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMouseEvent>
 
 #include "desktop/application.h"
-#include "desktop/help_window.h"
 #include "tests/desktop/desktop_session.h"
 
 namespace {
@@ -45,24 +43,6 @@ TEST_F(Window, ABoltIsPlacedByTheMouseAloneUndoneAndRedone) {
   EXPECT_EQ(replayed(), placed);
 }
 
-TEST_F(Window, EscapeAtEveryQuestionLeavesAWholeDrawing) {
-  const std::string empty = json();
-  // At the dialog by key and by the window's cross, at the position.
-  const std::function<void(DialogWindow&)> ways[] = {
-      [](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
-      [](DialogWindow& dialog) { dialog.close(); },
-      [](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); }};
-  for (const auto& way : ways) {
-    whenDialog(way);
-    if (&way == &ways[2]) {
-      whenPrompted("Indicate the position", [this] { key(Qt::Key_Escape); });
-    }
-    act([this] { window_->runCommand("MechDrawBolts"); });
-    EXPECT_EQ(json(), empty);
-    EXPECT_FALSE(window_->runner().busy());
-  }
-}
-
 TEST_F(Window, AnotherCommandEndsTheOneThatAsks) {
   whenPrompted("Indicate the start of the line", [this] { click(window_->view().toDrawing({200, 200})); });
   whenPrompted("Indicate the next point", [this] { window_->runTool("circle"); });
@@ -99,21 +79,6 @@ TEST_F(Window, ARefusedValueKeepsTheFocusAndSaysWhy) {
   act([this] { window_->runCommand("MechDrawBolts"); });
   EXPECT_TRUE(refusal.contains("4O")) << refusal.toStdString();
   EXPECT_EQ(focus, length);
-}
-
-TEST_F(Window, HelpShowsWhatADialogsFieldsTake) {
-  QString page;
-  whenDialog([&](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_F1); });
-  when([] { return qobject_cast<HelpWindow*>(QApplication::activeModalWidget()) != nullptr; },
-       [&] {
-         auto* help = qobject_cast<HelpWindow*>(QApplication::activeModalWidget());
-         page = help->text();
-         QTest::keyClick(help, Qt::Key_Escape);
-       });
-  whenDialog([](DialogWindow& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
-  act([this] { window_->runCommand("MechDrawBolts"); });
-  EXPECT_TRUE(page.contains("Hex Bolts")) << page.toStdString();
-  EXPECT_TRUE(page.contains("number: 0 to 10000"));
 }
 
 // A pixel here and there may step aside, because a line is rounded to pixels from another corner; a twentieth of the

@@ -1,7 +1,5 @@
 #include <QAbstractItemView>
-#include <QComboBox>
 #include <QCompleter>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QProgressBar>
 #include <QToolBar>
@@ -18,12 +16,6 @@ using namespace brevan;
 class Hand : public DesktopSession {
  protected:
   DrawingView& view() { return window_->view(); }
-  QAction* action(const QString& caption) {
-    for (QAction* found : window_->findChildren<QAction*>()) {
-      if (found->text().remove('&') == caption) { return found; }
-    }
-    throw std::runtime_error("no action " + caption.toStdString());
-  }
   void show(Point low, Point high) {
     Box box;
     box.add(low);
@@ -121,7 +113,6 @@ TEST_F(Hand, WhatAToolWouldDrawFollowsTheMouse) {
   }
 }
 
-// Keys that come all at once, faster than the next question.
 // A symbol, with the symbols in it, shows where it would come, unless it is so large that the mouse would wait.
 TEST_F(Hand, SymbolsThatMoveFollowTheMouse) {
   show({-100, -100}, {200, 200});
@@ -148,6 +139,7 @@ TEST_F(Hand, SymbolsThatMoveFollowTheMouse) {
   }
 }
 
+// Keys that come all at once, faster than the next question.
 TEST_F(Hand, WhatIsTypedAheadIsNotLost) {
   whenPrompted("Indicate the start",
                [&] { keysTo(*window_->windowHandle(), "0,0\n90,0\n90,50\n!!circle\n20,20\n25,20\n!"); });
@@ -221,20 +213,16 @@ TEST_F(Hand, TheViewsSettingsAreSeen) {
   };
   QImage before = seen();
   for (const char* setting : {"Line Widths", "Grid", "Dark Ground"}) {
-    action(setting)->trigger();
+    action(setting).trigger();
     const QImage now = seen();
     EXPECT_NE(now, before) << setting;
     before = now;
   }
   EXPECT_LT(qGray(before.pixel(3, 3)), 100) << "a dark ground";
-  when([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; },
-       [] {
-         auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-         QTest::mouseClick(question->button(QMessageBox::Discard), Qt::LeftButton);
-       });
+  whenAsked(QMessageBox::Discard);
   act([this] { window_->close(); });
   start();
-  EXPECT_TRUE(action("Grid")->isChecked()) << "kept for the next session";
+  EXPECT_TRUE(action("Grid").isChecked()) << "kept for the next session";
 }
 
 TEST_F(Hand, TheWheelKeepsWhatIsUnderTheMouse) {
@@ -250,9 +238,9 @@ TEST_F(Hand, TheWheelKeepsWhatIsUnderTheMouse) {
   }
   EXPECT_LT(pixelsAUnit(), before);
   const Point middle = view().toDrawing({view().width() / 2.0, view().height() / 2.0});
-  action("Zoom In")->trigger();
-  action("Zoom In")->trigger();
-  action("Zoom Out")->trigger();
+  action("Zoom In").trigger();
+  action("Zoom In").trigger();
+  action("Zoom Out").trigger();
   expectNear(view().toDrawing({view().width() / 2.0, view().height() / 2.0}), middle, 1e-6);
 }
 
@@ -260,11 +248,11 @@ TEST_F(Hand, AWindowIsZoomedToAndAllIsShownAgain) {
   line({0, 0}, {1000, 800});
   view().zoomAll();
   const double all = pixelsAUnit();
-  action("Zoom Window")->trigger();
+  action("Zoom Window").trigger();
   QTest::keyClick(&view(), Qt::Key_Escape);
   drag({100, 100}, {300, 200});
   EXPECT_DOUBLE_EQ(pixelsAUnit(), all) << "Escape left the zoom";
-  action("Zoom Window")->trigger();
+  action("Zoom Window").trigger();
   drag({100, 100}, {300, 200});
   EXPECT_GT(pixelsAUnit(), 3.0 * all);
   expectNear(view().toDrawing({view().width() / 2.0, view().height() / 2.0}), {200, 150}, 1.0);
@@ -293,9 +281,9 @@ TEST_F(Hand, ClicksAndWindowsSelect) {
   EXPECT_EQ(selected(), (std::set{low, high}));
   drag({10, -10}, {110, 60});
   EXPECT_TRUE(selected().empty()) << "what is half inside stays out";
-  action("Select All")->trigger();
+  action("Select All").trigger();
   EXPECT_EQ(selected(), (std::set{low, high}));
-  action("Delete")->trigger();
+  action("Delete").trigger();
   EXPECT_EQ(drawing().count(), 2U);
   EXPECT_TRUE(drawing().find(hidden) != nullptr && drawing().find(locked) != nullptr);
 }
@@ -319,7 +307,7 @@ TEST_F(Hand, WindowsSelectWholePartsAndDeletedOnesLeaveTheGroups) {
   EXPECT_EQ(selected(), (std::set{shank, axis}));
   auto* panel = window_->findChild<GroupsPanel*>("groupsPanel");
   EXPECT_EQ(panel->topLevelItemCount(), 1);
-  action("Delete")->trigger();
+  action("Delete").trigger();
   EXPECT_EQ(drawing().count(), 1U);
   EXPECT_EQ(panel->topLevelItemCount(), 0);
   window_->undo();
@@ -388,7 +376,7 @@ TEST_F(Hand, TheDrawingsSettingsAreChangedInADialog) {
     QTest::keyClick(edits[0], Qt::Key_Tab);
     press(dialog, "OK");
   });
-  act([this] { action("Drawing Settings...")->trigger(); });
+  act([this] { action("Drawing Settings...").trigger(); });
   EXPECT_EQ(drawing().parameters().scale(), 2.5);
   EXPECT_EQ(replayed(), json());
   window_->undo();

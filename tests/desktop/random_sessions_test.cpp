@@ -1,7 +1,5 @@
 #include <QCheckBox>
-#include <QComboBox>
 #include <QMenu>
-#include <QMessageBox>
 #include <QRadioButton>
 #include <QTableWidget>
 #include <random>
@@ -64,7 +62,7 @@ class RandomSessions : public DesktopSession {
   }
   // Those that ship, but for the pens and line types of the walls' layers.
   std::string otherLibraries() {
-    const std::string folder = root_.toStdString() + "/other";
+    std::string folder = root_.toStdString() + "/other";
     std::filesystem::copy(BREVAN_DATA, folder, std::filesystem::copy_options::recursive);
     const std::string file = folder + "/ArchSpecs.ini";
     std::stringstream text;
@@ -90,7 +88,7 @@ class RandomSessions : public DesktopSession {
       return QTest::keyClick(menu, static_cast<Qt::Key>(Qt::Key_1 + below(static_cast<int>(menu->actions().size()))));
     }
     QWidget* top = QApplication::activeModalWidget();
-    if (auto* message = qobject_cast<QMessageBox*>(top)) { return message->buttons().front()->click(); }
+    if (boxShown() != nullptr) { return boxShown()->buttons().front()->click(); }
     if (dialogShown() != nullptr) { return operate(*dialogShown()); }
     if (top != nullptr) { return QTest::keyClick(top, Qt::Key_Escape); }
     if (!user().wantsAnything()) { return; }

@@ -19,6 +19,9 @@ SURVEY = ('setting "SG_DEFAULTS" "SG_DiaramFile" "{}"\nrun SG_DiagramEditor\ndia
 TABLE = (LIBRARY_OF.format("ISO Mechspecs.ini") + 'run MechDrawTabBox\ndialog "*"\nmenu "Actions/Import Data"\nfile "{}"\n'
          'expect no message\npress "Cancel"\nexport "x.json"\n')
 
+SECTIONS = ('setting "SG_DEFAULTS" "SG_SectionalFile" "Sectional Plan.ini"\nparameter coordinateSystem 0\nrun SG_SectionEditor\n'
+            'dialog "*"\npress "OK"\nrun SG_SectionMgr\ndialog "Section Manager"\npress "Load"\nfile "{}"\npress "OK"\nexport "x.json"\n')
+
 # What a program is told to read a file: its name, the file's ending, and its words or a script for it.
 READERS = [
     ("drawing", "drg", lambda path: ("convert", path, "out/x.json"), None),
@@ -32,10 +35,11 @@ READERS = [
     ("library", "ini", None, lambda path: LIBRARY_OF.format(path) + 'run MechDrawBolts\nexport "x.json"\n'),
     ("survey settings", "ini", None, lambda path: SURVEY.format(path, "none.txt")),
     ("table", "csv", None, lambda path: TABLE.format(path)),
+    ("list of sections", "csv", None, SECTIONS.format),
     ("listing", "txt", None, lambda path: SURVEY.format("job.ini", path)),
 ]
 # The mechanical and survey readers tell of a file by a message of their own, which a script may expect and go on.
-GOES_ON = ("listing",)
+GOES_ON = ("listing", "list of sections")
 MESSAGES = {"library": 2, "table": 2, "survey settings": 3}
 
 

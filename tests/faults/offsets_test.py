@@ -15,11 +15,11 @@ COORDINATES = {"point": (1, 2), "draw line": (2, 4), "draw circle": (2, 2), "dra
 
 
 def moved(line, offset):
-    """A statement with its coordinates moved; what it expects is left out, since messages may name them."""
+    """A statement with its coordinates moved; what it expects is left out, since it may name them."""
     words = line.split(" ")
     if words[0] == "macro":
         return re.sub(r"\[([^],]+),([^],]+)\]", lambda at: f"[{float(at[1]) + offset!r},{float(at[2]) + offset!r}]", line)
-    if words[0] == "expect" and words[1] in ("prompt", "message", "no"):
+    if line.lstrip().startswith("expect "):
         return "# " + line
     first, count = COORDINATES.get(" ".join(words[:2]) if words[0] == "draw" else words[0], (1, 0))
     for place in range(first, min(first + count, len(words))):

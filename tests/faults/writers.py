@@ -5,7 +5,7 @@ from fault_program import DATA, DRAWING, LIBRARY_OF, add_bolt
 OLD = b"what was there before\n"
 CONTROL_VISIT = (
     'setting "SG_DEFAULTS" "SG_DiaramFile" "out/job.ini"\nrun SG_DiagramEditor\ndialog "*"\npress "Control coords"\n'
-    'dialog "Control Coordinates"\nset "Control point 1/Name" "Peg"\nset "Control point 1/Y" 12.5\npress "OK"\npress "OK"\n')
+    'dialog "Control Coordinates"\nset "Control point 1/Y" 12.5\npress "OK"\npress "OK"\n')
 
 NEW_WALL = (
     'setting "ArchitecturalTools" "SpecFile" "out/ArchSpecs.ini"\nrun ArchSetWalls\ndialog "Wall Setup"\n'

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
-
 #include "tests/core_fixture.h"
 
 namespace ardenix {
@@ -25,37 +22,6 @@ class RecordStoreTest : public CoreFixture {
     return write("gap.ini", "[" + std::string(section) + "]\nRecord1=A\nRecord2=\nRecord3=C\nRecord4=D\n");
   }
 };
-
-// Any sequence of changes does to the file what it does to a plain list of records.
-TEST_F(RecordStoreTest, NumbersEveryListWithoutGapsWhateverIsChanged) {
-  std::mt19937 random(5);
-  for (const RecordList& list : kLists) {
-    const std::string path = write("lists.ini", "; kept\r\n[OTHER]\r\nRecord9=x\r\n");
-    RecordStore store = open(path);
-    Texts records;
-    for (int round = 0; round < 120; ++round) {
-      const int index = records.empty() ? 0 : static_cast<int>(random() % records.size());
-      const std::string text = "R" + std::to_string(round) + ",1,2";
-      switch (records.empty() ? 0 : random() % 4) {
-        default: store.append(list.section, records.emplace_back(text)); break;
-        case 2: store.put(list.section, index + 1, records[static_cast<size_t>(index)] = text); break;
-        case 3:
-          records.erase(records.begin() + index);
-          store.remove(list.section, index);
-          break;
-      }
-      ASSERT_EQ(store.count(list.section), static_cast<int>(records.size()));
-    }
-    RecordStore again = open(path);
-    EXPECT_EQ(again.loadNames(list.section).size(), records.size());
-    EXPECT_EQ(again.count(list.section), static_cast<int>(records.size()));
-    for (size_t n = 0; n < records.size(); ++n) {
-      EXPECT_EQ(again.record(list.section, static_cast<int>(n) + 1), records[n]);
-      EXPECT_EQ(store.names(list.section)[n], records[n].substr(0, records[n].find(',')));
-    }
-    EXPECT_TRUE(read(path).starts_with("; kept\r\n[OTHER]\r\nRecord9=x\r\n"));
-  }
-}
 
 TEST_F(RecordStoreTest, RemovingLeavesTheLastKeyEmptyOrDeletesItAsTheFormatHasIt) {
   const std::string path = write("three.ini", "[PLAIN]\nRecord1=A\nRecord2=B\n[KEEPING]\nRecord1=A\nRecord2=B\n");

@@ -87,6 +87,13 @@ class CommandSession : public CoreFixture {
     return path;
   }
 
+  // A setting of the host, "nothing" where it is missing.
+  std::string remembered(const char* section, const std::string& key) {
+    std::string buffer(300, '\0');
+    buffer.resize(static_cast<size_t>(settings().GetString(section, key, "nothing", buffer.data(), 300)));
+    return buffer;
+  }
+
   // "PARENT NAME" of every group, with the number of its members.
   std::vector<std::string> groups() {
     std::vector<std::string> names;

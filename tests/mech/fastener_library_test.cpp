@@ -202,8 +202,11 @@ TEST_F(ShaftLibraryTest, EveryShaftIsSoundAndDrawnClosedAndSymmetrical) {
   std::string script;
   for (size_t i = 0; i < names.size(); ++i) {
     const std::string point = "point " + std::to_string(kApart * static_cast<double>(i)) + " 0\n";
-    script += "run MechDrawShafts\ndialog \"Mechanical Ardenix - Shafts\"\npick \"Definition\" \"" + names[i] +
-              "\"\npress \"OK\"\n" + point + point + "space\n";
+    script.append("run MechDrawShafts\ndialog \"Mechanical Ardenix - Shafts\"\npick \"Definition\" \"")
+        .append(names[i] + "\"\npress \"OK\"\n")
+        .append(point)
+        .append(point)
+        .append("space\n");
   }
   play(script);
   EXPECT_TRUE(log_.of("message").empty());

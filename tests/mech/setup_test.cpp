@@ -16,12 +16,7 @@ const std::string kValid =
 
 class SetupTest : public CommandSession {
  protected:
-  std::string remembered() {
-    std::string buffer(300, '\0');
-    buffer.resize(static_cast<size_t>(settings().GetString("MechanicalTools", "SpecFile", "nothing", buffer.data(),
-                                                           static_cast<int>(buffer.size()))));
-    return buffer;
-  }
+  std::string remembered() { return CommandSession::remembered("MechanicalTools", "SpecFile"); }
   void testStep(const std::string& name) override {
     if (name == "rewrite") { write("library.ini", "[Setup]\nWeldSymbols=\n[BOLTS]\nBolt1=Later,1,1,1,1,1,1\n"); }
   }

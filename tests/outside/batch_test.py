@@ -43,6 +43,11 @@ class Batch(unittest.TestCase):
         self.assertEqual(self.run_batch("run", "nowhere.scr").returncode, 3)
         self.assertEqual(self.run_batch("run", "/dev/zero").returncode, 3)
         self.assertEqual(self.run_batch("describe", "MechDrawMoons").returncode, 1)
+        (self.folder / "bad.dxf").write_text("0\nSECTION\n", encoding="ascii")
+        (self.folder / "good.sym").write_text("symbol A\n  line 0 0 1 1\n", encoding="ascii")
+        for words, code in (("good.sym", "x.docx"), 2), (("good.png", "x.dxf"), 2), (("bad.dxf", "x.json"), 3), (
+                ("none.drg", "x.json"), 3), (("good.sym", "no/such/folder/x.json"), 4), (("good.sym", "good.sym"), 2), (("good.sym", "x.drg"), 0):
+            self.assertEqual(self.run_batch("convert", *words).returncode, code, words)
         self.assertEqual(self.play("layer \"A\"\n", "--transcript", "no/such/folder/t.jsonl").returncode, 4)
         self.assertEqual(self.play("layer \"A\"\n", "--settings", "nowhere.ini").returncode, 3)
 

@@ -43,6 +43,15 @@ draw arc 280 200 250 200 250 230 0
 macro BEGINGROUP "m10_s1"
 draw line 30 220 130 220
 """
+# What refers to what within the file: dimensions and symbols to their blocks, an unnamed group to its members.
+REFERRING = """macro PARENT "BOLTS"
+macro BEGINGROUP "_"
+macro HDIM "F" [0,250] [30,220] [130,220] !
+macro NEWSYMFL "Symbols/SurveySymbols.drg" "Y" "Y"
+draw symbol "TRIG" 300 50 1 30
+export "old.dxf" dxf-version R2000
+export "new.dxf"
+"""
 EXPORTS = ["dxf", "json", "svg", "pdf", "png"]
 
 
@@ -95,12 +104,21 @@ class Exports(unittest.TestCase):
 
     # ---- DXF
 
-    def dxf(self):
-        document = ezdxf.readfile(self.folder / "plate.dxf")
+    def dxf(self, name="plate.dxf"):
+        document = ezdxf.readfile(self.folder / name)
         audit = document.audit()
-        self.assertEqual([e.message for e in audit.errors], [])
-        self.assertEqual([e.message for e in audit.fixes], [])
+        self.assertEqual([e.message for e in audit.errors + audit.fixes], [], name)
         return document
+
+    def test_dxf_references_name_what_is_there(self):
+        (self.folder / "referring.scr").write_text(DRAWING + REFERRING, encoding="utf-8")
+        run(BATCH, "run", self.folder / "referring.scr", "-o", self.folder)
+        for name in ("old.dxf", "new.dxf"):
+            lines = (self.folder / name).read_text(encoding="cp1252").split("ENDSEC", 1)[1].splitlines()[1:]
+            handles = [value for code, value in zip(lines[::2], lines[1::2]) if code.strip() in ("5", "105")]
+            self.assertEqual(len(handles), len(set(handles)), name)
+            space = self.dxf(name).modelspace()
+            self.assertEqual((len(space.query("DIMENSION")), len(space.query("INSERT"))), (1, 1))
 
     def test_dxf_lines_and_arcs_are_those_of_the_drawing(self):
         document = self.dxf()

@@ -91,16 +91,8 @@ class Display:
     def key(self, *keys):
         self.xdotool("key", "--delay", 4, *keys)
 
-    def move(self, x, y):
-        self.xdotool("mousemove", x, y)
-
     def click(self, x, y, button=1):
         self.xdotool("mousemove", x, y, "click", button)
-
-    def drag(self, start, end):
-        self.xdotool("mousemove", *start, "mousedown", 1)
-        self.xdotool("mousemove", *[(a + b) // 2 for a, b in zip(start, end)], "mousemove", *end)
-        self.xdotool("mouseup", 1)
 
 
 class DesktopTest(unittest.TestCase):
@@ -189,17 +181,23 @@ class DesktopTest(unittest.TestCase):
 
         return until(what, probe)
 
-    def bolt_by_keys(self, at="60,60"):
+    def bolt(self, place):
         screen = self.screen
         self.run_typed("MechDrawBolts", BOLTS)
         screen.key("Return")
         until("the dialog's end", lambda: not screen.window(BOLTS))
-        screen.type(at)
-        screen.key("Return")
+        place()
         until("the menu of rotations", screen.popup)
         screen.key("1")
         until("the menu's end", lambda: not screen.popup())
         screen.key("space")
+
+    def bolt_by_keys(self, at="60,60"):
+        def place():
+            self.screen.type(at)
+            self.screen.key("Return")
+
+        self.bolt(place)
 
 
 def missing():

@@ -10,6 +10,7 @@
 #include "render/drawing_painter.h"
 #include "render/render_session.h"
 #include "tests/host/drawing/dash_ink.h"
+#include "tests/host/drawing/survey_parameters.h"
 #include "tests/render/picture.h"
 
 namespace brevan {
@@ -19,12 +20,7 @@ Primitive primitiveOf(Geometry geometry) { return {.width = 5.0, .geometry = std
 
 // A sheet whose corner is the origin as seen, so that paper and drawing are easily compared.
 void lieOnA4(Drawing& drawing, bool turned) {
-  Parameters parameters;
-  if (turned) {
-    parameters.setCoordinateSystem(0);
-    parameters.setOrientation(1);
-  }
-  drawing.setParameters(parameters);
+  drawing.setParameters(turned ? surveyParameters() : Parameters());
   drawing.setSheet(isoSheet("A4", false));
 }
 

@@ -27,26 +27,6 @@ TEST(Pdf, SameDrawingGivesTheSameBytes) {
   EXPECT_EQ(pdfBytes(drawing, "Plate"), pdfBytes(drawing, "Plate"));
 }
 
-TEST(Pdf, PageIsTheSheet) {
-  for (const char* name : {"A4", "A3", "A2", "A1", "A0"}) {
-    for (const bool portrait : {false, true}) {
-      Drawing drawing;
-      fill(drawing);
-      drawing.setSheet(isoSheet(name, portrait));
-      const std::string file = pdfBytes(drawing, "");
-      const size_t at = file.find("/MediaBox [0 ") + 13;
-      const double low = *numberText::leadingDouble(std::string_view(file).substr(at));
-      const size_t width = file.find(' ', at) + 1;
-      const size_t high = file.find(' ', width) + 1;
-      const auto points = [](double millimetres) { return millimetres * 72.0 / 25.4; };
-      EXPECT_NEAR(*numberText::leadingDouble(std::string_view(file).substr(width)), points(drawing.sheet()->width),
-                  1e-3);
-      EXPECT_NEAR(*numberText::leadingDouble(std::string_view(file).substr(high)) - low,
-                  points(drawing.sheet()->height), 1e-3);
-    }
-  }
-}
-
 TEST(Pdf, CrossReferencesStillPointAtTheirObjects) {
   Drawing drawing;
   fill(drawing);

@@ -6,6 +6,7 @@
 #include "frame/host/number_text.h"
 #include "host/drawing/sheet.h"
 #include "host/drawing/text_layout.h"
+#include "tests/host/drawing/survey_parameters.h"
 #include "tests/mech/command_session.h"
 
 // What holds for every diagram; tests/cases/diagrams has what a diagram holds.
@@ -26,12 +27,7 @@ class DiagramLaws : public CommandSession {
     play(steps + numberText::format("point %.6f %.6f\n", corners[0].x, corners[0].y) + answers);
   }
   void testStep(const std::string&) override {
-    brevan::Parameters parameters;
-    parameters.setUnit(1000.0);
-    parameters.setScale(500.0);
-    parameters.setCoordinateSystem(0);
-    parameters.setOrientation(orientation_);
-    drawing().setParameters(parameters);
+    drawing().setParameters(brevan::surveyParameters(500.0, 1000.0, orientation_));
   }
   [[nodiscard]] bool sent(const std::string& word) const {
     return std::ranges::any_of(log_.of("macro"), [&](const auto& macro) { return macro.starts_with(word); });

@@ -10,6 +10,7 @@
 #include "host/window/dialog_session.h"
 #include "host/window/host.h"
 #include "host/window/silent_user.h"
+#include "tests/host/drawing/survey_parameters.h"
 #include "tests/mech/command_session.h"
 
 // What holds for the plan of every township; tests/cases/general_plans has what a plan holds.
@@ -64,18 +65,15 @@ class GeneralPlanLaws : public CommandSession {
            Point{u * std::cos(angle_) - v * std::sin(angle_), u * std::sin(angle_) + v * std::cos(angle_)};
   }
   void testStep(const std::string&) override {
-    brevan::Parameters parameters;
-    parameters.setUnit(1000.0);
-    parameters.setScale(500.0);
-    parameters.setCoordinateSystem(0);
-    parameters.setOrientation(orientation_);
+    brevan::Parameters parameters = brevan::surveyParameters(500.0, 1000.0, orientation_);
     parameters.setAreaUnit(8);
     drawing().setParameters(parameters);
     for (const auto& [from, to] : lines_) { drawing().add({.geometry = brevan::Line{from, to}}); }
   }
-  void numberAndDimension(bool parallel) {
-    settings().SetString("SG_DEFAULTS", "SG_GenPlanFile",
-                         write("plan.ini", "[DEFAULTS]\nBearing=D\n[StandSetup]\nDrawAreaTable=0\nWriteArea=1\n"));
+  void numberAndDimension(bool parallel, const std::string& more = "") {
+    settings().SetString(
+        "SG_DEFAULTS", "SG_GenPlanFile",
+        write("plan.ini", "[DEFAULTS]\nBearing=D\nLettersClear=1\n[StandSetup]\nDrawAreaTable=0\nWriteArea=1\n"));
     std::string steps = "test township\nrun SG_AreaTable\ndialog \"*\"\npress \"OK\"\n";
     steps += parallel ? "reply Parallel\n" : "reply Horizontal\n";
     for (const auto& erf : erven_) {
@@ -84,7 +82,7 @@ class GeneralPlanLaws : public CommandSession {
       steps += numberText::format("point %.6f %.6f\n", inside.x, inside.y) +
                (&erf == erven_.data() ? "text \"1\"\n" : "accept\n");
     }
-    play(steps + "space\nrun SG_MultiSurveyDims\ndialog \"*\"\npress \"OK\"\n");
+    play(steps + "space\nrun SG_MultiSurveyDims\ndialog \"*\"\npress \"OK\"\n" + more);
   }
   // Sides of two erven are one.
   [[nodiscard]] std::vector<Side> boundaries() const {
@@ -166,6 +164,33 @@ TEST_F(GeneralPlanLaws, NumbersStandInTheirErvenAndAreasSumToTheFigure) {
   }
 }
 
+TEST_F(GeneralPlanLaws, LabelsOfCornersStandBesideThemClearOfLinesAndDimensions) {
+  std::mt19937 random(25);
+  for (int n = 0; n < 6; ++n) {
+    SCOPED_TRACE(n);
+    layOut(random, n % 2);
+    std::string steps = "run SG_BlockTable\npoint 0 0\n";
+    for (const auto& [u, v] : {std::pair{0.0, 0.0}, {width_, 0.0}, {width_, depth_}, {0.0, depth_}}) {
+      steps += numberText::format("point %.6f %.6f\naccept\n", at(u, v).x, at(u, v).y);
+    }
+    numberAndDimension(false, steps + "space\n");
+    std::vector<Text> labels = textsOn("0");
+    std::erase_if(labels, [](const Text& text) { return text.height != 35.0; });  // those of the table
+    ASSERT_EQ(labels.size(), 4U);
+    std::vector<Side> inTheWay = boundaries();
+    for (const Text& text : textsOn("SURV_DIMS")) { inTheWay.push_back({text.at, text.at}); }
+    for (const Text& label : labels) {
+      const brevan::Box box = brevan::layOut(label).box;
+      for (const auto& [from, to] : inTheWay) {
+        for (double along = 0.0; along <= 1.0; along += 0.001) {
+          const Point p = seenFrom(label, from + (to - from) * along);
+          EXPECT_FALSE(p.x > box.low.x && p.x < box.high.x && p.y > box.low.y && p.y < box.high.y) << label.text;
+        }
+      }
+    }
+  }
+}
+
 // Confirms the dialog and presses Escape when it is shown the third time how far the work went.
 class Impatient : public brevan::SilentUser {
  public:
@@ -192,9 +217,7 @@ TEST_F(StoppedPlan, KeepsTheDimensionsThatAreDrawnInOneStepOfUndo) {
   brevan::Host host(brevan::HostParts{user, files(), settings(), nullptr, ""});
   host.loadModule(ARDENIX_MODULE);
   brevan::Drawing& drawing = host.window().drawing();
-  brevan::Parameters parameters;
-  parameters.setCoordinateSystem(0);
-  drawing.setParameters(parameters);
+  drawing.setParameters(brevan::surveyParameters(1.0, 1.0, 0));
   const int numbers = drawing.addLayer({"STAND_NO"});
   constexpr int kAlong = 15;
   for (int n = 0; n <= kAlong; ++n) {

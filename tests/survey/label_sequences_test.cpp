@@ -59,13 +59,4 @@ TEST(LabelSequences, NeverOfferALetterThatReadsAsADigit) {
   EXPECT_EQ(label, "A12");
 }
 
-TEST(LabelSequences, TakeAnyByte) {
-  for (int byte = 1; byte < 256; ++byte) {
-    const std::string label(1, static_cast<char>(byte));
-    for (const Sequence sequence : {nextDigitsThenLetters, nextLettersThenDigits, nextPrefixAndNumber}) {
-      EXPECT_EQ(sequence(label).find('\0'), std::string::npos) << byte;
-    }
-  }
-}
-
 }  // namespace

@@ -18,6 +18,8 @@ struct Shipped {
 
 constexpr Shipped kShippedFiles[] = {{SurveyMode::kDiagram, "SG Diagram.ini"},
                                      {SurveyMode::kGeneralPlan, "General Plan.ini"},
+                                     {SurveyMode::kGeneralPlan, "General Plan A0.ini"},
+                                     {SurveyMode::kGeneralPlan, "General Plan A2.ini"},
                                      {SurveyMode::kSectionalPlan, "Sectional Plan.ini"}};
 
 // What a sheet loads, saves and loads again, over files and edits drawn by lot.
@@ -166,19 +168,6 @@ TEST_F(SheetLaws, EachColumnTakesItsNumbersAndNoMore) {
     }
     EXPECT_GT(met, 0) << title;
   }
-}
-
-TEST_F(SheetLaws, ARemovedRowIsGoneAndTheRestKeepsItsOrder) {
-  const std::string path = write("job.ini", shipped(kShippedFiles[0]));
-  auto sheets = loaded(SurveyMode::kDiagram, path);
-  SettingsSheet& lines = sheets[2];
-  auto expected = lines.rows();
-  expected.erase(expected.begin() + 2);
-  lines.remove(2);
-  saveTwice(path, sheets);
-  const auto again = loaded(SurveyMode::kDiagram, path)[2].rows();
-  EXPECT_EQ(again.size(), lines.rows().size());
-  EXPECT_TRUE(std::equal(expected.begin(), expected.end(), again.begin()));
 }
 
 }  // namespace

@@ -36,9 +36,7 @@ class SurveySetup : public CommandSession {
     return path;
   }
   std::string remembered(const std::string& key = "SG_DiaramFile") {
-    std::string buffer(300, '\0');
-    buffer.resize(static_cast<size_t>(settings().GetString("SG_DEFAULTS", key, "nothing", buffer.data(), 300)));
-    return buffer;
+    return CommandSession::remembered("SG_DEFAULTS", key);
   }
   // A visit of the diagram setup.
   void visit(const std::string& steps) { play("run SG_DiagramEditor\ndialog \"*\"\n" + steps); }
@@ -221,10 +219,10 @@ TEST_F(SurveySetup, DrawingsAreChosenByTheirButtonAndKeptInFull) {
       "\"Path\"\nfile \"" +
       drawing +
       "\"\npress \"Template drawing files\" 1 \"Path\"\ncancel\ntab \"Floor Names\"\n"
-      "cell \"Settings\" 2 \"Floor Name\" \"\"\n" +
+      "cell \"Settings\" 6 \"Floor Name\" \"\"\n" +
       kOk);
   EXPECT_EQ(differingLines(shipped("Sectional Plan.ini"), read(path)), Texts{"PqSheet=" + drawing});
-  EXPECT_EQ(TINIFile(path).ReadString("FLOORNAMES", "FloorName2", "gone"), "gone");
+  EXPECT_EQ(TINIFile(path).ReadString("FLOORNAMES", "FloorName6", "gone"), "gone");
 }
 
 // ---- Options ------------------------------------------------------------------------------------------------------

@@ -21,6 +21,8 @@ LAWFUL = {
     "mech/bolt.h": '#include "frame/names.h"\n',
     "mech/tables/list.cpp": '#include "mech/bolt.h"\n',
     "arch/wall.h": "#include <vector>\n",
+    "survey/sheet/window.h": "",
+    "survey/sectional/scheme.h": '#include "survey/sheet/window.h"\n',
     "frame/entry/exports.cpp": '#include "mech/bolt.h"\n#include "arch/wall.h"\n',
     "host/geometry/point.h": "",
     "host/drawing/index.cpp": '#include <boost/geometry.hpp>\n#include "host/geometry/point.h"\n',
@@ -36,6 +38,7 @@ LAWFUL = {
 }
 PLANTED = {
     "beside: one family includes another": ("mech/thief.cpp", '#include "arch/wall.h"'),
+    "beside: general plans know sectional schemes": ("survey/plan/thief.cpp", '#include "survey/sectional/scheme.h"'),
     "above: a family knows the exports": ("mech/thief.cpp", '#include "frame/entry/exports.cpp"'),
     "the module includes the host": ("frame/thief.cpp", '#include "host/geometry/point.h"'),
     "the host includes the module": ("host/core/thief.cpp", '#include "mech/bolt.h"'),

@@ -13,7 +13,7 @@ namespace brevan {
 
 std::string parametersNote(const Parameters& parameters);
 std::string sheetNote(const Sheet& sheet);
-// Of a symbol's block; null: the symbol's definition is not there.
+// The note of a symbol's block; null where the symbol's definition is not there.
 std::string symbolNote(const SymbolDefinition* symbol);
 
 struct DxfOwnNotes {

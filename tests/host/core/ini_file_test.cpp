@@ -5,7 +5,6 @@
 #include <array>
 #include <functional>
 #include <map>
-#include <random>
 
 #include "frame/host/core_services.h"
 #include "tests/host/core/line_ends.h"
@@ -53,10 +52,6 @@ std::string replaced(std::string text, const std::string& from, const std::strin
   const size_t at = text.find(from);
   EXPECT_NE(at, std::string::npos) << from;
   return text.replace(at, from.size(), to);
-}
-
-std::string valueIn(const std::string& bytes, const std::string& section, const std::string& key) {
-  return std::string(IniFile::parse(bytes).lookup(section, key).value_or("<missing>"));
 }
 
 }  // namespace
@@ -153,50 +148,4 @@ TEST(IniFile, refusesTextsThatWouldNotReadBack) {
       {"A\n[B]", "k", "x"}, {"A", "k\n", "x"},  {"A", "k", std::string(kMaxLineBytes, 'x')}};
   for (const auto& [section, key, value] : bad) { EXPECT_THROW(file.set(section, key, value), HostFailure) << key; }
   EXPECT_FALSE(file.changed());
-}
-
-TEST(IniFile, everyOtherTextReadsBack) {
-  const std::string texts[] = {"a,b;c", "\"", "\"q\"", "=", "[x]", ";", "%n%s", "\\n", std::string(65536, 'z'), "#"};
-  for (std::string text : texts) {
-    for (int code = 0x80; code < 0x100; ++code) { text += static_cast<char>(code); }
-    IniFile file = IniFile::parse(kNasty);
-    file.set("Bolts", "Bolt1", text);
-    file.set("Texts", "new", text);
-    EXPECT_EQ(valueIn(file.bytes(), "Bolts", "Bolt1"), text);
-    EXPECT_EQ(valueIn(file.bytes(), "Texts", "new"), text);
-  }
-}
-
-// A plain map of what the sections of one text hold stands beside the file through random edits.
-TEST(IniFile, agreesWithAMapThroughRandomEdits) {
-  std::mt19937 random(7);
-  const auto pick = [&](unsigned count) { return static_cast<unsigned>(random() % count); };
-  for (int round = 0; round < 60; ++round) {
-    IniFile file;
-    std::map<std::pair<unsigned, unsigned>, std::string> model;
-    for (int step = 0; step < 200; ++step) {
-      const unsigned section = pick(4);
-      const unsigned key = pick(6);
-      const std::string sectionName = (pick(2) != 0 ? "Part" : "PART") + std::to_string(section);
-      const std::string keyName = (pick(2) != 0 ? "Key" : "kEY") + std::to_string(key);
-      const unsigned action = pick(20);
-      if (action < 12) {
-        file.set(sectionName, keyName, model[{section, key}] = std::to_string(step));
-      } else if (action < 17) {
-        file.deleteKey(sectionName, keyName);
-        model.erase({section, key});
-      } else if (action == 17) {
-        file.eraseSection(sectionName);
-        std::erase_if(model, [&](const auto& row) { return row.first.first == section; });
-      } else {
-        const std::string bytes = file.bytes();
-        ASSERT_EQ(IniFile::parse(bytes).entries(), file.entries());
-        file = IniFile::parse(bytes);
-      }
-      ASSERT_EQ(file.entries().size(), model.size());
-      const auto found = model.find({section, key});
-      ASSERT_EQ(file.lookup(sectionName, keyName),
-                found == model.end() ? std::nullopt : std::optional<std::string_view>(found->second));
-    }
-  }
 }

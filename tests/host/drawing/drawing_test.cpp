@@ -48,11 +48,13 @@ void expectNearestIsNearest(RandomDrawing& random) {
   const Point p = random.point();
   constexpr double kReach = 30.0;
   double least = kReach;
-  drawing.forEach([&](PrimitiveId, const Primitive& primitive) {
-    if (primitive.pen > 2) { least = std::min(least, drawing.distanceTo(primitive, p)); }
+  const auto wanted = [](PrimitiveId, const Primitive& primitive) {
+    return primitive.pen > 2 && !std::holds_alternative<Hatch>(primitive.geometry);
+  };
+  drawing.forEach([&](PrimitiveId id, const Primitive& primitive) {
+    if (wanted(id, primitive)) { least = std::min(least, drawing.distanceTo(primitive, p)); }
   });
-  const PrimitiveId found =
-      drawing.nearest(p, kReach, [](PrimitiveId, const Primitive& primitive) { return primitive.pen > 2; });
+  const PrimitiveId found = drawing.nearest(p, kReach, wanted);
   EXPECT_EQ(found == 0 ? kReach : drawing.distanceTo(*drawing.find(found), p), least);
   EXPECT_TRUE(found == 0 || drawing.find(found)->pen > 2);
 }

@@ -43,11 +43,18 @@ class RandomDrawing {
     using namespace brevan;
     const Point at = point();
     const Point other = at + Point{whole(-40, 40) + 0.5, static_cast<double>(whole(-40, 40))};
-    switch (whole(0, 5)) {
+    switch (whole(0, 6)) {
       case 0: return Line{at, other};
       case 1: return Arc{other, at, point(), whole(0, 1) == 1};
       case 2: return Text{at, "T" + std::to_string(whole(0, 999)), "Arial", 35.0, whole(0, 359) * 10.0, whole(1, 9)};
       case 3: return Arrow{at, other};
+      case 5:
+        return Hatch{"CONCRETE",
+                     whole(1, 4) * 0.5,
+                     static_cast<double>(whole(0, 359)),
+                     at,
+                     {},
+                     {{{at, whole(-2, 2) * 0.5}, {other}, {point()}}}};
       case 4: return Symbol{"BOX", at, whole(1, 3) * 0.5, static_cast<double>(whole(0, 359)), whole(0, 1) == 1};
       default: return Dimension{static_cast<DimensionKind>(whole(0, 1)), point(), at, other, "!"};
     }

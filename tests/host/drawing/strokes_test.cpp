@@ -6,6 +6,7 @@
 #include "host/drawing/dimension_strokes.h"
 #include "host/files/json_writer.h"
 #include "tests/failure.h"
+#include "tests/host/drawing/survey_parameters.h"
 
 namespace brevan {
 namespace {
@@ -43,15 +44,6 @@ void expectNear(Point actual, Point expected) {
   EXPECT_LT(distance(actual, expected), 1e-9) << actual.x << ' ' << actual.y;
 }
 
-Parameters southOriented() {
-  Parameters parameters;
-  parameters.setUnit(1000.0);
-  parameters.setScale(500.0);
-  parameters.setCoordinateSystem(0);
-  parameters.setOrientation(1);
-  return parameters;
-}
-
 TEST(Strokes, SymbolsArePlacedMirroredThenTurned) {
   Drawing drawing;
   drawing.addSymbol({"FLAG", {primitiveOf(Line{{0.0, 0.0}, {10.0, 1.0}})}, true, false});
@@ -79,7 +71,7 @@ TEST(Strokes, RealSymbolsShrinkWithTheScaleAndPaperOnesDoNot) {
 
 TEST(Strokes, SouthOrientedSheetTurnsEverythingButTextsAndUprightSymbols) {
   Drawing drawing;
-  drawing.setParameters(southOriented());
+  drawing.setParameters(surveyParameters(500.0, 1000.0));
   Primitive label = primitiveOf(Text{{1.0, 1.0}, "AB"});
   const std::vector<Primitive> parts = {primitiveOf(Line{{0.0, 0.0}, {10.0, 0.0}}), label};
   drawing.addSymbol({"NORTH", parts, true, true});
@@ -150,7 +142,7 @@ Box strokedBox(const Drawing& drawing) {
 void forEachPlacedSymbol(const std::vector<Primitive>& parts, const std::function<void(const Drawing&)>& use) {
   Parameters house;
   house.setScale(50.0);
-  for (const Parameters& parameters : {Parameters(), house, southOriented()}) {
+  for (const Parameters& parameters : {Parameters(), house, surveyParameters(500.0, 1000.0)}) {
     for (const int kind : {0, 1, 2, 3}) {
       Drawing drawing;
       drawing.setParameters(parameters);
@@ -196,7 +188,7 @@ TEST(Strokes, DimensionHeadsPointAtTheEndsOfTheDimensionLine) {
     for (const DimensionKind kind : {DimensionKind::kHorizontal, DimensionKind::kVertical}) {
       for (const double span : {2.0, 40.0}) {
         Drawing drawing;
-        if (turned) { drawing.setParameters(southOriented()); }
+        if (turned) { drawing.setParameters(surveyParameters(500.0, 1000.0)); }
         const Dimension dimension = {kind, {5.0, 5.0}, {0.0, 0.0}, {span, span}, "1.000"};
         drawing.add(primitiveOf(dimension));
         const Recorder strokes = strokesOf(drawing);

@@ -2,6 +2,7 @@
 
 #include "frame/host/core_services.h"
 #include "host/macros/command.h"
+#include "tests/host/drawing/survey_parameters.h"
 #include "tests/host/macros/macro_session.h"
 
 namespace {
@@ -45,16 +46,6 @@ class Enquiries : public MacroSession {
   }
   MadeDrawings files_;
 };
-
-TEST_F(Enquiries, TheUserIsAskedWithWhatTheVariableHolds) {
-  answer("text \"B12\"\naccept\nescape\n");
-  macro("#ENTER \"Enter label for first point\"\tLBL1$");
-  EXPECT_EQ(text("LBL1$"), "B12");
-  macro("ENTER \"Enter number\"\t\tLBL1$");
-  EXPECT_EQ(text("LBL1$"), "B12");
-  macro("ENTER \"Enter number\"  LBL1$");
-  EXPECT_EQ(text("LBL1$"), "");
-}
 
 TEST_F(Enquiries, SymbolsArePatternsOfTheirOwn) {
   answer("", &files_);
@@ -113,10 +104,7 @@ TEST_F(Enquiries, AnInsertedDrawingComesInTheDrawingsUnit) {
 TEST_F(Enquiries, AnInsertedDrawingStandsUprightOnATurnedSheet) {
   answer("", &files_);
   files_.lettered = true;
-  Parameters south = drawing().parameters();
-  south.setCoordinateSystem(0);
-  south.setOrientation(1);
-  drawing().setParameters(south);
+  drawing().setParameters(surveyParameters());
   macro("#LOAD \"Sheet.drg\" [100.00000, 200.00000] 1 0");
   EXPECT_EQ(shape<Line>(1).b, (Point{-900, -1800}));
   EXPECT_NEAR(shape<Text>(2).angle, 100.0, 1e-9);

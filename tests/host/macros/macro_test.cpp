@@ -1,34 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <random>
 
-#include "frame/host/macro_quote.h"
 #include "host/macros/command.h"
 #include "tests/host/window/host_session.h"
 
 namespace {
 
 using namespace brevan;
-
-TEST(MacroLexer, EveryByteStringComesBackFromItsQuotes) {
-  std::mt19937 random(3);
-  std::string all;
-  for (int byte = 0; byte < 256; ++byte) { all += static_cast<char>(byte); }
-  std::vector<std::string> texts = {all, "", "\"", "\"\"", "\" [1,2]", "\" \"x\" [#]", "a\"#MOVE"};
-  for (int round = 0; round < 3000; ++round) {
-    std::string text(static_cast<size_t>(random() % 12), ' ');
-    for (char& c : text) { c = random() % 3 == 0 ? "\"[]#\\ "[random() % 6] : static_cast<char>(random() % 256); }
-    texts.push_back(std::move(text));
-  }
-  for (const std::string& text : texts) {
-    const MacroLine line = readMacroLine("SELECTNAME " + quotedForMacro(text) + "[#]");
-    ASSERT_EQ(line.arguments.size(), 2U) << text;
-    EXPECT_EQ(line.arguments[0].kind, TokenKind::kText);
-    EXPECT_EQ(line.arguments[0].text, text);
-    EXPECT_EQ(line.arguments[1].kind, TokenKind::kTerminator);
-  }
-}
 
 TEST(MacroLexer, WaysToWriteTheSameCommand) {
   EXPECT_EQ(readMacroLine("  #lockAng \"L\"[#]").word, "LOCKANG");

@@ -76,49 +76,6 @@ TEST_P(RoundTrips, TurningMirroringScalingAndRepeatingComeBack) {
   EXPECT_EQ(json(), before);
 }
 
-TEST_P(RoundTrips, AnySequenceIsTakenBackAndDoneAgainByteForByte) {
-  std::vector<std::string> states = {json()};
-  size_t steps = 0;
-  const auto did = [&](const std::string& command) {
-    const std::string before = json();
-    if (!macroError(command).empty()) {
-      EXPECT_EQ(json(), before) << command;
-      return;
-    }
-    if (json() == before) { return; }
-    states.push_back(json());
-    ++steps;
-  };
-  for (int n = 0; n < 25; ++n) {
-    for (const PrimitiveId id : all()) {
-      if (whole(0, 3) == 0) { drawing().select(id); }
-    }
-    const std::vector<std::string> commands = {
-        "MOVE [0,0] " + shownPoint(any()),
-        "ROTATE " + shownPoint(any()) + " Y " + std::to_string(whole(-90, 90)),
-        "MIRROR " + shownPoint(any()) + " N Y",
-        "SNIP Y " + std::string(whole(0, 1) == 1 ? "Y" : "N") + " Y " + shownPoint(any()) + " " + shownPoint(any()),
-        "REPEAT 2 N " + shownPoint(any()) + " 33",
-        "WSNEWLAY \"L" + std::to_string(whole(0, 2)) + "\"",
-        "COPYTOLAYER \"L" + std::to_string(whole(0, 2)) + "\"",
-        "LINKSEL \"G" + std::to_string(n) + "\"",
-        "ARCR " + shownPoint(any()) + " " + shownPoint(any()) + " 900",
-        "HDIM F " + shownPoint(any()) + " " + shownPoint(any()) + " " + shownPoint(any()) + " !",
-        "DELSELECT"};
-    did(commands[static_cast<size_t>(whole(0, static_cast<int>(commands.size()) - 1))]);
-    drawing().clearSelection();
-  }
-  ASSERT_GT(steps, 5U);
-  for (size_t at = states.size() - 1; at-- > 0;) {
-    ASSERT_TRUE(drawing().undo());
-    ASSERT_EQ(json(), states[at]) << at;
-  }
-  for (size_t at = 1; at < states.size(); ++at) {
-    ASSERT_TRUE(drawing().redo());
-    ASSERT_EQ(json(), states[at]) << at;
-  }
-}
-
 INSTANTIATE_TEST_SUITE_P(Random, RoundTrips, ::testing::Range(1U, 9U));
 
 }  // namespace

@@ -57,22 +57,6 @@ TEST_F(Snip, InsideAndOutsideMakeTheWhole) {
   }
 }
 
-TEST_F(Snip, ASlotCutsTheSelectedNutAndNothingElse) {
-  const PrimitiveId below = line(-50, 8, 50, 8);
-  drawing().select(below);
-  macro("SELECTNEW 1");  // begins with nothing selected
-  window().gsSetPrimHeader(kLinePrimitive, 0, 0, 0, 3, 1, 2.0, 0, 0);
-  window().gsSetLine(-10, 10, 10, 10);
-  const PrimitiveId top = window().gsAddPrim();
-  macro("#SNIP \"Y\" \"Y\" \"N\" [2.00000000,11.00000000] [-2.00000000,7.00000000] [#]");
-  EXPECT_EQ(shape<Line>(below).b, (Point{50, 8}));
-  EXPECT_EQ(shape<Line>(top).b, (Point{-2, 10}));
-  ASSERT_EQ(drawing().selection().size(), 2U);
-  const Primitive& other = *drawing().find(drawing().selection().back());
-  EXPECT_EQ(std::get<Line>(other.geometry).a, (Point{2, 10}));
-  EXPECT_EQ(other.pen, 3);
-}
-
 TEST_F(Snip, TheOutlineReplacesWhatLayAlongIt) {
   line(0, 0, 0, 10);             // on the left side
   line(-5, 5, 15, 5);            // across
@@ -90,14 +74,6 @@ TEST_F(Snip, TheOutlineReplacesWhatLayAlongIt) {
   EXPECT_NEAR(inkLength(), 16.0 + 4.0 * kPi, 1e-9);
   macro("#SNIP \"N\" \"Y\" \"Y\" [0.000,0.000] [0.000,2.000] [#]");  // once more changes nothing but the circle's id
   EXPECT_EQ(drawing().count(), 3U);
-}
-
-TEST_F(Snip, TextsGoOnlyWhole) {
-  const PrimitiveId wide = add(Text{{0, 0}, "WIDE TEXT"});
-  macro("#SNIP \"Y\" \"Y\" \"N\" [-1,-1] [5,10] [#]");
-  EXPECT_NE(drawing().find(wide), nullptr);
-  macro("#SNIP \"Y\" \"Y\" \"N\" [-1,-1] [100,10] [#]");
-  EXPECT_EQ(drawing().find(wide), nullptr);
 }
 
 TEST_F(Snip, APolygonKeepsWhatIsInside) {

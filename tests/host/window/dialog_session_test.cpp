@@ -262,6 +262,31 @@ TEST_F(DialogUse, GridCellsAreTypedAndCountedFromOne) {
   EXPECT_NE(why(session_->editCell(walls, 2, "Name", "x")), "") << "the click took the row away";
 }
 
+TEST_F(DialogUse, WhatASpreadsheetCopiedIsPastedWholeOrNotAtAll) {
+  const int walls = at("Walls");
+  auto& grid = every_.dialog.state<dialog::Grid>(walls);
+  EXPECT_EQ(why(session_->paste(walls, 1, "Name", "A \t2,5\r\n\"B\t\"\"C\"\"\"\t3\r\n")), "");
+  EXPECT_EQ(grid.rows[0][0].text + grid.rows[0][1].text, "A 2.5");
+  EXPECT_EQ(grid.rows[1][0].text + grid.rows[1][1].text, "B\t\"C\"3.0");
+  EXPECT_EQ(every_.log.back(), "edit Walls");
+  const auto rows = grid.rows;
+  const std::pair<const char*, const char*> refused[] = {
+      {"X\t0.4", "row 2: \"Width\" takes 0.5 to 9.5, got \"0.4\""},
+      {"X\t1\t2\tBrick\t1\t13", "row 2: \"Area\" cannot be edited in this row"},
+      {"X\nY", "\"Walls\" has no room for 2 rows and 1 columns there"}};
+  for (const auto& [text, rule] : refused) { EXPECT_EQ(why(session_->paste(walls, 2, "Name", text)), rule); }
+  EXPECT_EQ(grid.rows, rows);
+  grid.onGrow = [&grid](size_t count, size_t) { grid.rows.resize(count, grid.rows.front()); };
+  EXPECT_NE(why(session_->paste(walls, 2, "Width", "2\n99")), "");
+  EXPECT_EQ(grid.rows, rows) << "what it grew by is gone";
+  EXPECT_EQ(why(session_->paste(walls, 2, "Width", "2\n3\n4")), "");
+  EXPECT_EQ(grid.rows[3][1].text, "4.0");
+  takeLog();
+  EXPECT_EQ(why(session_->insertRow(walls, 2)), "");
+  EXPECT_EQ(every_.log.back(), "insert row 1");
+  EXPECT_NE(why(session_->insertRow(at("Table"), 1)), "");
+}
+
 TEST_F(DialogUse, ARowIsMadeSureOfByItsCells) {
   const int walls = at("Walls");
   auto& grid = every_.dialog.state<dialog::Grid>(walls);

@@ -57,26 +57,4 @@ TEST(Snapping, GivesTheNearestPointOfAllThatIsVisible) {
   EXPECT_GT(found, 100U);
 }
 
-using HolePicks = HostSession;
-
-TEST_F(HolePicks, TheCentreOfAHoleIsMeantAndOfItsCirclesTheSmallest) {
-  const auto circle = [this](double radius) {
-    return drawing().add({.geometry = Arc{{80 - radius, 30}, {80, 30}, {80 - radius, 30}, true}});
-  };
-  const PrimitiveId hole = circle(2.75);
-  circle(5.0);
-  line(76.7, 30, 83.3, 30);
-  line(80, 26.7, 80, 33.3);
-  line(80, 28, 90, 50);  // ends as far from the pick below as the centre lies
-  window().cursor().snapToNear(true);
-  for (const Point pick : {Point{80, 30}, Point{80.3, 30.1}, Point{79.9, 29.8}, Point{80, 29}}) {
-    EXPECT_EQ(window().cursor().give(pick, drawing()), (Point{80, 30}));
-  }
-  EXPECT_EQ(drawing().nearest({80, 30}, 5.0,
-                              [](PrimitiveId, const Primitive& primitive) {
-                                return std::holds_alternative<Arc>(primitive.geometry);
-                              }),
-            hole);
-}
-
 }  // namespace

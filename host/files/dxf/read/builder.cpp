@@ -13,6 +13,7 @@ void sizeOnPaper(Geometry& geometry, double paperMillimetre) {
     arrow->length /= paperMillimetre;
     arrow->width /= paperMillimetre;
   }
+  if (Hatch* hatch = std::get_if<Hatch>(&geometry)) { hatch->scale /= paperMillimetre; }
 }
 
 Transform cellTransform(const DxfInsert& insert, Point base, double column, double row) {
@@ -91,7 +92,13 @@ Geometry DxfBuilder::inDrawing(Geometry geometry) const {
     symbol->at = Point{} - symbol->at;
     return geometry;
   }
-  return transformed(geometry, Transform{-1.0, 0.0, 0.0, 0.0, -1.0, 0.0});
+  const Geometry turned = transformed(geometry, Transform{-1.0, 0.0, 0.0, 0.0, -1.0, 0.0});
+  if (const Hatch* hatch = std::get_if<Hatch>(&geometry)) {
+    Hatch upright = std::get<Hatch>(turned);
+    upright.angle = hatch->angle;
+    return upright;
+  }
+  return turned;
 }
 
 void DxfBuilder::take(const DxfLook& look, Geometry&& geometry) {

@@ -88,17 +88,6 @@ bool isSpline(const SplineShape& spline) {
 
 }  // namespace
 
-Geometry bulgedSide(Point from, Point to, double bulge) {
-  const Point chord = to - from;
-  if (bulge == 0.0 || squaredLength(chord) == 0.0) { return Line{from, to}; }
-  // The centre lies off the chord's middle by (1 - bulge^2) / (4 bulge) of it, to the left.
-  const double aside = (1.0 - bulge * bulge) / (4.0 * bulge);
-  const Point centre = middle(from, to) + Point{-chord.y, chord.x} * aside;
-  constexpr double kFlat = 1e9;  // radii in chords, beyond which the arc is the chord
-  if (!isFinite(centre) || std::abs(aside) > kFlat) { return Line{from, to}; }
-  return Arc{from, centre, to, bulge < 0.0};
-}
-
 std::vector<Point> ellipseChain(const EllipseShape& ellipse) {
   double sweep = positiveAngle(ellipse.to - ellipse.from);
   if (sweep < 1e-12) { sweep = 2.0 * kPi; }

@@ -10,9 +10,6 @@ namespace brevan {
 // kCurveTolerance of the curve's size: an ellipse's longer half axis, the extent of a spline's control points.
 inline constexpr double kCurveTolerance = 1e-4;
 
-// One side of a polyline; its bulge is the tangent of a quarter of the angle it turns through, above 0 to the left.
-Geometry bulgedSide(Point from, Point to, double bulge);
-
 // A part of an ellipse: centre, end of its longer half axis relative to the centre, the other half axis relative
 // to that one turned left, parameters of start and end in radians, counter-clockwise in those axes.
 struct EllipseShape {

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "host/drawing/hatch_patterns.h"
 #include "host/files/dxf/read/curves.h"
+#include "host/files/dxf/read/hatch.h"
 
 namespace brevan {
 
@@ -41,6 +43,7 @@ const std::vector<DxfEntityReader::KindRow>& DxfEntityReader::rows() {
       {"SPLINE", &Reader::spline, false},
       {"LEADER", &Reader::leader, false},
       {"DIMENSION", &Reader::dimension, false},
+      {"HATCH", &Reader::hatch, true},
       {"VIEWPORT", &Reader::nothing, false},
   };
   return kRows;
@@ -127,13 +130,13 @@ void DxfEntityReader::point(const DxfRecord& record) {
   sink_->take(look_, Arc{at, at, at, false});
 }
 
+Geometry DxfEntityReader::sideBetween(const Vertex& from, const Vertex& to) {
+  return std::visit([](const auto& side) { return Geometry(side); }, bulgedSide(from.at, to.at, from.bulge));
+}
+
 void DxfEntityReader::outline(const std::vector<Vertex>& vertices, bool closed) {
-  for (size_t n = 1; n < vertices.size(); ++n) {
-    put(bulgedSide(vertices[n - 1].at, vertices[n].at, vertices[n - 1].bulge));
-  }
-  if (closed && vertices.size() > 1) {
-    put(bulgedSide(vertices.back().at, vertices.front().at, vertices.back().bulge));
-  }
+  for (size_t n = 1; n < vertices.size(); ++n) { put(sideBetween(vertices[n - 1], vertices[n])); }
+  if (closed && vertices.size() > 1) { put(sideBetween(vertices.back(), vertices.front())); }
 }
 
 void DxfEntityReader::lightPolyline(const DxfRecord& record) {
@@ -274,6 +277,16 @@ void DxfEntityReader::leader(const DxfRecord& record) {
     points.erase(points.begin());
   }
   chain(points);
+}
+
+void DxfEntityReader::hatch(const DxfRecord& record) {
+  Hatch read = dxfHatchRead(record, own_);
+  const bool drawn = !read.loops.empty() && (read.pattern == kSolidPattern || !linesOf(read).empty());
+  if (!drawn) {
+    report_.note(read.loops.empty() ? "HATCH without a closed outline" : "HATCH without lines");
+    return;
+  }
+  put(std::move(read));
 }
 
 void DxfEntityReader::insert(const DxfRecord& record) {

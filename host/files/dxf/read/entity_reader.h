@@ -47,9 +47,11 @@ class DxfEntityReader {
   void leader(const DxfRecord& record);
   void insert(const DxfRecord& record);
   void dimension(const DxfRecord& record);
+  void hatch(const DxfRecord& record);
   void nothing(const DxfRecord&) {}
 
   void put(Geometry&& geometry);
+  static Geometry sideBetween(const Vertex& from, const Vertex& to);
   void outline(const std::vector<Vertex>& vertices, bool closed);
   void chain(const std::vector<Point>& points);
   void singleLine(const DxfRecord& record, int verticalCode);

@@ -27,8 +27,25 @@ Text placedText(Text text, const Transform& transform) {
   return text;
 }
 
+namespace {
+
+double growthUnder(const Transform& transform) {
+  return std::sqrt(std::abs(transform.xx * transform.yy - transform.xy * transform.yx));
+}
+
+}  // namespace
+
+Hatch placedHatch(const Hatch& hatch, const Transform& transform) {
+  const bool keeps = canTransform(hatch, transform);
+  const Box box = hatchBounds(hatch);
+  Hatch placed = transformed(keeps ? hatch : straightened(hatch, kCurveTolerance * std::max(box.width(), box.height())),
+                             transform);
+  placed.scale *= growthUnder(transform);
+  return placed;
+}
+
 Arrow placedArrow(Arrow arrow, const Transform& transform) {
-  const double scale = std::sqrt(std::abs(transform.xx * transform.yy - transform.xy * transform.yx));
+  const double scale = growthUnder(transform);
   arrow.p1 = transform(arrow.p1);
   arrow.p2 = transform(arrow.p2);
   arrow.length *= scale;

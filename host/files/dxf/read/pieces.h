@@ -71,17 +71,21 @@ class DxfReport {
 // text but never its letters, so its justification changes sides. A transform that flattens it gives the height 0.
 Text placedText(Text text, const Transform& transform);
 Arrow placedArrow(Arrow arrow, const Transform& transform);
+// Its bent sides straightened where the transform would bend them otherwise.
+Hatch placedHatch(const Hatch& hatch, const Transform& transform);
 // An arc that the transform makes part of an ellipse, as a chain of points.
 std::vector<Point> arcChain(const Arc& arc, const Transform& transform);
 
 // Calls `use` with the geometry under any affine transform: with one piece, or with a line for each side of the chain
-// where an arc is none any more. Heads of arrows grow with the area.
+// where an arc is none any more. Heads of arrows and patterns grow with the area.
 template <class Use>
 void forEachPlaced(const Geometry& geometry, const Transform& transform, const Use& use) {
   if (const Text* text = std::get_if<Text>(&geometry)) {
     use(Geometry(placedText(*text, transform)));
   } else if (const Arrow* arrow = std::get_if<Arrow>(&geometry)) {
     use(Geometry(placedArrow(*arrow, transform)));
+  } else if (const Hatch* hatch = std::get_if<Hatch>(&geometry)) {
+    use(Geometry(placedHatch(*hatch, transform)));
   } else if (canTransform(geometry, transform)) {
     use(transformed(geometry, transform));
   } else {

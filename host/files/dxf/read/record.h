@@ -158,7 +158,7 @@ class DxfRecord {
     }
     [[nodiscard]] std::span<const DxfScanner::CodeText> all() const { return {texts.data(), count}; }
   };
-  // Of the groups after the head, with that of the next record. Kinds that share a place cost time alone.
+  // The codes of the groups after the head, with that of the next record. Kinds that share a place cost time alone.
   Codes& codesOf(std::string_view kind) {
     const size_t first = kind.empty() ? 0 : static_cast<unsigned char>(kind.front());
     return codes_[(kind.size() + first) % codes_.size()];

@@ -110,7 +110,7 @@ class DxfScanner {
     uint32_t length = 0;
     int code = 0;
   };
-  // Of the group that was taken last, from the place before it.
+  // The code's text of the group that was taken last, from the place before it.
   [[nodiscard]] static CodeText codeText(const Place& before, const DxfTag& taken) {
     CodeText text;
     text.code = taken.code;

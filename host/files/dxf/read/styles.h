@@ -49,7 +49,7 @@ struct DxfFont {
   double widthFactor = 1.0;
 };
 
-// Of the heads of leaders, in lengths of the space. A scale of 0 stands for sheets that choose their own.
+// How large the heads of leaders are, in lengths of the space. A scale of 0 stands for sheets that choose their own.
 struct DxfHeadSize {
   double scale = 1.0;
   double size = 0.18;  // what goes without saying in this format
@@ -73,7 +73,7 @@ class DxfStyles {
   // A layer that no table names is made. Names count without regard to case.
   int layerOf(std::string_view name);
   [[nodiscard]] const DxfFont& fontOf(std::string_view name) const;
-  // Of a leader, which may differ from its style.
+  // The size that a leader shows, which may differ from its style's.
   [[nodiscard]] DxfHeadSize headSizeOf(const DxfRecord& leader) const;
   // Holds until the next is asked for.
   const DxfLook& lookOf(const DxfRecord& record);

@@ -6,6 +6,7 @@
 #include "host/drawing/dash_pattern.h"
 #include "host/drawing/dimension_strokes.h"
 #include "host/drawing/font_metrics.h"
+#include "host/drawing/hatch_patterns.h"
 #include "host/drawing/pens.h"
 #include "host/drawing/symbol_expansion.h"
 #include "host/drawing/text_layout.h"
@@ -110,6 +111,7 @@ DxfEntities DxfEntityWriter::write(const Primitive& primitive) {
     void operator()(const Arrow& arrow) const { writer.arrow(primitive, arrow); }
     void operator()(const Symbol& symbol) const { writer.symbol(symbol); }
     void operator()(const Dimension&) const { writer.writeDimensionPicture(primitive); }
+    void operator()(const Hatch& hatch) const { writer.hatch(hatch); }
   };
   setReactors(primitive);
   setStyle(primitive, primitive.pen);
@@ -161,7 +163,6 @@ void DxfEntityWriter::arc(const Arc& arc) {
   tags_.raw("\n");
 }
 
-// The bulge of an edge is the tangent of a quarter of its turn.
 void DxfEntityWriter::writeLoop(const Loop& loop) {
   if (const auto* circle = std::get_if<ArcShape>(&loop.front()); circle != nullptr && isFullCircle(*circle)) {
     write({.geometry = *circle});
@@ -176,7 +177,7 @@ void DxfEntityWriter::writeLoop(const Loop& loop) {
     const Point corner = placed(startOf(edge));
     tags_.real(10, corner.x);
     tags_.real(20, corner.y);
-    if (const auto* arc = std::get_if<ArcShape>(&edge)) { tags_.real(42, std::tan(arcSweep(*arc) / 4.0)); }
+    if (std::holds_alternative<ArcShape>(edge)) { tags_.real(42, bulgeOf(edge)); }
   }
 }
 
@@ -289,6 +290,68 @@ void DxfEntityWriter::symbol(const Symbol& symbol) {
   tags_.real(42, scale);
   tags_.real(43, scale);
   tags_.real(50, positiveDegrees(symbol.rotation + (turns ? 180.0 : 0.0)));
+}
+
+void DxfEntityWriter::hatch(const Hatch& hatch) {
+  const bool solid = hatch.pattern == kSolidPattern;
+  const std::span<const HatchLines> lines = linesOf(hatch);
+  if (hatch.loops.empty() || (!solid && lines.empty())) { return; }
+  begin("HATCH");
+  tags_.text(100, "AcDbHatch");
+  tags_.point(10, {});
+  tags_.real(210, 0.0);
+  tags_.real(220, 0.0);
+  tags_.real(230, 1.0);
+  tags_.text(2, dxfPlain(hatch.pattern, model_.version()));
+  tags_.integer(70, solid ? 1 : 0);
+  tags_.integer(71, 0);
+  tags_.integer(91, static_cast<long long>(hatch.loops.size()));
+  for (const HatchLoop& loop : hatch.loops) { hatchPath(loop); }
+  constexpr int kOddParity = 0;
+  constexpr int kPredefined = 1;
+  constexpr int kCustom = 2;
+  tags_.integer(75, kOddParity);
+  tags_.integer(76, solid ? kPredefined : kCustom);
+  if (!solid) {
+    tags_.real(52, hatch.angle);
+    tags_.real(41, hatch.scale * space_.paperMillimetre);
+    tags_.integer(77, 0);
+    tags_.integer(78, static_cast<long long>(lines.size()));
+    for (const HatchLines& family : lines) { hatchLines(hatch, family); }
+  }
+  tags_.integer(98, 0);
+}
+
+void DxfEntityWriter::hatchPath(const HatchLoop& loop) {
+  constexpr int kPolyline = 2;
+  const bool bent = std::any_of(loop.begin(), loop.end(), [](const HatchCorner& c) { return c.bulge != 0.0; });
+  tags_.integer(92, 1 + kPolyline);
+  tags_.integer(72, bent ? 1 : 0);
+  tags_.integer(73, 1);
+  tags_.integer(93, static_cast<long long>(loop.size()));
+  for (const HatchCorner& corner : loop) {
+    const Point at = placed(corner.at);
+    tags_.real(10, at.x);
+    tags_.real(20, at.y);
+    if (bent) { tags_.real(42, corner.bulge); }
+  }
+  tags_.integer(97, 0);
+}
+
+// Lines stand in the file as they lie, turned and with their full lengths.
+void DxfEntityWriter::hatchLines(const Hatch& hatch, const HatchLines& lines) {
+  const double size = hatch.scale * space_.paperMillimetre;
+  const Point turned = unitOfDegrees(hatch.angle);
+  const Point start = placed(hatch.origin) + Transform::rotation({}, turned.x, turned.y)(lines.start * size);
+  const Point along = unitOfDegrees(lines.angle + hatch.angle);
+  const Point step = Transform::rotation({}, along.x, along.y)(lines.step * size);
+  tags_.real(53, positiveDegrees(lines.angle + hatch.angle));
+  tags_.real(43, start.x);
+  tags_.real(44, start.y);
+  tags_.real(45, step.x);
+  tags_.real(46, step.y);
+  tags_.integer(79, static_cast<long long>(lines.dashes.size()));
+  for (const double dash : lines.dashes) { tags_.real(49, dash * size); }
 }
 
 void DxfEntityWriter::writeSymbolParts(const DxfBlock& block) {

@@ -32,14 +32,15 @@ struct DxfTextFrame;
 //
 // Arcs run counter-clockwise, so a clockwise one is written from its end. An arrow is a LINE and a SOLID.
 // A text of one line is a TEXT whose baseline is where it is shown, one of several an MTEXT. A symbol is
-// an INSERT of its block, mirrored by a negative scale. A dimension is a DIMENSION with its picture block. Dashed lines
-// and arcs stretch the pattern of their line type, so that it comes to lie as on paper where readers lay it.
+// an INSERT of its block, mirrored by a negative scale. A hatch is a HATCH whose pattern stands in it. A dimension is a
+// DIMENSION with its picture block. Dashed lines and arcs stretch the pattern of their line type, so that it comes to
+// lie as on paper where readers lay it.
 class DxfEntityWriter {
  public:
   DxfEntityWriter(DxfModel& model, DxfTags& tags, const DxfSpace& space);
 
   DxfEntities write(const Primitive& primitive);
-  // Of a dimension of the drawing, counted in drawing order.
+  // Writes a dimension, which has its number in the order of the drawing.
   DxfEntities writeDimension(const Primitive& primitive, size_t number);
   // In the first pen: a full circle as it is, any other loop as one closed polyline.
   void writeLoop(const Loop& loop);
@@ -60,6 +61,9 @@ class DxfEntityWriter {
   void arrow(const Primitive& primitive, const Arrow& arrow);
   void solid(const std::array<Point, 3>& corners);
   void symbol(const Symbol& symbol);
+  void hatch(const Hatch& hatch);
+  void hatchPath(const HatchLoop& loop);
+  void hatchLines(const Hatch& hatch, const HatchLines& lines);
   [[nodiscard]] Point placed(Point p) const { return space_.turned ? Point{-p.x, -p.y} : p; }
 
   DxfModel& model_;

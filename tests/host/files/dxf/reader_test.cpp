@@ -119,20 +119,6 @@ TEST(DxfReader, OwnFilesComeBackWhole) {
   }
 }
 
-TEST(DxfReader, TextsComeBackWhateverTheyHold) {
-  const std::vector<std::string> texts = {"plain", "\xD8 20 \xB1 0.1\xB0",  "100%% 5%%%d",  "a^b ^J",     "\\U+0041",
-                                          "{x}",   "one\\Ntwo {\\P} ^ %%d", "\x80\x9F\xFF", "A\n0\nLINE", "\t"};
-  Drawing drawing;
-  for (const std::string& text : texts) { drawing.add({.geometry = Text{{1, 2}, text}}); }
-  for (const DxfVersion version : {DxfVersion::kR2000, DxfVersion::kR2010}) {
-    const ReadDrawing read = readText(drawingDxf(drawing, version));
-    ASSERT_EQ(read.drawing.count(), texts.size());
-    for (size_t n = 0; n < texts.size(); ++n) {
-      EXPECT_EQ(std::get<Text>(read.drawing.find(static_cast<PrimitiveId>(n) + 1)->geometry).text, texts[n]);
-    }
-  }
-}
-
 TEST(DxfReader, SymbolsKeepTheirPartsAndKind) {
   Drawing drawing;
   drawing.addSymbol({"INNER", {{.geometry = Line{{0, 0}, {1, 1}}}, {.pen = 256, .geometry = Line{{0, 0}, {0, 9}}}}});
@@ -183,6 +169,9 @@ TEST(DxfReader, BadInputIsRefusedWithItsLine) {
       {radius("1.5mm"), "got \"1.5mm\""},
       {radius(""), "got \"\""},
       {radius("1e308"), ""},
+      {entities("0\nLWPOLYLINE\n70\n2147483648\n"), "a whole number"},
+      {entities("0\nLWPOLYLINE\n70\n1e300\n"), "a whole number"},
+      {entities("0\nLWPOLYLINE\n70\n1.5\n"), "a whole number"},
       {entities(std::string(2 << 20, 'x')), "longer than 1048576 characters"},
       {section("BLOCKS", block("A", insertOf("B")) + block("B", insertOf("A"))) + entities(insertOf("A")),
        "block \"A\" contains itself"},

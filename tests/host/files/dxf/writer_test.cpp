@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "frame/host/core_services.h"
 #include "host/drawing/font_metrics.h"
 #include "host/drawing/text_layout.h"
@@ -13,76 +11,7 @@
 namespace brevan {
 namespace {
 
-Primitive primitiveOf(Geometry geometry, GroupId group = 0) {
-  return {.group = group, .geometry = std::move(geometry)};
-}
-
-// One of everything, in groups and out of them.
-void fill(Drawing& drawing) {
-  const GroupId group = drawing.addGroup("BOLTS", "M10");
-  const GroupId unnamed = drawing.addGroup("BOLTS", "_");
-  drawing.addSymbol({"MARK", {primitiveOf(Line{{0, 0}, {1, 1}}), primitiveOf(Text{{0, 0}, "m"})}, true, false});
-  drawing.addSymbol({"PAIR", {primitiveOf(Symbol{"MARK", {0, 0}, 2.0, 0.0})}, false, true});
-  drawing.add(primitiveOf(Line{{0, 0}, {10, 5}}, group));
-  drawing.add(primitiveOf(Arc{{1, 0}, {0, 0}, {0, 1}, true}, group));
-  drawing.add(primitiveOf(Arc{{1, 0}, {0, 0}, {1, 0}, false}, unnamed));
-  drawing.add(primitiveOf(Arc{{1, 0}, {1, 0}, {1, 0}, false}));
-  drawing.add(primitiveOf(Text{{0, 0}, "one"}));
-  drawing.add(primitiveOf(Text{{0, 0}, "one\\Ntwo"}, group));
-  drawing.add(primitiveOf(Arrow{{0, 0}, {10, 0}}, group));
-  drawing.add(primitiveOf(Symbol{"PAIR", {5, 5}, 1.0, 30.0}));
-  drawing.add(primitiveOf(Symbol{"MISSING", {5, 5}, 1.0, 30.0}));
-  drawing.add(primitiveOf(Dimension{DimensionKind::kHorizontal, {0, 20}, {0, 0}, {40, 0}, "40.000"}, group));
-}
-
-const std::set<int> kOwnHandleCodes = {5, 105};
-
-TEST(Dxf, HandlesAreUniqueAndEveryReferenceHasItsObject) {
-  for (const DxfVersion version : {DxfVersion::kR2000, DxfVersion::kR2010}) {
-    Drawing drawing;
-    fill(drawing);
-    std::set<std::string> handles = {"0"};
-    const std::vector<WrittenRecord> records = recordsOf(drawingDxf(drawing, version));
-    for (const WrittenRecord& record : records) {
-      for (const DxfGroupPair& group : record.groups) {
-        const bool own = kOwnHandleCodes.contains(group.code) && record.kind != "SECTION";
-        if (own) { EXPECT_TRUE(handles.insert(group.value).second) << record.kind << ' ' << group.value; }
-      }
-    }
-    for (const WrittenRecord& record : records) {
-      for (const DxfGroupPair& group : record.groups) {
-        const bool reference = group.code == 330 || group.code == 340 || group.code == 350 || group.code == 390;
-        if (reference) { EXPECT_TRUE(handles.contains(group.value)) << record.kind << ' ' << group.value; }
-      }
-    }
-    // The seed lies above every handle.
-    const std::string seed = records.front().text(5);
-    const auto padded = [](const std::string& text) { return std::string(8 - text.size(), '0') + text; };
-    for (const std::string& handle : handles) { EXPECT_LT(padded(handle), padded(seed)); }
-  }
-}
-
-TEST(Dxf, GroupsNameTheirMembersAndMembersTheirGroup) {
-  Drawing drawing;
-  fill(drawing);
-  const std::vector<WrittenRecord> records = recordsOf(drawingDxf(drawing));
-  const std::vector<WrittenRecord> groups = ofKind(records, "GROUP");
-  ASSERT_EQ(groups.size(), 2U);
-  EXPECT_EQ(groups[0].text(300), "BOLTS M10");
-  EXPECT_EQ(groups[1].text(70), "1");
-  size_t listed = 0;
-  std::map<std::string, std::string> reactorOf;
-  for (const WrittenRecord& record : records) { reactorOf[record.text(5)] = record.text(330); }
-  for (const WrittenRecord& group : groups) {
-    for (const DxfGroupPair& pair : group.groups) {
-      if (pair.code != 340) { continue; }
-      ++listed;
-      EXPECT_EQ(reactorOf[pair.value], group.text(5));
-    }
-  }
-  EXPECT_EQ(ofKind(records, "POINT").size(), 1U) << "a circle without radius";
-  EXPECT_EQ(listed, 7U);  // line, arc, text, the arrow's two, dimension; circle
-}
+Primitive primitiveOf(Geometry geometry) { return {.geometry = std::move(geometry)}; }
 
 TEST(Dxf, TextsStayOneTextWhateverTheyHold) {
   Drawing drawing;

@@ -1,7 +1,4 @@
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTabBar>
-#include <QTableWidget>
 #include <QToolButton>
 #include <regex>
 
@@ -11,12 +8,10 @@ namespace {
 
 using namespace brevan;
 
-// The survey setup dialog as a person meets it: grids with pens, fonts, buttons, and rows removed by a click.
-class SurveyWindow : public DesktopSession {
+// Dialogs that are made of grids as a person meets them: rows removed by a click, layouts and names by a list.
+class Grids : public DesktopSession {
  protected:
-  static QTableWidget& grid(size_t index) {
-    return *dialogShown()->findChildren<QTableWidget*>().at(static_cast<qsizetype>(index));
-  }
+  static QTableWidget& grid(qsizetype index) { return *dialogShown()->findChildren<QTableWidget*>().at(index); }
   // After the event that brings us here, since what the click opens waits in an event loop of its own.
   static void clickCell(int row, int column) {
     QTimer::singleShot(0, [row, column] {
@@ -26,20 +21,17 @@ class SurveyWindow : public DesktopSession {
       QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::NoModifier, at);
     });
   }
-  void whenAsked(const QString& text, QMessageBox::StandardButton answer) {
-    when(
-        [text] {
-          const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-          return box != nullptr && box->text() == text;
-        },
-        [answer] {
-          auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-          QTimer::singleShot(0, box, [box, answer] { box->button(answer)->click(); });
-        });
+  static std::string contentOf(const std::string& file) {
+    std::ifstream in(file);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+  static QTableWidget& gridShown() {
+    const auto grids = dialogShown()->findChildren<QTableWidget*>();
+    return **std::ranges::find_if(grids, &QTableWidget::isVisible);
   }
 };
 
-TEST_F(SurveyWindow, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
+TEST_F(Grids, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
   QStringList texts;
   const auto first = [&texts] { texts.append(grid(1).item(7, 0)->text()); };
   whenDialog([](DialogWindow& dialog) {
@@ -49,9 +41,9 @@ TEST_F(SurveyWindow, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
     grid(1).setCurrentCell(7, 1);
     clickCell(7, 0);
   });
-  whenAsked("Delete this row?", QMessageBox::No);
+  whenAsked(QMessageBox::No, "Delete this row?");
   whenDialog([&](DialogWindow&) { first(), clickCell(7, 0); });
-  whenAsked("Delete this row?", QMessageBox::Yes);
+  whenAsked(QMessageBox::Yes, "Delete this row?");
   whenDialog([&](DialogWindow& dialog) { first(), QTest::keyClick(&dialog, Qt::Key_Escape); });
   act([this] { window_->runCommand("SG_DiagramEditor"); });
   EXPECT_EQ(texts, (QStringList{"SIDES", "Metres"}));
@@ -60,13 +52,7 @@ TEST_F(SurveyWindow, AClickAsksBeforeARowGoesAndTheKeyboardDoesNot) {
   EXPECT_LT(recorded.indexOf("reply no"), recorded.indexOf("reply yes")) << recorded.toStdString();
 }
 
-std::string contentOf(const std::string& file) {
-  std::stringstream text;
-  text << std::ifstream(file).rdbuf();
-  return text.str();
-}
-
-TEST_F(SurveyWindow, ARecordingCarriesEveryPageAndTemplate) {
+TEST_F(Grids, ARecordingCarriesEveryPageAndTemplate) {
   whenDialog([](DialogWindow& dialog) {
     dialog.findChild<QTabBar*>()->setCurrentIndex(2);
     press(dialog, "OK");
@@ -79,6 +65,27 @@ TEST_F(SurveyWindow, ARecordingCarriesEveryPageAndTemplate) {
   std::ofstream(libraries + "/SG Diagram.ini") << std::regex_replace(shipped, shown, "7");
   replayed("", "", libraries);
   EXPECT_EQ(contentOf(root_.toStdString() + "/out1/SG Diagram.ini"), shipped);
+}
+
+TEST_F(Grids, FollowTheEntryThatIsChosenAndNotANameThatIsTyped) {
+  whenDialog([this](DialogWindow& dialog) {
+    auto* walls = dialog.findChildren<QComboBox*>().front();
+    EXPECT_EQ(gridShown().rowCount(), 6);
+    const QTableWidgetItem& pen = *gridShown().item(0, 0);
+    EXPECT_EQ(pen.background().color(), QColor(QRgb(window_->host().window().gsGetPenColor(pen.text().toInt()))));
+    walls->setCurrentIndex(walls->findText("Brick 110"));
+    emit walls->activated(walls->currentIndex());
+    EXPECT_EQ(gridShown().rowCount(), 4);
+    walls->lineEdit()->selectAll();
+    QTest::keyClicks(walls->lineEdit(), "Block cavity 300 of clay");  // through the name of another type
+    EXPECT_EQ(walls->currentText(), "Block cavity 300 of clay");
+    EXPECT_EQ(gridShown().rowCount(), 4);
+    press(dialog, "OK");
+  });
+  act([this] { type("ArchSetWalls"); });
+  const std::string renamed =
+      TINIFile(root_.toStdString() + "/data/ArchSpecs.ini").ReadString("WALL_TYPES", "Wall6", "");
+  EXPECT_TRUE(renamed.starts_with("Block cavity 300 of clay,WALLS_INTERNAL,")) << renamed;
 }
 
 }  // namespace
