@@ -181,7 +181,7 @@ void MainWindow::buildToolMenus() {
   QMenu& change = *menuBar()->addMenu(tr("&Modify"));
   auto* bar = new QToolBar(tr("Draw"), this);
   bar->setObjectName("drawBar");
-  bar->setIconSize({22, 22});
+  bar->setIconSize({18, 18});
   addToolBar(Qt::LeftToolBarArea, bar);
   for (const DrawingTool& tool : drawingTools()) {
     const QString name = shown(tool.name);
