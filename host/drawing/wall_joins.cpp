@@ -99,7 +99,7 @@ JoinedWall wallNear(const Drawing& drawing, GroupId group, const Box& box) {
 
 // ---- What goes ----------------------------------------------------------------------------------------------
 
-// The part of a line between two values of a coordinate that runs evenly along it.
+// What of a line lies between two values of a coordinate that runs evenly along it.
 Interval within(const JoinedLine& line, const Interval& values, double atStart, double atEnd) {
   const double rise = (atEnd - atStart) / line.length();
   const Interval all{0.0, line.length()};
