@@ -92,7 +92,7 @@ Geometry DxfBuilder::inDrawing(Geometry geometry) const {
     symbol->at = Point{} - symbol->at;
     return geometry;
   }
-  const Geometry turned = transformed(geometry, Transform{-1.0, 0.0, 0.0, 0.0, -1.0, 0.0});
+  Geometry turned = transformed(geometry, Transform{-1.0, 0.0, 0.0, 0.0, -1.0, 0.0});
   if (const Hatch* hatch = std::get_if<Hatch>(&geometry)) {
     Hatch upright = std::get<Hatch>(turned);
     upright.angle = hatch->angle;
