@@ -51,10 +51,17 @@ INTERNAL = (
 )
 
 TREADS = (
-    # Name, treads, rise, going, foot length, tread width, nosing width, nosing height.
+    # Name, treads, rise, going, foot length, tread width, nosing width, nosing height. After the first three: a home and a
+    # public building in England (Approved Document K: home 220/220, general access 170/250) and in Germany (DIN 18065: home
+    # 200/230, others 190/260, no nosing needed from a going of 260), and steel treads without a nosing to speak of.
     ("House 15 x 180", 15, 180, 250, 350, 900, 25, 30),
     ("House 14 x 190", 14, 190, 250, 350, 900, 25, 30),
     ("Public 12 x 170", 12, 170, 300, 350, 1200, 25, 40),
+    ("House England 12 x 220", 12, 220, 220, 350, 900, 16, 30),
+    ("Public England 12 x 170", 12, 170, 280, 350, 1200, 25, 40),
+    ("House Germany 14 x 200", 14, 200, 230, 350, 800, 30, 40),
+    ("Public Germany 16 x 170", 16, 170, 290, 350, 1000, 30, 40),
+    ("Steel 16 x 175", 16, 175, 280, 350, 800, 0.01, 40),
 )
 
 RAILINGS = (
@@ -63,6 +70,10 @@ RAILINGS = (
     ("Timber both sides", 1, 1, 5, 100, 90, 45, 900, 70, 1, 100, 45, 1, 10, 32),
     ("Steel left", 1, 0, 5, 50, 50, 40, 1000, 40, 1, 100, 40, 1, 11, 16),
     ("Handrail right", 0, 1, 5, 50, 50, 40, 900, 50, 0, 100, 40, 0, 10, 16),
+    # Guards as high as homes need them: 1000 in South Africa, 900 in England and Germany; gaps within 100.
+    ("Timber 1000 both sides", 1, 1, 5, 100, 90, 45, 1000, 70, 1, 100, 45, 1, 10, 32),
+    ("Spindles 41 both sides", 1, 1, 6, 100, 90, 60, 900, 60, 1, 80, 40, 1, 11, 41),
+    ("Steel bars both sides", 1, 1, 5, 40, 40, 42, 900, 42, 1, 100, 20, 1, 10, 14),
 )
 
 SETTINGS = """\

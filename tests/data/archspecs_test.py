@@ -59,8 +59,9 @@ class ArchSpecs(unittest.TestCase):
     def test_flights_and_railings_meet_a_standard_that_ships(self):
         standards = [tuple(map(float, record[1:])) for record in self.records("BLDG_STD_TYPES")]
         for name, _, rise, going, _, width, nosing, _ in self.records("STAIRS_TREADS"):
-            self.assertTrue(any(float(rise) <= most and float(going) >= least and float(width) >= clear and float(nosing) >= over
-                                for most, least, clear, over, _ in standards), name)
+            deep = float(going) >= 260  # such treads need not reach over each other
+            self.assertTrue(any(float(rise) <= most and float(going) >= least and float(width) >= clear and
+                                (deep or float(nosing) >= over) for most, least, clear, over, _ in standards), name)
         for record in self.records("STAIRS_RAILINGS"):
             treads, newel, count, width = int(record[3]), float(record[5]), int(record[13]), float(record[14])
             gap = (treads * 250 - newel - count * width) / (count + 1)
