@@ -39,6 +39,7 @@ const std::map<QString, const char*>& drawings() {
       {"mirror", "M12 3v3M12 8v3M12 13v3M12 18v3M9 6L3 18h6zM15 6l6 12h-6z"},
       {"group", "M3 3h7v7H3zM14 14h7v7h-7zM3 14a7 7 0 0 0 7 7M14 3a7 7 0 0 1 7 7"},
       {"ungroup", "M3 3h7v7H3zM14 14h7v7h-7zM5 19L19 5"},
+      {"joinwalls", "M3 8h18M3 14h6M15 14h6M9 14v7M15 14v7"},
       {"hatch", "M4 4h16v16H4zM4 12l8-8M4 20L20 4M12 20l8-8"},
       {"trim", "M3 12h6M15 12h6M9 4l6 16M15 4L9 20"}};
   return kDrawings;
